@@ -1,0 +1,460 @@
+#include "forms/control.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "forms/window.h"
+
+namespace kvrnstep::forms {
+
+namespace {
+
+/// The value's number where it is a whole one that fits 32 bits.
+std::optional<std::int32_t> wholeNumber(const PropertyValue& value) {
+  const auto* number = std::get_if<double>(&value);
+  if (number == nullptr || *number != std::nearbyint(*number) ||
+      std::abs(*number) > std::numeric_limits<std::int32_t>::max()) {
+    return std::nullopt;
+  }
+  return static_cast<std::int32_t>(*number);
+}
+
+/// Hands the value on to `assign` when it is of the wanted type.
+template <class T, class Assign>
+bool assignAs(const PropertyValue& value, Assign assign) {
+  const T* held = std::get_if<T>(&value);
+  if (held == nullptr) return false;
+  assign(*held);
+  return true;
+}
+
+template <class Assign>
+bool assignWhole(const PropertyValue& value, Assign assign) {
+  const auto number = wholeNumber(value);
+  if (!number) return false;
+  assign(*number);
+  return true;
+}
+
+std::u16string joined(const Entries& entries) {
+  std::u16string result;
+  for (const auto& entry : entries.all()) {
+    if (&entry != &entries.all().front()) result += u' ';
+    result += entry;
+  }
+  return result;
+}
+
+}  // namespace
+
+Control::Control(Window& window, const ControlRow& row, Control* container)
+    : window_(window),
+      row_(row),
+      container_(container),
+      caption_(row.caption),
+      place_(row.place),
+      enabled_(row.enabled),
+      visible_(row.visible) {}
+
+std::string Control::scriptName() const {
+  std::string name(row_.name);
+  if (row_.index >= 0) name += "(" + std::to_string(row_.index) + ")";
+  return name;
+}
+
+void Control::changed(Property property) { window_.changed(*this, property); }
+
+void Control::setEnabled(bool enabled) {
+  if (std::exchange(enabled_, enabled) != enabled) changed(Property::Enabled);
+}
+
+void Control::setVisible(bool visible) {
+  if (std::exchange(visible_, visible) != visible) changed(Property::Visible);
+}
+
+void Control::setCaption(std::u16string_view caption) {
+  caption_ = caption;
+  changed(Property::Caption);
+}
+
+void Control::setLeft(double left) {
+  place_.left = left;
+  changed(Property::Left);
+}
+
+void Control::setWidth(double width) {
+  place_.width = width;
+  changed(Property::Width);
+}
+
+void Control::setCursor(int resourceId) {
+  cursor_ = resourceId;
+  changed(Property::Cursor);
+}
+
+bool Control::reachable() const {
+  if (window_.unloaded()) return false;
+  double left = place_.left;
+  double top = place_.top;
+  for (const Control* control = this; control != nullptr; control = control->container_) {
+    if (!control->enabled_ || !control->visible_) return false;
+    if (control == this) continue;
+    left += control->place_.left;
+    top += control->place_.top;
+  }
+  if (kind() == Kind::Menu) return true;
+  return left + place_.width > 0 && left < window_.innerWidth() && top + place_.height > 0 &&
+         top < window_.innerHeight();
+}
+
+std::optional<PropertyValue> Control::get(Property property) const {
+  switch (property) {
+    case Property::Caption:
+      return caption_;
+    case Property::ToolTip:
+      return std::u16string(row_.toolTip);
+    case Property::Enabled:
+      return enabled_;
+    case Property::Visible:
+      return visible_;
+    case Property::Left:
+      return place_.left;
+    case Property::Top:
+      return place_.top;
+    case Property::Width:
+      return place_.width;
+    case Property::Height:
+      return place_.height;
+    case Property::Cursor:
+      return static_cast<double>(cursor_);
+    default:
+      return std::nullopt;
+  }
+}
+
+bool Control::set(Property property, const PropertyValue& value) {
+  switch (property) {
+    case Property::Caption:
+      return assignAs<std::u16string>(value, [&](const auto& text) { setCaption(text); });
+    case Property::Enabled:
+      return assignAs<bool>(value, [&](bool on) { setEnabled(on); });
+    case Property::Visible:
+      return assignAs<bool>(value, [&](bool on) { setVisible(on); });
+    case Property::Left:
+      return assignAs<double>(value, [&](double left) { setLeft(left); });
+    case Property::Width:
+      return assignAs<double>(value, [&](double width) { setWidth(width); });
+    case Property::Cursor:
+      return assignWhole(value, [&](std::int32_t id) { setCursor(id); });
+    default:
+      return false;
+  }
+}
+
+TextControl::TextControl(Window& window, const ControlRow& row, Control* container)
+    : Control(window, row, container), text_(row.text) {}
+
+void TextControl::setText(std::u16string text) {
+  if (text_ != text) {
+    text_ = std::move(text);
+    selection_ = {row().multiLine ? 0 : text_.size(), 0};
+    changed(Property::Text);
+  }
+  if (onChange) onChange(index());
+}
+
+void TextControl::textByUser(std::u16string text, TextSelection selection) {
+  text_ = std::move(text);
+  selection_ = selection;
+  changed(Property::Text);
+  if (onChange) onChange(index());
+}
+
+void TextControl::setSelection(TextSelection selection) {
+  selection.start = std::min(selection.start, text_.size());
+  selection.length = std::min(selection.length, text_.size() - selection.start);
+  if (selection == selection_) return;
+  selection_ = selection;
+  changed(Property::SelStart);
+}
+
+std::optional<PropertyValue> TextControl::get(Property property) const {
+  switch (property) {
+    case Property::Text:
+      return text_;
+    case Property::SelStart:
+      return static_cast<double>(selection_.start);
+    case Property::SelLength:
+      return static_cast<double>(selection_.length);
+    default:
+      return Control::get(property);
+  }
+}
+
+bool TextControl::set(Property property, const PropertyValue& value) {
+  const auto select = [&](TextSelection selection) { setSelection(selection); };
+  switch (property) {
+    case Property::Text:
+      return assignAs<std::u16string>(value, [&](const auto& text) { setText(text); });
+    case Property::SelStart:
+      return assignWhole(value, [&](std::int32_t start) {
+        select({static_cast<std::size_t>(std::max(start, 0)), 0});
+      });
+    case Property::SelLength:
+      return assignWhole(value, [&](std::int32_t length) {
+        select({selection_.start, static_cast<std::size_t>(std::max(length, 0))});
+      });
+    default:
+      return Control::set(property, value);
+  }
+}
+
+void TextBox::setFont(std::u16string_view font) {
+  font_ = font;
+  changed(Property::Font);
+}
+
+void TextBox::setFontSize(float points) {
+  fontSize_ = points;
+  changed(Property::FontSize);
+}
+
+void TextBox::setBackColor(std::int32_t color) {
+  backColor_ = color;
+  changed(Property::BackColor);
+}
+
+void TextBox::setForeColor(std::int32_t color) {
+  foreColor_ = color;
+  changed(Property::ForeColor);
+}
+
+std::optional<PropertyValue> TextBox::get(Property property) const {
+  switch (property) {
+    case Property::Font:
+      return font_;
+    case Property::FontSize:
+      return static_cast<double>(fontSize_);
+    case Property::BackColor:
+      return static_cast<double>(backColor_);
+    case Property::ForeColor:
+      return static_cast<double>(foreColor_);
+    default:
+      return TextControl::get(property);
+  }
+}
+
+bool TextBox::set(Property property, const PropertyValue& value) {
+  switch (property) {
+    case Property::Font:
+      return assignAs<std::u16string>(value, [&](const auto& font) { setFont(font); });
+    case Property::FontSize:
+      return assignAs<double>(value,
+                              [&](double points) { setFontSize(static_cast<float>(points)); });
+    case Property::BackColor:
+      return assignWhole(value, [&](std::int32_t color) { setBackColor(color); });
+    case Property::ForeColor:
+      return assignWhole(value, [&](std::int32_t color) { setForeColor(color); });
+    default:
+      return TextControl::set(property, value);
+  }
+}
+
+const std::u16string& ComboBox::List(int index) const {
+  return entries_.items_.at(static_cast<std::size_t>(index));
+}
+
+void ComboBox::Clear() {
+  entries_ = Entries();
+  changed(Property::Items);
+}
+
+void ComboBox::AddItem(std::u16string text) {
+  entries_.items_.push_back(std::move(text));
+  changed(Property::Items);
+}
+
+void ComboBox::choose(int index) {
+  if (index < 0 || index >= ListCount()) return;
+  entries_.selected_ = index;
+  setText(List(index));
+  if (onClick) onClick(this->index());
+}
+
+std::optional<PropertyValue> ComboBox::get(Property property) const {
+  switch (property) {
+    case Property::Items:
+      return joined(entries_);
+    case Property::Index:
+      return static_cast<double>(entries_.selected());
+    default:
+      return TextControl::get(property);
+  }
+}
+
+bool ComboBox::set(Property property, const PropertyValue& value) {
+  if (property == Property::Index) {
+    return assignWhole(value, [&](std::int32_t index) { choose(index); });
+  }
+  return TextControl::set(property, value);
+}
+
+const std::u16string& ListBox::List(int index) const {
+  return entries_.items_.at(static_cast<std::size_t>(index));
+}
+
+void ListBox::Clear() {
+  entries_ = Entries();
+  topIndex_ = 0;
+  changed(Property::Items);
+}
+
+void ListBox::AddItem(std::u16string text) {
+  entries_.items_.push_back(std::move(text));
+  changed(Property::Items);
+}
+
+void ListBox::setIndex(int index) {
+  if (index < -1 || index >= ListCount()) return;
+  if (std::exchange(entries_.selected_, index) == index) return;
+  changed(Property::Index);
+  if (onClick) onClick(this->index());
+}
+
+void ListBox::setTopIndex(int index) {
+  topIndex_ = std::clamp(index, 0, std::max(ListCount() - 1, 0));
+  changed(Property::TopIndex);
+}
+
+std::optional<PropertyValue> ListBox::get(Property property) const {
+  switch (property) {
+    case Property::Items:
+      return joined(entries_);
+    case Property::Index:
+      return static_cast<double>(entries_.selected());
+    case Property::TopIndex:
+      return static_cast<double>(topIndex_);
+    default:
+      return Control::get(property);
+  }
+}
+
+bool ListBox::set(Property property, const PropertyValue& value) {
+  switch (property) {
+    case Property::Index:
+      return assignWhole(value, [&](std::int32_t index) { setIndex(index); });
+    case Property::TopIndex:
+      return assignWhole(value, [&](std::int32_t index) { setTopIndex(index); });
+    default:
+      return Control::set(property, value);
+  }
+}
+
+CheckBox::CheckBox(Window& window, const ControlRow& row, Control* container)
+    : Control(window, row, container), value_(row.checked ? 1 : 0) {}
+
+void CheckBox::setValue(int value) {
+  value_ = value;
+  changed(Property::Value);
+  if (onClick) onClick(index());
+}
+
+std::optional<PropertyValue> CheckBox::get(Property property) const {
+  switch (property) {
+    case Property::Value:
+      return static_cast<double>(value_);
+    case Property::Checked:
+      return checked();
+    default:
+      return Control::get(property);
+  }
+}
+
+bool CheckBox::set(Property property, const PropertyValue& value) {
+  switch (property) {
+    case Property::Value:
+      return assignWhole(value, [&](std::int32_t number) { setValue(number); });
+    case Property::Checked:
+      return assignAs<bool>(value, [&](bool on) { setValue(on ? 1 : 0); });
+    default:
+      return Control::set(property, value);
+  }
+}
+
+OptionButton::OptionButton(Window& window, const ControlRow& row, Control* container)
+    : Control(window, row, container), value_(row.checked) {}
+
+void OptionButton::setValue(bool value) {
+  value_ = value;
+  changed(Property::Value);
+  if (!value) return;
+  for (const auto& other : window().controls()) {
+    if (other->kind() != Kind::OptionButton || other.get() == this ||
+        other->container() != container()) {
+      continue;
+    }
+    auto& button = static_cast<OptionButton&>(*other);
+    if (std::exchange(button.value_, false)) button.changed(Property::Value);
+  }
+  if (onClick) onClick(index());
+}
+
+std::optional<PropertyValue> OptionButton::get(Property property) const {
+  if (property == Property::Value || property == Property::Checked) return value_;
+  return Control::get(property);
+}
+
+bool OptionButton::set(Property property, const PropertyValue& value) {
+  if (property == Property::Value || property == Property::Checked) {
+    return assignAs<bool>(value, [&](bool on) { setValue(on); });
+  }
+  return Control::set(property, value);
+}
+
+Spinner::Spinner(Window& window, const ControlRow& row, Control* container)
+    : Control(window, row, container), value_(row.value) {}
+
+void Spinner::setValue(std::int32_t value) {
+  value = std::clamp(value, row().minimum, row().maximum);
+  if (std::exchange(value_, value) == value) return;
+  changed(Property::Value);
+  auto* buddy = static_cast<TextControl*>(window().find(row().buddy, row().buddyIndex));
+  if (buddy == nullptr) return;
+  const std::string digits = std::to_string(value);
+  buddy->setText(std::u16string(digits.begin(), digits.end()));
+}
+
+std::optional<PropertyValue> Spinner::get(Property property) const {
+  if (property == Property::Value) return static_cast<double>(value_);
+  return Control::get(property);
+}
+
+bool Spinner::set(Property property, const PropertyValue& value) {
+  if (property == Property::Value) {
+    return assignWhole(value, [&](std::int32_t number) { setValue(number); });
+  }
+  return Control::set(property, value);
+}
+
+MenuEntry::MenuEntry(Window& window, const ControlRow& row, Control* container)
+    : Control(window, row, container), checked_(row.checked) {}
+
+void MenuEntry::setChecked(bool checked) {
+  if (std::exchange(checked_, checked) != checked) changed(Property::Checked);
+}
+
+std::optional<PropertyValue> MenuEntry::get(Property property) const {
+  if (property == Property::Checked) return checked_;
+  return Control::get(property);
+}
+
+bool MenuEntry::set(Property property, const PropertyValue& value) {
+  if (property == Property::Checked) {
+    return assignAs<bool>(value, [&](bool on) { setChecked(on); });
+  }
+  return Control::set(property, value);
+}
+
+}  // namespace kvrnstep::forms

@@ -1,0 +1,336 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/property.h"
+
+namespace kvrnstep::forms {
+
+class Window;
+
+/// A place in the scale of the window that a control stands in, relative to its container.
+struct Rect {
+  double left = 0;
+  double top = 0;
+  double width = 0;
+  double height = 0;
+
+  bool operator==(const Rect&) const = default;
+};
+
+enum class Kind : std::uint8_t {
+  Frame,
+  Panel,
+  Button,
+  CheckBox,
+  OptionButton,
+  ComboBox,
+  TextBox,
+  Spinner,
+  ListBox,
+  Label,
+  Image,
+  Menu,
+};
+
+enum class MouseButton : std::uint8_t { Left, Middle, Right };
+
+/// The pictures that an image can show; a front end keeps the artwork.
+enum class Picture : std::uint8_t { None, Numbered, Alphabetical, Roman, PrefixSuffix };
+
+/// One row of a window's declaration table. Only what differs from the usual is written out.
+struct ControlRow {
+  Kind kind;
+  std::string_view name;
+  int index = -1;                 ///< place in the control array; -1 for a single control
+  std::string_view in;            ///< name of the container; empty: the window, or the menu bar
+  Rect place;                     ///< in the window's scale, relative to the container
+  std::u16string_view caption{};  ///< "&" marks the mnemonic; a menu entry "-" is a separator
+  std::u16string_view toolTip{};
+  bool enabled = true;
+  bool visible = true;
+  bool checked = false;
+  bool multiLine = false;            ///< text boxes
+  bool horizontalScroll = false;     ///< multi-line text boxes; the vertical bar is always there
+  bool clickable = false;            ///< labels: underlined, reacts to the mouse
+  bool readOnly = false;             ///< text boxes: the user reads and copies only
+  int maxLength = 0;                 ///< text boxes: most characters a user can type; 0 is no limit
+  std::u16string_view text{};        ///< text boxes: first text
+  std::string_view buddy{};          ///< spinners: the text box that shows the value; labels: what
+                                     ///< the mnemonic and a screen reader lead to
+  int buddyIndex = -1;               ///< … and its index
+  int minimum = 0;                   ///< spinners
+  int maximum = 0;                   ///< spinners
+  int value = 0;                     ///< spinners: first value
+  std::u16string_view font{};        ///< empty: the window's
+  Picture picture = Picture::None;   ///< images
+  std::string_view shortcut{};       ///< menu entries: "Ctrl+O"
+};
+
+/// A control as a plain object. The window's code sets properties through the functions; the
+/// front end draws them and is told of every one that changes. Setting a text or a value raises
+/// the control's handler at once, exactly as a user's change does.
+class Control {
+ public:
+  Control(Window& window, const ControlRow& row, Control* container);
+  virtual ~Control() = default;
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+
+  [[nodiscard]] const ControlRow& row() const { return row_; }
+  [[nodiscard]] Kind kind() const { return row_.kind; }
+  [[nodiscard]] int index() const { return row_.index; }
+  /// As scripts write it: "cmdOK", "chkLWO(3)".
+  [[nodiscard]] std::string scriptName() const;
+  [[nodiscard]] Window& window() const { return window_; }
+  [[nodiscard]] Control* container() const { return container_; }
+
+  [[nodiscard]] bool enabled() const { return enabled_; }
+  void setEnabled(bool enabled);
+  [[nodiscard]] bool visible() const { return visible_; }
+  void setVisible(bool visible);
+  [[nodiscard]] const std::u16string& caption() const { return caption_; }
+  void setCaption(std::u16string_view caption);
+  [[nodiscard]] const Rect& place() const { return place_; }
+  void setLeft(double left);
+  void setWidth(double width);
+  /// Resource id of the mouse cursor over the control; 0 for the usual one.
+  [[nodiscard]] int cursor() const { return cursor_; }
+  void setCursor(int resourceId);
+
+  /// Whether a user can reach the control: it and its containers are visible and enabled, and
+  /// some of it lies inside the window. The state of menus counts likewise.
+  [[nodiscard]] bool reachable() const;
+
+  /// Reads a property; nothing where this kind of control has none of that name.
+  [[nodiscard]] virtual std::optional<PropertyValue> get(Property property) const;
+  /// Assigns a property as the window's own code does. False: no such property here, it cannot
+  /// be assigned, or the value is of the wrong type.
+  virtual bool set(Property property, const PropertyValue& value);
+
+  std::function<void(int index)> onClick;
+  std::function<void(int index)> onDblClick;
+  std::function<void(int index, MouseButton button)> onMouseUp;
+
+ protected:
+  void changed(Property property);
+
+ private:
+  Window& window_;
+  const ControlRow& row_;
+  Control* container_;
+  std::u16string caption_;
+  Rect place_;
+  int cursor_ = 0;
+  bool enabled_;
+  bool visible_;
+};
+
+/// Where the caret or the marked part of a text lies, in UTF-16 units.
+struct TextSelection {
+  std::size_t start = 0;
+  std::size_t length = 0;
+
+  bool operator==(const TextSelection&) const = default;
+};
+
+/// A control that holds a text a user can type into: a text box or the box of a combo box.
+class TextControl : public Control {
+ public:
+  TextControl(Window& window, const ControlRow& row, Control* container);
+
+  [[nodiscard]] const std::u16string& text() const { return text_; }
+  /// Puts the caret behind the text of a single line and before the text of several lines.
+  void setText(std::u16string text);
+  /// The text and the caret as the user left them.
+  void textByUser(std::u16string text, TextSelection selection);
+  [[nodiscard]] TextSelection selection() const { return selection_; }
+  /// Parts outside the text are cut off.
+  void setSelection(TextSelection selection);
+
+  [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
+  bool set(Property property, const PropertyValue& value) override;
+
+  std::function<void(int index)> onChange;
+  /// Judges a typed character, control characters included; false discards it.
+  std::function<bool(int index, char16_t character)> onKeyPress;
+  std::function<void(int index)> onKeyUp;
+
+ private:
+  std::u16string text_;
+  TextSelection selection_;
+};
+
+class TextBox : public TextControl {
+ public:
+  using TextControl::TextControl;
+
+  [[nodiscard]] const std::u16string& font() const { return font_; }
+  void setFont(std::u16string_view font);
+  /// In points; 0 is the window's own size.
+  [[nodiscard]] float fontSize() const { return fontSize_; }
+  void setFontSize(float points);
+  /// Colours are 0x00BBGGRR, or 0x80000000 + n for the system's colour n.
+  [[nodiscard]] std::int32_t backColor() const { return backColor_; }
+  void setBackColor(std::int32_t color);
+  [[nodiscard]] std::int32_t foreColor() const { return foreColor_; }
+  void setForeColor(std::int32_t color);
+
+  [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
+  bool set(Property property, const PropertyValue& value) override;
+
+ private:
+  std::u16string font_{row().font};
+  float fontSize_ = 0;
+  std::int32_t backColor_ = static_cast<std::int32_t>(0x80000005);
+  std::int32_t foreColor_ = static_cast<std::int32_t>(0x80000008);
+};
+
+/// The entries of a list box or a combo box, and which one is selected.
+class Entries {
+ public:
+  [[nodiscard]] const std::vector<std::u16string>& all() const { return items_; }
+  [[nodiscard]] int selected() const { return selected_; }
+  [[nodiscard]] int count() const { return static_cast<int>(items_.size()); }
+
+ private:
+  friend class ListBox;
+  friend class ComboBox;
+  std::vector<std::u16string> items_;
+  int selected_ = -1;
+};
+
+/// An editable text with a drop-down list. Choosing an entry raises onClick.
+class ComboBox : public TextControl {
+ public:
+  using TextControl::TextControl;
+
+  [[nodiscard]] const Entries& entries() const { return entries_; }
+  [[nodiscard]] int ListCount() const { return entries_.count(); }
+  [[nodiscard]] const std::u16string& List(int index) const;
+  /// Removes all entries; the text stays.
+  void Clear();
+  void AddItem(std::u16string text);
+  /// As the user's choice: the entry's text goes into the box and onClick is raised.
+  void choose(int index);
+
+  [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
+  bool set(Property property, const PropertyValue& value) override;
+
+ private:
+  Entries entries_;
+};
+
+class ListBox : public Control {
+ public:
+  using Control::Control;
+
+  [[nodiscard]] const Entries& entries() const { return entries_; }
+  [[nodiscard]] int ListCount() const { return entries_.count(); }
+  [[nodiscard]] const std::u16string& List(int index) const;
+  void Clear();
+  void AddItem(std::u16string text);
+  /// Selects an entry, −1 for none, and raises onClick when that changes the selection.
+  void setIndex(int index);
+  [[nodiscard]] int topIndex() const { return topIndex_; }
+  /// Scrolls so that the entry is the first visible one, as far as the list reaches.
+  void setTopIndex(int index);
+
+  [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
+  bool set(Property property, const PropertyValue& value) override;
+
+ private:
+  Entries entries_;
+  int topIndex_ = 0;
+};
+
+/// Value 1 is checked, 0 is clear; only 1 counts as on.
+class CheckBox : public Control {
+ public:
+  CheckBox(Window& window, const ControlRow& row, Control* container);
+
+  [[nodiscard]] int value() const { return value_; }
+  [[nodiscard]] bool checked() const { return value_ == 1; }
+  /// Raises onClick.
+  void setValue(int value);
+
+  [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
+  bool set(Property property, const PropertyValue& value) override;
+
+ private:
+  int value_;
+};
+
+/// One of the option buttons of a container; selecting one clears the others.
+class OptionButton : public Control {
+ public:
+  OptionButton(Window& window, const ControlRow& row, Control* container);
+
+  [[nodiscard]] bool value() const { return value_; }
+  /// True raises onClick; the button that it clears raises nothing.
+  void setValue(bool value);
+
+  [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
+  bool set(Property property, const PropertyValue& value) override;
+
+ private:
+  bool value_;
+};
+
+/// Up and down arrows bound to a text box. A changed value goes into the box as plain decimal
+/// digits, which raises the box's handler; an equal value changes nothing.
+class Spinner : public Control {
+ public:
+  Spinner(Window& window, const ControlRow& row, Control* container);
+
+  [[nodiscard]] std::int32_t value() const { return value_; }
+  /// A value outside the range becomes the nearest end of it.
+  void setValue(std::int32_t value);
+
+  [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
+  bool set(Property property, const PropertyValue& value) override;
+
+  /// An arrow was clicked; raised after the value has changed, or could not change any further.
+  std::function<void(int index)> onUpClick;
+  std::function<void(int index)> onDownClick;
+
+ private:
+  std::int32_t value_;
+};
+
+/// A menu of the menu bar, an entry of a menu, or a pop-up menu.
+class MenuEntry : public Control {
+ public:
+  MenuEntry(Window& window, const ControlRow& row, Control* container);
+
+  [[nodiscard]] bool separator() const { return caption() == u"-"; }
+  [[nodiscard]] bool checked() const { return checked_; }
+  void setChecked(bool checked);
+
+  [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
+  bool set(Property property, const PropertyValue& value) override;
+
+ private:
+  bool checked_;
+};
+
+/// The elements of a control array, by their index.
+template <class T, int Count>
+class ControlArray {
+ public:
+  explicit ControlArray(const std::array<T*, Count>& elements) : elements_(elements) {}
+
+  T& operator()(int index) const { return *elements_.at(static_cast<std::size_t>(index)); }
+  [[nodiscard]] static constexpr int count() { return Count; }
+
+ private:
+  std::array<T*, Count> elements_;
+};
+
+}  // namespace kvrnstep::forms

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "forms/driven_toolkit.h"
+
+/// What a front-end module exports. Both functions return null where no window can be shown and
+/// say why in `problem`, in one line; the toolkit lives as long as the module is loaded.
+extern "C" {
+/// For people.
+using KvrnstepFrontEnd = kvrnstep::forms::Toolkit*(std::string* problem);
+/// For scripts; exported by the modules that can be driven.
+using KvrnstepDrivenFrontEnd = kvrnstep::forms::DrivenToolkit*(std::string* problem);
+}
+
+namespace kvrnstep::forms {
+inline constexpr char kFrontEndSymbol[] = "kvrnstepFrontEnd";
+inline constexpr char kDrivenFrontEndSymbol[] = "kvrnstepDrivenFrontEnd";
+}  // namespace kvrnstep::forms

@@ -1,0 +1,118 @@
+#include "forms/user_actions.h"
+
+#include <utility>
+
+namespace kvrnstep::forms {
+
+/// Brackets one action of the user: the view is brought up to date when the outermost one ends.
+class UserAction {
+ public:
+  explicit UserAction(Window& window) : window_(window) { ++window_.actionDepth_; }
+  ~UserAction() {
+    if (--window_.actionDepth_ == 0 && window_.view_ != nullptr) window_.view_->update();
+  }
+  UserAction(const UserAction&) = delete;
+  UserAction& operator=(const UserAction&) = delete;
+
+  static void setMinimized(Window& window, bool minimized) { window.minimized_ = minimized; }
+  static void setPlace(Window& window, const Rect& place) { window.place_ = place; }
+
+ private:
+  Window& window_;
+};
+
+void userClicked(Control& control) {
+  const UserAction action(control.window());
+  if (!control.reachable()) return;
+  switch (control.kind()) {
+    case Kind::CheckBox: {
+      auto& box = static_cast<CheckBox&>(control);
+      box.setValue(box.checked() ? 0 : 1);
+      return;
+    }
+    case Kind::OptionButton: {
+      auto& button = static_cast<OptionButton&>(control);
+      if (!button.value()) button.setValue(true);
+      return;
+    }
+    default:
+      if (control.onClick) control.onClick(control.index());
+  }
+}
+
+void userReleasedMouse(Control& control, MouseButton button) {
+  const UserAction action(control.window());
+  if (control.reachable() && control.onMouseUp) control.onMouseUp(control.index(), button);
+}
+
+void userClickedEntry(ListBox& list, int index) {
+  const UserAction action(list.window());
+  if (list.reachable() && index >= 0) list.setIndex(index);
+}
+
+void userDoubleClickedEntry(ListBox& list, int index) {
+  const UserAction action(list.window());
+  if (!list.reachable()) return;
+  if (index >= 0) list.setIndex(index);
+  if (list.onDblClick) list.onDblClick(list.index());
+}
+
+void userScrolled(ListBox& list, int topIndex) {
+  const UserAction action(list.window());
+  list.setTopIndex(topIndex);
+}
+
+void userChose(ComboBox& combo, int index) {
+  const UserAction action(combo.window());
+  if (combo.reachable()) combo.choose(index);
+}
+
+void userSpun(Spinner& spinner, bool up) {
+  const UserAction action(spinner.window());
+  if (!spinner.reachable()) return;
+  spinner.setValue(spinner.value() + (up ? 1 : -1));
+  const auto& handler = up ? spinner.onUpClick : spinner.onDownClick;
+  if (handler) handler(spinner.index());
+}
+
+bool userPressedKey(TextControl& box, char16_t character) {
+  const UserAction action(box.window());
+  return box.reachable() && (!box.onKeyPress || box.onKeyPress(box.index(), character));
+}
+
+void userEdited(TextControl& box, std::u16string text, TextSelection selection) {
+  const UserAction action(box.window());
+  if (box.reachable()) box.textByUser(std::move(text), selection);
+}
+
+void userSelected(TextControl& box, TextSelection selection) {
+  const UserAction action(box.window());
+  box.setSelection(selection);
+}
+
+void userReleasedKey(TextControl& box) {
+  const UserAction action(box.window());
+  if (box.reachable() && box.onKeyUp) box.onKeyUp(box.index());
+}
+
+void userMoved(Window& window, double left, double top) {
+  UserAction::setPlace(window, {left, top, window.place().width, window.place().height});
+}
+
+void userResized(Window& window, double width, double height) {
+  const UserAction action(window);
+  UserAction::setPlace(window, {window.place().left, window.place().top, width, height});
+  if (window.onResize) window.onResize();
+}
+
+void userMinimized(Window& window, bool minimized) {
+  const UserAction action(window);
+  UserAction::setMinimized(window, minimized);
+}
+
+void userClosed(Window& window) {
+  const UserAction action(window);
+  window.unload();
+}
+
+}  // namespace kvrnstep::forms

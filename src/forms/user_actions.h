@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+
+#include "forms/window.h"
+
+/// What a user can do to a window. A front end passes each of the user's actions on through one
+/// of these functions and does nothing else with it. Actions on a control that is disabled or out
+/// of reach are ignored. All of them end with View::update().
+namespace kvrnstep::forms {
+
+/// The left button, or the keyboard in its place: presses a button, toggles a check box, selects
+/// an option button, picks a menu entry, clicks an image.
+void userClicked(Control& control);
+/// A mouse button was released over a control.
+void userReleasedMouse(Control& control, MouseButton button);
+/// An entry of a list box was clicked; −1 is the empty space under the entries.
+void userClickedEntry(ListBox& list, int index);
+/// … or double-clicked.
+void userDoubleClickedEntry(ListBox& list, int index);
+/// The list was scrolled so that this entry is the first visible one.
+void userScrolled(ListBox& list, int topIndex);
+/// An entry was picked from the dropped-down list.
+void userChose(ComboBox& combo, int index);
+/// An arrow of a spinner was clicked.
+void userSpun(Spinner& spinner, bool up);
+
+/// A key that types a character was pressed. False: the character must not reach the box.
+[[nodiscard]] bool userPressedKey(TextControl& box, char16_t character);
+/// The text of a box has become `text` by the user's doing; the caret lies at `selection`.
+void userEdited(TextControl& box, std::u16string text, TextSelection selection);
+/// The caret or the marked part has moved.
+void userSelected(TextControl& box, TextSelection selection);
+/// A key was released in a box.
+void userReleasedKey(TextControl& box);
+
+/// The window was moved, sized (outside, twips), minimized or restored.
+void userMoved(Window& window, double left, double top);
+void userResized(Window& window, double width, double height);
+void userMinimized(Window& window, bool minimized);
+/// The close box, or whatever stands for it.
+void userClosed(Window& window);
+
+}  // namespace kvrnstep::forms

@@ -1,0 +1,153 @@
+#include "forms/window.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "forms/toolkit.h"
+
+namespace kvrnstep::forms {
+
+namespace {
+
+std::unique_ptr<Control> makeControl(Window& window, const ControlRow& row, Control* container) {
+  switch (row.kind) {
+    case Kind::CheckBox:
+      return std::make_unique<CheckBox>(window, row, container);
+    case Kind::OptionButton:
+      return std::make_unique<OptionButton>(window, row, container);
+    case Kind::ComboBox:
+      return std::make_unique<ComboBox>(window, row, container);
+    case Kind::TextBox:
+      return std::make_unique<TextBox>(window, row, container);
+    case Kind::Spinner:
+      return std::make_unique<Spinner>(window, row, container);
+    case Kind::ListBox:
+      return std::make_unique<ListBox>(window, row, container);
+    case Kind::Menu:
+      return std::make_unique<MenuEntry>(window, row, container);
+    case Kind::Frame:
+    case Kind::Panel:
+    case Kind::Button:
+    case Kind::Label:
+    case Kind::Image:
+      break;
+  }
+  return std::make_unique<Control>(window, row, container);
+}
+
+}  // namespace
+
+Window::Window(const WindowDesign& design)
+    : design_(design), caption_(design.caption), place_(design.place) {
+  controls_.reserve(design.controls.size());
+  for (const ControlRow& row : design.controls) {
+    Control* container = row.in.empty() ? nullptr : find(row.in, -1);
+    controls_.push_back(makeControl(*this, row, container));
+  }
+}
+
+Window::~Window() = default;
+
+Control* Window::find(std::string_view name, int index) const {
+  const auto found = std::ranges::find_if(controls_, [&](const auto& control) {
+    return control->row().name == name && control->row().index == index;
+  });
+  return found == controls_.end() ? nullptr : found->get();
+}
+
+void Window::changed(Control& control, Property property) {
+  if (view_ != nullptr) view_->changed(control, property);
+}
+
+void Window::changed(Property property) {
+  if (view_ != nullptr) view_->changed(property);
+}
+
+void Window::assign(double& edge, double twips, Property property) {
+  if (std::exchange(edge, twips) != twips) changed(property);
+}
+
+void Window::setLeft(double twips) { assign(place_.left, twips, Property::Left); }
+
+void Window::setTop(double twips) { assign(place_.top, twips, Property::Top); }
+
+void Window::setWidth(double twips) {
+  assign(place_.width, twips, Property::Width);
+  if (onResize) onResize();
+}
+
+void Window::setHeight(double twips) {
+  assign(place_.height, twips, Property::Height);
+  if (onResize) onResize();
+}
+
+bool Window::hasMenuBar() const {
+  return std::ranges::any_of(controls_, [](const auto& control) {
+    return control->kind() == Kind::Menu && control->visible();
+  });
+}
+
+double Window::innerWidth() const {
+  return (place_.width - Chrome::kSides) / design_.twipsPerUnit;
+}
+
+double Window::innerHeight() const {
+  const double menuBar = hasMenuBar() ? Chrome::kMenuBar : 0;
+  return (place_.height - Chrome::kTitleAndBorders - menuBar) / design_.twipsPerUnit;
+}
+
+void Window::showModal(Toolkit& toolkit) {
+  if (onLoad) onLoad();
+  if (!unloaded_) toolkit.runModal(*this);
+}
+
+void Window::unload() {
+  if (std::exchange(unloading_, true)) return;
+  if (onQueryUnload) onQueryUnload();
+  unloaded_ = true;
+  if (view_ != nullptr) view_->unloaded();
+}
+
+void Window::setFocus(Control& control) {
+  if (view_ != nullptr) view_->setFocus(control);
+}
+
+std::optional<PropertyValue> Window::get(Property property) const {
+  switch (property) {
+    case Property::Caption:
+      return caption_;
+    case Property::Left:
+      return place_.left;
+    case Property::Top:
+      return place_.top;
+    case Property::Width:
+      return place_.width;
+    case Property::Height:
+      return place_.height;
+    default:
+      return std::nullopt;
+  }
+}
+
+bool Window::set(Property property, const PropertyValue& value) {
+  const auto* twips = std::get_if<double>(&value);
+  if (twips == nullptr) return false;
+  switch (property) {
+    case Property::Left:
+      setLeft(*twips);
+      return true;
+    case Property::Top:
+      setTop(*twips);
+      return true;
+    case Property::Width:
+      setWidth(*twips);
+      return true;
+    case Property::Height:
+      setHeight(*twips);
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace kvrnstep::forms

@@ -1,0 +1,126 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/control.h"
+
+namespace kvrnstep::forms {
+
+class Toolkit;
+
+inline constexpr double kTwipsPerPixel = 15;
+
+/// What the platform's title bar, borders and menu bar take of a window's outside, in twips. It
+/// is the same everywhere: a front end gives a window the inner size that follows from it and
+/// lets the platform add the borders that it really has.
+struct Chrome {
+  static constexpr double kSides = 6 * kTwipsPerPixel;
+  static constexpr double kTitleAndBorders = 31 * kTwipsPerPixel;
+  static constexpr double kMenuBar = 20 * kTwipsPerPixel;
+};
+
+/// How a window is declared: all of its own that is not a control.
+struct WindowDesign {
+  std::string_view name;  ///< the name of the class
+  std::u16string_view caption;
+  Rect place;                          ///< of the outside, in twips
+  double twipsPerUnit = 1;             ///< scale of the controls' places: 15 for pixels, 1 for twips
+  bool resizable = false;
+  std::span<const ControlRow> controls;  ///< containers before their contents, in tab order
+};
+
+/// Implemented by a front end that draws a window.
+class View {
+ public:
+  virtual ~View() = default;
+  /// A property changed. Nothing has to be drawn before the next update().
+  virtual void changed(Control& control, Property property) = 0;
+  /// A property of the window itself changed.
+  virtual void changed(Property property) = 0;
+  /// The user's action has been dealt with: show all that has changed since the last update().
+  virtual void update() = 0;
+  virtual void setFocus(Control& control) = 0;
+  /// The window has been unloaded and must vanish.
+  virtual void unloaded() = 0;
+};
+
+/// A window as a plain object that owns its controls. Sizes and places are of its outside, in
+/// twips, as the settings file keeps them.
+class Window {
+ public:
+  explicit Window(const WindowDesign& design);
+  virtual ~Window();
+  Window(const Window&) = delete;
+  Window& operator=(const Window&) = delete;
+
+  [[nodiscard]] const WindowDesign& design() const { return design_; }
+  [[nodiscard]] const std::vector<std::unique_ptr<Control>>& controls() const { return controls_; }
+  /// The control of that name and index (−1 for a single control), or null.
+  [[nodiscard]] Control* find(std::string_view name, int index) const;
+
+  [[nodiscard]] const std::u16string& caption() const { return caption_; }
+  [[nodiscard]] const Rect& place() const { return place_; }
+  void setLeft(double twips);
+  void setTop(double twips);
+  void setWidth(double twips);
+  void setHeight(double twips);
+  [[nodiscard]] bool minimized() const { return minimized_; }
+  /// What the borders and the menu bar leave for the controls, in the window's scale.
+  [[nodiscard]] double innerWidth() const;
+  [[nodiscard]] double innerHeight() const;
+  [[nodiscard]] bool hasMenuBar() const;
+
+  /// Loads the window, shows it modally and returns when it has been unloaded.
+  void showModal(Toolkit& toolkit);
+  /// Closes the window: raises onQueryUnload, once, and then takes it off the screen.
+  void unload();
+  [[nodiscard]] bool unloaded() const { return unloaded_; }
+  void setFocus(Control& control);
+
+  [[nodiscard]] std::optional<PropertyValue> get(Property property) const;
+  bool set(Property property, const PropertyValue& value);
+
+  /// The front end that draws the window, or none.
+  void attach(View* view) { view_ = view; }
+
+  std::function<void()> onLoad;
+  std::function<void()> onQueryUnload;
+  std::function<void()> onResize;
+
+ protected:
+  template <class T>
+  T& control(std::string_view name, int index = -1) {
+    return static_cast<T&>(*find(name, index));
+  }
+  template <class T, int Count>
+  ControlArray<T, Count> controlArray(std::string_view name) {
+    std::array<T*, Count> elements{};
+    for (int i = 0; i < Count; ++i) elements[static_cast<std::size_t>(i)] = &control<T>(name, i);
+    return ControlArray<T, Count>(elements);
+  }
+
+ private:
+  friend class Control;
+  friend class UserAction;
+
+  void changed(Control& control, Property property);
+  void changed(Property property);
+  void assign(double& edge, double twips, Property property);
+
+  const WindowDesign& design_;
+  std::vector<std::unique_ptr<Control>> controls_;
+  std::u16string caption_;
+  Rect place_;
+  View* view_ = nullptr;
+  int actionDepth_ = 0;
+  bool minimized_ = false;
+  bool unloading_ = false;
+  bool unloaded_ = false;
+};
+
+}  // namespace kvrnstep::forms
