@@ -1,0 +1,48 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// Whole files and folders. Paths are UTF-16, may be relative to the working folder, and are
+/// passed on as `text::toBytes` gives them; a path with a NUL in it names nothing.
+namespace kvrnstep::platform {
+
+/// Stands between folder and file name in the paths that the plug-in builds.
+inline constexpr char16_t kSeparator = u'/';
+
+/// Slash and backslash both, on every platform: hosts hand over paths of either kind.
+bool isSeparator(char16_t character);
+
+/// The path without the one separator at its end, if there is one.
+std::u16string withoutTrailingSeparator(std::u16string_view path);
+
+/// The content of a regular file. Nothing for a folder, a device, or a file that cannot be read.
+std::optional<std::string> readFile(const std::u16string& path);
+
+/// Makes the file hold exactly these bytes, creating it if need be. Whatever happens on the way,
+/// the old content or the new one is there, whole: the bytes go to a temporary file in the same
+/// folder, which then takes the place of the target. Links are followed to the file they mean,
+/// which keeps its permissions and, where the system allows it, its owner. A file that holds the
+/// bytes already is not touched.
+/// False, and nothing changed: the target may not be written, is no regular file, or its folder
+/// is missing or takes no new files. A file without any write permission bit counts as not to be
+/// written even for those whom the system would let.
+bool replaceFile(const std::u16string& path, std::string_view bytes);
+
+/// Creates the file with no content; one that is there already, or has come up just now, keeps
+/// its own. False when there is no such file afterwards.
+bool createEmptyFile(const std::u16string& path);
+
+/// Whether the path names a file, folder or anything else; false for a link that leads nowhere.
+bool pathExists(const std::u16string& path);
+
+bool isFolder(const std::u16string& path);
+
+/// Creates one folder in a folder that exists. False when that fails or the path is in use.
+bool createFolder(const std::u16string& path);
+
+/// Whether files can be created in the folder; false for what is no folder.
+bool folderWritable(const std::u16string& path);
+
+}  // namespace kvrnstep::platform

@@ -1,0 +1,52 @@
+#include "platform/files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/posix/descriptor.h"
+#include "platform/posix/native_path.h"
+#include "platform/posix/read_file.h"
+
+namespace kvrnstep::platform {
+
+bool isSeparator(char16_t character) {
+  return character == u'/' || character == u'\\';
+}
+
+std::u16string withoutTrailingSeparator(std::u16string_view path) {
+  if (!path.empty() && isSeparator(path.back())) path.remove_suffix(1);
+  return std::u16string(path);
+}
+
+std::optional<std::string> readFile(const std::u16string& path) {
+  return readNativeFile(nativePath(path));
+}
+
+bool createEmptyFile(const std::u16string& path) {
+  constexpr int kHow = O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+  const Descriptor file(::open(nativePath(path).c_str(), kHow, 0666));
+  struct stat state {};
+  return file.open() && ::fstat(file.number(), &state) == 0 && S_ISREG(state.st_mode);
+}
+
+bool pathExists(const std::u16string& path) {
+  struct stat state {};
+  return ::stat(nativePath(path).c_str(), &state) == 0;
+}
+
+bool isFolder(const std::u16string& path) {
+  struct stat state {};
+  return ::stat(nativePath(path).c_str(), &state) == 0 && S_ISDIR(state.st_mode);
+}
+
+bool createFolder(const std::u16string& path) {
+  return ::mkdir(nativePath(path).c_str(), 0777) == 0;
+}
+
+bool folderWritable(const std::u16string& path) {
+  return isFolder(path) &&
+         ::faccessat(AT_FDCWD, nativePath(path).c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+}  // namespace kvrnstep::platform

@@ -1,0 +1,36 @@
+#include "platform/profile.h"
+
+#include "platform/files.h"
+
+namespace kvrnstep::platform {
+
+namespace {
+
+/// The bytes to change; none for a file that is not there yet. Nothing when there is a file that
+/// cannot be read, whose content a write would destroy.
+std::optional<std::string> bytesToChange(const std::u16string& file) {
+  auto bytes = readFile(file);
+  if (!bytes && !pathExists(file)) return std::string();
+  return bytes;
+}
+
+}  // namespace
+
+std::string getPrivateProfileString(std::string_view section, std::string_view key,
+                                    std::string_view defaultValue, std::size_t bufferSize,
+                                    const std::u16string& file) {
+  if (bufferSize == 0) return {};
+  const auto bytes = readFile(file);
+  const auto value = bytes ? profileValue(*bytes, section, key) : std::nullopt;
+  const auto inBuffer = value.value_or(defaultValue).substr(0, bufferSize - 1);
+  return std::string(inBuffer.substr(0, inBuffer.find('\0')));
+}
+
+bool writePrivateProfileString(std::string_view section, std::string_view key,
+                               std::string_view value, const std::u16string& file) {
+  if (!isProfileName(section, key)) return false;
+  const auto bytes = bytesToChange(file);
+  return bytes && replaceFile(file, withProfileValue(*bytes, section, key, value));
+}
+
+}  // namespace kvrnstep::platform

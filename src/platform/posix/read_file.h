@@ -1,0 +1,12 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace kvrnstep::platform {
+
+/// `readFile` for a path that is already the system's: a link may lead to a name that has no
+/// equal in UTF-16.
+std::optional<std::string> readNativeFile(const std::string& path);
+
+}  // namespace kvrnstep::platform

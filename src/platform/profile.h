@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// The system's profile functions, for files of the layout
+///
+///     [Section]
+///     Key=Value
+///
+/// All text is 8-bit. Names are matched without regard to the case of A to Z; of equal names the
+/// first counts. Lines end at CR LF, LF or CR. Blanks and tabs around keys and values do not
+/// belong to them, nor does one pair of double or single quotes around a value. A line that
+/// begins with ";" is a comment. Keys before the first section are never found.
+namespace kvrnstep::platform {
+
+inline constexpr std::size_t kProfileBuffer = 255;
+inline constexpr std::size_t kUnlimitedBuffer = std::numeric_limits<std::size_t>::max();
+
+/// Reads a key as GetPrivateProfileStringA does.
+/// @param bufferSize in bytes, one of which holds the end mark: the result is one shorter at most
+/// @return the value up to its first NUL; the default when the key, the section or the file is
+///         not there or cannot be read
+std::string getPrivateProfileString(std::string_view section, std::string_view key,
+                                    std::string_view defaultValue, std::size_t bufferSize,
+                                    const std::u16string& file);
+
+/// Writes a key as WritePrivateProfileStringA does, as one replacement of the file.
+/// @return false when the file could not be written, or the names cannot stand in such a file;
+///         it is then unchanged
+bool writePrivateProfileString(std::string_view section, std::string_view key,
+                               std::string_view value, const std::u16string& file);
+
+/// The value of a key in the bytes of a file, NULs included; a part of `bytes`. Nothing when the
+/// section or the key is missing.
+std::optional<std::string_view> profileValue(std::string_view bytes, std::string_view section,
+                                             std::string_view key);
+
+/// The bytes of a file with a key set. An existing key changes behind its "="; a new one follows
+/// the last line of its section that is not blank; a new section stands at the end of the file.
+/// Every other byte stays, a missing line end of the last line included. The value is written as
+/// it is, so that of a value with line breaks only the first line can be read again. Names that
+/// could not be found again (`isProfileName`) change nothing.
+std::string withProfileValue(std::string_view bytes, std::string_view section, std::string_view key,
+                             std::string_view value);
+
+/// Whether a section and a key of these names can be read back: neither holds a line break, and
+/// the key holds no "=" and begins with neither "[" nor ";".
+bool isProfileName(std::string_view section, std::string_view key);
+
+}  // namespace kvrnstep::platform

@@ -1,0 +1,56 @@
+#include "storage/list_file.h"
+
+#include <algorithm>
+
+#include "platform/files.h"
+#include "text/codepage.h"
+
+namespace kvrnstep::storage {
+
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+
+/// Takes the first line off the bytes, its end with it.
+std::string_view takeLine(std::string_view& bytes) {
+  const auto length = std::min(bytes.find('\r'), bytes.size());
+  const auto line = bytes.substr(0, length);
+  bytes.remove_prefix(length);
+  bytes.remove_prefix(std::min(bytes.size(), bytes.starts_with(kLineEnd) ? kLineEnd.size() : 1));
+  return line;
+}
+
+}  // namespace
+
+std::vector<std::u16string> parseList(std::string_view bytes) {
+  // The encoding is that of the whole file, the lines beyond the last one read included.
+  const auto decode = text::isUtf8(bytes) ? text::fromUtf8 : text::textFromWindows1252;
+  std::vector<std::u16string> entries;
+  for (std::size_t line = 0; line < kMostListLines && !bytes.empty(); ++line) {
+    if (const auto entry = takeLine(bytes); !entry.empty()) entries.push_back(decode(entry));
+  }
+  return entries;
+}
+
+void appendListLine(std::string& bytes, std::u16string_view entry) {
+  bytes += text::toBytes(entry);
+  bytes += kLineEnd;
+}
+
+std::string formatList(const std::vector<std::u16string>& entries) {
+  std::string bytes;
+  for (const auto& entry : entries) appendListLine(bytes, entry);
+  return bytes;
+}
+
+std::vector<std::u16string> readListFile(const std::u16string& path) {
+  if (!platform::pathExists(path)) platform::createEmptyFile(path);
+  const auto bytes = platform::readFile(path);
+  return bytes ? parseList(*bytes) : std::vector<std::u16string>{};
+}
+
+bool writeListFile(const std::u16string& path, std::string_view bytes) {
+  return platform::replaceFile(path, bytes);
+}
+
+}  // namespace kvrnstep::storage

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+/// List files: one entry a line.
+namespace kvrnstep::storage {
+
+/// Most lines that are read from a list file, the empty ones counted.
+inline constexpr std::size_t kMostListLines = 32'001;
+
+/// The entries in the bytes of a list file, as they are. Lines end at CR LF or CR; LF alone
+/// belongs to the entry. Empty lines are no entries.
+std::vector<std::u16string> parseList(std::string_view bytes);
+
+/// Adds one entry to the bytes of a list file, with CR LF behind it.
+void appendListLine(std::string& bytes, std::u16string_view entry);
+
+/// The bytes of a list file; none for an empty list.
+std::string formatList(const std::vector<std::u16string>& entries);
+
+/// The entries of a list file, which is created empty when it is missing and can be created. None
+/// when it cannot be read.
+std::vector<std::u16string> readListFile(const std::u16string& path);
+
+/// Replaces the content of a list file. False when it cannot be written; it is then unchanged.
+bool writeListFile(const std::u16string& path, std::string_view bytes);
+
+/// Loads a list file into a list-like control, or saves the control's entries to the file. What
+/// fails is skipped: a target without a readable file is left empty, a file that cannot be
+/// written stays as it is.
+/// @param lstTarget has Clear(), AddItem(std::u16string), ListCount() and List(int)
+/// @param bSave true saves, false loads
+template <class ListTarget>
+void LoadSaveListFile(ListTarget& lstTarget, bool bSave, const std::u16string& sListFile) {
+  if (!bSave) {
+    lstTarget.Clear();
+    for (auto& entry : readListFile(sListFile)) lstTarget.AddItem(std::move(entry));
+    return;
+  }
+  std::string bytes;
+  for (int i = 0; i < lstTarget.ListCount(); ++i) appendListLine(bytes, lstTarget.List(i));
+  writeListFile(sListFile, bytes);
+}
+
+}  // namespace kvrnstep::storage

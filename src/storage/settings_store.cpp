@@ -1,0 +1,42 @@
+#include "storage/settings_store.h"
+
+#include "platform/profile.h"
+#include "text/codepage.h"
+
+namespace kvrnstep::modSecns {
+
+namespace {
+
+/// The 8-bit text that the profile functions get: one that ends at its first NUL.
+std::string argument(std::u16string_view text) {
+  return text::toBytes(text.substr(0, text.find(u'\0')));
+}
+
+bool endsWithinPair(std::u16string_view text, std::size_t length) {
+  return length > 0 && length < text.size() && (text[length - 1] & 0xFC00U) == 0xD800U &&
+         (text[length] & 0xFC00U) == 0xDC00U;
+}
+
+std::u16string cut(std::u16string text) {
+  if (text.size() <= kLongestValue) return text;
+  text.resize(endsWithinPair(text, kLongestValue) ? kLongestValue - 1 : kLongestValue);
+  return text;
+}
+
+}  // namespace
+
+std::u16string ReadIniKey(std::u16string_view sSection, std::u16string_view sKey,
+                          std::u16string_view sDefault, const std::u16string& sIniFile) {
+  // Cut only after the conversion: a character of several bytes must not be torn apart.
+  return cut(text::fromBytes(
+      platform::getPrivateProfileString(argument(sSection), argument(sKey), argument(sDefault),
+                                        platform::kUnlimitedBuffer, sIniFile)));
+}
+
+void WriteIniKey(std::u16string_view sSection, std::u16string_view sKey, std::u16string_view sValue,
+                 const std::u16string& sIniFile) {
+  platform::writePrivateProfileString(argument(sSection), argument(sKey), argument(sValue),
+                                      sIniFile);
+}
+
+}  // namespace kvrnstep::modSecns

@@ -1,0 +1,34 @@
+#include "storage/text_file.h"
+
+#include "platform/files.h"
+#include "text/codepage.h"
+
+namespace kvrnstep::storage {
+
+namespace {
+constexpr std::string_view kLineEnd = "\r\n";
+}
+
+bool WriteTextFile(const std::u16string& sFile, std::u16string_view sText) {
+  std::string bytes = text::toBytes(sText);
+  bytes += kLineEnd;
+  return platform::replaceFile(sFile, bytes);
+}
+
+std::u16string ReadTextFile(const std::u16string& sFile) {
+  const auto content = platform::readFile(sFile);
+  if (!content) return {};
+  std::string_view bytes = *content;
+  if (bytes.ends_with(kLineEnd)) bytes.remove_suffix(kLineEnd.size());
+  return text::fromBytes(bytes);
+}
+
+bool FileExists(const std::u16string& sFile) {
+  return platform::pathExists(sFile);
+}
+
+bool PathExists(const std::u16string& sPath) {
+  return platform::pathExists(sPath);
+}
+
+}  // namespace kvrnstep::storage

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Files that hold one text, and the questions whether a path exists.
+namespace kvrnstep::storage {
+
+/// Replaces the file's content with the text and CR LF. False when the file cannot be written; it
+/// is then unchanged.
+bool WriteTextFile(const std::u16string& sFile, std::u16string_view sText);
+
+/// The file's text without one CR LF at its end, if there is one. Empty when the file is missing
+/// or cannot be read.
+std::u16string ReadTextFile(const std::u16string& sFile);
+
+/// Whether the path names a file or a folder.
+bool FileExists(const std::u16string& sFile);
+bool PathExists(const std::u16string& sPath);
+
+}  // namespace kvrnstep::storage

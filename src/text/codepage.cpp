@@ -1,0 +1,196 @@
+#include "text/codepage.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+
+namespace kvrnstep::text {
+
+namespace {
+
+/// Bytes 0x80 to 0x9F; all others stand for the character of their own value.
+constexpr std::array<char16_t, 32> kWindows1252High{
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  //
+    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,  //
+    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  //
+    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+/// How many elements at the start of the text are ASCII, rounded down to whole words of memory:
+/// what files mostly hold is then passed over eight bytes at a time.
+template <class Char>
+std::size_t asciiWords(std::basic_string_view<Char> text, std::size_t from,
+                       std::uint64_t notAscii) {
+  constexpr std::size_t kStep = sizeof(std::uint64_t) / sizeof(Char);
+  std::size_t at = from;
+  for (; at + kStep <= text.size(); at += kStep) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, text.data() + at, sizeof word);
+    if ((word & notAscii) != 0) break;
+  }
+  return at - from;
+}
+
+std::size_t asciiRun(std::string_view bytes, std::size_t from) {
+  return asciiWords(bytes, from, 0x8080808080808080U);
+}
+
+std::size_t asciiRun(std::u16string_view text, std::size_t from) {
+  return asciiWords(text, from, 0xFF80FF80FF80FF80U);
+}
+
+struct Character {
+  char32_t code = 0;
+  std::size_t bytes = 0;  ///< 0: no UTF-8
+};
+
+/// The length that the first byte promises, and the smallest code that needs it.
+struct LeadByte {
+  std::size_t bytes;
+  char32_t bits;
+  char32_t smallest;
+};
+
+LeadByte leadByte(unsigned char byte) {
+  if (byte < 0x80) return {1, byte, 0};
+  if (byte >= 0xC0 && byte < 0xE0) return {2, byte & 0x1FU, 0x80};
+  if (byte >= 0xE0 && byte < 0xF0) return {3, byte & 0x0FU, 0x800};
+  if (byte >= 0xF0 && byte < 0xF8) return {4, byte & 0x07U, 0x10000};
+  return {0, 0, 0};
+}
+
+Character characterAt(std::string_view bytes, std::size_t at) {
+  const LeadByte lead = leadByte(static_cast<unsigned char>(bytes[at]));
+  if (lead.bytes == 0 || bytes.size() - at < lead.bytes) return {};
+  char32_t code = lead.bits;
+  for (std::size_t i = 1; i < lead.bytes; ++i) {
+    const auto next = static_cast<unsigned char>(bytes[at + i]);
+    if ((next & 0xC0U) != 0x80U) return {};
+    code = (code << 6U) | (next & 0x3FU);
+  }
+  if (code < lead.smallest || code > 0x10FFFF) return {};
+  return {code, lead.bytes};
+}
+
+void append(std::u16string& text, char32_t code) {
+  if (code < 0x10000) {
+    text += static_cast<char16_t>(code);
+    return;
+  }
+  const char32_t rest = code - 0x10000;
+  text += static_cast<char16_t>(0xD800 + (rest >> 10U));
+  text += static_cast<char16_t>(0xDC00 + (rest & 0x3FFU));
+}
+
+void append(std::string& bytes, char32_t code) {
+  const auto following = [&](unsigned shift) {
+    bytes += static_cast<char>(0x80U | ((code >> shift) & 0x3FU));
+  };
+  if (code < 0x80) {
+    bytes += static_cast<char>(code);
+  } else if (code < 0x800) {
+    bytes += static_cast<char>(0xC0U | (code >> 6U));
+    following(0);
+  } else if (code < 0x10000) {
+    bytes += static_cast<char>(0xE0U | (code >> 12U));
+    following(6);
+    following(0);
+  } else {
+    bytes += static_cast<char>(0xF0U | (code >> 18U));
+    following(12);
+    following(6);
+    following(0);
+  }
+}
+
+bool isHighSurrogate(char16_t unit) {
+  return (unit & 0xFC00U) == 0xD800U;
+}
+bool isLowSurrogate(char16_t unit) {
+  return (unit & 0xFC00U) == 0xDC00U;
+}
+
+/// The character at a place, a surrogate pair put together.
+char32_t codeAt(std::u16string_view text, std::size_t at) {
+  const char16_t unit = text[at];
+  if (!isHighSurrogate(unit) || at + 1 == text.size() || !isLowSurrogate(text[at + 1])) return unit;
+  return 0x10000U + ((unit & 0x3FFU) << 10U) + (text[at + 1] & 0x3FFU);
+}
+
+/// Adds a run of ASCII to a text of the other width.
+template <class To, class From>
+void appendAscii(std::basic_string<To>& to, std::basic_string_view<From> run) {
+  const auto start = to.size();
+  to.resize(start + run.size());
+  std::transform(run.begin(), run.end(), to.data() + start,
+                 [](From c) { return static_cast<To>(c); });
+}
+
+}  // namespace
+
+std::string toBytes(std::u16string_view text) {
+  std::string bytes;
+  bytes.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) {
+    if (const auto run = asciiRun(text, at); run > 0) {
+      appendAscii(bytes, text.substr(at, run));
+      at += run;
+      continue;
+    }
+    const char32_t code = codeAt(text, at);
+    append(bytes, code);
+    at += code < 0x10000 ? 1 : 2;
+  }
+  return bytes;
+}
+
+std::u16string fromBytes(std::string_view bytes) {
+  return isUtf8(bytes) ? fromUtf8(bytes) : textFromWindows1252(bytes);
+}
+
+bool isUtf8(std::string_view bytes) {
+  for (std::size_t at = 0; at < bytes.size();) {
+    if (const auto run = asciiRun(bytes, at); run > 0) {
+      at += run;
+      continue;
+    }
+    const auto character = characterAt(bytes, at);
+    if (character.bytes == 0) return false;
+    at += character.bytes;
+  }
+  return true;
+}
+
+std::u16string fromUtf8(std::string_view bytes) {
+  std::u16string text;
+  text.reserve(bytes.size());
+  for (std::size_t at = 0; at < bytes.size();) {
+    if (const auto run = asciiRun(bytes, at); run > 0) {
+      appendAscii(text, bytes.substr(at, run));
+      at += run;
+      continue;
+    }
+    const auto character = characterAt(bytes, at);
+    if (character.bytes == 0) {
+      text += fromWindows1252(static_cast<unsigned char>(bytes[at++]));
+      continue;
+    }
+    append(text, character.code);
+    at += character.bytes;
+  }
+  return text;
+}
+
+std::u16string textFromWindows1252(std::string_view bytes) {
+  std::u16string text(bytes.size(), u'\0');
+  std::transform(bytes.begin(), bytes.end(), text.begin(),
+                 [](char c) { return fromWindows1252(static_cast<unsigned char>(c)); });
+  return text;
+}
+
+char16_t fromWindows1252(unsigned char byte) {
+  if (byte < 0x80 || byte > 0x9F) return byte;
+  return kWindows1252High[byte - 0x80U];
+}
+
+}  // namespace kvrnstep::text

@@ -1,0 +1,47 @@
+#include "text/text.h"
+
+#include <algorithm>
+
+namespace kvrnstep::text {
+
+namespace {
+
+constexpr char lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
+
+}  // namespace
+
+std::u16string_view trimBlanks(std::u16string_view text) {
+  const auto first = text.find_first_not_of(u' ');
+  if (first == text.npos) return {};
+  return text.substr(first, text.find_last_not_of(u' ') - first + 1);
+}
+
+std::u16string ReplaceText(std::u16string_view sText, std::u16string_view sFind,
+                           std::u16string_view sWith) {
+  if (sFind.empty()) return std::u16string(sText);
+  std::u16string result;
+  std::size_t done = 0;
+  for (auto at = sText.find(sFind); at != sText.npos; at = sText.find(sFind, done)) {
+    result += sText.substr(done, at - done);
+    result += sWith;
+    done = at + sFind.size();
+  }
+  result += sText.substr(done);
+  return result;
+}
+
+bool equalIgnoringCase(std::string_view one, std::string_view other) {
+  return std::equal(one.begin(), one.end(), other.begin(), other.end(),
+                    [](char a, char b) { return lower(a) == lower(b); });
+}
+
+std::u16string fromAscii(std::string_view ascii) {
+  std::u16string text(ascii.size(), u'\0');
+  std::transform(ascii.begin(), ascii.end(), text.begin(),
+                 [](char c) { return static_cast<char16_t>(static_cast<unsigned char>(c)); });
+  return text;
+}
+
+}  // namespace kvrnstep::text

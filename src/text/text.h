@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Small operations on text that have no better home.
+namespace kvrnstep::text {
+
+/// The text without the blanks (U+0020, nothing else) at both ends; a part of what was passed.
+std::u16string_view trimBlanks(std::u16string_view text);
+
+/// The text with every occurrence of `sFind` replaced, from left to right and without overlaps;
+/// letter case matters. An empty `sFind` changes nothing.
+std::u16string ReplaceText(std::u16string_view sText, std::u16string_view sFind,
+                           std::u16string_view sWith);
+
+/// Whether two 8-bit names differ at most in the case of the letters A to Z.
+bool equalIgnoringCase(std::string_view one, std::string_view other);
+
+/// Each byte becomes the character of its value; meant for names and messages in ASCII.
+std::u16string fromAscii(std::string_view ascii);
+
+}  // namespace kvrnstep::text
