@@ -1,0 +1,44 @@
+#include "generator/generator.h"
+
+#include <algorithm>
+
+#include "generator/line_layout.h"
+
+namespace kvrnstep::generator {
+
+namespace {
+
+constexpr std::u16string_view kLineBreak = u"\r\n";
+constexpr int kMostSpacingLines = 9;
+
+}  // namespace
+
+std::u16string BuildLineSpacing(std::u16string_view vSeparator, int iLines,
+                                std::u16string_view sFill) {
+  if (iLines < 0) return {};
+  std::u16string spacing(vSeparator);
+  for (int line = 0; line < std::min(iLines, kMostSpacingLines); ++line) {
+    spacing += sFill;
+    spacing += vSeparator;
+  }
+  return spacing;
+}
+
+std::u16string generateList(const ListSettings& settings, std::size_t indentBlanks) {
+  const std::u16string indent(settings.on(Indentation) ? indentBlanks : 0, u' ');
+  const bool fillSpacing = settings.on(IndentSpacing);
+  const std::u16string spacing =
+      BuildLineSpacing(kLineBreak, settings.LineSpacing, fillSpacing ? indent : std::u16string());
+  const LineLayout layout(settings, indent);
+
+  std::u16string list;
+  if (settings.on(AddBegEnd)) list = settings.Beginning;
+  for (int step = settings.Start; step <= settings.Count; ++step) {
+    layout.appendLine(list, step);
+    if (step < settings.Count || fillSpacing) list += spacing;
+  }
+  if (settings.on(AddBegEnd)) list += settings.Ending;
+  return list;
+}
+
+}  // namespace kvrnstep::generator

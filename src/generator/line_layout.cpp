@@ -1,0 +1,158 @@
+#include "generator/line_layout.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <utility>
+
+#include "generator/numerals.h"
+#include "text/numbers.h"
+#include "text/text.h"
+
+namespace kvrnstep::generator {
+
+namespace {
+
+constexpr std::u16string_view kNumberMacro = u"{STEP_#}";
+constexpr std::u16string_view kLettersMacro = u"{STEP_L}";
+constexpr std::u16string_view kRomanMacro = u"{STEP_R}";
+
+/// The widest label up to a last step: the first row whose `upTo` is not passed gives the width.
+struct WidthRow {
+  int upTo;
+  std::size_t width;
+};
+
+constexpr std::array<WidthRow, 4> kLetterWidths{{{26, 1}, {52, 2}, {78, 3}, {99, 4}}};
+constexpr std::array<WidthRow, 8> kRomanWidths{
+    {{1, 1}, {2, 2}, {7, 3}, {17, 4}, {27, 5}, {37, 6}, {87, 7}, {99, 8}}};
+
+std::size_t widestLabel(std::span<const WidthRow> rows, int count) {
+  const auto row = std::ranges::find_if(rows, [&](const WidthRow& r) { return count <= r.upTo; });
+  return row == rows.end() ? 0 : row->width;
+}
+
+std::size_t labelWidth(std::int16_t selection, bool aligned, int count) {
+  if (!aligned) return 1;
+  switch (selection) {
+    case Numbered:
+      return count <= 9 ? 1 : 2;
+    case Alphabetical:
+      return widestLabel(kLetterWidths, count);
+    default:
+      return widestLabel(kRomanWidths, count);
+  }
+}
+
+/// Letter labels reach beyond the alphabet, into the accented letters; all that have a small form
+/// there lie 32 below it.
+char16_t lowerCase(char16_t character) {
+  const bool basic = character >= u'A' && character <= u'Z';
+  const bool accented = character >= 0xC0 && character <= 0xDE && character != 0xD7;
+  return basic || accented ? static_cast<char16_t>(character + 32) : character;
+}
+
+}  // namespace
+
+LabelPattern labelPattern(const ListSettings& settings) {
+  if (settings.Selection == PrefixSuffix) return {};
+  const bool hasCase = settings.Selection == Alphabetical || settings.Selection == RomanNumeral;
+  return {labelWidth(settings.Selection, settings.on(RightAlign), settings.Count),
+          hasCase && !settings.on(UpperCase)};
+}
+
+std::u16string withMacros(std::u16string_view text, int step) {
+  const auto numbered = text::ReplaceText(text, kNumberMacro, text::decimal(step));
+  const auto lettered = text::ReplaceText(numbered, kLettersMacro, ToStepLetters(step));
+  return text::ReplaceText(lettered, kRomanMacro, ToRomanNumeral(step));
+}
+
+Affix::Affix(std::u16string_view text, bool addBlank) : text_(text) {
+  if (addBlank && !text_.empty() && text_.back() != u' ') text_ += u' ';
+  nested_ = text_.find(u"{STEP_{STEP_L}}") != std::u16string::npos ||
+            text_.find(u"{STEP_L}STEP_R}") != std::u16string::npos;
+  if (!nested_) cutAtMacros(text_);
+}
+
+void Affix::cutAtMacros(std::u16string_view rest) {
+  static constexpr std::array<std::pair<std::u16string_view, Macro>, 3> kMacros{
+      {{kNumberMacro, Macro::Number},
+       {kLettersMacro, Macro::Letters},
+       {kRomanMacro, Macro::Roman}}};
+  std::size_t searchFrom = 0;
+  while (true) {
+    const std::size_t brace = rest.find(u'{', searchFrom);
+    if (brace == std::u16string_view::npos) break;
+    const auto* macro = std::ranges::find_if(
+        kMacros, [&](const auto& entry) { return rest.substr(brace).starts_with(entry.first); });
+    if (macro == kMacros.end()) {
+      searchFrom = brace + 1;
+      continue;
+    }
+    pieces_.push_back({std::u16string(rest.substr(0, brace)), macro->second});
+    rest.remove_prefix(brace + macro->first.size());
+    searchFrom = 0;
+  }
+  pieces_.push_back({std::u16string(rest), Macro::None});
+}
+
+void Affix::appendTo(std::u16string& line, int step) const {
+  if (nested_) {
+    line += withMacros(text_, step);
+    return;
+  }
+  for (const Piece& piece : pieces_) {
+    line += piece.text;
+    switch (piece.macro) {
+      case Macro::Number:
+        line += text::decimal(step);
+        break;
+      case Macro::Letters:
+        line += ToStepLetters(step);
+        break;
+      case Macro::Roman:
+        line += ToRomanNumeral(step);
+        break;
+      case Macro::None:
+        break;
+    }
+  }
+}
+
+LineLayout::LineLayout(const ListSettings& settings, std::u16string indent)
+    : indent_(std::move(indent)),
+      prefix_(settings.Prefix, settings.on(PreSufSpace)),
+      suffix_(settings.Suffix, settings.on(PreSufSpace)),
+      pattern_(labelPattern(settings)),
+      selection_(settings.Selection),
+      ordinal_(settings.Selection == Numbered && settings.on(AppendOrdinal)) {}
+
+void LineLayout::appendLine(std::u16string& list, int step) const {
+  list += indent_;
+  prefix_.appendTo(list, step);
+  appendLabel(list, step);
+  suffix_.appendTo(list, step);
+}
+
+void LineLayout::appendLabel(std::u16string& list, int step) const {
+  std::u16string label;
+  switch (selection_) {
+    case Numbered:
+      label = numberText(step);
+      break;
+    case Alphabetical:
+      label = ToStepLetters(step);
+      break;
+    case RomanNumeral:
+      label = ToRomanNumeral(step);
+      break;
+    default:
+      return;
+  }
+  if (label.size() < pattern_.width) list.append(pattern_.width - label.size(), u' ');
+  if (pattern_.lowerCase) std::ranges::transform(label, label.begin(), lowerCase);
+  list += label;
+  if (ordinal_) list += OrdinalSuffix(step);
+}
+
+}  // namespace kvrnstep::generator
