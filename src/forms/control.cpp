@@ -64,7 +64,9 @@ std::string Control::scriptName() const {
   return name;
 }
 
-void Control::changed(Property property) { window_.changed(*this, property); }
+void Control::changed(Property property) {
+  window_.changed(*this, property);
+}
 
 void Control::setEnabled(bool enabled) {
   if (std::exchange(enabled_, enabled) != enabled) changed(Property::Enabled);
@@ -106,7 +108,21 @@ bool Control::reachable() const {
   }
   if (kind() == Kind::Menu) return true;
   return left + place_.width > 0 && left < window_.innerWidth() && top + place_.height > 0 &&
-         top < window_.innerHeight();
+         top < window_.innerHeight() && !covered();
+}
+
+bool Control::covered() const {
+  if (container_ != nullptr) return false;
+  const double x = place_.left + place_.width / 2;
+  const double y = place_.top + place_.height / 2;
+  const auto& all = window_.controls();
+  const auto self = std::ranges::find(all, this, &std::unique_ptr<Control>::get);
+  return std::any_of(self + 1, all.end(), [&](const auto& other) {
+    const Rect& place = other->place_;
+    return other->kind() == Kind::Frame && other->container_ == nullptr && other->visible_ &&
+           x >= place.left && x < place.left + place.width && y >= place.top &&
+           y < place.top + place.height;
+  });
 }
 
 std::optional<PropertyValue> Control::get(Property property) const {
@@ -417,12 +433,14 @@ Spinner::Spinner(Window& window, const ControlRow& row, Control* container)
     : Control(window, row, container), value_(row.value) {}
 
 void Spinner::setValue(std::int32_t value) {
-  value = std::clamp(value, row().minimum, row().maximum);
-  if (std::exchange(value_, value) == value) return;
+  const std::int32_t clamped = std::clamp(value, row().minimum, row().maximum);
+  const bool same = std::exchange(value_, clamped) == clamped;
+  // A value that had to be clamped came from a box that must not go on showing it.
+  if (same && clamped == value) return;
   changed(Property::Value);
   auto* buddy = static_cast<TextControl*>(window().find(row().buddy, row().buddyIndex));
   if (buddy == nullptr) return;
-  const std::string digits = std::to_string(value);
+  const std::string digits = std::to_string(clamped);
   buddy->setText(std::u16string(digits.begin(), digits.end()));
 }
 

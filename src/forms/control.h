@@ -56,21 +56,21 @@ struct ControlRow {
   bool enabled = true;
   bool visible = true;
   bool checked = false;
-  bool multiLine = false;            ///< text boxes
-  bool horizontalScroll = false;     ///< multi-line text boxes; the vertical bar is always there
-  bool clickable = false;            ///< labels: underlined, reacts to the mouse
-  bool readOnly = false;             ///< text boxes: the user reads and copies only
-  int maxLength = 0;                 ///< text boxes: most characters a user can type; 0 is no limit
-  std::u16string_view text{};        ///< text boxes: first text
-  std::string_view buddy{};          ///< spinners: the text box that shows the value; labels: what
-                                     ///< the mnemonic and a screen reader lead to
-  int buddyIndex = -1;               ///< … and its index
-  int minimum = 0;                   ///< spinners
-  int maximum = 0;                   ///< spinners
-  int value = 0;                     ///< spinners: first value
-  std::u16string_view font{};        ///< empty: the window's
-  Picture picture = Picture::None;   ///< images
-  std::string_view shortcut{};       ///< menu entries: "Ctrl+O"
+  bool multiLine = false;           ///< text boxes
+  bool horizontalScroll = false;    ///< multi-line text boxes; the vertical bar is always there
+  bool clickable = false;           ///< labels: underlined, reacts to the mouse
+  bool readOnly = false;            ///< text boxes: the user reads and copies only
+  int maxLength = 0;                ///< text boxes: most characters a user can type; 0 is no limit
+  std::u16string_view text{};       ///< text boxes: first text
+  std::string_view buddy{};         ///< spinners: the text box that shows the value; labels: what
+                                    ///< the mnemonic and a screen reader lead to
+  int buddyIndex = -1;              ///< … and its index
+  int minimum = 0;                  ///< spinners
+  int maximum = 0;                  ///< spinners
+  int value = 0;                    ///< spinners: first value
+  std::u16string_view font{};       ///< empty: the window's
+  Picture picture = Picture::None;  ///< images
+  std::string_view shortcut{};      ///< menu entries: "Ctrl+O"
 };
 
 /// A control as a plain object. The window's code sets properties through the functions; the
@@ -104,8 +104,9 @@ class Control {
   [[nodiscard]] int cursor() const { return cursor_; }
   void setCursor(int resourceId);
 
-  /// Whether a user can reach the control: it and its containers are visible and enabled, and
-  /// some of it lies inside the window. The state of menus counts likewise.
+  /// Whether a user can reach the control: it and its containers are visible and enabled, some of
+  /// it lies inside the window, and no frame lies in front of it. Menus need only be enabled and
+  /// visible.
   [[nodiscard]] bool reachable() const;
 
   /// Reads a property; nothing where this kind of control has none of that name.
@@ -122,6 +123,8 @@ class Control {
   void changed(Property property);
 
  private:
+  [[nodiscard]] bool covered() const;
+
   Window& window_;
   const ControlRow& row_;
   Control* container_;
@@ -290,7 +293,8 @@ class Spinner : public Control {
   Spinner(Window& window, const ControlRow& row, Control* container);
 
   [[nodiscard]] std::int32_t value() const { return value_; }
-  /// A value outside the range becomes the nearest end of it.
+  /// A value outside the range becomes the nearest end of it, which then goes into the box even
+  /// if the spinner held it before.
   void setValue(std::int32_t value);
 
   [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;

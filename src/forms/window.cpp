@@ -67,9 +67,13 @@ void Window::assign(double& edge, double twips, Property property) {
   if (std::exchange(edge, twips) != twips) changed(property);
 }
 
-void Window::setLeft(double twips) { assign(place_.left, twips, Property::Left); }
+void Window::setLeft(double twips) {
+  assign(place_.left, twips, Property::Left);
+}
 
-void Window::setTop(double twips) { assign(place_.top, twips, Property::Top); }
+void Window::setTop(double twips) {
+  assign(place_.top, twips, Property::Top);
+}
 
 void Window::setWidth(double twips) {
   assign(place_.width, twips, Property::Width);
@@ -106,6 +110,10 @@ void Window::unload() {
   if (onQueryUnload) onQueryUnload();
   unloaded_ = true;
   if (view_ != nullptr) view_->unloaded();
+}
+
+void Window::update() {
+  if (view_ != nullptr) view_->update();
 }
 
 void Window::setFocus(Control& control) {

@@ -28,10 +28,11 @@ struct Chrome {
 struct WindowDesign {
   std::string_view name;  ///< the name of the class
   std::u16string_view caption;
-  Rect place;                          ///< of the outside, in twips
-  double twipsPerUnit = 1;             ///< scale of the controls' places: 15 for pixels, 1 for twips
+  Rect place;               ///< of the outside, in twips
+  double twipsPerUnit = 1;  ///< scale of the controls' places: 15 for pixels, 1 for twips
   bool resizable = false;
-  std::span<const ControlRow> controls;  ///< containers before their contents, in tab order
+  std::span<const ControlRow> controls;  ///< containers before their contents; later rows lie in
+                                         ///< front of earlier ones
 };
 
 /// Implemented by a front end that draws a window.
@@ -87,6 +88,8 @@ class Window {
 
   /// The front end that draws the window, or none.
   void attach(View* view) { view_ = view; }
+  /// Has the front end show what has changed outside an action of the user.
+  void update();
 
   std::function<void()> onLoad;
   std::function<void()> onQueryUnload;

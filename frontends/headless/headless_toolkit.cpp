@@ -1,0 +1,174 @@
+#include "headless_toolkit.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "forms/user_actions.h"
+
+namespace kvrnstep::headless {
+
+using forms::ComboBox;
+using forms::Control;
+using forms::Kind;
+using forms::ListBox;
+using forms::MenuEntry;
+using forms::MouseButton;
+using forms::Spinner;
+using forms::TextControl;
+using forms::TextSelection;
+using forms::Window;
+
+namespace {
+
+constexpr char16_t kBackspace = u'\b';
+
+/// Puts a text in the place of the marked part, as far as the box has room for it.
+void replaceSelection(TextControl& box, std::u16string_view inserted) {
+  std::u16string text = box.text();
+  const TextSelection marked = box.selection();
+  text.erase(marked.start, marked.length);
+  if (const int limit = box.row().maxLength; limit > 0) {
+    const std::size_t room = static_cast<std::size_t>(limit) -
+                             std::min<std::size_t>(text.size(), static_cast<std::size_t>(limit));
+    inserted = inserted.substr(0, room);
+  }
+  text.insert(marked.start, inserted);
+  if (text == box.text()) {
+    forms::userSelected(box, {marked.start + inserted.size(), 0});
+  } else {
+    forms::userEdited(box, std::move(text), {marked.start + inserted.size(), 0});
+  }
+}
+
+void eraseBeforeCaret(TextControl& box) {
+  const TextSelection marked = box.selection();
+  if (marked.length == 0 && marked.start == 0) return;
+  if (marked.length == 0) forms::userSelected(box, {marked.start - 1, 1});
+  replaceSelection(box, u"");
+}
+
+void typeCharacter(TextControl& box, char16_t character) {
+  constexpr char16_t kDelete = 0x7f;
+  const bool lineBreak = character == u'\r' || character == u'\n';
+  if (forms::userPressedKey(box, character) && !box.row().readOnly) {
+    if (character == kBackspace) {
+      eraseBeforeCaret(box);
+    } else if (lineBreak) {
+      if (box.row().multiLine) replaceSelection(box, u"\r\n");
+    } else if (character >= u' ' && character != kDelete) {
+      replaceSelection(box, std::u16string_view(&character, 1));
+    }
+  }
+  forms::userReleasedKey(box);
+}
+
+/// "Ctrl+O" of a menu entry that is not greyed out.
+MenuEntry* shortcutEntry(const Window& window, std::string_view keys) {
+  for (const auto& control : window.controls()) {
+    if (control->kind() == Kind::Menu && !control->row().shortcut.empty() &&
+        control->row().shortcut == keys && control->reachable()) {
+      return static_cast<MenuEntry*>(control.get());
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+void HeadlessToolkit::runModal(Window& window) {
+  while (!window.unloaded()) pilot_->act();
+}
+
+std::optional<std::u16string> HeadlessToolkit::ask(const forms::Question& /*question*/) {
+  return pilot_->answer();
+}
+
+bool HeadlessToolkit::click(Control& control, MouseButton button, std::optional<int> entry) {
+  forms::userReleasedMouse(control, button);
+  if (button != MouseButton::Left) return true;
+  if (control.kind() == Kind::ListBox) {
+    if (entry) forms::userClickedEntry(static_cast<ListBox&>(control), *entry);
+  } else {
+    forms::userClicked(control);
+  }
+  return true;
+}
+
+bool HeadlessToolkit::doubleClick(Control& control, std::optional<int> entry) {
+  if (control.kind() == Kind::ListBox) {
+    forms::userDoubleClickedEntry(static_cast<ListBox&>(control), entry.value_or(-1));
+  } else {
+    click(control, MouseButton::Left, std::nullopt);
+    click(control, MouseButton::Left, std::nullopt);
+  }
+  return true;
+}
+
+bool HeadlessToolkit::type(TextControl& box, std::u16string_view text) {
+  forms::userSelected(box, {box.text().size(), 0});
+  for (const char16_t character : text) {
+    if (box.window().unloaded()) break;
+    typeCharacter(box, character);
+  }
+  return true;
+}
+
+bool HeadlessToolkit::clear(TextControl& box) {
+  forms::userSelected(box, {0, box.text().size()});
+  if (!box.row().readOnly && !box.text().empty()) replaceSelection(box, u"");
+  forms::userReleasedKey(box);
+  return true;
+}
+
+bool HeadlessToolkit::select(TextControl& box, TextSelection selection) {
+  forms::userSelected(box, selection);
+  return true;
+}
+
+bool HeadlessToolkit::press(Window& window, std::string_view keys) {
+  MenuEntry* entry = shortcutEntry(window, keys);
+  if (entry == nullptr) return false;
+  forms::userClicked(*entry);
+  return true;
+}
+
+bool HeadlessToolkit::choose(ComboBox& combo, int entry) {
+  forms::userChose(combo, entry);
+  return true;
+}
+
+bool HeadlessToolkit::spin(Spinner& spinner, bool up) {
+  forms::userSpun(spinner, up);
+  return true;
+}
+
+bool HeadlessToolkit::drag(Control& /*from*/, Control& /*to*/) {
+  return false;
+}
+
+bool HeadlessToolkit::pick(MenuEntry& entry) {
+  forms::userClicked(entry);
+  return true;
+}
+
+bool HeadlessToolkit::move(Window& window, double left, double top) {
+  forms::userMoved(window, left, top);
+  return true;
+}
+
+bool HeadlessToolkit::resize(Window& window, double width, double height) {
+  forms::userResized(window, width, height);
+  return true;
+}
+
+bool HeadlessToolkit::minimize(Window& window, bool minimized) {
+  forms::userMinimized(window, minimized);
+  return true;
+}
+
+bool HeadlessToolkit::close(Window& window) {
+  forms::userClosed(window);
+  return true;
+}
+
+}  // namespace kvrnstep::headless

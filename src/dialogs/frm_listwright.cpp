@@ -1,0 +1,141 @@
+#include "dialogs/frm_listwright.h"
+
+namespace kvrnstep::dialogs {
+
+using forms::CheckBox;
+using forms::ComboBox;
+using forms::Control;
+using forms::MenuEntry;
+using forms::MouseButton;
+using forms::OptionButton;
+using forms::Spinner;
+using forms::TextBox;
+
+namespace {
+
+/// Numeric boxes take digits and Backspace; everything else that types a character is discarded.
+bool isDigitOrBackspace(char16_t character) {
+  constexpr char16_t kBackspace = 8;
+  return (character >= u'0' && character <= u'9') || character == kBackspace;
+}
+
+}  // namespace
+
+frmListwright::frmListwright(forms::Toolkit& toolkit, const plugin::HostContext& host)
+    : Window(frmListwrightDesign()),
+      toolkit_(toolkit),
+      host_(host),
+      fraStep(control<Control>("fraStep")),
+      cmdCIC(controlArray<Control, 6>("cmdCIC")),
+      chkLWO(controlArray<CheckBox, 7>("chkLWO")),
+      txtBStart(control<TextBox>("txtBStart")),
+      updBStart(control<Spinner>("updBStart")),
+      txtBEndAt(control<TextBox>("txtBEndAt")),
+      updBEndAt(control<Spinner>("updBEndAt")),
+      txtLS(control<TextBox>("txtLS")),
+      updLS(control<Spinner>("updLS")),
+      cboPreSuf(controlArray<ComboBox, 2>("cboPreSuf")),
+      txtBegin(control<TextBox>("txtBegin")),
+      txtEnd(control<TextBox>("txtEnd")),
+      optNA(controlArray<OptionButton, 4>("optNA")),
+      imgBull(controlArray<Control, 4>("imgBull")),
+      lblD(controlArray<Control, 7>("lblD")),
+      txtPreview(control<TextBox>("txtPreview")),
+      lstStepf(control<forms::ListBox>("lstStepf")),
+      mnuFiles(controlArray<MenuEntry, 6>("mnuFiles")),
+      mnuOptions(controlArray<MenuEntry, 6>("mnuOptions")),
+      mnuActions(controlArray<MenuEntry, 3>("mnuActions")) {
+  assignHandlers();
+}
+
+void frmListwright::assignHandlers() {
+  onLoad = [this] { Form_Load(); };
+  onQueryUnload = [this] { Form_QueryUnload(); };
+
+  const auto refresh = [this](int /*index*/) { RefreshPreview(); };
+  for (int i = 0; i < cmdCIC.count(); ++i) {
+    cmdCIC(i).onClick = [this](int index) { cmdCIC_Click(index); };
+  }
+  for (int i = 0; i < chkLWO.count(); ++i) {
+    chkLWO(i).onClick = [this](int index) { chkLWO_Click(index); };
+  }
+  for (int i = 0; i < optNA.count(); ++i) {
+    optNA(i).onClick = [this](int index) { optNA_Click(index); };
+  }
+  for (int i = 0; i < cboPreSuf.count(); ++i) {
+    cboPreSuf(i).onClick = refresh;
+    cboPreSuf(i).onKeyUp = refresh;
+  }
+  txtBegin.onChange = refresh;
+  txtEnd.onChange = refresh;
+
+  for (TextBox* box : {&txtBStart, &txtBEndAt, &txtLS}) {
+    box->onKeyPress = [](int /*index*/, char16_t key) { return isDigitOrBackspace(key); };
+  }
+  txtBStart.onChange = [this](int /*index*/) { txtBStart_Change(); };
+  txtBEndAt.onChange = [this](int /*index*/) { txtBEndAt_Change(); };
+  txtLS.onChange = [this](int /*index*/) { txtLS_Change(); };
+  for (TextBox* box : {&txtBStart, &txtBEndAt}) {
+    box->onKeyUp = [this](int /*index*/) {
+      SetActionsEnabled(startAndEndValid());
+      RefreshPreview();
+    };
+  }
+  txtLS.onKeyUp = [this](int /*index*/) {
+    SetActionsEnabled(lineSpacingValid());
+    RefreshPreview();
+  };
+  for (Spinner* spinner : {&updBStart, &updBEndAt, &updLS}) {
+    spinner->onUpClick = refresh;
+    spinner->onDownClick = refresh;
+    spinner->onMouseUp = [this, spinner](int /*index*/, MouseButton button) {
+      if (button != MouseButton::Right) return;
+      AskSpinnerValue(*spinner, spinner->row().minimum, spinner->row().maximum, u"");
+      RefreshPreview();
+    };
+  }
+
+  for (int i = 0; i < mnuFiles.count(); ++i) {
+    mnuFiles(i).onClick = [this](int index) { mnuFiles_Click(index); };
+  }
+  for (int i = 0; i < mnuOptions.count(); ++i) {
+    mnuOptions(i).onClick = [this](int index) { mnuOptions_Click(index); };
+  }
+  for (int i = 0; i < mnuActions.count(); ++i) {
+    mnuActions(i).onClick = [this](int index) { cmdCIC_Click(index); };
+  }
+}
+
+void frmListwright::optNA_Click(int index) {
+  iListType = static_cast<std::int16_t>(index);
+  for (int i = 0; i < imgBull.count(); ++i) imgBull(i).setVisible(i == index);
+  chkLWO(generator::UpperCase)
+      .setEnabled(index == generator::Alphabetical || index == generator::RomanNumeral);
+  chkLWO(generator::AppendOrdinal).setEnabled(index == generator::Numbered);
+  RefreshPreview();
+}
+
+void frmListwright::chkLWO_Click(int index) {
+  if (index == generator::Indentation) {
+    chkLWO(generator::IndentSpacing).setEnabled(chkLWO(generator::Indentation).value() != 0);
+  }
+  RefreshPreview();
+}
+
+void frmListwright::SetActionsEnabled(bool bolEnable) {
+  cmdCIC(0).setEnabled(bolEnable);
+  cmdCIC(2).setEnabled(bolEnable);
+  mnuActions(0).setEnabled(bolEnable);
+  mnuActions(2).setEnabled(bolEnable);
+  const bool previewShown = fraStep.place().left > 4;
+  for (int panelButton = 3; panelButton <= 5; ++panelButton) {
+    cmdCIC(panelButton).setEnabled(previewShown && bolEnable);
+  }
+}
+
+void frmListwright::mnuFiles_Click(int index) {
+  constexpr int kClose = 5;
+  if (index == kClose) unload();
+}
+
+}  // namespace kvrnstep::dialogs

@@ -1,0 +1,120 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "forms/toolkit.h"
+#include "forms/window.h"
+#include "generator/list_settings.h"
+#include "plugin/host_context.h"
+
+namespace kvrnstep::dialogs {
+
+/// The dialog in which the user builds a list. One instance serves one call of the host: set
+/// LwStepStart and LwMenuMode, showModal(), then read LwSelectionMade and LwOutputString.
+class frmListwright : public forms::Window {
+ public:
+  /// Both arguments must outlive the dialog.
+  frmListwright(forms::Toolkit& toolkit, const plugin::HostContext& host);
+
+  std::int16_t LwStepStart = 0;  ///< listing type to begin with, 0 to 3
+  bool LwMenuMode = false;       ///< the host's listing type stands against stored defaults
+
+  [[nodiscard]] bool LwSelectionMade() const { return lwSelectionMade_; }
+  [[nodiscard]] const std::u16string& LwOutputString() const { return lwOutputString_; }
+
+  /// Generates the list anew and shows it in the preview, while a panel is shown.
+  void RefreshPreview();
+
+ private:
+  template <int Count>
+  using Boxes = forms::ControlArray<forms::CheckBox, Count>;
+  template <int Count>
+  using Menus = forms::ControlArray<forms::MenuEntry, Count>;
+
+  void assignHandlers();
+
+  // Load and close
+  void Form_Load();
+  void Form_QueryUnload();
+  void adoptEditorLook();
+  void selectStartType();
+  void restoreDisplay();
+  void restorePosition();
+  void saveDisplay();
+  void savePosition();
+  void loadOrSaveAffixes(bool save);
+  [[nodiscard]] std::u16string readKey(std::u16string_view key, std::u16string_view fallback) const;
+  void writeKey(std::u16string_view key, std::u16string_view value) const;
+  [[nodiscard]] std::u16string stepFolderPath(std::u16string_view name) const;
+
+  // Settings of the list
+  void optNA_Click(int index);
+  void chkLWO_Click(int index);
+  [[nodiscard]] generator::ListSettings readSettings() const;
+
+  // Numeric fields
+  void txtBStart_Change();
+  void txtBEndAt_Change();
+  void txtLS_Change();
+  void AskSpinnerValue(forms::Spinner& spinner, std::int32_t lMinValue, std::int32_t lMaxValue,
+                       std::u16string_view sNote);
+  [[nodiscard]] bool startAndEndValid() const;
+  [[nodiscard]] bool lineSpacingValid() const;
+
+  // Preview and actions
+  void takeCountFromEndBox();
+  void writeCountToEndBox();
+  void BuildStepList();
+  void cmdCIC_Click(int index);
+  void insertList();
+  void copyList();
+  void printList();
+  void SetActionsEnabled(bool bolEnable);
+
+  // Menus and layout
+  void mnuFiles_Click(int index);
+  void mnuOptions_Click(int index);
+  void toggleDisplay(forms::MenuEntry& item);
+  void layOut();
+  void layOutStepFiles(bool shown);
+  void layOutPreview(bool shown);
+  void layOutCompact();
+  void showPanelButtons(bool shown);
+  void centre();
+
+  forms::Toolkit& toolkit_;
+  const plugin::HostContext& host_;
+
+  forms::Control& fraStep;
+  forms::ControlArray<forms::Control, 6> cmdCIC;
+  Boxes<7> chkLWO;
+  forms::TextBox& txtBStart;
+  forms::Spinner& updBStart;
+  forms::TextBox& txtBEndAt;
+  forms::Spinner& updBEndAt;
+  forms::TextBox& txtLS;
+  forms::Spinner& updLS;
+  forms::ControlArray<forms::ComboBox, 2> cboPreSuf;
+  forms::TextBox& txtBegin;
+  forms::TextBox& txtEnd;
+  forms::ControlArray<forms::OptionButton, 4> optNA;
+  forms::ControlArray<forms::Control, 4> imgBull;
+  forms::ControlArray<forms::Control, 7> lblD;
+  forms::TextBox& txtPreview;
+  forms::ListBox& lstStepf;
+  Menus<6> mnuFiles;
+  Menus<6> mnuOptions;
+  Menus<3> mnuActions;
+
+  bool lwSelectionMade_ = false;
+  std::u16string lwOutputString_;
+  std::int16_t iListType = 0;
+  std::int16_t iStepCount = 0;
+  bool bolPanelShown = false;
+};
+
+/// How the dialog is declared.
+const forms::WindowDesign& frmListwrightDesign();
+
+}  // namespace kvrnstep::dialogs

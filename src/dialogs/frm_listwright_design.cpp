@@ -1,0 +1,167 @@
+#include <array>
+
+#include "dialogs/frm_listwright.h"
+
+namespace kvrnstep::dialogs {
+
+namespace {
+
+using forms::ControlRow;
+using enum forms::Kind;
+using forms::Picture;
+
+constexpr std::u16string_view kBoxFont = u"MS Sans Serif";
+
+// Places are in pixels.
+// clang-format off
+constexpr auto kControls = std::to_array<ControlRow>({
+    // Beside and below the options frame.
+    {.kind = TextBox, .name = "txtPreview", .place = {-10000, 6, 265, 264},
+     .multiLine = true, .horizontalScroll = true, .readOnly = true},
+    {.kind = Button, .name = "cmdCIC", .index = 5, .place = {2, 274, 80, 23},
+     .caption = u"&Open...", .enabled = false},
+    {.kind = Button, .name = "cmdCIC", .index = 3, .place = {93, 274, 80, 23},
+     .caption = u"&Save As...", .enabled = false, .visible = false},
+    {.kind = Button, .name = "cmdCIC", .index = 4, .place = {184, 274, 80, 23},
+     .caption = u"&Print...", .enabled = false, .visible = false},
+    {.kind = ListBox, .name = "lstStepf", .place = {4, 301, 265, 108}},
+
+    // The options frame.
+    {.kind = Frame, .name = "fraStep", .place = {2, 0, 265, 298}},
+    {.kind = Panel, .name = "Picture1", .in = "fraStep", .place = {54, 4, 203, 68}},
+    {.kind = OptionButton, .name = "optNA", .index = 0, .in = "Picture1", .place = {0, 0, 203, 17},
+     .caption = u"Numbered Listing", .checked = true},
+    {.kind = OptionButton, .name = "optNA", .index = 1, .in = "Picture1",
+     .place = {0, 17, 203, 17}, .caption = u"Alphabetical Listing"},
+    {.kind = OptionButton, .name = "optNA", .index = 2, .in = "Picture1",
+     .place = {0, 34, 203, 17}, .caption = u"Roman Numeral Listing"},
+    {.kind = OptionButton, .name = "optNA", .index = 3, .in = "Picture1",
+     .place = {0, 51, 203, 17}, .caption = u"Prefix And/Or Suffix Listing"},
+    {.kind = Image, .name = "imgBull", .index = 0, .in = "fraStep", .place = {11, 15, 32, 32},
+     .picture = Picture::Numbered},
+    {.kind = Image, .name = "imgBull", .index = 1, .in = "fraStep", .place = {11, 15, 32, 32},
+     .visible = false, .picture = Picture::Alphabetical},
+    {.kind = Image, .name = "imgBull", .index = 2, .in = "fraStep", .place = {11, 15, 32, 32},
+     .visible = false, .picture = Picture::Roman},
+    {.kind = Image, .name = "imgBull", .index = 3, .in = "fraStep", .place = {11, 15, 32, 32},
+     .visible = false, .picture = Picture::PrefixSuffix},
+
+    {.kind = CheckBox, .name = "chkLWO", .index = 2, .in = "fraStep", .place = {9, 75, 124, 17},
+     .caption = u"Indentation", .checked = true},
+    {.kind = CheckBox, .name = "chkLWO", .index = 0, .in = "fraStep", .place = {137, 75, 124, 17},
+     .caption = u"Indent Spacing", .checked = true},
+    {.kind = CheckBox, .name = "chkLWO", .index = 1, .in = "fraStep", .place = {9, 92, 124, 17},
+     .caption = u"UPPER CASE", .enabled = false, .checked = true},
+    {.kind = CheckBox, .name = "chkLWO", .index = 4, .in = "fraStep", .place = {137, 92, 124, 17},
+     .caption = u"Right Align", .checked = true},
+    {.kind = CheckBox, .name = "chkLWO", .index = 3, .in = "fraStep", .place = {9, 109, 124, 17},
+     .caption = u"Add Beg../End..", .checked = true},
+    {.kind = CheckBox, .name = "chkLWO", .index = 5, .in = "fraStep",
+     .place = {137, 109, 124, 17}, .caption = u"Pre../Suf..  Space", .checked = true},
+    {.kind = CheckBox, .name = "chkLWO", .index = 6, .in = "fraStep", .place = {9, 126, 248, 17},
+     .caption = u"Append numeral ordinal 'st' 'nd' 'rd' 'th'"},
+
+    {.kind = Label, .name = "lblD", .index = 2, .in = "fraStep", .place = {9, 147, 31, 20},
+     .caption = u"Start:", .buddy = "txtBStart"},
+    {.kind = TextBox, .name = "txtBStart", .in = "fraStep", .place = {41, 147, 24, 20},
+     .maxLength = 2, .text = u"1", .font = kBoxFont},
+    {.kind = Spinner, .name = "updBStart", .in = "fraStep", .place = {65, 147, 14, 20},
+     .buddy = "txtBStart", .minimum = 1, .maximum = 99, .value = 1},
+    {.kind = Label, .name = "lblD", .index = 3, .in = "fraStep", .place = {86, 147, 25, 20},
+     .caption = u"End:", .buddy = "txtBEndAt"},
+    {.kind = TextBox, .name = "txtBEndAt", .in = "fraStep", .place = {112, 147, 24, 20},
+     .maxLength = 2, .text = u"3", .font = kBoxFont},
+    {.kind = Spinner, .name = "updBEndAt", .in = "fraStep", .place = {136, 147, 14, 20},
+     .buddy = "txtBEndAt", .minimum = 1, .maximum = 99, .value = 3},
+    {.kind = Label, .name = "lblD", .index = 6, .in = "fraStep", .place = {157, 147, 67, 20},
+     .caption = u"Line Spacing:", .buddy = "txtLS"},
+    {.kind = TextBox, .name = "txtLS", .in = "fraStep", .place = {225, 147, 18, 20},
+     .maxLength = 2, .text = u"0", .font = kBoxFont},
+    {.kind = Spinner, .name = "updLS", .in = "fraStep", .place = {243, 147, 14, 20},
+     .buddy = "txtLS", .minimum = 0, .maximum = 9, .value = 0},
+
+    {.kind = Label, .name = "lblD", .index = 0, .in = "fraStep", .place = {9, 169, 120, 14},
+     .caption = u"Prefix", .clickable = true, .buddy = "cboPreSuf", .buddyIndex = 0},
+    {.kind = ComboBox, .name = "cboPreSuf", .index = 0, .in = "fraStep",
+     .place = {9, 183, 120, 21}},
+    {.kind = Label, .name = "lblD", .index = 1, .in = "fraStep", .place = {137, 169, 120, 14},
+     .caption = u"Suffix", .clickable = true, .buddy = "cboPreSuf", .buddyIndex = 1},
+    {.kind = ComboBox, .name = "cboPreSuf", .index = 1, .in = "fraStep",
+     .place = {137, 183, 120, 21}},
+    {.kind = Label, .name = "lblD", .index = 5, .in = "fraStep", .place = {9, 207, 120, 14},
+     .caption = u"Beginning", .clickable = true, .buddy = "txtBegin"},
+    {.kind = TextBox, .name = "txtBegin", .in = "fraStep", .place = {9, 221, 120, 42},
+     .multiLine = true, .font = kBoxFont},
+    {.kind = Label, .name = "lblD", .index = 4, .in = "fraStep", .place = {137, 207, 120, 14},
+     .caption = u"Ending", .clickable = true, .buddy = "txtEnd"},
+    {.kind = TextBox, .name = "txtEnd", .in = "fraStep", .place = {137, 221, 120, 42},
+     .multiLine = true, .font = kBoxFont},
+
+    {.kind = Panel, .name = "Picture2", .in = "fraStep", .place = {0, 274, 265, 27}},
+    {.kind = Button, .name = "cmdCIC", .index = 2, .in = "Picture2", .place = {9, 0, 80, 23},
+     .caption = u"&Copy", .enabled = false},
+    {.kind = Button, .name = "cmdCIC", .index = 0, .in = "Picture2", .place = {93, 0, 80, 23},
+     .caption = u"&Insert", .toolTip = u"Add bullet list as specified and close",
+     .enabled = false},
+    {.kind = Button, .name = "cmdCIC", .index = 1, .in = "Picture2", .place = {177, 0, 80, 23},
+     .caption = u"Cancel"},
+
+    // The menu bar. Entries whose work is still to come are disabled.
+    {.kind = Menu, .name = "mnuFile", .caption = u"&File"},
+    {.kind = Menu, .name = "mnuFiles", .index = 0, .in = "mnuFile", .caption = u"Open...",
+     .enabled = false, .shortcut = "Ctrl+O"},
+    {.kind = Menu, .name = "mnuFiles", .index = 1, .in = "mnuFile", .caption = u"Save As...",
+     .enabled = false, .shortcut = "Ctrl+S"},
+    {.kind = Menu, .name = "mnuFiles", .index = 2, .in = "mnuFile", .caption = u"-"},
+    {.kind = Menu, .name = "mnuFiles", .index = 3, .in = "mnuFile", .caption = u"&Print...",
+     .enabled = false},
+    {.kind = Menu, .name = "mnuFiles", .index = 4, .in = "mnuFile", .caption = u"-"},
+    {.kind = Menu, .name = "mnuFiles", .index = 5, .in = "mnuFile", .caption = u"Close",
+     .shortcut = "Ctrl+Q"},
+    {.kind = Menu, .name = "mnuEdit", .caption = u"&Edit"},
+    {.kind = Menu, .name = "mnuEdits", .index = 0, .in = "mnuEdit",
+     .caption = u"Edit Prefix list...", .enabled = false},
+    {.kind = Menu, .name = "mnuEdits", .index = 1, .in = "mnuEdit",
+     .caption = u"Edit Suffix list...", .enabled = false},
+    {.kind = Menu, .name = "mnuEdits", .index = 2, .in = "mnuEdit", .caption = u"-"},
+    {.kind = Menu, .name = "mnuEdits", .index = 3, .in = "mnuEdit",
+     .caption = u"Beginning (Storage)...", .enabled = false},
+    {.kind = Menu, .name = "mnuEdits", .index = 4, .in = "mnuEdit",
+     .caption = u"Ending (Storage)...", .enabled = false},
+    {.kind = Menu, .name = "mnuOption", .caption = u"&Options"},
+    {.kind = Menu, .name = "mnuOptions", .index = 0, .in = "mnuOption",
+     .caption = u"Set as open defaults", .enabled = false},
+    {.kind = Menu, .name = "mnuOptions", .index = 1, .in = "mnuOption",
+     .caption = u"Clear open defaults", .enabled = false},
+    {.kind = Menu, .name = "mnuOptions", .index = 2, .in = "mnuOption",
+     .caption = u"Re-open defaults", .enabled = false},
+    {.kind = Menu, .name = "mnuOptions", .index = 3, .in = "mnuOption", .caption = u"-"},
+    {.kind = Menu, .name = "mnuOptions", .index = 4, .in = "mnuOption",
+     .caption = u"Display Step Files"},
+    {.kind = Menu, .name = "mnuOptions", .index = 5, .in = "mnuOption",
+     .caption = u"Display Preview"},
+    {.kind = Menu, .name = "mnuAction", .caption = u"&Actions"},
+    {.kind = Menu, .name = "mnuActions", .index = 0, .in = "mnuAction", .caption = u"&Insert",
+     .enabled = false},
+    {.kind = Menu, .name = "mnuActions", .index = 1, .in = "mnuAction", .caption = u"-"},
+    {.kind = Menu, .name = "mnuActions", .index = 2, .in = "mnuAction", .caption = u"&Copy",
+     .enabled = false},
+});
+// clang-format on
+
+constexpr forms::WindowDesign kDesign{
+    .name = "frmListwright",
+    .caption = u"Listwright",
+    .place = {900, 900, 4170, 5280},
+    .twipsPerUnit = forms::kTwipsPerPixel,
+    .resizable = false,
+    .controls = kControls,
+};
+
+}  // namespace
+
+const forms::WindowDesign& frmListwrightDesign() {
+  return kDesign;
+}
+
+}  // namespace kvrnstep::dialogs

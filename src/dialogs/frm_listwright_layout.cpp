@@ -1,0 +1,93 @@
+#include "dialogs/frm_listwright.h"
+
+namespace kvrnstep::dialogs {
+
+namespace {
+
+// Widths and heights of the dialog are in twips, left edges of controls in pixels.
+constexpr double kNarrow = 4170;
+constexpr double kWide = 8220;
+constexpr double kLow = 5280;
+constexpr double kHigh = 6855;
+constexpr double kFrameAlone = 2;
+constexpr double kFrameBesidePreview = 275;
+constexpr double kPanelLeft = 4;
+constexpr double kOutOfView = -10000;
+
+constexpr int kDisplayStepFiles = 4;
+constexpr int kDisplayPreview = 5;
+
+}  // namespace
+
+void frmListwright::mnuOptions_Click(int index) {
+  if (index == kDisplayStepFiles) {
+    lstStepf.setIndex(-1);
+    toggleDisplay(mnuOptions(index));
+  } else if (index == kDisplayPreview) {
+    toggleDisplay(mnuOptions(index));
+  }
+}
+
+void frmListwright::toggleDisplay(forms::MenuEntry& item) {
+  item.setChecked(!item.checked());
+  layOut();
+}
+
+void frmListwright::layOut() {
+  const bool files = mnuOptions(kDisplayStepFiles).checked();
+  const bool preview = mnuOptions(kDisplayPreview).checked();
+  layOutStepFiles(files);
+  layOutPreview(preview);
+  if (!files && !preview) layOutCompact();
+  centre();
+  lstStepf.setWidth(innerWidth() - 2 * kPanelLeft);
+}
+
+void frmListwright::layOutStepFiles(bool shown) {
+  lstStepf.setEnabled(shown);
+  if (!shown) {
+    setHeight(kLow);
+    return;
+  }
+  bolPanelShown = true;
+  lstStepf.setLeft(kPanelLeft);
+  setHeight(kHigh);
+  showPanelButtons(true);
+  fraStep.setLeft(kFrameBesidePreview);
+  setWidth(kWide);
+}
+
+void frmListwright::layOutPreview(bool shown) {
+  if (!shown) {
+    txtPreview.setLeft(kOutOfView);
+    fraStep.setLeft(kFrameAlone);
+    setWidth(kNarrow);
+    return;
+  }
+  bolPanelShown = true;
+  txtPreview.setLeft(kPanelLeft);
+  showPanelButtons(true);
+  fraStep.setLeft(kFrameBesidePreview);
+  setWidth(kWide);
+  RefreshPreview();
+}
+
+void frmListwright::layOutCompact() {
+  bolPanelShown = false;
+  showPanelButtons(false);
+}
+
+void frmListwright::showPanelButtons(bool shown) {
+  for (int panelButton = 3; panelButton <= 5; ++panelButton) {
+    cmdCIC(panelButton).setVisible(shown);
+    cmdCIC(panelButton).setEnabled(shown);
+  }
+  if (shown) cmdCIC(5).setCaption(u"&Open...");
+}
+
+void frmListwright::centre() {
+  setTop((toolkit_.screenHeight() - place().height) / 2);
+  setLeft((toolkit_.screenWidth() - place().width) / 2);
+}
+
+}  // namespace kvrnstep::dialogs

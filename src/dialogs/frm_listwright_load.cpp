@@ -1,0 +1,106 @@
+#include "dialogs/frm_listwright.h"
+#include "platform/files.h"
+#include "storage/list_file.h"
+#include "storage/settings_store.h"
+#include "text/numbers.h"
+
+namespace kvrnstep::dialogs {
+
+namespace {
+
+constexpr int kLinkCursor = 104;
+constexpr std::array kClickableLabels{0, 1, 4, 5};
+constexpr std::array<std::u16string_view, 2> kAffixFiles{u"Prefix_Step.dat", u"Suffix_Step.dat"};
+
+}  // namespace
+
+std::u16string frmListwright::readKey(std::u16string_view key, std::u16string_view fallback) const {
+  return modSecns::ReadIniKey(host_.SEC_APP_NAME, key, fallback, host_.s_IniPathAndName);
+}
+
+void frmListwright::writeKey(std::u16string_view key, std::u16string_view value) const {
+  modSecns::WriteIniKey(host_.SEC_APP_NAME, key, value, host_.s_IniPathAndName);
+}
+
+std::u16string frmListwright::stepFolderPath(std::u16string_view name) const {
+  std::u16string path = host_.sPthStepFolder;
+  path += platform::kSeparator;
+  path += name;
+  return path;
+}
+
+void frmListwright::Form_Load() {
+  adoptEditorLook();
+  for (const int label : kClickableLabels) lblD(label).setCursor(kLinkCursor);
+  loadOrSaveAffixes(false);
+  cboPreSuf(1).setText(readKey(u"Suffix", u"."));
+  selectStartType();
+  if (startAndEndValid()) SetActionsEnabled(true);
+  restoreDisplay();
+  restorePosition();
+}
+
+void frmListwright::adoptEditorLook() {
+  txtPreview.setFont(host_.s_EditorFont);
+  txtPreview.setFontSize(host_.i_EditorSize);
+  txtPreview.setBackColor(host_.l_EditorBColor);
+  txtPreview.setForeColor(host_.l_EditorFColor);
+}
+
+void frmListwright::loadOrSaveAffixes(bool save) {
+  for (int i = 0; i < cboPreSuf.count(); ++i) {
+    storage::LoadSaveListFile(cboPreSuf(i), save,
+                              stepFolderPath(kAffixFiles.at(static_cast<std::size_t>(i))));
+  }
+}
+
+void frmListwright::selectStartType() {
+  if (LwStepStart >= 0 && LwStepStart < optNA.count()) optNA(LwStepStart).setValue(true);
+}
+
+void frmListwright::restoreDisplay() {
+  const std::u16string display = readKey(u"Display", u"");
+  if (display == u"Files" || display == u"FilesPreview") mnuOptions_Click(4);
+  if (display == u"Preview" || display == u"FilesPreview") mnuOptions_Click(5);
+}
+
+void frmListwright::restorePosition() {
+  const auto stored = [this](std::u16string_view key, double screen, double size) {
+    const auto fallback = text::decimal(static_cast<float>((screen - size) / 2));
+    const auto number = text::wholeTextNumber(readKey(key, fallback));
+    return number ? text::roundToInt32(*number) : std::nullopt;
+  };
+  if (const auto left = stored(u"Listwright_LT", toolkit_.screenWidth(), place().width)) {
+    setLeft(*left);
+  }
+  if (const auto top = stored(u"Listwright_TT", toolkit_.screenHeight(), place().height)) {
+    setTop(*top);
+  }
+}
+
+void frmListwright::Form_QueryUnload() {
+  saveDisplay();
+  writeKey(u"EditorFont", txtPreview.font());
+  writeKey(u"EditorSize", text::decimal(txtPreview.fontSize()));
+  writeKey(u"SpcCount", text::decimal(std::int64_t{host_.bytSpcCount}));
+  loadOrSaveAffixes(true);
+  for (const int label : kClickableLabels) lblD(label).setCursor(0);
+  lstStepf.Clear();
+  for (int i = 0; i < cboPreSuf.count(); ++i) cboPreSuf(i).Clear();
+  savePosition();
+}
+
+void frmListwright::saveDisplay() {
+  std::u16string display;
+  if (mnuOptions(4).checked()) display += u"Files";
+  if (mnuOptions(5).checked()) display += u"Preview";
+  writeKey(u"Display", display);
+}
+
+void frmListwright::savePosition() {
+  if (minimized()) return;
+  writeKey(u"Listwright_LT", text::decimal(static_cast<float>(place().left)));
+  writeKey(u"Listwright_TT", text::decimal(static_cast<float>(place().top)));
+}
+
+}  // namespace kvrnstep::dialogs

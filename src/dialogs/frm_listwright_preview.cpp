@@ -1,0 +1,116 @@
+#include "dialogs/frm_listwright.h"
+#include "generator/generator.h"
+#include "text/numbers.h"
+#include "text/text.h"
+
+namespace kvrnstep::dialogs {
+
+namespace {
+
+constexpr double kPreviewLeft = 4;
+
+std::int16_t int16OrZero(std::optional<double> number) {
+  return number ? text::roundToInt16(*number).value_or(0) : std::int16_t{0};
+}
+
+}  // namespace
+
+generator::ListSettings frmListwright::readSettings() const {
+  generator::ListSettings settings;
+  settings.Selection = iListType;
+  for (int i = 0; i < chkLWO.count(); ++i) {
+    settings.Option.at(static_cast<std::size_t>(i)) = chkLWO(i).checked() ? 1 : 0;
+  }
+  settings.Prefix = cboPreSuf(0).text();
+  settings.Suffix = cboPreSuf(1).text();
+  const bool startGiven = !text::trimBlanks(txtBStart.text()).empty();
+  settings.Start =
+      startGiven ? int16OrZero(text::leadingNumber(txtBStart.text())) : std::int16_t{1};
+  settings.Count = iStepCount;
+  settings.LineSpacing = int16OrZero(text::leadingNumber(txtLS.text()));
+  settings.Beginning = txtBegin.text();
+  settings.Ending = txtEnd.text();
+  return settings;
+}
+
+void frmListwright::takeCountFromEndBox() {
+  iStepCount = 0;
+  const auto typed = text::trimBlanks(txtBEndAt.text());
+  if (typed.empty()) return;
+  iStepCount = int16OrZero(text::wholeTextNumber(typed));
+  txtBEndAt.setText(u"");
+}
+
+void frmListwright::writeCountToEndBox() {
+  txtBEndAt.setText(text::decimal(iStepCount));
+}
+
+void frmListwright::BuildStepList() {
+  if (iStepCount == 0) {
+    toolkit_.showMessage({forms::MessageIcon::Information, u"How many?",
+                          u"You must enter a maximum count.\n\n1 to 99"});
+    lwSelectionMade_ = false;
+    return;
+  }
+  lwOutputString_ = generator::generateList(readSettings(), host_.bytSpcCount);
+}
+
+void frmListwright::RefreshPreview() {
+  if (!bolPanelShown) return;
+  const std::u16string typed = txtBEndAt.text();
+  const forms::TextSelection caret = txtBEndAt.selection();
+  takeCountFromEndBox();
+  BuildStepList();
+  txtPreview.setLeft(kPreviewLeft);
+  txtPreview.setText(lwOutputString_);
+  toolkit_.letEventsRun();
+  // An event may have inserted the list and closed the dialog; what it left belongs to the host.
+  if (unloaded()) return;
+  lwOutputString_.clear();
+  writeCountToEndBox();
+  if (txtBEndAt.text() == typed) txtBEndAt.setSelection(caret);
+}
+
+void frmListwright::cmdCIC_Click(int index) {
+  enum Action { Insert = 0, Cancel = 1, Copy = 2, Print = 4 };
+  switch (index) {
+    case Insert:
+      insertList();
+      break;
+    case Cancel:
+      lwSelectionMade_ = false;
+      lwOutputString_.clear();
+      break;
+    case Copy:
+      copyList();
+      break;
+    case Print:
+      printList();
+      return;
+    default:
+      return;
+  }
+  unload();
+}
+
+void frmListwright::insertList() {
+  lwSelectionMade_ = true;
+  takeCountFromEndBox();
+  BuildStepList();
+}
+
+void frmListwright::copyList() {
+  insertList();
+  lwSelectionMade_ = false;
+  toolkit_.setClipboard(lwOutputString_);
+  lwOutputString_.clear();
+}
+
+void frmListwright::printList() {
+  insertList();
+  lwSelectionMade_ = false;
+  lwOutputString_.clear();
+  writeCountToEndBox();
+}
+
+}  // namespace kvrnstep::dialogs

@@ -1,0 +1,74 @@
+#include "plugin/listwright.h"
+
+#include "dialogs/frm_listwright.h"
+#include "platform/files.h"
+#include "plugin/host_context.h"
+#include "plugin/plugin_folder.h"
+#include "storage/text_file.h"
+
+namespace kvrnstep::plugin {
+
+namespace {
+
+std::u16string settingsFile(const std::u16string& named) {
+  if (!named.empty()) return named;
+  return GetPluginFolder() + platform::kSeparator + u"steps.ini";
+}
+
+/// The named folder, made if it is missing, or the plug-in folder.
+std::u16string stepFolder(const std::u16string& named) {
+  const std::u16string folder = platform::withoutTrailingSeparator(named);
+  if (folder.empty()) return GetPluginFolder();
+  if (!storage::PathExists(folder)) platform::createFolder(folder);
+  return folder;
+}
+
+void fill(HostContext& context, const ShowArguments& arguments) {
+  context.s_EditorFont = arguments.s_EditorFont.empty() ? u"Courier New" : arguments.s_EditorFont;
+  context.i_EditorSize = arguments.i_EditorSize;
+  context.bytSpcCount = arguments.bytSpcCount;
+  context.l_EditorBColor = arguments.l_EditorBColor;
+  context.l_EditorFColor = arguments.l_EditorFColor;
+  context.SEC_APP_NAME = arguments.SEC_APP_NAME;
+  context.SEC_APP_LWDR = arguments.SEC_APP_LWDR;
+  context.sPthStepFolder = stepFolder(arguments.sPthStepFolder);
+  context.s_IniPathAndName = settingsFile(arguments.s_IniPathAndName);
+  context.bolIsSoundAvailable = arguments.bolIsSoundAvailable;
+  context.swavAlertQ = arguments.swavAlertQ;
+  context.swavFinishQ = arguments.swavFinishQ;
+}
+
+/// Empties the texts; numbers and truth values keep what the call brought.
+void emptyTexts(HostContext& context) {
+  for (std::u16string* text : {&context.SEC_APP_NAME, &context.SEC_APP_LWDR,
+                               &context.sPthStepFolder, &context.s_IniPathAndName,
+                               &context.s_EditorFont, &context.swavAlertQ, &context.swavFinishQ}) {
+    text->clear();
+  }
+}
+
+}  // namespace
+
+std::u16string Listwright::PlugNameVersion() {
+  return u"kvrn Listwright\t2.0.0";
+}
+
+bool Listwright::ShowListwrightDialog(forms::Toolkit* toolkit, std::u16string& theLwOutputString,
+                                      const ShowArguments& arguments) {
+  HostContext& context = hostContext();
+  fill(context, arguments);
+  theLwOutputString.clear();
+  bool selectionMade = false;
+  if (toolkit != nullptr) {
+    dialogs::frmListwright dialog(*toolkit, context);
+    dialog.LwStepStart = arguments.iBuildStep;
+    dialog.LwMenuMode = arguments.BuMenuMode;
+    dialog.showModal(*toolkit);
+    selectionMade = dialog.LwSelectionMade();
+    theLwOutputString = dialog.LwOutputString();
+  }
+  emptyTexts(context);
+  return selectionMade;
+}
+
+}  // namespace kvrnstep::plugin
