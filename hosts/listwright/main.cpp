@@ -1,0 +1,102 @@
+#include <unistd.h>
+
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <stdexcept>
+
+#include "options.h"
+#include "user_folders.h"
+#include "utf8.h"
+
+namespace listwright {
+
+namespace {
+
+enum ExitStatus { Printed = 0, NotInserted = 1, Failed = 2 };
+
+/// Lines end as the user wants them, whatever ends them in the text.
+std::string withLineEnds(const std::string& text, bool crLf) {
+  std::string result;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool crLfHere = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
+    if (crLfHere) ++i;
+    if (text[i] == '\n' && crLf) result += '\r';
+    result += text[i];
+  }
+  return result;
+}
+
+/// The text goes out as it is, for editors to insert; only a terminal gets a line end of its own.
+void print(const std::u16string& list, bool crLf) {
+  std::string text = withLineEnds(hosts::toUtf8(list), crLf);
+  if (isatty(STDOUT_FILENO) != 0 && !text.empty() && !text.ends_with('\n')) text += '\n';
+  const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+  if (!written || std::fflush(stdout) != 0) throw std::runtime_error("cannot write the list");
+}
+
+kvrnstep::ListArguments listArguments(const Options& options) {
+  return {
+      .Selection = options.type,
+      .Option = options.flags,
+      .Prefix = options.prefix,
+      .Suffix = options.suffix,
+      .Start = options.start,
+      .Count = options.end,
+      .LineSpacing = options.lineSpacing,
+      .Beginning = options.beginning,
+      .Ending = options.ending,
+      .bytSpcCount = static_cast<std::uint8_t>(options.indent),
+  };
+}
+
+ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options) {
+  makeWritableFolder(options.stepFolder);
+  makeWritableFolder(std::filesystem::absolute(options.settingsFile).parent_path());
+  std::string problem;
+  if (!plugin.canShowDialog(problem)) throw std::runtime_error(problem);
+
+  const std::u16string stepFolder = hosts::fromUtf8(options.stepFolder);
+  const std::u16string settings = hosts::fromUtf8(options.settingsFile);
+  std::u16string list;
+  const bool inserted = plugin.ShowListwrightDialog(
+      list, {
+                .iBuildStep = options.type,
+                .BuMenuMode = options.menuMode,
+                .sPthStepFolder = stepFolder,
+                .SEC_APP_NAME = options.section,
+                .s_IniPathAndName = settings,
+                .s_EditorFont = options.font,
+                .i_EditorSize = options.fontSize,
+                .bytSpcCount = static_cast<std::uint8_t>(options.indent),
+            });
+  if (!inserted) return NotInserted;
+  print(list, options.crLf);
+  return Printed;
+}
+
+ExitStatus run(int argc, char** argv) {
+  const auto options = parseOptions(argc, argv);
+  if (!options) return Printed;
+  const auto plugin = kvrnstep::Listwright::load(options->plugin);
+  if (options->version) {
+    std::puts(hosts::toUtf8(plugin.PlugNameVersion()).c_str());
+    return Printed;
+  }
+  if (!options->list) return showDialog(plugin, *options);
+  print(plugin.generateList(listArguments(*options)), options->crLf);
+  return Printed;
+}
+
+}  // namespace
+
+}  // namespace listwright
+
+int main(int argc, char** argv) {
+  try {
+    return listwright::run(argc, argv);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "listwright: %s\n", error.what());
+    return listwright::Failed;
+  }
+}

@@ -1,0 +1,182 @@
+#include "options.h"
+
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <stdexcept>
+
+#include "plugin_path.h"
+#include "user_folders.h"
+#include "utf8.h"
+
+namespace listwright {
+
+namespace {
+
+constexpr const char* kDescription =
+    "Builds a step list: numbered, lettered, Roman, or with a prefix and suffix only.\n"
+    "Without --list it opens the dialog and prints the list that you insert. With --list it\n"
+    "prints the list that the options describe, without a window.";
+
+constexpr const char* kFooter =
+    "A prefix and a suffix may hold {STEP_#}, {STEP_L} and {STEP_R}: the step as a number, as\n"
+    "letters and as a Roman numeral.\n"
+    "\n"
+    "Exit status: 0 a list was printed; 1 the dialog was closed without Insert; 2 an error.\n"
+    "\n"
+    "Examples:\n"
+    "  listwright --list --end 5 --suffix .              1. 2. 3. 4. 5., each on its line\n"
+    "  listwright --list --type roman --end 8 --upper-case --right-align\n"
+    "  listwright --list --type prefix-suffix --end 3 --prefix 'Part {STEP_R}'\n"
+    "  listwright --type alphabetical | wl-copy          build it in the dialog";
+
+/// The text as a whole decimal number in the range; nothing if it is none.
+std::optional<std::int16_t> wholeNumber(const std::string& text, int least, int most) {
+  int number = 0;
+  const char* end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  if (error != std::errc() || stop != end || number < least || number > most) return std::nullopt;
+  return static_cast<std::int16_t>(number);
+}
+
+/// Declares the options of the command and reads them into the record.
+class CommandLine {
+ public:
+  CommandLine() : app_(kDescription, "listwright") {
+    app_.footer(kFooter);
+    app_.add_flag("--list", options_.list, "print the list described by the options; no window");
+    app_.add_flag("--crlf", options_.crLf, "end lines with CR LF instead of LF");
+    app_.add_flag("--version", options_.version, "print name and version");
+    describeList();
+    describeDialog();
+  }
+
+  /// False when help was printed instead.
+  bool parse(int argc, char** argv) {
+    try {
+      app_.parse(argc, argv);
+    } catch (const CLI::CallForHelp& help) {
+      app_.exit(help);
+      return false;
+    }
+    check();
+    return true;
+  }
+
+  [[nodiscard]] const Options& options() const { return options_; }
+
+ private:
+  void describeList() {
+    static const std::array<const char*, 4> kTypes{"numbered", "alphabetical", "roman",
+                                                   "prefix-suffix"};
+    app_.add_option_function<std::string>(
+            "--type",
+            [this](const std::string& name) {
+              const auto* found = std::find(kTypes.begin(), kTypes.end(), name);
+              if (found == kTypes.end()) {
+                throw CLI::ValidationError("--type",
+                                           "numbered, alphabetical, roman and "
+                                           "prefix-suffix are allowed, not " +
+                                               name);
+              }
+              options_.type = static_cast<std::int16_t>(found - kTypes.begin());
+            },
+            "numbered (default), alphabetical, roman or prefix-suffix")
+        ->type_name("TYPE");
+    addNumber("--indent", options_.indent, 0, 255, "blanks in one indentation (4)");
+
+    addNumber("--start", options_.start, 1, 99, "number of the first step (1)", kList);
+    addNumber("--end", options_.end, 1, 99, "number of the last step; needed", kList);
+    addNumber("--line-spacing", options_.lineSpacing, 0, 9, "blank lines between steps (0)", kList);
+    addText("--prefix", options_.prefix, "text before each label", kList);
+    addText("--suffix", options_.suffix, "text after each label", kList);
+    addText("--beginning", options_.beginning, "text before the first step", kList);
+    addText("--ending", options_.ending, "text after the last step", kList);
+    addListFlag("--indent-spacing", 0, "blank lines carry the indentation");
+    addListFlag("--upper-case", 1, "letters and numerals in upper case");
+    addListFlag("--indentation", 2, "indent every step");
+    addListFlag("--add-beg-end", 3, "add beginning and ending; either option switches it on");
+    addListFlag("--right-align", 4, "right-align the labels");
+    addListFlag("--space", 5, "a blank after prefix and suffix");
+    addListFlag("--ordinal", 6, "1st, 2nd, 3rd …");
+  }
+
+  void describeDialog() {
+    options_.stepFolder = userFolder("XDG_DATA_HOME", ".local/share");
+    options_.settingsFile = userFolder("XDG_CONFIG_HOME", ".config") + "/steps.ini";
+    options_.plugin = hosts::pluginBesideProgram();
+    app_.add_option("--step-folder", options_.stepFolder, "folder of your lists and step files")
+        ->type_name("DIR")
+        ->group(kDialog);
+    app_.add_option("--settings", options_.settingsFile, "settings file")
+        ->type_name("FILE")
+        ->group(kDialog);
+    options_.section = u"Listwright";
+    addText("--section", options_.section, "section of the settings file (Listwright)", kDialog);
+    addText("--font", options_.font, "font of the preview", kDialog);
+    addNumber("--font-size", options_.fontSize, 1, 200, "its size in points (9)", kDialog);
+    app_.add_flag("--menu-mode", options_.menuMode, "--type stands against stored defaults")
+        ->group(kDialog);
+    app_.add_option("--plugin", options_.plugin, "the plug-in's library")
+        ->type_name("FILE")
+        ->group("");
+  }
+
+  void addNumber(const std::string& name, std::int16_t& target, int least, int most,
+                 const std::string& help, const std::string& group = "Options") {
+    app_.add_option_function<std::string>(
+            name,
+            [=, &target](const std::string& text) {
+              const auto number = wholeNumber(text, least, most);
+              if (!number) {
+                throw CLI::ValidationError(name, std::to_string(least) + " to " +
+                                                     std::to_string(most) + " is allowed, not " +
+                                                     text);
+              }
+              target = *number;
+            },
+            help)
+        ->type_name("N")
+        ->group(group);
+  }
+
+  void addText(const std::string& name, std::u16string& target, const std::string& help,
+               const std::string& group) {
+    app_.add_option_function<std::string>(
+            name, [&target](const std::string& text) { target = hosts::fromUtf8(text); }, help)
+        ->type_name("TEXT")
+        ->group(group);
+  }
+
+  void addListFlag(const std::string& name, std::size_t flag, const std::string& help) {
+    app_.add_flag(name, options_.flags.at(flag), help)->group(kList);
+  }
+
+  void check() {
+    if (app_.count("--beginning") + app_.count("--ending") > 0) options_.flags.at(3) = true;
+    if (options_.list && app_.count("--end") == 0) {
+      throw std::runtime_error("--list needs --end, the number of the last step: 1 to 99");
+    }
+    if (options_.list) return;
+    for (const CLI::Option* option : app_.get_options()) {
+      if (option->get_group() == kList && option->count() > 0) {
+        throw std::runtime_error(option->get_name() + " needs --list");
+      }
+    }
+  }
+
+  inline static const std::string kList = "List (with --list)";
+  inline static const std::string kDialog = "Dialog";
+
+  CLI::App app_;
+  Options options_;
+};
+
+}  // namespace
+
+std::optional<Options> parseOptions(int argc, char** argv) {
+  CommandLine line;
+  if (!line.parse(argc, argv)) return std::nullopt;
+  return line.options();
+}
+
+}  // namespace listwright

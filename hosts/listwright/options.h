@@ -1,0 +1,41 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "kvrnstep/listwright.hpp"
+
+namespace listwright {
+
+/// The command line, read and checked.
+struct Options {
+  bool list = false;  ///< print the list that the options describe instead of opening the dialog
+  bool crLf = false;
+  bool version = false;
+  std::int16_t type = 0;
+  std::int16_t start = 1;
+  std::int16_t end = 0;
+  std::int16_t lineSpacing = 0;
+  std::int16_t indent = 4;
+  std::array<bool, 7> flags{};
+  std::u16string prefix;
+  std::u16string suffix;
+  std::u16string beginning;
+  std::u16string ending;
+
+  std::string stepFolder;
+  std::string settingsFile;
+  std::u16string section;
+  std::u16string font;
+  std::int16_t fontSize = 9;
+  bool menuMode = false;
+  std::string plugin;
+};
+
+/// The options, or nothing when all is said and done (help was printed).
+/// @throws std::runtime_error with the one line to show for a wrong command line
+std::optional<Options> parseOptions(int argc, char** argv);
+
+}  // namespace listwright

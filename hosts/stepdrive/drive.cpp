@@ -1,0 +1,203 @@
+#include "drive.h"
+
+#include <charconv>
+#include <cstdio>
+#include <cstdlib>
+
+#include "format.h"
+#include "utf8.h"
+
+namespace stepdrive {
+
+using kvrnstep::driving::Detail;
+using kvrnstep::driving::DriveFunction;
+using kvrnstep::driving::Outcome;
+using kvrnstep::driving::Value;
+
+namespace {
+
+/// The word as a value of the same type as the one that was read; nothing if it is none.
+std::optional<Value> wantedValue(const Value& read, const std::u16string& word) {
+  if (std::holds_alternative<std::u16string>(read)) return word;
+  if (std::holds_alternative<bool>(read)) {
+    if (word == u"True") return true;
+    if (word == u"False") return false;
+    return std::nullopt;
+  }
+  const std::string digits = hosts::toUtf8(word);
+  double number = 0;
+  const auto [stop, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  if (error != std::errc() || stop != digits.data() + digits.size()) return std::nullopt;
+  return number;
+}
+
+int iconNumber(const std::u16string& word) {
+  const auto number = wantedValue(0.0, word);
+  if (!number) throw ScriptError("icon wants a number");
+  return static_cast<int>(std::get<double>(*number));
+}
+
+void wantWords(const std::vector<std::u16string>& words, std::size_t fewest, std::size_t most) {
+  if (words.size() < fewest || words.size() > most) {
+    throw ScriptError(hosts::toUtf8(words.front()) + " takes another number of words");
+  }
+}
+
+}  // namespace
+
+bool Drive::open(const std::string& frontEnd, std::string& problem) {
+  const auto drive = reinterpret_cast<DriveFunction>(plugin_.symbol("kvrnstepDrive"));
+  if (drive == nullptr) {
+    problem = "the plug-in cannot be driven";
+    return false;
+  }
+  stage_ = drive(frontEnd.c_str(), this, &problem);
+  return stage_ != nullptr;
+}
+
+ExitStatus Drive::run() {
+  while (step()) {
+  }
+  return status_;
+}
+
+bool Drive::step() {
+  if (status_ == ScriptWrong) return false;
+  try {
+    const auto line = script_.next();
+    if (!line) return false;
+    carryOut(*line);
+  } catch (const ScriptError& error) {
+    std::fprintf(stderr, "stepdrive: line %d: %s\n", script_.lineNumber(), error.what());
+    status_ = ScriptWrong;
+  }
+  return status_ != ScriptWrong;
+}
+
+void Drive::carryOut(const ScriptLine& line) {
+  const Words& words = line.words;
+  const std::string command = hosts::toUtf8(words.front());
+  if (command == "arg") {
+    wantWords(words, 3, 3);
+    arguments_.set(hosts::toUtf8(words[1]), words[2]);
+  } else if (command == "omit") {
+    wantWords(words, 2, 2);
+    arguments_.omit(hosts::toUtf8(words[1]));
+  } else if (command == "call") {
+    wantWords(words, 1, 1);
+    call();
+  } else if (command == "version") {
+    wantWords(words, 1, 1);
+    print("version " + quoted(plugin_.PlugNameVersion()));
+  } else if (command == "icon") {
+    wantWords(words, 2, 2);
+    iconNumber(words[1]);
+    throw ScriptError("this plug-in hands out no icons");
+  } else if (command == "context") {
+    wantWords(words, 2, 2);
+    const std::string name = hosts::toUtf8(words[1]);
+    const auto value = stage_->contextField(name);
+    if (!value) throw ScriptError("no field " + name + " in the host context");
+    print("context " + name + " = " + formatted(*value));
+  } else if (command == "answer") {
+    wantWords(words, 1, 2);
+    answers_.push_back(words.size() == 2 ? std::optional(words[1]) : std::nullopt);
+  } else if (command == "show") {
+    if (words.size() < 2) throw ScriptError("show wants CONTROL.PROPERTY");
+    showProperties({words.begin() + 1, words.end()});
+  } else if (command == "expect") {
+    wantWords(words, 3, 3);
+    expect(line.number, hosts::toUtf8(words[1]), words[2]);
+  } else if (command == "set") {
+    wantWords(words, 3, 3);
+    std::string reason;
+    if (stage_->assign(hosts::toUtf8(words[1]), words[2], reason) != Outcome::Done) {
+      throw ScriptError(reason);
+    }
+  } else {
+    userCommand(line);
+  }
+}
+
+void Drive::call() {
+  if (calling_) throw ScriptError("a call cannot begin inside another one");
+  calling_ = true;
+  std::u16string list;
+  const bool inserted = plugin_.ShowListwrightDialog(list, arguments_.view());
+  calling_ = false;
+  print(std::string("returned ") + (inserted ? "True " : "False ") + quoted(list));
+}
+
+void Drive::showProperties(const Words& targets) {
+  for (const auto& word : targets) {
+    const std::string target = hosts::toUtf8(word);
+    print(target + " = " + formatted(read(target)));
+  }
+}
+
+Value Drive::read(const std::string& target) {
+  Value value;
+  std::string reason;
+  if (stage_->read(target, value, reason) != Outcome::Done) throw ScriptError(reason);
+  return value;
+}
+
+void Drive::expect(int lineNumber, const std::string& target, const std::u16string& wanted) {
+  const Value value = read(target);
+  const auto wantedAs = wantedValue(value, wanted);
+  if (wantedAs == value) return;
+  print("line " + std::to_string(lineNumber) + ": " + target + " is " + formatted(value) +
+        ", not " + (wantedAs ? formatted(*wantedAs) : quoted(wanted)));
+  fail();
+}
+
+void Drive::userCommand(const ScriptLine& line) {
+  std::string reason;
+  const Words words(line.words.begin() + 1, line.words.end());
+  switch (stage_->perform(hosts::toUtf8(line.words.front()), words, reason)) {
+    case Outcome::Done:
+      return;
+    case Outcome::Impossible:
+      print("impossible " + line.text);
+      fail();
+      return;
+    case Outcome::Wrong:
+      throw ScriptError(reason);
+  }
+}
+
+void Drive::happened(std::string_view what, const std::vector<Detail>& details) {
+  std::string line(what);
+  for (const Detail& detail : details) line += " " + formatted(detail);
+  print(line);
+}
+
+void Drive::act() {
+  constexpr int kMostClosings = 100;
+  if (step()) return;
+  // A window that its close box does not close would hold the script for ever.
+  if (++closings_ > kMostClosings) {
+    std::fputs("stepdrive: a window cannot be closed\n", stderr);
+    std::_Exit(ScriptWrong);
+  }
+  stage_->closeTopmost();
+}
+
+std::optional<std::u16string> Drive::answer() {
+  if (answers_.empty()) return std::nullopt;
+  auto next = std::move(answers_.front());
+  answers_.pop_front();
+  return next;
+}
+
+void Drive::print(const std::string& line) const {
+  if (status_ == ScriptWrong) return;
+  std::puts(line.c_str());
+  std::fflush(stdout);
+}
+
+void Drive::fail() {
+  if (status_ == Held) status_ = Failed;
+}
+
+}  // namespace stepdrive

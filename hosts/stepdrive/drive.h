@@ -1,0 +1,56 @@
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "call_arguments.h"
+#include "kvrnstep/driving.hpp"
+#include "kvrnstep/listwright.hpp"
+#include "script.h"
+
+namespace stepdrive {
+
+enum ExitStatus { Held = 0, Failed = 1, ScriptWrong = 2 };
+
+/// Follows one script: calls the plug-in, plays the user, and prints what happens.
+class Drive final : public kvrnstep::driving::Player {
+ public:
+  Drive(const kvrnstep::Listwright& plugin, std::istream& script)
+      : plugin_(plugin), script_(script) {}
+
+  /// Has the named front end serve the calls. False with the reason in `problem` if it cannot.
+  bool open(const std::string& frontEnd, std::string& problem);
+  ExitStatus run();
+
+  void happened(std::string_view what,
+                const std::vector<kvrnstep::driving::Detail>& details) override;
+  void act() override;
+  std::optional<std::u16string> answer() override;
+
+ private:
+  using Words = std::vector<std::u16string>;
+
+  /// Reads and carries out the next line; false at the end of the script.
+  bool step();
+  void carryOut(const ScriptLine& line);
+  void call();
+  void showProperties(const Words& targets);
+  void expect(int lineNumber, const std::string& target, const std::u16string& wanted);
+  void userCommand(const ScriptLine& line);
+  kvrnstep::driving::Value read(const std::string& target);
+  void print(const std::string& line) const;
+  void fail();
+
+  const kvrnstep::Listwright& plugin_;
+  kvrnstep::driving::Stage* stage_ = nullptr;
+  Script script_;
+  CallArguments arguments_;
+  std::deque<std::optional<std::u16string>> answers_;
+  ExitStatus status_ = Held;
+  int closings_ = 0;
+  bool calling_ = false;
+};
+
+}  // namespace stepdrive

@@ -1,0 +1,73 @@
+#include "format.h"
+
+#include <array>
+#include <charconv>
+#include <cstdio>
+
+#include "utf8.h"
+
+namespace stepdrive {
+
+namespace {
+
+std::string decimal(double number) {
+  std::array<char, 32> digits{};
+  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+  return {digits.data(), end};
+}
+
+std::string codeUnit(char16_t unit) {
+  std::array<char, 8> escape{};
+  std::snprintf(escape.data(), escape.size(), "\\u%04X", static_cast<unsigned>(unit));
+  return escape.data();
+}
+
+/// The escape for a character, or nothing where it is written as it is.
+std::string escapeOf(char16_t unit) {
+  switch (unit) {
+    case u'"':
+      return "\\\"";
+    case u'\\':
+      return "\\\\";
+    case u'\r':
+      return "\\r";
+    case u'\n':
+      return "\\n";
+    case u'\t':
+      return "\\t";
+    case u'\b':
+      return "\\b";
+    default:
+      break;
+  }
+  const bool control = unit < 0x20 || (unit >= 0x7F && unit < 0xA0);
+  return control ? codeUnit(unit) : std::string();
+}
+
+}  // namespace
+
+std::string quoted(std::u16string_view text) {
+  std::string result = "\"";
+  std::size_t plainFrom = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const std::string escape = escapeOf(text[i]);
+    if (escape.empty()) continue;
+    result += hosts::toUtf8(text.substr(plainFrom, i - plainFrom)) + escape;
+    plainFrom = i + 1;
+  }
+  return result + hosts::toUtf8(text.substr(plainFrom)) + "\"";
+}
+
+std::string formatted(const kvrnstep::driving::Value& value) {
+  if (const auto* truth = std::get_if<bool>(&value)) return *truth ? "True" : "False";
+  if (const auto* number = std::get_if<double>(&value)) return decimal(*number);
+  return quoted(std::get<std::u16string>(value));
+}
+
+std::string formatted(const kvrnstep::driving::Detail& detail) {
+  if (const auto* word = std::get_if<std::string>(&detail)) return *word;
+  if (const auto* number = std::get_if<double>(&detail)) return decimal(*number);
+  return quoted(std::get<std::u16string>(detail));
+}
+
+}  // namespace stepdrive

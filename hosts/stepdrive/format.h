@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "kvrnstep/driving.hpp"
+
+namespace stepdrive {
+
+/// A text as the output writes it: in double quotes, control characters escaped, the rest UTF-8.
+std::string quoted(std::u16string_view text);
+
+/// True and False, decimal numbers, quoted texts.
+std::string formatted(const kvrnstep::driving::Value& value);
+/// Bare words as they stand, the rest like values.
+std::string formatted(const kvrnstep::driving::Detail& detail);
+
+}  // namespace stepdrive

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <stdlib.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
+#include <string>
+
+#include "text/codepage.h"
+
+namespace kvrnstep::tests {
+
+/// A folder of one test's own, gone with everything in it when the test ends.
+class TemporaryFolder {
+ public:
+  TemporaryFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "unit-XXXXXX").string();
+    path_ = ::mkdtemp(pattern.data());
+  }
+  ~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  [[nodiscard]] std::string native(const std::string& name) const { return path_ + "/" + name; }
+  [[nodiscard]] std::u16string operator()(const std::string& name) const {
+    return text::fromBytes(native(name));
+  }
+
+  void put(const std::string& name, const std::string& bytes) const {
+    std::ofstream(native(name), std::ios::binary) << bytes;
+  }
+  [[nodiscard]] std::string get(const std::string& name) const {
+    std::ostringstream bytes;
+    bytes << std::ifstream(native(name), std::ios::binary).rdbuf();
+    return bytes.str();
+  }
+
+  /// Permission bits of a file.
+  [[nodiscard]] unsigned mode(const std::string& name) const {
+    struct stat state {};
+    return ::stat(native(name).c_str(), &state) == 0 ? state.st_mode & 07777U : 0;
+  }
+  void setMode(const std::string& name, unsigned bits) const {
+    ::chmod(native(name).c_str(), bits);
+  }
+
+  /// Every name in the folder, those that begin with a full stop included.
+  [[nodiscard]] std::set<std::string> names() const {
+    std::set<std::string> all;
+    for (const auto& entry : std::filesystem::directory_iterator(path_)) {
+      all.insert(entry.path().filename().string());
+    }
+    return all;
+  }
+
+ private:
+  std::string path_;
+};
+
+}  // namespace kvrnstep::tests
