@@ -1,0 +1,42 @@
+# For people. Every target does what it needs first, on a fresh Debian 12 machine too.
+.PHONY: help setup build run test bench install format check clean
+
+PREFIX ?= /usr/local
+JOBS ?= $(shell nproc)
+
+help:
+	@echo "make run      build and open the dialog; the list you insert is printed"
+	@echo "make test     build and run all tests"
+	@echo "make build    build into build/bin and build/lib"
+	@echo "make setup    install the Debian packages that are missing"
+	@echo "make bench    build and run the benchmarks"
+	@echo "make install  install below PREFIX ($(PREFIX)), DESTDIR is honoured"
+	@echo "make check    formatting, g++ and clang++ without warnings, clang-tidy"
+	@echo "make format   format the sources"
+
+setup:
+	@tools/setup
+
+build: setup
+	@tools/build release
+
+run: build
+	@tools/run
+
+test: build
+	@ctest --preset release --parallel $(JOBS)
+
+bench: build
+	@tools/bench
+
+install: build
+	@cmake --install build --prefix $(PREFIX)
+
+check: setup
+	@tools/check
+
+format:
+	@git ls-files '*.cpp' '*.h' '*.hpp' | xargs clang-format -i
+
+clean:
+	rm -rf build build-*

@@ -1,0 +1,3 @@
+extern "C" [[gnu::visibility("default")]] int emptyLibrary() {
+  return 0;
+}
