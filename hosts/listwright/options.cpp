@@ -135,7 +135,7 @@ class CommandLine {
               target = *number;
             },
             help)
-        ->type_name("N")
+        ->type_name(std::to_string(least) + ".." + std::to_string(most))
         ->group(group);
   }
 
