@@ -83,6 +83,11 @@ class frmListwright : public forms::Window {
   void showPanelButtons(bool shown);
   void centre();
 
+  /// Entries of the Options menu that show a panel, and the panels' left edge in pixels.
+  static constexpr int kDisplayStepFiles = 4;
+  static constexpr int kDisplayPreview = 5;
+  static constexpr double kPanelLeft = 4;
+
   forms::Toolkit& toolkit_;
   const plugin::HostContext& host_;
 

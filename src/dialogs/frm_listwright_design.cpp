@@ -73,7 +73,7 @@ constexpr auto kControls = std::to_array<ControlRow>({
      .maxLength = 2, .text = u"3", .font = kBoxFont},
     {.kind = Spinner, .name = "updBEndAt", .in = "fraStep", .place = {136, 147, 14, 20},
      .buddy = "txtBEndAt", .minimum = 1, .maximum = 99, .value = 3},
-    {.kind = Label, .name = "lblD", .index = 6, .in = "fraStep", .place = {157, 147, 67, 20},
+    {.kind = Label, .name = "lblD", .index = 6, .in = "fraStep", .place = {154, 147, 70, 20},
      .caption = u"Line Spacing:", .buddy = "txtLS"},
     {.kind = TextBox, .name = "txtLS", .in = "fraStep", .place = {225, 147, 18, 20},
      .maxLength = 2, .text = u"0", .font = kBoxFont},

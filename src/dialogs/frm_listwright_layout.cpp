@@ -11,11 +11,7 @@ constexpr double kLow = 5280;
 constexpr double kHigh = 6855;
 constexpr double kFrameAlone = 2;
 constexpr double kFrameBesidePreview = 275;
-constexpr double kPanelLeft = 4;
 constexpr double kOutOfView = -10000;
-
-constexpr int kDisplayStepFiles = 4;
-constexpr int kDisplayPreview = 5;
 
 }  // namespace
 

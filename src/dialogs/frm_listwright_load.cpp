@@ -60,8 +60,8 @@ void frmListwright::selectStartType() {
 
 void frmListwright::restoreDisplay() {
   const std::u16string display = readKey(u"Display", u"");
-  if (display == u"Files" || display == u"FilesPreview") mnuOptions_Click(4);
-  if (display == u"Preview" || display == u"FilesPreview") mnuOptions_Click(5);
+  if (display == u"Files" || display == u"FilesPreview") mnuOptions_Click(kDisplayStepFiles);
+  if (display == u"Preview" || display == u"FilesPreview") mnuOptions_Click(kDisplayPreview);
 }
 
 void frmListwright::restorePosition() {
@@ -92,8 +92,8 @@ void frmListwright::Form_QueryUnload() {
 
 void frmListwright::saveDisplay() {
   std::u16string display;
-  if (mnuOptions(4).checked()) display += u"Files";
-  if (mnuOptions(5).checked()) display += u"Preview";
+  if (mnuOptions(kDisplayStepFiles).checked()) display += u"Files";
+  if (mnuOptions(kDisplayPreview).checked()) display += u"Preview";
   writeKey(u"Display", display);
 }
 

@@ -7,8 +7,6 @@ namespace kvrnstep::dialogs {
 
 namespace {
 
-constexpr double kPreviewLeft = 4;
-
 std::int16_t int16OrZero(std::optional<double> number) {
   return number ? text::roundToInt16(*number).value_or(0) : std::int16_t{0};
 }
@@ -61,7 +59,8 @@ void frmListwright::RefreshPreview() {
   const forms::TextSelection caret = txtBEndAt.selection();
   takeCountFromEndBox();
   BuildStepList();
-  txtPreview.setLeft(kPreviewLeft);
+  // With the step files alone the options frame has the preview's place.
+  if (mnuOptions(kDisplayPreview).checked()) txtPreview.setLeft(kPanelLeft);
   txtPreview.setText(lwOutputString_);
   toolkit_.letEventsRun();
   // An event may have inserted the list and closed the dialog; what it left belongs to the host.

@@ -31,7 +31,7 @@ std::optional<std::string> readFile(const std::u16string& path);
 bool replaceFile(const std::u16string& path, std::string_view bytes);
 
 /// Creates the file with no content; one that is there already, or has come up just now, keeps
-/// its own. False when there is no such file afterwards.
+/// its own. False when it can neither be created nor opened for writing.
 bool createEmptyFile(const std::u16string& path);
 
 /// Whether the path names a file, folder or anything else; false for a link that leads nowhere.

@@ -109,8 +109,9 @@ TEST(CodePage, RandomBytesGiveATextThatComesBack) {
       byte = static_cast<char>(random() % 4 == 0 ? 'a' : 0x80 + random() % 0x80);
     const auto text = fromBytes(bytes);
     ASSERT_EQ(fromBytes(toBytes(text)), text);
-    ASSERT_EQ(isUtf8(bytes), text.size() < bytes.size() || text == fromUtf8(bytes))
-        << testing::PrintToString(bytes);
+    if (!isUtf8(bytes)) {
+      ASSERT_EQ(text.size(), bytes.size());
+    }
   }
 }
 

@@ -1,0 +1,359 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <random>
+#include <regex>
+#include <vector>
+
+#include "platform/files.h"
+#include "platform/profile.h"
+#include "platform_temporary_folder.h"
+
+namespace kvrnstep::platform {
+namespace {
+
+using namespace std::string_literals;
+
+TEST(ProfileValue, FindsKeys) {
+  struct Case {
+    std::string bytes;
+    std::optional<std::string> value;  ///< of key "Key" in section "Sec"
+  };
+  const Case cases[] = {
+      {"", {}},
+      {"[Sec]\r\nKey=v\r\n", "v"},
+      {"[Sec]\nKey=v", "v"},
+      {"[Sec]\rKey=v\rB=w", "v"},
+      {"\xEF\xBB\xBF[Sec]\r\nKey=v", "v"},
+      {"x\xEF\xBB\xBF[Sec]\r\nKey=v", {}},
+      {"[sEC]\nkEY=v", "v"},
+      {"Key=v\n[Sec]\n", {}},         // before the first section
+      {"[Sec]\n[Other]\nKey=v", {}},  // of another one
+      {"[Other]\nKey=o\n[Sec]\nKey=v", "v"},
+      {"[Sec]\nKey=1\nKey=2", "1"},            // the first counts
+      {"[Sec]\nA=1\n[B]\n[Sec]\nKey=2", {}},   // of the sections, too
+      {"[Sec]\n;Key=1\n ;Key=2\nKey=3", "3"},  // comments
+      {"[Sec]\nKey\nKey=v", "v"},              // no key without a sign
+      {"[Sec]\n \tKey \t= \tv w \t\n", "v w"},
+      {"[Sec]\nKey=", ""},
+      {"[Sec]\nKey=  \n", ""},
+      {"[Sec]\nKey=a=b", "a=b"},
+      {"[Sec]\nKey=v ; no comment", "v ; no comment"},
+      {"[Sec]\nKey=\" v \"", " v "},
+      {"[Sec]\nKey= ' v ' ", " v "},
+      {"[Sec]\nKey=\"\"v\"\"", "\"v\""},  // one pair only
+      {"[Sec]\nKey=\"\"", ""},
+      {"[Sec]\nKey=\"", "\""},
+      {"[Sec]\nKey=\"v'", "\"v'"},
+      {"[Sec]\nKey=a\"b\"", "a\"b\""},
+      {"[Sec]\nKey=v\0w"s, "v\0w"s},
+      {"  [Sec]\nKey=v", "v"},
+      {"[Sec] trailing\nKey=v", "v"},
+      {"[Sec\nKey=v", {}},
+      {"[ Sec ]\nKey=v", {}},
+      {"[Sec]]\nKey=v", {}},
+      {"[Sec]\n[Key=v", {}},
+      {"[Sec]\n[Key=]\nKey=v", {}},  // a section named "Key="
+  };
+  for (const auto& c : cases) {
+    const auto value = profileValue(c.bytes, "Sec", "Key");
+    EXPECT_EQ(value ? std::optional(std::string(*value)) : std::nullopt, c.value)
+        << testing::PrintToString(c.bytes);
+  }
+  EXPECT_EQ(profileValue("[a]b]\nKey=v", "a]b", " Key\t"), "v");
+  EXPECT_EQ(profileValue("[]\n=v", "", ""), "v");
+}
+
+TEST(WithProfileValue, ChangesOneLine) {
+  struct Case {
+    std::string before, after;  ///< key "Key" in section "Sec" gets "new"
+  };
+  const Case cases[] = {
+      {"", "[Sec]\r\nKey=new\r\n"},
+      {"\xEF\xBB\xBF", "\xEF\xBB\xBF[Sec]\r\nKey=new\r\n"},
+      {"[Sec]\nKey=old\nB=1", "[Sec]\nKey=new\nB=1"},
+      {"[Sec]\r\n\tkEY \t= 'old' \r\n", "[Sec]\r\n\tkEY \t=new\r\n"},
+      {"[Sec]\nKey=old", "[Sec]\nKey=new"},
+      {"[Sec]\nKey=1\nKey=2\n[sec]\nKey=3\n", "[Sec]\nKey=new\nKey=2\n[sec]\nKey=3\n"},
+      // added to the section
+      {"[Sec]\n", "[Sec]\nKey=new\n"},
+      {"[Sec]", "[Sec]\r\nKey=new"},
+      {"[Sec]\rA=1", "[Sec]\rA=1\rKey=new"},
+      {"[Sec]\r\nA=1\n\r\n \t\n[B]\r\n", "[Sec]\r\nA=1\nKey=new\n\r\n \t\n[B]\r\n"},
+      {"[Sec]\nA=1\n; last\n\n", "[Sec]\nA=1\n; last\nKey=new\n\n"},
+      {"[Sec]\n\n  ", "[Sec]\nKey=new\n\n  "},
+      {"[Sec]\n[B]\n[Sec]\nKey=2\n", "[Sec]\nKey=new\n[B]\n[Sec]\nKey=2\n"},
+      // added with its section
+      {"[B]\nKey=1\n", "[B]\nKey=1\n[Sec]\nKey=new\n"},
+      {"[B]\nKey=1", "[B]\nKey=1\n[Sec]\nKey=new"},
+      {"[B]\rKey=1\r", "[B]\rKey=1\r[Sec]\rKey=new\r"},
+      {"[B]\n\n\n", "[B]\n\n\n[Sec]\nKey=new\n"},
+      {"\0\xFF"s, "\0\xFF\r\n[Sec]\r\nKey=new"s},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(withProfileValue(c.before, "Sec", "Key", "new"), c.after)
+        << testing::PrintToString(c.before);
+  }
+}
+
+TEST(WithProfileValue, NamesThatCouldNotBeFoundAgainChangeNothing) {
+  const std::string bytes = "[Sec]\nKey=v\n";
+  EXPECT_EQ(withProfileValue(bytes, "S\nec", "Key", "x"), bytes);
+  EXPECT_EQ(withProfileValue(bytes, "Sec\r", "Key", "x"), bytes);
+  for (const auto* key : {"K\ney", "Key\r", "K=ey", ";Key", " ;Key", "[Key"}) {
+    EXPECT_EQ(withProfileValue(bytes, "Sec", key, "x"), bytes) << key;
+  }
+}
+
+TEST(WithProfileValue, OddNamesAreFoundAgain) {
+  for (const auto* section : {"", " ", "[", "]", "a]b", ";", "=", "\"s\""}) {
+    for (const auto* key : {"", " k ", "]", "k]", "'k'", "k;"}) {
+      const auto bytes = withProfileValue("[B]\nA=1", section, key, "v");
+      EXPECT_EQ(profileValue(bytes, section, key), "v") << section << " and " << key;
+      EXPECT_EQ(withProfileValue(bytes, section, key, "v"), bytes);
+    }
+  }
+}
+
+// A second reading of the rules: line by line, by regular expressions, with copies of everything.
+namespace judge {
+
+struct Line {
+  std::string text, end;
+};
+
+std::vector<Line> lines(const std::string& bytes) {
+  std::vector<Line> all;
+  Line line;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const bool pair = bytes.compare(i, 2, "\r\n") == 0;
+    if (bytes[i] != '\r' && bytes[i] != '\n') {
+      line.text += bytes[i];
+      continue;
+    }
+    line.end = pair ? "\r\n" : bytes.substr(i, 1);
+    i += pair ? 1 : 0;
+    all.push_back(line);
+    line = {};
+  }
+  if (!line.text.empty()) all.push_back(line);
+  return all;
+}
+
+std::string joined(const std::vector<Line>& all) {
+  std::string bytes;
+  for (const auto& line : all) bytes += line.text + line.end;
+  return bytes;
+}
+
+std::string lower(std::string name) {
+  for (auto& c : name) c = static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
+  return name;
+}
+
+const std::regex kSection(R"([ \t]*\[([^]*)\][^\]]*)");
+const std::regex kComment(R"(([ \t]*);[^]*)");
+const std::regex kKey(R"([ \t]*([^=]*?)[ \t]*=[^]*)");
+const std::regex kBlank(R"(([ \t]*))");
+const std::regex kValue(R"([ \t]*([^]*?)[ \t]*)");
+const std::regex kQuoted(R"((["'])([^]*)\1)");
+
+std::optional<std::string> matched(const Line& line, const std::regex& expression) {
+  std::smatch match;
+  if (!std::regex_match(line.text, match, expression)) return std::nullopt;
+  return lower(match[1].str());
+}
+
+std::optional<std::string> section(const Line& line) {
+  return matched(line, kSection);
+}
+
+std::optional<std::string> key(const Line& line) {
+  if (section(line) || matched(line, kComment)) return std::nullopt;
+  return matched(line, kKey);
+}
+
+using Number = std::optional<std::size_t>;
+
+/// Numbers of lines.
+struct Place {
+  Number section, key, last;
+};
+
+Place place(const std::vector<Line>& all, const std::string& sectionName,
+            const std::string& keyName) {
+  Place found;
+  for (std::size_t i = 0; i < all.size() && !found.section; ++i) {
+    if (section(all[i]) == lower(sectionName)) found.section = found.last = i;
+  }
+  for (std::size_t i = found.section.value_or(all.size()) + 1; i < all.size(); ++i) {
+    if (section(all[i])) break;
+    if (!found.key && key(all[i]) == lower(keyName)) found.key = i;
+    if (!matched(all[i], kBlank)) found.last = i;
+  }
+  return found;
+}
+
+std::string value(const Line& line) {
+  std::smatch match;
+  const auto after = line.text.substr(line.text.find('=') + 1);
+  std::regex_match(after, match, kValue);
+  const auto bare = match[1].str();
+  return std::regex_match(bare, match, kQuoted) ? match[2].str() : bare;
+}
+
+/// Adds a line before the line of a number, or at the end.
+void insert(std::vector<Line>& all, std::size_t number, const std::string& text) {
+  Line line{text, "\r\n"};
+  for (std::size_t i = 0; i < number; ++i) {
+    if (!all[i].end.empty()) line.end = all[i].end;
+  }
+  if (number > 0 && all[number - 1].end.empty()) std::swap(all[number - 1].end, line.end);
+  all.insert(all.begin() + static_cast<std::ptrdiff_t>(number), line);
+}
+
+struct File {
+  std::string mark;
+  std::vector<Line> all;
+
+  explicit File(const std::string& bytes)
+      : mark(bytes.substr(0, bytes.compare(0, 3, "\xEF\xBB\xBF") == 0 ? 3 : 0)),
+        all(lines(bytes.substr(mark.size()))) {}
+
+  std::optional<std::string> read(const std::string& sectionName, const std::string& keyName) {
+    const auto found = place(all, sectionName, keyName);
+    if (!found.key) return std::nullopt;
+    return value(all[*found.key]);
+  }
+
+  std::string written(const std::string& sectionName, const std::string& keyName,
+                      const std::string& newValue) {
+    const auto found = place(all, sectionName, keyName);
+    if (found.key) {
+      auto& text = all[*found.key].text;
+      text = text.substr(0, text.find('=') + 1) + newValue;
+      return mark + joined(all);
+    }
+    if (!found.section) insert(all, all.size(), "[" + sectionName + "]");
+    const auto last = found.last.value_or(all.size() - 1);
+    insert(all, last + 1, keyName + "=" + newValue);
+    return mark + joined(all);
+  }
+};
+
+}  // namespace judge
+
+class RandomProfile {
+ public:
+  explicit RandomProfile(unsigned seed) : random_(seed) {}
+
+  std::string file() {
+    static const std::string kPieces[] = {
+        "[",  "]", "[A]", "[b]\n", "[a]\r\n", "[B]\r", "k",           "K",    "k=",
+        "l=", "=", ";",   " ",     "\t",      "\r",    "\n",          "\r\n", "\n\n",
+        "\"", "'", "v",   "'v'",   "\0"s,     "\xE9",  "\xEF\xBB\xBF"};
+    return of(kPieces, 25);
+  }
+  std::string section() { return pick({"a", "A", "B", "c"}); }
+  std::string key() { return pick({"k", "K", "L", "m"}); }
+  std::string value() {
+    static const std::string kPieces[] = {"v", " ", "\"", "'", "=", ";", "[", "]", "\0"s, "\xE9"};
+    return of(kPieces, 6);
+  }
+  std::string bytes(std::size_t most) {
+    std::string all(random_() % most, '\0');
+    for (auto& byte : all) byte = static_cast<char>(random_());
+    return all;
+  }
+
+ private:
+  template <std::size_t Count>
+  std::string of(const std::string (&pieces)[Count], unsigned most) {
+    std::string all;
+    for (auto count = random_() % most; count > 0; --count) all += pieces[random_() % Count];
+    return all;
+  }
+  std::string pick(const std::vector<std::string>& names) {
+    return names[random_() % names.size()];
+  }
+
+  std::mt19937 random_;
+};
+
+TEST(Profile, RandomFilesReadAndChangeAsTheRulesSay) {
+  RandomProfile random(3);
+  for (int round = 0; round < 4'000; ++round) {
+    std::string bytes = random.file();
+    for (int step = 0; step < 3; ++step) {
+      const auto section = random.section();
+      const auto key = random.key();
+      const auto value = random.value();
+      const auto read = profileValue(bytes, section, key);
+      ASSERT_EQ(read ? std::optional(std::string(*read)) : std::nullopt,
+                judge::File(bytes).read(section, key))
+          << testing::PrintToString(bytes) << " in " << section << " of " << key;
+      const auto written = withProfileValue(bytes, section, key, value);
+      ASSERT_EQ(written, judge::File(bytes).written(section, key, value))
+          << testing::PrintToString(bytes) << " in " << section << " of " << key;
+      bytes = written;
+    }
+  }
+}
+
+TEST(Profile, RandomBytesTakeAKeyAndKeepTheRest) {
+  RandomProfile random(4);
+  for (int round = 0; round < 3'000; ++round) {
+    const auto bytes = random.bytes(400);
+    const auto changed = withProfileValue(bytes, "Sec", "Key", "v");
+    ASSERT_EQ(profileValue(changed, "Sec", "Key"), "v");
+    ASSERT_EQ(withProfileValue(changed, "Sec", "Key", "v"), changed);
+    ASSERT_EQ(changed.compare(0, bytes.size(), bytes), 0);
+  }
+}
+
+// Kinds of files for which a search that starts over at every line would take minutes.
+TEST(Profile, LargeFilesAreReadOnce) {
+  constexpr std::size_t kSize = 1 << 20;
+  for (const std::string piece : {"\r", "\n", "[\n", "[B]\r", "[Sec\n", "A=1\r", "=", "]"}) {
+    std::string bytes = "[B]\n[Sec]\n";
+    while (bytes.size() < kSize) bytes += piece;
+    const auto changed = withProfileValue(bytes, "Sec", "Key", "v");
+    EXPECT_EQ(profileValue(changed, "Sec", "Key"), "v") << testing::PrintToString(piece);
+  }
+}
+
+TEST(ProfileFile, ReadsIntoABuffer) {
+  const tests::TemporaryFolder folder;
+  folder.put("ini", "[Sec]\nKey=" + std::string(300, 'v') + "\nNul=a\0b\nEmpty=\n"s);
+  const auto read = [&](std::string_view key, std::size_t size) {
+    return getPrivateProfileString("sec", key, "default", size, folder("ini"));
+  };
+  EXPECT_EQ(read("key", kProfileBuffer), std::string(254, 'v'));
+  EXPECT_EQ(read("key", kUnlimitedBuffer), std::string(300, 'v'));
+  EXPECT_EQ(read("key", 1), "");
+  EXPECT_EQ(read("key", 0), "");
+  EXPECT_EQ(read("Nul", kProfileBuffer), "a");
+  EXPECT_EQ(read("Empty", kProfileBuffer), "");
+  EXPECT_EQ(read("Missing", kProfileBuffer), "default");
+  EXPECT_EQ(read("Missing", 4), "def");
+  EXPECT_EQ(getPrivateProfileString("Sec", "Key", "d", 9, folder("missing")), "d");
+  EXPECT_EQ(getPrivateProfileString("Sec", "Key", "d", 9, folder("")), "d");
+}
+
+TEST(ProfileFile, WritesOrLeavesTheFileAlone) {
+  const tests::TemporaryFolder folder;
+  EXPECT_TRUE(writePrivateProfileString("Sec", "Key", "1", folder("ini")));
+  EXPECT_TRUE(writePrivateProfileString("Sec", "Key", std::string(300, 'v'), folder("ini")));
+  EXPECT_EQ(folder.get("ini"), "[Sec]\r\nKey=" + std::string(300, 'v') + "\r\n");
+
+  EXPECT_FALSE(writePrivateProfileString("Sec", "K=y", "1", folder("ini")));
+  EXPECT_FALSE(writePrivateProfileString("Sec", "K=y", "1", folder("other")));
+  EXPECT_FALSE(writePrivateProfileString("Sec", "Key", "1", folder("missing/ini")));
+  EXPECT_FALSE(writePrivateProfileString("Sec", "Key", "1", folder("")));
+  folder.setMode("ini", 0444);
+  EXPECT_FALSE(writePrivateProfileString("Sec", "Key", "2", folder("ini")));
+  EXPECT_EQ(folder.names(), std::set<std::string>{"ini"});
+}
+
+}  // namespace
+}  // namespace kvrnstep::platform
