@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 
@@ -43,7 +44,8 @@ class frmListwright : public forms::Window {
   void restorePosition();
   void saveDisplay();
   void savePosition();
-  void loadOrSaveAffixes(bool save);
+  void loadAffixes();
+  void saveAffixes();
   [[nodiscard]] std::u16string readKey(std::u16string_view key, std::u16string_view fallback) const;
   void writeKey(std::u16string_view key, std::u16string_view value) const;
   [[nodiscard]] std::u16string stepFolderPath(std::u16string_view name) const;
@@ -117,6 +119,7 @@ class frmListwright : public forms::Window {
   std::int16_t iListType = 0;
   std::int16_t iStepCount = 0;
   bool bolPanelShown = false;
+  std::array<bool, 2> affixesWhole_{};  ///< the list file of that index was read to its end
 };
 
 /// How the dialog is declared.

@@ -32,7 +32,7 @@ std::u16string frmListwright::stepFolderPath(std::u16string_view name) const {
 void frmListwright::Form_Load() {
   adoptEditorLook();
   for (const int label : kClickableLabels) lblD(label).setCursor(kLinkCursor);
-  loadOrSaveAffixes(false);
+  loadAffixes();
   cboPreSuf(1).setText(readKey(u"Suffix", u"."));
   selectStartType();
   if (startAndEndValid()) SetActionsEnabled(true);
@@ -47,10 +47,19 @@ void frmListwright::adoptEditorLook() {
   txtPreview.setForeColor(host_.l_EditorFColor);
 }
 
-void frmListwright::loadOrSaveAffixes(bool save) {
-  for (int i = 0; i < cboPreSuf.count(); ++i) {
-    storage::LoadSaveListFile(cboPreSuf(i), save,
-                              stepFolderPath(kAffixFiles.at(static_cast<std::size_t>(i))));
+void frmListwright::loadAffixes() {
+  for (std::size_t i = 0; i < kAffixFiles.size(); ++i) {
+    affixesWhole_.at(i) = storage::LoadSaveListFile(cboPreSuf(static_cast<int>(i)), false,
+                                                    stepFolderPath(kAffixFiles.at(i)));
+  }
+}
+
+void frmListwright::saveAffixes() {
+  for (std::size_t i = 0; i < kAffixFiles.size(); ++i) {
+    // What the list does not show, for it could not be read or is too much, must not be lost.
+    if (!affixesWhole_.at(i)) continue;
+    storage::LoadSaveListFile(cboPreSuf(static_cast<int>(i)), true,
+                              stepFolderPath(kAffixFiles.at(i)));
   }
 }
 
@@ -83,7 +92,7 @@ void frmListwright::Form_QueryUnload() {
   writeKey(u"EditorFont", txtPreview.font());
   writeKey(u"EditorSize", text::decimal(txtPreview.fontSize()));
   writeKey(u"SpcCount", text::decimal(std::int64_t{host_.bytSpcCount}));
-  loadOrSaveAffixes(true);
+  saveAffixes();
   for (const int label : kClickableLabels) lblD(label).setCursor(0);
   lstStepf.Clear();
   for (int i = 0; i < cboPreSuf.count(); ++i) cboPreSuf(i).Clear();

@@ -20,17 +20,22 @@ std::string_view takeLine(std::string_view& bytes) {
   return line;
 }
 
-}  // namespace
-
-std::vector<std::u16string> parseList(std::string_view bytes) {
+LoadedList parse(std::string_view bytes) {
   // The encoding is that of the whole file, the lines beyond the last one read included.
   const auto decode = text::isUtf8(bytes) ? text::fromUtf8 : text::textFromWindows1252;
-  std::vector<std::u16string> entries;
+  LoadedList list;
+  const auto breaks = static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\r'));
+  list.entries.reserve(std::min(breaks + 1, kMostListLines));
   for (std::size_t line = 0; line < kMostListLines && !bytes.empty(); ++line) {
-    if (const auto entry = takeLine(bytes); !entry.empty()) entries.push_back(decode(entry));
+    if (const auto entry = takeLine(bytes); !entry.empty()) list.entries.push_back(decode(entry));
   }
-  return entries;
+  list.whole = bytes.empty();
+  return list;
 }
+
+}  // namespace
+
+std::vector<std::u16string> parseList(std::string_view bytes) { return parse(bytes).entries; }
 
 void appendListLine(std::string& bytes, std::u16string_view entry) {
   bytes += text::toBytes(entry);
@@ -43,10 +48,10 @@ std::string formatList(const std::vector<std::u16string>& entries) {
   return bytes;
 }
 
-std::vector<std::u16string> readListFile(const std::u16string& path) {
+LoadedList readListFile(const std::u16string& path) {
   if (!platform::pathExists(path)) platform::createEmptyFile(path);
   const auto bytes = platform::readFile(path);
-  return bytes ? parseList(*bytes) : std::vector<std::u16string>{};
+  return bytes ? parse(*bytes) : LoadedList();
 }
 
 bool writeListFile(const std::u16string& path, std::string_view bytes) {

@@ -22,9 +22,15 @@ void appendListLine(std::string& bytes, std::u16string_view entry);
 /// The bytes of a list file; none for an empty list.
 std::string formatList(const std::vector<std::u16string>& entries);
 
+/// What was read of a list file.
+struct LoadedList {
+  std::vector<std::u16string> entries;
+  bool whole = false;  ///< the file was read to its end
+};
+
 /// The entries of a list file, which is created empty when it is missing and can be created. None
 /// when it cannot be read.
-std::vector<std::u16string> readListFile(const std::u16string& path);
+LoadedList readListFile(const std::u16string& path);
 
 /// Replaces the content of a list file. False when it cannot be written; it is then unchanged.
 bool writeListFile(const std::u16string& path, std::string_view bytes);
@@ -34,16 +40,19 @@ bool writeListFile(const std::u16string& path, std::string_view bytes);
 /// written stays as it is.
 /// @param lstTarget has Clear(), AddItem(std::u16string), ListCount() and List(int)
 /// @param bSave true saves, false loads
+/// @return whether the file was read to its end, or written; a list that was not read whole must
+/// not be saved over its file
 template <class ListTarget>
-void LoadSaveListFile(ListTarget& lstTarget, bool bSave, const std::u16string& sListFile) {
+bool LoadSaveListFile(ListTarget& lstTarget, bool bSave, const std::u16string& sListFile) {
   if (!bSave) {
     lstTarget.Clear();
-    for (auto& entry : readListFile(sListFile)) lstTarget.AddItem(std::move(entry));
-    return;
+    LoadedList loaded = readListFile(sListFile);
+    for (auto& entry : loaded.entries) lstTarget.AddItem(std::move(entry));
+    return loaded.whole;
   }
   std::string bytes;
   for (int i = 0; i < lstTarget.ListCount(); ++i) appendListLine(bytes, lstTarget.List(i));
-  writeListFile(sListFile, bytes);
+  return writeListFile(sListFile, bytes);
 }
 
 }  // namespace kvrnstep::storage

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 namespace kvrnstep::text {
 
@@ -16,27 +17,27 @@ constexpr std::array<char16_t, 32> kWindows1252High{
     0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  //
     0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-/// How many elements at the start of the text are ASCII, rounded down to whole words of memory:
-/// what files mostly hold is then passed over eight bytes at a time.
+/// The bits that an ASCII character leaves clear in a word full of characters.
+constexpr std::uint64_t notAscii(std::string_view) {
+  return 0x8080808080808080U;
+}
+constexpr std::uint64_t notAscii(std::u16string_view) {
+  return 0xFF80FF80FF80FF80U;
+}
+
+/// How many characters from a place on are ASCII. What files mostly hold is passed over a word of
+/// memory at a time.
 template <class Char>
-std::size_t asciiWords(std::basic_string_view<Char> text, std::size_t from,
-                       std::uint64_t notAscii) {
+std::size_t asciiRun(std::basic_string_view<Char> text, std::size_t from) {
   constexpr std::size_t kStep = sizeof(std::uint64_t) / sizeof(Char);
   std::size_t at = from;
   for (; at + kStep <= text.size(); at += kStep) {
     std::uint64_t word = 0;
     std::memcpy(&word, text.data() + at, sizeof word);
-    if ((word & notAscii) != 0) break;
+    if ((word & notAscii(text)) != 0) break;
   }
+  while (at < text.size() && static_cast<std::make_unsigned_t<Char>>(text[at]) < 0x80) ++at;
   return at - from;
-}
-
-std::size_t asciiRun(std::string_view bytes, std::size_t from) {
-  return asciiWords(bytes, from, 0x8080808080808080U);
-}
-
-std::size_t asciiRun(std::u16string_view text, std::size_t from) {
-  return asciiWords(text, from, 0xFF80FF80FF80FF80U);
 }
 
 struct Character {
