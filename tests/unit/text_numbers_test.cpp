@@ -3,6 +3,7 @@
 #include <cfenv>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 #include "text/numbers.h"
 
@@ -11,80 +12,56 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
+/// Texts that are read as one and the same number.
+struct Reading {
+  double number;
+  std::vector<std::u16string> texts;
+};
+
+std::u16string zeros(std::size_t count) {
+  return std::u16string(count, u'0');
+}
+
 TEST(Numbers, LeadingNumber) {
-  struct Case {
-    std::u16string_view text;
-    double number;
+  const Reading readings[] = {
+      {0,
+       {u"", u"  ", u"ab", u"ab12", u".", u"-", u"+-7", u"--7", u"e3", u"inf", u"nan", u"0x1F",
+        u"１２", u"0e400", u"1e-400", u"1e-99999999999999999999", u"0." + zeros(400) + u"1"}},
+      {1,
+       {u"1,5", u"1e", u"1e+", u"1ex", u"1-2", u"1\u00A02", u"1" + zeros(400) + u"e-400",
+        zeros(400) + u"1", u"0." + zeros(400) + u"1e401"}},
+      {12, {u"12", u"12ab", u" 1 2", u"12\r\n3", u"+12", u"012", u"12."}},
+      {123, {u"1\t2 3 x4", u"1 2 3"}},
+      {1.2, {u"1.2.3", u"12e-1"}},
+      {1000, {u"1e3", u"1E+3", u"1 e 3"}},
+      {0.5, {u".5", u"5e-1"}},
+      {-0.5, {u"-0.5", u"- .5"}},
+      {kInfinity, {u"1e400", u"1e99999999999999999999", u"9" + zeros(400)}},
+      {-kInfinity, {u"-1e400"}},
+      {1.7976931348623157e308, {u"1.7976931348623157e308"}},
   };
-  const Case cases[] = {
-      {u"", 0},
-      {u"   ", 0},
-      {u"12", 12},
-      {u"12ab", 12},
-      {u"ab", 0},
-      {u"ab12", 0},
-      {u" 1 2", 12},
-      {u"1\t2 3 x4", 123},
-      {u"-0.5", -0.5},
-      {u"- 5", -5},
-      {u"+7", 7},
-      {u"+-7", 0},
-      {u"--7", 0},
-      {u".5", 0.5},
-      {u"5.", 5},
-      {u".", 0},
-      {u"-", 0},
-      {u"1.2.3", 1.2},
-      {u"1,5", 1},
-      {u"1e3", 1000},
-      {u"1E+3", 1000},
-      {u"25e-1", 2.5},
-      {u"1e", 1},
-      {u"1e+", 1},
-      {u"1ex", 1},
-      {u"e3", 0},
-      {u"1-2", 1},
-      {u"007", 7},
-      {u"inf", 0},
-      {u"nan", 0},
-      {u"0x1F", 0},
-      {u"１２", 0},
-      {u"1\u00A02", 1},
-      {u"12\r\n3", 12},
-      {u"1e400", kInfinity},
-      {u"-1e400", -kInfinity},
-      {u"1e-400", 0},
-      {u"0e400", 0},
-      {u"1e99999999999999999999", kInfinity},
-      {u"1e-99999999999999999999", 0},
-      {u"1.7976931348623157e308", 1.7976931348623157e308},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(leadingNumber(c.text), c.number) << testing::PrintToString(std::u16string(c.text));
+  for (const auto& reading : readings) {
+    for (const auto& text : reading.texts) {
+      EXPECT_EQ(leadingNumber(text), reading.number) << testing::PrintToString(text);
+    }
   }
-  EXPECT_EQ(leadingNumber(std::u16string(400, u'9')), kInfinity);
-  EXPECT_EQ(leadingNumber(u"0." + std::u16string(400, u'0') + u"1"), 0);
-  EXPECT_EQ(leadingNumber(std::u16string(400, u'0') + u"1"), 1);
-  EXPECT_EQ(leadingNumber(u"0." + std::u16string(400, u'0') + u"1e401"), 1);
-  EXPECT_EQ(leadingNumber(u"1" + std::u16string(400, u'0') + u"e-400"), 1);
 }
 
 TEST(Numbers, WholeTextNumber) {
-  struct Case {
-    std::u16string_view text;
-    std::optional<double> number;
-  };
-  const Case cases[] = {
-      {u"12", 12},    {u"  12  ", 12}, {u"-0.5", -0.5}, {u"+3", 3},       {u".5", 0.5},
-      {u"5.", 5},     {u"1e3", 1000},  {u"2880", 2880}, {u"1e-400", 0},   {u"", {}},
-      {u"   ", {}},   {u"12ab", {}},   {u"ab", {}},     {u"1 2", {}},     {u"- 5", {}},
-      {u"\t5", {}},   {u"5\t", {}},    {u".", {}},      {u"-", {}},       {u"1e", {}},
-      {u"1,5", {}},   {u"1.2.3", {}},  {u"1e400", {}},  {u"-1e400", {}},  {u"inf", {}},
-      {u"nan", {}},   {u"0x10", {}},   {u"&H10", {}},   {u"1\u00B2", {}}, {u"--1", {}},
-      {u"1e5e5", {}},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(wholeTextNumber(c.text), c.number) << testing::PrintToString(std::u16string(c.text));
+  const Reading readings[] = {{12, {u"12", u"  12  ", u"+12", u"12.", u"1.2e1"}},
+                              {-0.5, {u"-0.5", u"-.5", u"-5e-1"}},
+                              {0, {u"0", u"-0", u"1e-400"}},
+                              {2880, {u"2880", u"2880.0"}}};
+  for (const auto& reading : readings) {
+    for (const auto& text : reading.texts) {
+      EXPECT_EQ(wholeTextNumber(text), reading.number) << testing::PrintToString(text);
+    }
+  }
+  for (const std::u16string text :
+       {u"",    u"   ",  u"12ab", u"ab",      u"1 2",   u"- 5",   u"\t5",    u"5\t",
+        u".",   u"-",    u"1e",   u"1,5",     u"1.2.3", u"1e400", u"-1e400", u"inf",
+        u"nan", u"0x10", u"&H10", u"1\u00B2", u"--1",   u"1e5e5", u"5-",     u"\u00A05"}) {
+    EXPECT_EQ(wholeTextNumber(text), std::nullopt) << testing::PrintToString(text);
   }
   EXPECT_EQ(wholeTextNumber(std::u16string(1, u'\0') + u"1"), std::nullopt);
 }

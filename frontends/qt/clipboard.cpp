@@ -1,0 +1,136 @@
+#include "clipboard.h"
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QByteArray>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "qt_application.h"
+
+namespace kvrnstep::qt {
+
+namespace {
+
+constexpr char kKeeper[] = "kvrnstep-clipboard";
+constexpr int kReadyWithinMilliseconds = 2000;
+
+/// A file descriptor, closed when it goes.
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  ~Descriptor() { close(); }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+
+  [[nodiscard]] int get() const { return number_; }
+  [[nodiscard]] bool valid() const { return number_ >= 0; }
+  void close() {
+    if (number_ >= 0) ::close(std::exchange(number_, -1));
+  }
+
+ private:
+  int number_;
+};
+
+/// The program beside this module, by its full path; empty where the module's own is unknown.
+std::string keeperPath() {
+  Dl_info module{};
+  if (dladdr(reinterpret_cast<const void*>(&putOnClipboard), &module) == 0) return {};
+  std::error_code failed;
+  const auto path = std::filesystem::absolute(module.dli_fname, failed);
+  return failed ? std::string() : (path.parent_path() / kKeeper).string();
+}
+
+bool writeAll(int file, const QByteArray& bytes) {
+  qsizetype written = 0;
+  while (written < bytes.size()) {
+    const ssize_t count = write(file, bytes.constData() + written,
+                                static_cast<std::size_t>(bytes.size() - written));
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return false;
+    written += count;
+  }
+  return true;
+}
+
+/// Starts the keeper, which leaves at once a child of its own behind. A signal mask or handling
+/// that the host has chosen for itself is not handed down.
+bool startKeeper(const std::string& path, int input, int output) {
+  posix_spawn_file_actions_t files;
+  posix_spawnattr_t attributes;
+  posix_spawn_file_actions_init(&files);
+  posix_spawnattr_init(&attributes);
+  posix_spawn_file_actions_adddup2(&files, input, STDIN_FILENO);
+  posix_spawn_file_actions_adddup2(&files, output, STDOUT_FILENO);
+  posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+  sigset_t none;
+  sigset_t all;
+  sigemptyset(&none);
+  sigfillset(&all);
+  posix_spawnattr_setsigmask(&attributes, &none);
+  posix_spawnattr_setsigdefault(&attributes, &all);
+  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+
+  std::string name = kKeeper;
+  char* arguments[] = {name.data(), nullptr};
+  pid_t child = 0;
+  const bool started =
+      posix_spawn(&child, path.c_str(), &files, &attributes, arguments, environ) == 0;
+  posix_spawn_file_actions_destroy(&files);
+  posix_spawnattr_destroy(&attributes);
+  if (!started) return false;
+  while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
+  }
+  return true;
+}
+
+bool becomesReadable(int file) {
+  pollfd waiting{file, POLLIN, 0};
+  int ready = 0;
+  do {
+    ready = poll(&waiting, 1, kReadyWithinMilliseconds);
+  } while (ready < 0 && errno == EINTR);
+  char byte = 0;
+  return ready == 1 && read(file, &byte, 1) == 1;
+}
+
+/// Hands the text to a program of its own that serves the clipboard from then on.
+bool handToKeeper(const QString& text) {
+  const std::string path = keeperPath();
+  if (path.empty()) return false;
+  // A file in memory: writing to it neither blocks nor raises a signal, whatever the keeper does.
+  const Descriptor input(memfd_create(kKeeper, MFD_CLOEXEC));
+  int ends[2] = {-1, -1};
+  if (!input.valid() || pipe2(ends, O_CLOEXEC) != 0) return false;
+  const Descriptor readEnd(ends[0]);
+  Descriptor writeEnd(ends[1]);
+  if (!writeAll(input.get(), text.toUtf8()) || lseek(input.get(), 0, SEEK_SET) != 0) return false;
+  if (!startKeeper(path, input.get(), writeEnd.get())) return false;
+  writeEnd.close();
+  return becomesReadable(readEnd.get());
+}
+
+}  // namespace
+
+void putOnClipboard(const QString& text) {
+  // On X11 the owner of the clipboard has to answer whoever wants its contents. Where the
+  // application is the host's, its own event loop does that as long as it runs.
+  const bool needsKeeper = applicationIsOurs() && QGuiApplication::platformName() == "xcb";
+  if (needsKeeper && handToKeeper(text)) return;
+  QGuiApplication::clipboard()->setText(text);
+}
+
+}  // namespace kvrnstep::qt

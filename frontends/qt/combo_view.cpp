@@ -1,0 +1,66 @@
+#include "combo_view.h"
+
+#include <QAbstractItemView>
+
+#include "entries_text.h"
+#include "forms/user_actions.h"
+#include "qt_fonts.h"
+#include "text.h"
+#include "text_views.h"
+#include "window_view.h"
+
+namespace kvrnstep::qt {
+
+using forms::Property;
+
+ComboView::ComboView(WindowView& window, forms::ComboBox& combo)
+    : ControlView(window, combo),
+      box_(new QComboBox(window.parentFor(combo))),
+      edit_(new LineEdit(combo, box_)) {
+  adopt(box_);
+  box_->setFont(captionFont());
+  box_->setEditable(true);
+  box_->setLineEdit(edit_);
+  box_->setInsertPolicy(QComboBox::NoInsert);
+  box_->setCompleter(nullptr);
+  // Leaving the box with a text that is also an entry would count as choosing that entry.
+  QObject::disconnect(edit_, SIGNAL(editingFinished()), box_, nullptr);
+  QObject::connect(box_, &QComboBox::activated, box_, [this](int index) { chosen(index); });
+}
+
+void ComboView::chosen(int index) {
+  if (applying()) return;
+  mark(Property::Index);
+  forms::userChose(combo(), index);
+}
+
+void ComboView::apply(const Changes& changes) {
+  ControlView::apply(changes);
+  if (changes.has(Property::Items)) applyEntries();
+  const int selected = combo().entries().selected();
+  if (box_->currentIndex() != selected) box_->setCurrentIndex(selected);
+  // Last, because the entries and the selected one change the text of the box too.
+  edit_->showText();
+  edit_->showSelection();
+}
+
+void ComboView::applyEntries() {
+  if (sameEntries(*box_->model(), combo().entries())) return;
+  box_->clear();
+  box_->addItems(entryTexts(combo().entries()));
+}
+
+std::optional<forms::PropertyValue> ComboView::shown(Property property) const {
+  switch (property) {
+    case Property::Items:
+      return joinedEntries(*box_->model());
+    case Property::Index:
+      return static_cast<double>(box_->currentIndex());
+    default:
+      break;
+  }
+  const auto value = shownOfLine(*edit_, property);
+  return value ? value : ControlView::shown(property);
+}
+
+}  // namespace kvrnstep::qt

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QComboBox>
+
+#include "control_view.h"
+#include "line_edit.h"
+
+namespace kvrnstep::qt {
+
+/// A line of text with a drop-down list.
+class ComboView : public ControlView {
+ public:
+  ComboView(WindowView& window, forms::ComboBox& combo);
+
+  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
+
+ protected:
+  void apply(const Changes& changes) override;
+
+ private:
+  void applyEntries();
+  void chosen(int index);
+  [[nodiscard]] forms::ComboBox& combo() const { return static_cast<forms::ComboBox&>(control()); }
+
+  QComboBox* box_;
+  LineEdit* edit_;
+};
+
+}  // namespace kvrnstep::qt

@@ -1,0 +1,138 @@
+#include "driven_toolkit.h"
+
+#include <QTimer>
+
+#include "gestures.h"
+#include "text.h"
+#include "user_input.h"
+
+namespace kvrnstep::qt {
+
+using forms::Control;
+using forms::Window;
+
+namespace {
+
+/// Presses a button that closes its box.
+void closeWith(QAbstractButton& button) {
+  QWidget& box = *button.window();
+  waitForUser(box);
+  if (click(button) && !box.isVisible()) return;
+  qWarning("listwright: the button \"%s\" did not take a click", qUtf8Printable(button.text()));
+  button.click();
+}
+
+void answerQuestion(QuestionBox& box, const std::optional<std::u16string>& answer) {
+  waitForUser(box);
+  if (!answer) return closeWith(box.cancelButton());
+  box.line().setFocus();
+  box.line().selectAll();
+  if (answer->empty()) pressKey(box, Qt::Key_Delete);
+  for (const char16_t character : *answer) pressCharacter(box, character);
+  closeWith(box.okButton());
+}
+
+}  // namespace
+
+void DrivenQtToolkit::windowOpened(WindowView& view) {
+  waitForUser(view.topLevel());
+  actSoon(view);
+}
+
+void DrivenQtToolkit::actSoon(WindowView& view) {
+  // The window is the timer's context: nothing is called for a window that is gone.
+  QTimer::singleShot(0, &view.topLevel(), [this, &view] {
+    settle();
+    if (!view.open()) return;
+    view.topLevel().repaint();
+    pilot_->act();
+    if (view.open()) actSoon(view);
+  });
+}
+
+void DrivenQtToolkit::messageOpened(QMessageBox& box) {
+  QTimer::singleShot(0, &box, [&box] { closeWith(*box.button(QMessageBox::Ok)); });
+}
+
+void DrivenQtToolkit::questionOpened(QuestionBox& box) {
+  QTimer::singleShot(0, &box, [this, &box] { answerQuestion(box, pilot_->answer()); });
+}
+
+bool DrivenQtToolkit::click(Control& control, forms::MouseButton button,
+                            std::optional<int> entry) {
+  WindowView* view = viewOf(control);
+  return view != nullptr && clickControl(*view, control, button, false, entry);
+}
+
+bool DrivenQtToolkit::doubleClick(Control& control, std::optional<int> entry) {
+  WindowView* view = viewOf(control);
+  return view != nullptr && clickControl(*view, control, forms::MouseButton::Left, true, entry);
+}
+
+bool DrivenQtToolkit::type(forms::TextControl& box, std::u16string_view text) {
+  WindowView* view = viewOf(box);
+  return view != nullptr && typeText(*view, box, text);
+}
+
+bool DrivenQtToolkit::clear(forms::TextControl& box) {
+  WindowView* view = viewOf(box);
+  return view != nullptr && clearText(*view, box);
+}
+
+bool DrivenQtToolkit::select(forms::TextControl& box, forms::TextSelection selection) {
+  WindowView* view = viewOf(box);
+  return view != nullptr && selectText(*view, box, selection);
+}
+
+bool DrivenQtToolkit::press(Window& window, std::string_view keys) {
+  WindowView* view = toolkit_.viewOf(window);
+  return view != nullptr && pressShortcut(*view, keys);
+}
+
+bool DrivenQtToolkit::choose(forms::ComboBox& combo, int entry) {
+  WindowView* view = viewOf(combo);
+  return view != nullptr && chooseEntry(*view, combo, entry);
+}
+
+bool DrivenQtToolkit::spin(forms::Spinner& spinner, bool up) {
+  WindowView* view = viewOf(spinner);
+  return view != nullptr && clickArrow(*view, spinner, up);
+}
+
+bool DrivenQtToolkit::drag(Control& /*from*/, Control& /*to*/) {
+  // No control is a source of drags.
+  return false;
+}
+
+bool DrivenQtToolkit::pick(forms::MenuEntry& entry) {
+  WindowView* view = viewOf(entry);
+  return view != nullptr && pickEntry(*view, entry);
+}
+
+bool DrivenQtToolkit::move(Window& window, double left, double top) {
+  WindowView* view = toolkit_.viewOf(window);
+  return view != nullptr && moveWindow(*view, left, top);
+}
+
+bool DrivenQtToolkit::resize(Window& window, double width, double height) {
+  WindowView* view = toolkit_.viewOf(window);
+  return view != nullptr && resizeWindow(*view, width, height);
+}
+
+bool DrivenQtToolkit::minimize(Window& window, bool minimized) {
+  WindowView* view = toolkit_.viewOf(window);
+  return view != nullptr && minimizeWindow(*view, minimized);
+}
+
+bool DrivenQtToolkit::close(Window& window) {
+  WindowView* view = toolkit_.viewOf(window);
+  return view != nullptr && closeWindow(*view);
+}
+
+std::optional<forms::PropertyValue> DrivenQtToolkit::shown(const Control& control,
+                                                           forms::Property property) {
+  const WindowView* view = viewOf(control);
+  return view == nullptr ? std::nullopt : view->viewOf(control).shown(property);
+}
+
+}  // namespace kvrnstep::qt

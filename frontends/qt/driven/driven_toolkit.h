@@ -1,0 +1,63 @@
+#pragma once
+
+#include "forms/driven_toolkit.h"
+#include "qt_toolkit.h"
+
+namespace kvrnstep::qt {
+
+/// The toolkit that people use, with a pilot in the place of its user.
+class DrivenQtToolkit final : public forms::DrivenToolkit, private Attendant {
+ public:
+  DrivenQtToolkit() : toolkit_(this) {}
+
+  void runModal(forms::Window& window) override { toolkit_.runModal(window); }
+  void showMessage(const forms::Message& message) override { toolkit_.showMessage(message); }
+  std::optional<std::u16string> ask(const forms::Question& question) override {
+    return toolkit_.ask(question);
+  }
+  double screenWidth() override { return toolkit_.screenWidth(); }
+  double screenHeight() override { return toolkit_.screenHeight(); }
+  void letEventsRun() override { toolkit_.letEventsRun(); }
+  void setClipboard(const std::u16string& text) override { toolkit_.setClipboard(text); }
+  void playSound(const std::u16string& file, forms::SoundMode mode) override {
+    toolkit_.playSound(file, mode);
+  }
+
+  void setPilot(forms::Pilot& pilot) override { pilot_ = &pilot; }
+
+  bool click(forms::Control& control, forms::MouseButton button,
+             std::optional<int> entry) override;
+  bool doubleClick(forms::Control& control, std::optional<int> entry) override;
+  bool type(forms::TextControl& box, std::u16string_view text) override;
+  bool clear(forms::TextControl& box) override;
+  bool select(forms::TextControl& box, forms::TextSelection selection) override;
+  bool press(forms::Window& window, std::string_view keys) override;
+  bool choose(forms::ComboBox& combo, int entry) override;
+  bool spin(forms::Spinner& spinner, bool up) override;
+  bool drag(forms::Control& from, forms::Control& to) override;
+  bool pick(forms::MenuEntry& entry) override;
+  bool move(forms::Window& window, double left, double top) override;
+  bool resize(forms::Window& window, double width, double height) override;
+  bool minimize(forms::Window& window, bool minimized) override;
+  bool close(forms::Window& window) override;
+
+  std::optional<forms::PropertyValue> shown(const forms::Control& control,
+                                            forms::Property property) override;
+
+ private:
+  void windowOpened(WindowView& view) override;
+  void messageOpened(QMessageBox& box) override;
+  void questionOpened(QuestionBox& box) override;
+
+  /// Lets the pilot act once as soon as nothing else is waiting, and again after that.
+  void actSoon(WindowView& view);
+  /// The open view of the window, or null.
+  [[nodiscard]] WindowView* viewOf(const forms::Control& control) const {
+    return toolkit_.viewOf(control.window());
+  }
+
+  QtToolkit toolkit_;
+  forms::Pilot* pilot_ = nullptr;
+};
+
+}  // namespace kvrnstep::qt

@@ -1,0 +1,102 @@
+#include "user_input.h"
+
+#include <QApplication>
+#include <QTest>
+#include <QWindow>
+
+namespace kvrnstep::qt {
+
+namespace {
+
+constexpr int kPatience = 5000;  // milliseconds
+constexpr int kShortPatience = 500;
+
+/// The widget, or a part of it, is what a click at this point of its window meets.
+bool meets(const QWidget& widget, QPoint point) {
+  const QWidget& window = *widget.window();
+  const QPoint inWindow = widget.mapTo(&window, point);
+  if (!window.rect().contains(inWindow)) return false;
+  const QWidget* hit = window.childAt(inWindow);
+  return hit == nullptr ? &window == &widget : &widget == hit || widget.isAncestorOf(hit);
+}
+
+Qt::Key keyOf(char16_t character) {
+  switch (character) {
+    case u'\b':
+      return Qt::Key_Backspace;
+    case u'\r':
+    case u'\n':
+      return Qt::Key_Return;
+    case u'\t':
+      return Qt::Key_Tab;
+    case 0x1B:
+      return Qt::Key_Escape;
+    case 0x7F:
+      return Qt::Key_Delete;
+    default:
+      return static_cast<Qt::Key>(QChar::toUpper(static_cast<char32_t>(character)));
+  }
+}
+
+Qt::Key keyOfControlCharacter(char16_t character) {
+  return static_cast<Qt::Key>(character + u'@');
+}
+
+bool typedWithControl(char16_t character) {
+  return character < u' ' && keyOf(character) == static_cast<Qt::Key>(character);
+}
+
+}  // namespace
+
+bool waitForUser(QWidget& window) {
+  if (!QTest::qWaitForWindowExposed(&window, kPatience)) return false;
+  if (window.isActiveWindow()) return true;
+  window.activateWindow();
+  if (QTest::qWaitForWindowActive(&window, kShortPatience)) return true;
+  // Without a window manager nobody hands the keyboard over.
+  QApplication::setActiveWindow(&window);
+  return window.isActiveWindow();
+}
+
+void settle() {
+  QCoreApplication::sendPostedEvents();
+  QCoreApplication::processEvents();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+bool clickAt(QWidget& widget, QPoint point, Qt::MouseButton button, Presses presses) {
+  if (!widget.isVisible() || !widget.isEnabled() || !meets(widget, point)) return false;
+  QWindow* window = widget.window()->windowHandle();
+  if (window == nullptr || !QTest::qWaitForWindowExposed(window, kPatience)) return false;
+  // Far enough from the click before it not to make a double click with it.
+  constexpr int kPause = 2 * QTest::mouseDoubleClickInterval;
+  const QPoint inWindow = widget.mapTo(widget.window(), point);
+  if (presses == Presses::Twice) {
+    QTest::mouseDClick(window, button, {}, inWindow, kPause);
+  } else {
+    QTest::mouseClick(window, button, {}, inWindow, kPause);
+  }
+  settle();
+  return true;
+}
+
+bool click(QWidget& widget, Qt::MouseButton button, Presses presses) {
+  const QRect visible = widget.visibleRegion().boundingRect();
+  return !visible.isEmpty() && clickAt(widget, visible.center(), button, presses);
+}
+
+void pressKey(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+  QTest::keyClick(window.windowHandle(), key, modifiers);
+  settle();
+}
+
+void pressCharacter(QWidget& window, char16_t character) {
+  const bool control = typedWithControl(character);
+  QTest::sendKeyEvent(QTest::Click, window.windowHandle(),
+                      control ? keyOfControlCharacter(character) : keyOf(character),
+                      QString(QChar(character)),
+                      control ? Qt::ControlModifier : Qt::NoModifier);
+  settle();
+}
+
+}  // namespace kvrnstep::qt

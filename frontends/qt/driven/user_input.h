@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QPoint>
+#include <QString>
+#include <QWidget>
+
+/// What comes from a mouse and a keyboard, handed to Qt as the window system does: the window
+/// finds the widget, modal windows block, shortcuts are looked up.
+namespace kvrnstep::qt {
+
+/// Waits until the window is on the screen and has the keyboard; false if it never gets there.
+bool waitForUser(QWidget& window);
+
+/// Deals with all that is waiting, and draws what has changed.
+void settle();
+
+enum class Presses { Once, Twice };
+
+/// A click at a point of the widget. False: the widget is hidden or disabled, or something else
+/// would get the click there.
+bool clickAt(QWidget& widget, QPoint point, Qt::MouseButton button = Qt::LeftButton,
+             Presses presses = Presses::Once);
+/// … at the middle of what is visible of it.
+bool click(QWidget& widget, Qt::MouseButton button = Qt::LeftButton,
+           Presses presses = Presses::Once);
+
+/// A key in the window that has the keyboard.
+void pressKey(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+/// The key that types this character.
+void pressCharacter(QWidget& window, char16_t character);
+
+}  // namespace kvrnstep::qt

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// A text of several lines breaks them with CR LF in a control and with LF alone in a widget, so
+/// places in the text differ too.
+namespace kvrnstep::qt {
+
+/// CR LF, a lone CR and a lone LF all become LF.
+QString widgetLines(std::u16string_view text);
+/// Every line break becomes CR LF.
+std::u16string controlLines(const QString& text);
+
+/// The place in widgetLines(text) of a place in `text`, and back.
+int widgetPlace(std::u16string_view text, std::size_t place);
+std::size_t controlPlace(std::u16string_view text, int place);
+
+}  // namespace kvrnstep::qt

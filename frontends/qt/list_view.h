@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QListWidget>
+
+#include "control_view.h"
+#include "mouse_releases.h"
+
+namespace kvrnstep::qt {
+
+/// A list of entries of which one can be selected. The right button selects none.
+class EntryList : public MouseReleases<QListWidget> {
+ public:
+  using MouseReleases<QListWidget>::MouseReleases;
+
+ protected:
+  [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
+      const QModelIndex& index, const QEvent* event) const override;
+};
+
+class ListView : public ControlView {
+ public:
+  ListView(WindowView& window, forms::ListBox& list);
+
+  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
+
+ protected:
+  void apply(const Changes& changes) override;
+  /// The list ends inside the window, wherever its own place ends.
+  [[nodiscard]] QRect place() const override;
+
+ private:
+  void applyEntries();
+  void applyIndex();
+  void applyTopIndex();
+  void selected();
+  [[nodiscard]] int selectedRow() const;
+  [[nodiscard]] forms::ListBox& list() const { return static_cast<forms::ListBox&>(control()); }
+
+  EntryList* widget_;
+};
+
+}  // namespace kvrnstep::qt

@@ -1,0 +1,80 @@
+#include "menu_view.h"
+
+#include <QKeySequence>
+#include <QMenuBar>
+#include <algorithm>
+
+#include "forms/user_actions.h"
+#include "qt_fonts.h"
+#include "text.h"
+#include "window_view.h"
+
+namespace kvrnstep::qt {
+
+using forms::Property;
+
+namespace {
+
+bool holdsEntries(const forms::Control& menu) {
+  return std::ranges::any_of(menu.window().controls(), [&](const auto& control) {
+    return control->container() == &menu;
+  });
+}
+
+}  // namespace
+
+MenuView::MenuView(WindowView& window, forms::MenuEntry& entry, MenuView* parent)
+    : ControlView(window, entry), parent_(parent) {
+  if (parent == nullptr || holdsEntries(entry)) {
+    menu_ = new QMenu(&window.topLevel());
+    menu_->setFont(captionFont());
+    action_ = menu_->menuAction();
+  } else {
+    action_ = new QAction(parent->menu());
+    action_->setShortcut(QKeySequence::fromString(toQt(entry.row().shortcut),
+                                                  QKeySequence::PortableText));
+    QObject::connect(action_, &QAction::triggered, action_, [this] { triggered(); });
+  }
+  if (parent != nullptr) {
+    parent->menu()->addAction(action_);
+  } else if (entry.visible()) {
+    window.menuBar()->addAction(action_);
+  }
+}
+
+void MenuView::triggered() {
+  // The widget has already changed its check mark; the control decides.
+  mark(Property::Checked);
+  forms::userClicked(control());
+}
+
+void MenuView::apply(const Changes& changes) {
+  if (changes.has(Property::Caption)) {
+    action_->setSeparator(entry().separator());
+    // Some styles would write the text of a separator.
+    action_->setText(entry().separator() ? QString() : toQt(entry().caption()));
+  }
+  if (changes.has(Property::Enabled)) action_->setEnabled(entry().enabled());
+  if (changes.has(Property::Visible)) action_->setVisible(entry().visible());
+  if (changes.has(Property::Checked)) {
+    action_->setCheckable(entry().checked());
+    action_->setChecked(entry().checked());
+  }
+}
+
+std::optional<forms::PropertyValue> MenuView::shown(Property property) const {
+  switch (property) {
+    case Property::Caption:
+      return action_->isSeparator() ? u"-" : fromQt(action_->text());
+    case Property::Enabled:
+      return action_->isEnabled();
+    case Property::Visible:
+      return action_->isVisible();
+    case Property::Checked:
+      return action_->isChecked();
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace kvrnstep::qt

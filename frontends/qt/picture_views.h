@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QLabel>
+
+#include "control_view.h"
+#include "mouse_releases.h"
+
+namespace kvrnstep::qt {
+
+/// A caption, plain or to be clicked.
+class LabelView : public ControlView {
+ public:
+  LabelView(WindowView& window, forms::Control& label);
+
+  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
+  /// The widget that the mnemonic leads to.
+  void setBuddy(QWidget* buddy);
+
+ protected:
+  void apply(const Changes& changes) override;
+
+ private:
+  MouseReleases<QLabel>* label_;
+};
+
+/// A picture.
+class ImageView : public ControlView {
+ public:
+  ImageView(WindowView& window, forms::Control& image);
+
+ protected:
+  void apply(const Changes& changes) override;
+
+ private:
+  QLabel* label_;
+};
+
+/// A frame or a panel: a plain ground for what it contains.
+class ContainerView : public ControlView {
+ public:
+  ContainerView(WindowView& window, forms::Control& container);
+};
+
+}  // namespace kvrnstep::qt

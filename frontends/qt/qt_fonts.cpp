@@ -1,0 +1,95 @@
+#include "qt_fonts.h"
+
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <algorithm>
+#include <array>
+#include <initializer_list>
+#include <utility>
+
+#include "text.h"
+
+namespace kvrnstep::qt {
+
+namespace {
+
+constexpr int kCaptionHeight = 11;
+
+QString firstInstalled(std::initializer_list<const char*> families) {
+  for (const char* family : families) {
+    if (QFontDatabase::hasFamily(family)) return family;
+  }
+  return {};
+}
+
+const QString& captionFamily() {
+  static const QString family = [] {
+    const QString found = firstInstalled({"Tahoma", "MS Sans Serif", "Arial", "Liberation Sans",
+                                          "Noto Sans", "Cantarell", "DejaVu Sans Condensed",
+                                          "DejaVu Sans"});
+    return found.isEmpty() ? QFontDatabase::systemFont(QFontDatabase::GeneralFont).family() : found;
+  }();
+  return family;
+}
+
+QString fixedFamily() {
+  const QString found = firstInstalled({"Courier New", "Liberation Mono", "DejaVu Sans Mono"});
+  return found.isEmpty() ? QFontDatabase::systemFont(QFontDatabase::FixedFont).family() : found;
+}
+
+/// Families that are often asked for and seldom installed. What is not among them gets a fixed
+/// pitch: it is an editor's font, and a list has to line up.
+QString substitute(const QString& name) {
+  static constexpr auto kProportional =
+      std::to_array<const char*>({"MS Sans Serif", "Microsoft Sans Serif", "Tahoma", "Arial",
+                                  "Helvetica", "Verdana", "Segoe UI", "Calibri", "MS Shell Dlg"});
+  const bool proportional = std::ranges::any_of(kProportional, [&](const char* family) {
+    return name.compare(QLatin1String(family), Qt::CaseInsensitive) == 0;
+  });
+  if (proportional) return captionFamily();
+  if (name.compare("Times New Roman", Qt::CaseInsensitive) == 0) return "Liberation Serif";
+  return fixedFamily();
+}
+
+int pixelsOfPoints(float points) {
+  constexpr float kPixelsPerPoint = 96.0F / 72.0F;
+  return std::max(1, qRound(points * kPixelsPerPoint));
+}
+
+bool fits(const QFont& font, const QString& text, int width) {
+  return QFontMetrics(font).horizontalAdvance(text) <= width;
+}
+
+}  // namespace
+
+QFont captionFont() {
+  QFont font(captionFamily());
+  font.setPixelSize(kCaptionHeight);
+  return font;
+}
+
+QFont boxFont(std::u16string_view name, float points) {
+  QFont font = captionFont();
+  if (!name.empty()) {
+    const QString family = toQt(name);
+    font.setFamily(QFontDatabase::hasFamily(family) ? family : substitute(family));
+  }
+  if (points > 0) font.setPixelSize(pixelsOfPoints(points));
+  return font;
+}
+
+QFont fitted(QFont font, const QString& text, int width) {
+  constexpr int kNarrowest = 70;
+  constexpr int kSqueeze = 3;
+  constexpr int kSmallest = 6;
+  for (int stretch = 100 - kSqueeze; !fits(font, text, width) && stretch >= kNarrowest;
+       stretch -= kSqueeze) {
+    font.setStretch(stretch);
+  }
+  while (!fits(font, text, width) && font.pixelSize() > kSmallest) {
+    font.setPixelSize(font.pixelSize() - 1);
+  }
+  return font;
+}
+
+}  // namespace kvrnstep::qt

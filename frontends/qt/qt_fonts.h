@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QFont>
+#include <QString>
+#include <string_view>
+
+namespace kvrnstep::qt {
+
+/// The font of captions: narrow and 11 logical pixels high, as the places of the controls want it.
+QFont captionFont();
+
+/// The font of a text box: the named one, or a close relative where it is not installed. Without
+/// a name it is the caption font; 0 points is the height of captions.
+QFont boxFont(std::u16string_view name, float points);
+
+/// The font in which the text is no wider than `width` pixels: squeezed first, then smaller.
+QFont fitted(QFont font, const QString& text, int width);
+
+}  // namespace kvrnstep::qt

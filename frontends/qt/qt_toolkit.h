@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QMessageBox>
+#include <vector>
+
+#include "forms/toolkit.h"
+#include "question_box.h"
+#include "window_view.h"
+
+namespace kvrnstep::qt {
+
+/// Is told of what opens, before it waits for its user.
+class Attendant {
+ public:
+  virtual ~Attendant() = default;
+  virtual void windowOpened(WindowView& view) = 0;
+  virtual void messageOpened(QMessageBox& box) = 0;
+  virtual void questionOpened(QuestionBox& box) = 0;
+};
+
+/// Shows windows with Qt's widgets. The process must have a QApplication.
+class QtToolkit final : public forms::Toolkit {
+ public:
+  explicit QtToolkit(Attendant* attendant = nullptr) : attendant_(attendant) {}
+
+  void runModal(forms::Window& window) override;
+  void showMessage(const forms::Message& message) override;
+  std::optional<std::u16string> ask(const forms::Question& question) override;
+  double screenWidth() override;
+  double screenHeight() override;
+  void letEventsRun() override;
+  void setClipboard(const std::u16string& text) override;
+  void playSound(const std::u16string& file, forms::SoundMode mode) override;
+
+  /// Null for a window that is not open.
+  [[nodiscard]] WindowView* viewOf(const forms::Window& window) const;
+
+ private:
+  /// The topmost open window, or null; all that has changed is drawn before another one comes to
+  /// lie over it.
+  QWidget* owner();
+
+  Attendant* attendant_;
+  std::vector<WindowView*> open_;
+};
+
+}  // namespace kvrnstep::qt

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "forms/toolkit.h"
+
+namespace kvrnstep::qt {
+
+/// A question, a line for the answer with the proposal in it, OK and Cancel.
+class QuestionBox : public QDialog {
+ public:
+  QuestionBox(const forms::Question& question, QWidget* owner);
+
+  [[nodiscard]] QLineEdit& line() const { return *line_; }
+  [[nodiscard]] QPushButton& okButton() const { return *ok_; }
+  [[nodiscard]] QPushButton& cancelButton() const { return *cancel_; }
+
+ private:
+  QLineEdit* line_;
+  QPushButton* ok_;
+  QPushButton* cancel_;
+};
+
+}  // namespace kvrnstep::qt

@@ -1,0 +1,86 @@
+#include "reading_order.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace kvrnstep::qt {
+
+namespace {
+
+using forms::Control;
+using forms::Kind;
+using Group = std::vector<Control*>;
+
+struct Span {
+  double begin;
+  double end;
+};
+
+enum class Cut { IntoRows, IntoColumns };
+
+Span spanOf(const Control& control, Cut cut) {
+  const forms::Rect& place = control.place();
+  if (cut == Cut::IntoRows) return {place.top, place.top + place.height};
+  return {place.left, place.left + place.width};
+}
+
+/// Parts of the group between which a straight line can be drawn that touches no control.
+std::vector<Group> parts(Group group, Cut cut) {
+  std::ranges::stable_sort(group, {}, [cut](const Control* c) { return spanOf(*c, cut).begin; });
+  std::vector<Group> result;
+  double end = 0;
+  for (Control* control : group) {
+    const Span span = spanOf(*control, cut);
+    if (result.empty() || span.begin >= end) result.emplace_back();
+    result.back().push_back(control);
+    end = result.back().size() == 1 ? span.end : std::max(end, span.end);
+  }
+  return result;
+}
+
+Group visibleIn(const forms::Window& window, const Control* container) {
+  Group group;
+  for (const auto& control : window.controls()) {
+    if (control->container() == container && control->visible() && control->kind() != Kind::Menu) {
+      group.push_back(control.get());
+    }
+  }
+  return group;
+}
+
+void read(const Group& group, Group& order);
+
+void readOne(Control* control, Group& order) {
+  order.push_back(control);
+  read(visibleIn(control->window(), control), order);
+}
+
+/// Controls that overlap, by their upper left corners.
+void readPile(Group group, Group& order) {
+  std::ranges::stable_sort(group, {}, [](const Control* control) {
+    return std::tuple(control->place().top, control->place().left);
+  });
+  for (Control* control : group) readOne(control, order);
+}
+
+void read(const Group& group, Group& order) {
+  if (group.empty()) return;
+  if (group.size() == 1) return readOne(group.front(), order);
+  for (const Cut cut : {Cut::IntoRows, Cut::IntoColumns}) {
+    const auto cutUp = parts(group, cut);
+    if (cutUp.size() == 1) continue;
+    for (const Group& part : cutUp) read(part, order);
+    return;
+  }
+  readPile(group, order);
+}
+
+}  // namespace
+
+std::vector<Control*> readingOrder(const forms::Window& window) {
+  Group order;
+  read(visibleIn(window, nullptr), order);
+  return order;
+}
+
+}  // namespace kvrnstep::qt

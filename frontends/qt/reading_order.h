@@ -1,0 +1,13 @@
+#pragma once
+
+#include <vector>
+
+#include "forms/window.h"
+
+namespace kvrnstep::qt {
+
+/// The visible controls of a window in the order in which the eye meets them: rows from top to
+/// bottom, each from left to right, the contents of a container together. Menus are left out.
+std::vector<forms::Control*> readingOrder(const forms::Window& window);
+
+}  // namespace kvrnstep::qt

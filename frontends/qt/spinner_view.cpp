@@ -1,0 +1,63 @@
+#include "spinner_view.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
+
+#include "forms/user_actions.h"
+#include "window_view.h"
+
+namespace kvrnstep::qt {
+
+ArrowButton::ArrowButton(bool up, QWidget* parent)
+    : MouseReleases<QAbstractButton>(parent), up_(up) {
+  setAutoRepeat(true);
+  setFocusPolicy(Qt::NoFocus);
+}
+
+void ArrowButton::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const QPalette& colors = palette();
+  painter.fillRect(rect(), colors.color(isDown() ? QPalette::Mid : QPalette::Button));
+  painter.setPen(colors.color(QPalette::Mid).darker(120));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+
+  const QPointF middle = QRectF(rect()).center();
+  const double towards = up_ ? -1 : 1;
+  const QPolygonF arrow{QPointF(middle.x() - 3, middle.y() - 1.5 * towards),
+                        QPointF(middle.x() + 3, middle.y() - 1.5 * towards),
+                        QPointF(middle.x(), middle.y() + 1.5 * towards)};
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(colors.color(isEnabled() ? QPalette::Active : QPalette::Disabled,
+                                QPalette::ButtonText));
+  painter.drawPolygon(arrow);
+}
+
+SpinnerView::SpinnerView(WindowView& window, forms::Spinner& spinner)
+    : ControlView(window, spinner) {
+  adopt(new QWidget(window.parentFor(spinner)));
+  up_ = addArrow(true);
+  down_ = addArrow(false);
+}
+
+ArrowButton* SpinnerView::addArrow(bool up) {
+  auto* arrow = new ArrowButton(up, widget());
+  // Pressed, not clicked: the value changes as the mouse goes down, and again at each repeat.
+  QObject::connect(arrow, &QAbstractButton::pressed, arrow, [this, up] {
+    forms::userSpun(static_cast<forms::Spinner&>(control()), up);
+  });
+  arrow->onReleased = [this](forms::MouseButton button) {
+    forms::userReleasedMouse(control(), button);
+  };
+  return arrow;
+}
+
+void SpinnerView::apply(const Changes& changes) {
+  ControlView::apply(changes);
+  const int height = widget()->height();
+  up_->setGeometry(0, 0, widget()->width(), height / 2);
+  down_->setGeometry(0, height / 2, widget()->width(), height - height / 2);
+}
+
+}  // namespace kvrnstep::qt

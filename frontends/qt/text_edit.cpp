@@ -1,0 +1,114 @@
+#include "text_edit.h"
+
+#include <QMimeData>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <limits>
+
+#include "line_breaks.h"
+#include "text.h"
+
+namespace kvrnstep::qt {
+
+TextEdit::TextEdit(forms::TextBox& box, QWidget* parent)
+    : Typing<QPlainTextEdit>(parent), box_(box) {
+  constexpr double kMargin = 2;
+  connectKeys(*this, box);
+  const forms::ControlRow& row = box.row();
+  if (row.readOnly) {
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  }
+  setTabChangesFocus(true);
+  setLineWrapMode(row.horizontalScroll ? NoWrap : WidgetWidth);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  setHorizontalScrollBarPolicy(row.horizontalScroll ? Qt::ScrollBarAlwaysOn
+                                                    : Qt::ScrollBarAlwaysOff);
+  document()->setDocumentMargin(kMargin);
+  connect(this, &QPlainTextEdit::textChanged, this, [this] { edited(); });
+  connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] { selected(); });
+  connect(this, &QPlainTextEdit::selectionChanged, this, [this] { selected(); });
+}
+
+QString TextEdit::lines() const {
+  // The plain text would turn each no-break space into a blank.
+  QString text = document()->toRawText();
+  text.replace(QChar::ParagraphSeparator, u'\n');
+  return text;
+}
+
+bool TextEdit::showsText() const { return lines() == widgetLines(box_.text()); }
+
+std::u16string TextEdit::shownText() const {
+  // Breaks of another kind than CR LF look the same.
+  return showsText() ? box_.text() : controlLines(lines());
+}
+
+forms::TextSelection TextEdit::selection() const {
+  const QTextCursor cursor = textCursor();
+  const std::u16string text = shownText();
+  const std::size_t start = controlPlace(text, cursor.selectionStart());
+  return {start, controlPlace(text, cursor.selectionEnd()) - start};
+}
+
+void TextEdit::select(forms::TextSelection selection) {
+  const std::u16string text = shownText();
+  QTextCursor cursor = textCursor();
+  cursor.setPosition(widgetPlace(text, selection.start));
+  cursor.setPosition(widgetPlace(text, selection.start + selection.length),
+                     QTextCursor::KeepAnchor);
+  setTextCursor(cursor);
+}
+
+void TextEdit::edited() {
+  if (showing_ || showsText()) return;
+  std::u16string text = controlLines(lines());
+  const QTextCursor cursor = textCursor();
+  const std::size_t start = controlPlace(text, cursor.selectionStart());
+  const std::size_t end = controlPlace(text, cursor.selectionEnd());
+  forms::userEdited(box_, std::move(text), {start, end - start});
+}
+
+void TextEdit::selected() {
+  // While a text is being replaced the caret is told of with the text.
+  if (showing_ || !showsText()) return;
+  forms::userSelected(box_, selection());
+}
+
+void TextEdit::showText() {
+  if (showsText()) return;
+  showing_ = true;
+  setPlainText(widgetLines(box_.text()));
+  showing_ = false;
+}
+
+void TextEdit::showSelection() {
+  if (selection() == box_.selection()) return;
+  showing_ = true;
+  select(box_.selection());
+  showing_ = false;
+}
+
+qsizetype TextEdit::room() const {
+  if (box_.row().maxLength <= 0) return std::numeric_limits<qsizetype>::max();
+  const auto marked = static_cast<qsizetype>(selection().length);
+  return box_.row().maxLength - static_cast<qsizetype>(shownText().size()) + marked;
+}
+
+void TextEdit::keyPressEvent(QKeyEvent* event) {
+  const bool lineBreak = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool typesText = lineBreak || (!event->text().isEmpty() && event->text()[0].isPrint());
+  if (typesText && room() < (lineBreak ? 2 : event->text().size())) return;
+  // With Shift a line would get a separator of another kind.
+  QKeyEvent plainBreak(event->type(), event->key(), Qt::NoModifier, event->text());
+  const bool shiftedBreak = lineBreak && event->modifiers() == Qt::ShiftModifier;
+  Typing<QPlainTextEdit>::keyPressEvent(shiftedBreak ? &plainBreak : event);
+}
+
+void TextEdit::insertFromMimeData(const QMimeData* source) {
+  const std::u16string pasted = controlLines(widgetLines(fromQt(source->text())));
+  QMimeData fitting;
+  fitting.setText(toQt(pasted).left(room()));
+  Typing<QPlainTextEdit>::insertFromMimeData(&fitting);
+}
+
+}  // namespace kvrnstep::qt

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+namespace kvrnstep::qt {
+
+/// A window on the screen. It tells of what is done to it by means of its frame and leaves all
+/// else to others: closing it, for one.
+class TopLevel : public QWidget {
+ public:
+  explicit TopLevel(QWidget* owner);
+
+  std::function<void()> onMoved;
+  std::function<void()> onResized;
+  std::function<void()> onStateChanged;
+  std::function<void()> onCloseBox;
+
+ protected:
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+};
+
+}  // namespace kvrnstep::qt

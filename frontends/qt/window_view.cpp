@@ -1,0 +1,259 @@
+#include "window_view.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "artwork.h"
+#include "button_views.h"
+#include "combo_view.h"
+#include "forms/user_actions.h"
+#include "list_view.h"
+#include "menu_view.h"
+#include "picture_views.h"
+#include "qt_fonts.h"
+#include "reading_order.h"
+#include "spinner_view.h"
+#include "text.h"
+#include "text_views.h"
+
+namespace kvrnstep::qt {
+
+using forms::Chrome;
+using forms::Control;
+using forms::Kind;
+using forms::kTwipsPerPixel;
+using forms::Property;
+
+namespace {
+
+constexpr int kMenuBarHeight = static_cast<int>(Chrome::kMenuBar / kTwipsPerPixel);
+
+}  // namespace
+
+WindowView::WindowView(forms::Window& window, QWidget* owner)
+    : window_(window), topLevel_(owner), ground_(new QWidget(&topLevel_)) {
+  topLevel_.setFont(captionFont());
+  topLevel_.setWindowIcon(windowIcon());
+  build();
+  changes_.addAll();
+  for (const auto& view : views_) view->markAll();
+  update();
+
+  topLevel_.onMoved = [this] { reportMove(); };
+  topLevel_.onResized = [this] { reportResize(); };
+  topLevel_.onStateChanged = [this] { reportState(); };
+  topLevel_.onCloseBox = [this] { forms::userClosed(window_); };
+}
+
+WindowView::~WindowView() = default;
+
+void WindowView::build() {
+  if (window_.hasMenuBar()) {
+    menuBar_ = new QMenuBar(&topLevel_);
+    // The menus belong into the window, wherever the desktop would like to put them.
+    menuBar_->setNativeMenuBar(false);
+    menuBar_->setFont(captionFont());
+  }
+  for (const auto& control : window_.controls()) {
+    views_.push_back(makeView(*control));
+    byControl_.emplace(control.get(), views_.back().get());
+  }
+  nameBoxes();
+}
+
+std::unique_ptr<ControlView> WindowView::makeView(Control& control) {
+  switch (control.kind()) {
+    case Kind::Frame:
+    case Kind::Panel:
+      return std::make_unique<ContainerView>(*this, control);
+    case Kind::Button:
+      return std::make_unique<PushButtonView>(*this, control);
+    case Kind::CheckBox:
+      return std::make_unique<CheckBoxView>(*this, static_cast<forms::CheckBox&>(control));
+    case Kind::OptionButton:
+      return std::make_unique<OptionButtonView>(*this, static_cast<forms::OptionButton&>(control));
+    case Kind::ComboBox:
+      return std::make_unique<ComboView>(*this, static_cast<forms::ComboBox&>(control));
+    case Kind::TextBox: {
+      auto& box = static_cast<forms::TextBox&>(control);
+      if (box.row().multiLine) return std::make_unique<MultiLineView>(*this, box);
+      return std::make_unique<SingleLineView>(*this, box);
+    }
+    case Kind::Spinner:
+      return std::make_unique<SpinnerView>(*this, static_cast<forms::Spinner&>(control));
+    case Kind::ListBox:
+      return std::make_unique<ListView>(*this, static_cast<forms::ListBox&>(control));
+    case Kind::Label:
+      return std::make_unique<LabelView>(*this, control);
+    case Kind::Image:
+      return std::make_unique<ImageView>(*this, control);
+    case Kind::Menu:
+      break;
+  }
+  auto* menu = control.container() == nullptr
+                   ? nullptr
+                   : static_cast<MenuView*>(&viewOf(*control.container()));
+  return std::make_unique<MenuView>(*this, static_cast<forms::MenuEntry&>(control), menu);
+}
+
+/// What a label leads to goes by the label's name, and so do the arrows beside it.
+void WindowView::nameBoxes() {
+  const auto buddyOf = [this](const Control& control) -> ControlView* {
+    const Control* buddy = window_.find(control.row().buddy, control.row().buddyIndex);
+    return buddy == nullptr ? nullptr : &viewOf(*buddy);
+  };
+  for (const auto& view : views_) {
+    if (view->control().kind() != Kind::Label) continue;
+    ControlView* box = buddyOf(view->control());
+    if (box == nullptr) continue;
+    box->widget()->setAccessibleName(withoutMnemonic(view->control().caption()));
+    static_cast<LabelView&>(*view).setBuddy(box->widget());
+  }
+  for (const auto& view : views_) {
+    if (view->control().kind() != Kind::Spinner) continue;
+    if (const ControlView* box = buddyOf(view->control())) {
+      view->widget()->setAccessibleName(box->widget()->accessibleName());
+    }
+  }
+}
+
+ControlView& WindowView::viewOf(const Control& control) const { return *byControl_.at(&control); }
+
+QWidget* WindowView::parentFor(const Control& control) {
+  return control.container() == nullptr ? ground_ : viewOf(*control.container()).widget();
+}
+
+int WindowView::pixels(double units) const {
+  return qRound(units * window_.design().twipsPerUnit / kTwipsPerPixel);
+}
+
+QRect WindowView::pixelPlace(const Control& control) const {
+  const forms::Rect& place = control.place();
+  const int left = pixels(place.left);
+  const int top = pixels(place.top);
+  return {left, top, pixels(place.left + place.width) - left,
+          pixels(place.top + place.height) - top};
+}
+
+int WindowView::innerHeight() const { return pixels(window_.innerHeight()); }
+
+void WindowView::show() {
+  topLevel_.show();
+  topLevel_.activateWindow();
+}
+
+void WindowView::waitUntilUnloaded() {
+  if (!unloaded_) loop_.exec();
+}
+
+void WindowView::changed(Control& control, Property property) {
+  viewOf(control).mark(property);
+  arrangementChanged_ = arrangementChanged_ || property == Property::Left ||
+                        property == Property::Width || property == Property::Visible ||
+                        property == Property::Enabled;
+}
+
+void WindowView::changed(Property property) {
+  changes_.add(property);
+  arrangementChanged_ = true;
+  // What a list may take of the window depends on the window's height.
+  if (property == Property::Height) markKind(Kind::ListBox, Property::Width);
+}
+
+void WindowView::markKind(Kind kind, Property property) {
+  for (const auto& view : views_) {
+    if (view->control().kind() == kind) view->mark(property);
+  }
+}
+
+void WindowView::update() {
+  if (unloaded_ || updating_) return;
+  updating_ = true;
+  for (const auto& view : views_) view->applyChanges();
+  applyWindow(std::exchange(changes_, Changes()));
+  if (std::exchange(arrangementChanged_, false)) arrangeFocus();
+  giveFocus();
+  updating_ = false;
+}
+
+void WindowView::applyWindow(const Changes& changes) {
+  if (changes.has(Property::Caption)) topLevel_.setWindowTitle(toQt(window_.caption()));
+  if (changes.has(Property::Width) || changes.has(Property::Height)) applySize();
+  if (changes.has(Property::Left) || changes.has(Property::Top)) applyPosition();
+}
+
+QSize WindowView::frameless() const {
+  const int menuBar = menuBar_ == nullptr ? 0 : kMenuBarHeight;
+  return {pixels(window_.innerWidth()), pixels(window_.innerHeight()) + menuBar};
+}
+
+void WindowView::applySize() {
+  const QSize size = frameless();
+  const int menuBar = menuBar_ == nullptr ? 0 : kMenuBarHeight;
+  if (menuBar_ != nullptr) {
+    // As high as its menus, or the line under them would break where no menu is.
+    menuBar_->setGeometry(0, 0, size.width(), std::min(menuBar, menuBar_->sizeHint().height()));
+  }
+  ground_->setGeometry(0, menuBar, size.width(), size.height() - menuBar);
+  if (window_.design().resizable) {
+    topLevel_.resize(size);
+  } else {
+    topLevel_.setFixedSize(size);
+  }
+}
+
+void WindowView::applyPosition() {
+  const QPoint wanted(qRound(window_.place().left / kTwipsPerPixel),
+                      qRound(window_.place().top / kTwipsPerPixel));
+  position_ = wanted;
+  if (topLevel_.pos() != wanted) topLevel_.move(wanted);
+}
+
+void WindowView::arrangeFocus() {
+  QWidget* previous = nullptr;
+  for (Control* control : readingOrder(window_)) {
+    ControlView& view = viewOf(*control);
+    view.allowFocus(control->reachable());
+    QWidget* widget = view.widget();
+    if (widget->focusPolicy() == Qt::NoFocus) continue;
+    if (previous != nullptr) QWidget::setTabOrder(previous, widget);
+    previous = widget;
+  }
+}
+
+void WindowView::setFocus(Control& control) { focus_ = &control; }
+
+void WindowView::giveFocus() {
+  if (const Control* control = std::exchange(focus_, nullptr)) {
+    if (QWidget* widget = viewOf(*control).widget()) widget->setFocus(Qt::OtherFocusReason);
+  }
+}
+
+void WindowView::unloaded() {
+  unloaded_ = true;
+  topLevel_.hide();
+  loop_.quit();
+}
+
+void WindowView::reportMove() {
+  if (updating_ || unloaded_ || !topLevel_.isVisible() || topLevel_.isMinimized()) return;
+  const QPoint now = topLevel_.pos();
+  if (std::exchange(position_, now) == now) return;
+  forms::userMoved(window_, now.x() * kTwipsPerPixel, now.y() * kTwipsPerPixel);
+}
+
+void WindowView::reportResize() {
+  if (updating_ || unloaded_ || !window_.design().resizable || !topLevel_.isVisible()) return;
+  const QSize now = topLevel_.size();
+  if (now == frameless()) return;
+  forms::userResized(window_, now.width() * kTwipsPerPixel + Chrome::kSides,
+                     now.height() * kTwipsPerPixel + Chrome::kTitleAndBorders);
+  applySize();
+}
+
+void WindowView::reportState() {
+  const bool minimized = topLevel_.isMinimized();
+  if (!unloaded_ && minimized != window_.minimized()) forms::userMinimized(window_, minimized);
+}
+
+}  // namespace kvrnstep::qt

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QEventLoop>
+#include <QMenuBar>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "control_view.h"
+#include "forms/window.h"
+#include "top_level.h"
+
+namespace kvrnstep::qt {
+
+/// Draws one window for as long as it is open.
+class WindowView final : public forms::View {
+ public:
+  WindowView(forms::Window& window, QWidget* owner);
+  ~WindowView() override;
+
+  [[nodiscard]] forms::Window& window() const { return window_; }
+  [[nodiscard]] TopLevel& topLevel() { return topLevel_; }
+  [[nodiscard]] ControlView& viewOf(const forms::Control& control) const;
+  [[nodiscard]] bool open() const { return !unloaded_; }
+
+  void show();
+  /// Returns when the window has been unloaded.
+  void waitUntilUnloaded();
+
+  // For the views of the controls.
+  [[nodiscard]] QWidget* parentFor(const forms::Control& control);
+  [[nodiscard]] QRect pixelPlace(const forms::Control& control) const;
+  [[nodiscard]] int innerHeight() const;
+  /// Null in a window without menus.
+  [[nodiscard]] QMenuBar* menuBar() const { return menuBar_; }
+  /// Marks a property of all controls of a kind.
+  void markKind(forms::Kind kind, forms::Property property);
+
+  // forms::View
+  void changed(forms::Control& control, forms::Property property) override;
+  void changed(forms::Property property) override;
+  void update() override;
+  void setFocus(forms::Control& control) override;
+  void unloaded() override;
+
+ private:
+  void build();
+  std::unique_ptr<ControlView> makeView(forms::Control& control);
+  void nameBoxes();
+  void applyWindow(const Changes& changes);
+  void applySize();
+  void applyPosition();
+  void arrangeFocus();
+  void giveFocus();
+
+  void reportMove();
+  void reportResize();
+  void reportState();
+
+  [[nodiscard]] int pixels(double units) const;
+  [[nodiscard]] QSize frameless() const;
+
+  forms::Window& window_;
+  TopLevel topLevel_;
+  QMenuBar* menuBar_ = nullptr;
+  QWidget* ground_;  ///< holds the controls, below the menu bar
+  std::vector<std::unique_ptr<ControlView>> views_;
+  std::unordered_map<const forms::Control*, ControlView*> byControl_;
+  Changes changes_;
+  QEventLoop loop_;
+  QPoint position_;  ///< where the model has the frame
+  forms::Control* focus_ = nullptr;
+  bool arrangementChanged_ = true;
+  bool updating_ = false;
+  bool unloaded_ = false;
+};
+
+}  // namespace kvrnstep::qt
