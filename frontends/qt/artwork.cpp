@@ -43,6 +43,8 @@ void applyCursor(QWidget& widget, int resourceId) {
   widget.setCursor(QCursor(hand, kFingerTip.x(), kFingerTip.y()));
 }
 
-QIcon windowIcon() { return QIcon(":/listwright/listwright.png"); }
+QIcon windowIcon() {
+  return QIcon(":/listwright/listwright.png");
+}
 
 }  // namespace kvrnstep::qt

@@ -57,8 +57,8 @@ std::string keeperPath() {
 bool writeAll(int file, const QByteArray& bytes) {
   qsizetype written = 0;
   while (written < bytes.size()) {
-    const ssize_t count = write(file, bytes.constData() + written,
-                                static_cast<std::size_t>(bytes.size() - written));
+    const ssize_t count =
+        write(file, bytes.constData() + written, static_cast<std::size_t>(bytes.size() - written));
     if (count < 0 && errno == EINTR) continue;
     if (count <= 0) return false;
     written += count;

@@ -14,7 +14,9 @@
 namespace {
 
 /// Files of the host that it happened to leave open must not stay open for as long as we run.
-void closeInherited() { close_range(STDERR_FILENO + 1, ~0U, 0); }
+void closeInherited() {
+  close_range(STDERR_FILENO + 1, ~0U, 0);
+}
 
 QByteArray readInput() {
   QByteArray bytes;

@@ -36,7 +36,9 @@ void ControlView::allowFocus(bool allowed) {
   widget_->setFocusPolicy(allowed ? focusPolicy_ : Qt::NoFocus);
 }
 
-QRect ControlView::place() const { return window_.pixelPlace(control_); }
+QRect ControlView::place() const {
+  return window_.pixelPlace(control_);
+}
 
 std::optional<forms::PropertyValue> ControlView::shown(Property property) const {
   if (widget_ == nullptr) return std::nullopt;

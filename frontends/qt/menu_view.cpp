@@ -16,9 +16,8 @@ using forms::Property;
 namespace {
 
 bool holdsEntries(const forms::Control& menu) {
-  return std::ranges::any_of(menu.window().controls(), [&](const auto& control) {
-    return control->container() == &menu;
-  });
+  return std::ranges::any_of(menu.window().controls(),
+                             [&](const auto& control) { return control->container() == &menu; });
 }
 
 }  // namespace
@@ -31,8 +30,8 @@ MenuView::MenuView(WindowView& window, forms::MenuEntry& entry, MenuView* parent
     action_ = menu_->menuAction();
   } else {
     action_ = new QAction(parent->menu());
-    action_->setShortcut(QKeySequence::fromString(toQt(entry.row().shortcut),
-                                                  QKeySequence::PortableText));
+    action_->setShortcut(
+        QKeySequence::fromString(toQt(entry.row().shortcut), QKeySequence::PortableText));
     QObject::connect(action_, &QAction::triggered, action_, [this] { triggered(); });
   }
   if (parent != nullptr) {

@@ -61,8 +61,7 @@ std::optional<forms::PropertyValue> LabelView::shown(Property property) const {
   return whole ? fromQt(label_->text()) : caption;
 }
 
-ImageView::ImageView(WindowView& window, forms::Control& image)
-    : ControlView(window, image) {
+ImageView::ImageView(WindowView& window, forms::Control& image) : ControlView(window, image) {
   auto* label = new MouseReleases<QLabel>(window.parentFor(image));
   label_ = label;
   adopt(label);

@@ -53,8 +53,8 @@ struct Arguments {
 void createApplication(const std::string& platform) {
   static Arguments arguments;
   arguments.platform = platform;
-  arguments.values = {arguments.program.data(), arguments.option.data(),
-                      arguments.platform.data(), nullptr};
+  arguments.values = {arguments.program.data(), arguments.option.data(), arguments.platform.data(),
+                      nullptr};
   arguments.count = platform.empty() ? 1 : 3;
 
   const LocaleGuard locale;
@@ -90,6 +90,8 @@ bool provideApplication(std::string& problem) {
   return true;
 }
 
-bool applicationIsOurs() { return ours; }
+bool applicationIsOurs() {
+  return ours;
+}
 
 }  // namespace kvrnstep::qt

@@ -24,9 +24,9 @@ QString firstInstalled(std::initializer_list<const char*> families) {
 
 const QString& captionFamily() {
   static const QString family = [] {
-    const QString found = firstInstalled({"Tahoma", "MS Sans Serif", "Arial", "Liberation Sans",
-                                          "Noto Sans", "Cantarell", "DejaVu Sans Condensed",
-                                          "DejaVu Sans"});
+    const QString found =
+        firstInstalled({"Tahoma", "MS Sans Serif", "Arial", "Liberation Sans", "Noto Sans",
+                        "Cantarell", "DejaVu Sans Condensed", "DejaVu Sans"});
     return found.isEmpty() ? QFontDatabase::systemFont(QFontDatabase::GeneralFont).family() : found;
   }();
   return family;

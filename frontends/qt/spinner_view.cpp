@@ -29,8 +29,8 @@ void ArrowButton::paintEvent(QPaintEvent* /*event*/) {
                         QPointF(middle.x(), middle.y() + 1.5 * towards)};
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(colors.color(isEnabled() ? QPalette::Active : QPalette::Disabled,
-                                QPalette::ButtonText));
+  painter.setBrush(
+      colors.color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
   painter.drawPolygon(arrow);
 }
 
@@ -44,9 +44,8 @@ SpinnerView::SpinnerView(WindowView& window, forms::Spinner& spinner)
 ArrowButton* SpinnerView::addArrow(bool up) {
   auto* arrow = new ArrowButton(up, widget());
   // Pressed, not clicked: the value changes as the mouse goes down, and again at each repeat.
-  QObject::connect(arrow, &QAbstractButton::pressed, arrow, [this, up] {
-    forms::userSpun(static_cast<forms::Spinner&>(control()), up);
-  });
+  QObject::connect(arrow, &QAbstractButton::pressed, arrow,
+                   [this, up] { forms::userSpun(static_cast<forms::Spinner&>(control()), up); });
   arrow->onReleased = [this](forms::MouseButton button) {
     forms::userReleasedMouse(control(), button);
   };

@@ -11,7 +11,9 @@ inline QString toQt(std::u16string_view text) {
   return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
 }
 
-inline std::u16string fromQt(const QString& text) { return text.toStdU16String(); }
+inline std::u16string fromQt(const QString& text) {
+  return text.toStdU16String();
+}
 
 inline QString toQt(std::string_view ascii) {
   return QString::fromLatin1(ascii.data(), static_cast<qsizetype>(ascii.size()));

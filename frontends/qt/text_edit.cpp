@@ -36,7 +36,9 @@ QString TextEdit::lines() const {
   return text;
 }
 
-bool TextEdit::showsText() const { return lines() == widgetLines(box_.text()); }
+bool TextEdit::showsText() const {
+  return lines() == widgetLines(box_.text());
+}
 
 std::u16string TextEdit::shownText() const {
   // Breaks of another kind than CR LF look the same.

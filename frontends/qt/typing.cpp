@@ -9,9 +9,8 @@ bool mayType(forms::TextControl& box, const QKeyEvent& event) {
   // Qt gives the Delete key a character; it types none.
   if (!box.onKeyPress || event.key() == Qt::Key_Delete) return true;
   const QString characters = event.text();
-  return std::ranges::all_of(characters, [&](QChar character) {
-    return forms::userPressedKey(box, character.unicode());
-  });
+  return std::ranges::all_of(
+      characters, [&](QChar character) { return forms::userPressedKey(box, character.unicode()); });
 }
 
 }  // namespace kvrnstep::qt

@@ -117,7 +117,9 @@ void WindowView::nameBoxes() {
   }
 }
 
-ControlView& WindowView::viewOf(const Control& control) const { return *byControl_.at(&control); }
+ControlView& WindowView::viewOf(const Control& control) const {
+  return *byControl_.at(&control);
+}
 
 QWidget* WindowView::parentFor(const Control& control) {
   return control.container() == nullptr ? ground_ : viewOf(*control.container()).widget();
@@ -135,7 +137,9 @@ QRect WindowView::pixelPlace(const Control& control) const {
           pixels(place.top + place.height) - top};
 }
 
-int WindowView::innerHeight() const { return pixels(window_.innerHeight()); }
+int WindowView::innerHeight() const {
+  return pixels(window_.innerHeight());
+}
 
 void WindowView::show() {
   topLevel_.show();
@@ -221,7 +225,9 @@ void WindowView::arrangeFocus() {
   }
 }
 
-void WindowView::setFocus(Control& control) { focus_ = &control; }
+void WindowView::setFocus(Control& control) {
+  focus_ = &control;
+}
 
 void WindowView::giveFocus() {
   if (const Control* control = std::exchange(focus_, nullptr)) {

@@ -58,8 +58,7 @@ void DrivenQtToolkit::questionOpened(QuestionBox& box) {
   QTimer::singleShot(0, &box, [this, &box] { answerQuestion(box, pilot_->answer()); });
 }
 
-bool DrivenQtToolkit::click(Control& control, forms::MouseButton button,
-                            std::optional<int> entry) {
+bool DrivenQtToolkit::click(Control& control, forms::MouseButton button, std::optional<int> entry) {
   WindowView* view = viewOf(control);
   return view != nullptr && clickControl(*view, control, button, false, entry);
 }

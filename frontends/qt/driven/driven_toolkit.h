@@ -25,8 +25,7 @@ class DrivenQtToolkit final : public forms::DrivenToolkit, private Attendant {
 
   void setPilot(forms::Pilot& pilot) override { pilot_ = &pilot; }
 
-  bool click(forms::Control& control, forms::MouseButton button,
-             std::optional<int> entry) override;
+  bool click(forms::Control& control, forms::MouseButton button, std::optional<int> entry) override;
   bool doubleClick(forms::Control& control, std::optional<int> entry) override;
   bool type(forms::TextControl& box, std::u16string_view text) override;
   bool clear(forms::TextControl& box) override;

@@ -139,8 +139,8 @@ bool chooseEntry(WindowView& view, forms::ComboBox& combo, int entry) {
   QStyleOptionComboBox option;
   option.initFrom(&box);
   option.editable = true;
-  const QRect arrow = box.style()->subControlRect(QStyle::CC_ComboBox, &option,
-                                                  QStyle::SC_ComboBoxArrow, &box);
+  const QRect arrow =
+      box.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, &box);
   waitForUser(view.topLevel());
   if (!clickAt(box, arrow.center()) || !QTest::qWaitForWindowExposed(box.view()->window())) {
     return false;

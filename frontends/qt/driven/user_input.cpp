@@ -94,8 +94,7 @@ void pressCharacter(QWidget& window, char16_t character) {
   const bool control = typedWithControl(character);
   QTest::sendKeyEvent(QTest::Click, window.windowHandle(),
                       control ? keyOfControlCharacter(character) : keyOf(character),
-                      QString(QChar(character)),
-                      control ? Qt::ControlModifier : Qt::NoModifier);
+                      QString(QChar(character)), control ? Qt::ControlModifier : Qt::NoModifier);
   settle();
 }
 
