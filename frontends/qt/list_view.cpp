@@ -13,13 +13,12 @@ namespace kvrnstep::qt {
 
 using forms::Property;
 
-QItemSelectionModel::SelectionFlags EntryList::selectionCommand(const QModelIndex& index,
-                                                                const QEvent* event) const {
-  if (event != nullptr && event->type() == QEvent::MouseButtonPress &&
-      static_cast<const QMouseEvent*>(event)->button() != Qt::LeftButton) {
-    return QItemSelectionModel::NoUpdate;
+void EntryList::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) {
+    MouseReleases<QListWidget>::mousePressEvent(event);
+  } else {
+    event->accept();
   }
-  return QListWidget::selectionCommand(index, event);
 }
 
 ListView::ListView(WindowView& window, forms::ListBox& list)

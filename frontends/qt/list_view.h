@@ -7,14 +7,13 @@
 
 namespace kvrnstep::qt {
 
-/// A list of entries of which one can be selected. The right button selects none.
+/// A list of entries of which one can be selected, with the left button only.
 class EntryList : public MouseReleases<QListWidget> {
  public:
   using MouseReleases<QListWidget>::MouseReleases;
 
  protected:
-  [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
-      const QModelIndex& index, const QEvent* event) const override;
+  void mousePressEvent(QMouseEvent* event) override;
 };
 
 class ListView : public ControlView {

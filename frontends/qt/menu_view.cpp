@@ -66,6 +66,8 @@ std::optional<forms::PropertyValue> MenuView::shown(Property property) const {
     case Property::Caption:
       return action_->isSeparator() ? u"-" : fromQt(action_->text());
     case Property::Enabled:
+      // What cannot be seen counts as disabled, whatever it was set to.
+      if (!action_->isVisible()) return std::nullopt;
       return action_->isEnabled();
     case Property::Visible:
       return action_->isVisible();

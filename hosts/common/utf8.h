@@ -5,35 +5,52 @@
 
 namespace hosts {
 
+namespace detail {
+
+struct Decoded {
+  char32_t point;
+  std::size_t length;  ///< in bytes
+};
+
+inline std::size_t lengthFromLead(unsigned char lead) {
+  if (lead < 0x80) return 1;
+  if (lead < 0xC0) return 0;
+  if (lead < 0xE0) return 2;
+  return lead < 0xF0 ? 3 : 4;
+}
+
+/// The character at the beginning of the bytes, of which there is at least one. A byte that
+/// belongs to no character is U+FFFD.
+inline Decoded decodeUtf8(std::string_view bytes) {
+  constexpr Decoded kNone{0xFFFD, 1};
+  constexpr char32_t kSmallestOfLength[] = {0, 0, 0x80, 0x800, 0x10000};
+  const auto lead = static_cast<unsigned char>(bytes.front());
+  const std::size_t length = lengthFromLead(lead);
+  if (length == 0 || length > bytes.size()) return kNone;
+  char32_t point = length == 1 ? lead : lead & (0x7FU >> length);
+  for (const char byte : bytes.substr(1, length - 1)) {
+    const auto value = static_cast<unsigned char>(byte);
+    if ((value & 0xC0U) != 0x80) return kNone;
+    point = point << 6 | (value & 0x3FU);
+  }
+  if (point < kSmallestOfLength[length] || point > 0x10FFFF) return kNone;
+  return {point, length};
+}
+
+}  // namespace detail
+
 /// UTF-16 from UTF-8. A byte that belongs to no character becomes U+FFFD.
 inline std::u16string fromUtf8(std::string_view bytes) {
-  constexpr char32_t kReplacement = 0xFFFD;
-  constexpr char32_t kSmallestOfLength[] = {0, 0, 0x80, 0x800, 0x10000};
   std::u16string text;
-  for (std::size_t i = 0; i < bytes.size();) {
-    const auto lead = static_cast<unsigned char>(bytes[i]);
-    std::size_t length = lead < 0x80 ? 1 : lead < 0xC0 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    char32_t point = length < 2 ? lead : lead & (0x7Fu >> length);
-    if (length == 0 || i + length > bytes.size()) length = 0;
-    for (std::size_t k = 1; k < length; ++k) {
-      const auto byte = static_cast<unsigned char>(bytes[i + k]);
-      if ((byte & 0xC0) != 0x80) {
-        length = 0;
-        break;
-      }
-      point = point << 6 | (byte & 0x3Fu);
-    }
-    if (length == 0 || point < kSmallestOfLength[length] || point > 0x10FFFF) {
-      point = kReplacement;
-      length = 1;
-    }
+  while (!bytes.empty()) {
+    const auto [point, length] = detail::decodeUtf8(bytes);
+    bytes.remove_prefix(length);
     if (point >= 0x10000) {
       text += static_cast<char16_t>(0xD7C0 + (point >> 10));
       text += static_cast<char16_t>(0xDC00 + (point & 0x3FF));
     } else {
       text += static_cast<char16_t>(point);
     }
-    i += length;
   }
   return text;
 }
@@ -46,7 +63,7 @@ inline std::string toUtf8(std::u16string_view text) {
     char32_t point = text[i];
     const bool high = point >= 0xD800 && point < 0xDC00;
     if (high && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000) {
-      point = 0x10000 + ((point - 0xD800) << 10) + (text[++i] - 0xDC00u);
+      point = 0x10000 + ((point - 0xD800) << 10) + (text[++i] - 0xDC00U);
     } else if (point >= 0xD800 && point < 0xE000) {
       point = 0xFFFD;
     }

@@ -29,22 +29,29 @@ int follow(const Options& options) {
   return follow(options, file);
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int run(int argc, char** argv) {
   Options options;
   CLI::App app(
-      "Loads the Listwright plug-in, plays its user as a script says, and prints what "
-      "the plug-in shows and does.");
+      "Loads the Listwright plug-in, plays its user as a script says, and prints what the plug-in "
+      "shows and does.",
+      "stepdrive");
   app.add_option("--frontend", options.frontEnd, "headless (default) or qt")
       ->check(CLI::IsMember({"headless", "qt"}));
   app.add_option("--plugin", options.plugin, "the plug-in's library, by its full path");
   app.add_option("FILE", options.script, "the script; - for standard input")->required();
   try {
     app.parse(argc, argv);
-    return follow(options);
   } catch (const CLI::CallForHelp& help) {
     return app.exit(help);
+  }
+  return follow(options);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return run(argc, argv);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "stepdrive: %s\n", error.what());
     return stepdrive::ScriptWrong;

@@ -128,7 +128,7 @@ class Listwright {
     const auto entry = reinterpret_cast<EntryFunction>(dlsym(library, "kvrnstepEntry"));
     const EntryTable* table = entry == nullptr ? nullptr : entry(kEntryVersion);
     if (table == nullptr) throw std::runtime_error(path + " is no plug-in of this version");
-    return Listwright(library, table);
+    return {library, table};
   }
 
   /// Name, a tab, version.

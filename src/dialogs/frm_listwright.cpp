@@ -53,18 +53,18 @@ void frmListwright::assignHandlers() {
   onQueryUnload = [this] { Form_QueryUnload(); };
 
   const auto refresh = [this](int /*index*/) { RefreshPreview(); };
-  for (int i = 0; i < cmdCIC.count(); ++i) {
-    cmdCIC(i).onClick = [this](int index) { cmdCIC_Click(index); };
+  for (auto* element : cmdCIC.all()) {
+    element->onClick = [this](int index) { cmdCIC_Click(index); };
   }
-  for (int i = 0; i < chkLWO.count(); ++i) {
-    chkLWO(i).onClick = [this](int index) { chkLWO_Click(index); };
+  for (auto* element : chkLWO.all()) {
+    element->onClick = [this](int index) { chkLWO_Click(index); };
   }
-  for (int i = 0; i < optNA.count(); ++i) {
-    optNA(i).onClick = [this](int index) { optNA_Click(index); };
+  for (auto* element : optNA.all()) {
+    element->onClick = [this](int index) { optNA_Click(index); };
   }
-  for (int i = 0; i < cboPreSuf.count(); ++i) {
-    cboPreSuf(i).onClick = refresh;
-    cboPreSuf(i).onKeyUp = refresh;
+  for (ComboBox* box : cboPreSuf.all()) {
+    box->onClick = refresh;
+    box->onKeyUp = refresh;
   }
   txtBegin.onChange = refresh;
   txtEnd.onChange = refresh;
@@ -95,20 +95,20 @@ void frmListwright::assignHandlers() {
     };
   }
 
-  for (int i = 0; i < mnuFiles.count(); ++i) {
-    mnuFiles(i).onClick = [this](int index) { mnuFiles_Click(index); };
+  for (auto* element : mnuFiles.all()) {
+    element->onClick = [this](int index) { mnuFiles_Click(index); };
   }
-  for (int i = 0; i < mnuOptions.count(); ++i) {
-    mnuOptions(i).onClick = [this](int index) { mnuOptions_Click(index); };
+  for (auto* element : mnuOptions.all()) {
+    element->onClick = [this](int index) { mnuOptions_Click(index); };
   }
-  for (int i = 0; i < mnuActions.count(); ++i) {
-    mnuActions(i).onClick = [this](int index) { cmdCIC_Click(index); };
+  for (auto* element : mnuActions.all()) {
+    element->onClick = [this](int index) { cmdCIC_Click(index); };
   }
 }
 
 void frmListwright::optNA_Click(int index) {
   iListType = static_cast<std::int16_t>(index);
-  for (int i = 0; i < imgBull.count(); ++i) imgBull(i).setVisible(i == index);
+  for (Control* picture : imgBull.all()) picture->setVisible(picture->index() == index);
   chkLWO(generator::UpperCase)
       .setEnabled(index == generator::Alphabetical || index == generator::RomanNumeral);
   chkLWO(generator::AppendOrdinal).setEnabled(index == generator::Numbered);

@@ -64,7 +64,9 @@ void frmListwright::saveAffixes() {
 }
 
 void frmListwright::selectStartType() {
-  if (LwStepStart >= 0 && LwStepStart < optNA.count()) optNA(LwStepStart).setValue(true);
+  for (forms::OptionButton* button : optNA.all()) {
+    if (button->index() == LwStepStart) button->setValue(true);
+  }
 }
 
 void frmListwright::restoreDisplay() {
@@ -95,7 +97,7 @@ void frmListwright::Form_QueryUnload() {
   saveAffixes();
   for (const int label : kClickableLabels) lblD(label).setCursor(0);
   lstStepf.Clear();
-  for (int i = 0; i < cboPreSuf.count(); ++i) cboPreSuf(i).Clear();
+  for (forms::ComboBox* box : cboPreSuf.all()) box->Clear();
   savePosition();
 }
 

@@ -16,8 +16,8 @@ std::int16_t int16OrZero(std::optional<double> number) {
 generator::ListSettings frmListwright::readSettings() const {
   generator::ListSettings settings;
   settings.Selection = iListType;
-  for (int i = 0; i < chkLWO.count(); ++i) {
-    settings.Option.at(static_cast<std::size_t>(i)) = chkLWO(i).checked() ? 1 : 0;
+  for (const forms::CheckBox* box : chkLWO.all()) {
+    settings.Option.at(static_cast<std::size_t>(box->index())) = box->checked() ? 1 : 0;
   }
   settings.Prefix = cboPreSuf(0).text();
   settings.Suffix = cboPreSuf(1).text();

@@ -331,7 +331,7 @@ class ControlArray {
   explicit ControlArray(const std::array<T*, Count>& elements) : elements_(elements) {}
 
   T& operator()(int index) const { return *elements_.at(static_cast<std::size_t>(index)); }
-  [[nodiscard]] static constexpr int count() { return Count; }
+  [[nodiscard]] const std::array<T*, Count>& all() const { return elements_; }
 
  private:
   std::array<T*, Count> elements_;

@@ -26,8 +26,8 @@ struct Question {
 };
 
 enum class SoundMode : std::uint8_t {
-  Replace,     ///< ends a sound that is playing
-  GiveWay,     ///< is not played while another one plays
+  Replace,  ///< ends a sound that is playing
+  GiveWay,  ///< is not played while another one plays
 };
 
 /// Everything that a user sees or hears. A front end implements it, draws and passes on; it

@@ -35,7 +35,9 @@ LoadedList parse(std::string_view bytes) {
 
 }  // namespace
 
-std::vector<std::u16string> parseList(std::string_view bytes) { return parse(bytes).entries; }
+std::vector<std::u16string> parseList(std::string_view bytes) {
+  return parse(bytes).entries;
+}
 
 void appendListLine(std::string& bytes, std::u16string_view entry) {
   bytes += text::toBytes(entry);

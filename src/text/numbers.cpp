@@ -124,7 +124,7 @@ std::optional<std::uint8_t> roundToByte(double number) {
 
 std::u16string detail::decimalOfWhole(std::int64_t number) {
   std::array<char, 24> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+  const char* end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
   return fromAscii({digits.data(), end});
 }
 
@@ -132,9 +132,9 @@ std::u16string decimal(float number) {
   constexpr int kSignificantDigits = 7;
   if (number == 0) return u"0";
   std::array<char, 32> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
-                                 std::chars_format::general, kSignificantDigits)
-                       .ptr;
+  const char* end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
+                                  std::chars_format::general, kSignificantDigits)
+                        .ptr;
   return fromAscii({digits.data(), end});
 }
 

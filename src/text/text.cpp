@@ -14,7 +14,7 @@ constexpr char lower(char c) {
 
 std::u16string_view trimBlanks(std::u16string_view text) {
   const auto first = text.find_first_not_of(u' ');
-  if (first == text.npos) return {};
+  if (first == std::u16string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(u' ') - first + 1);
 }
 
@@ -23,7 +23,7 @@ std::u16string ReplaceText(std::u16string_view sText, std::u16string_view sFind,
   if (sFind.empty()) return std::u16string(sText);
   std::u16string result;
   std::size_t done = 0;
-  for (auto at = sText.find(sFind); at != sText.npos; at = sText.find(sFind, done)) {
+  for (auto at = sText.find(sFind); at != std::u16string_view::npos; at = sText.find(sFind, done)) {
     result += sText.substr(done, at - done);
     result += sWith;
     done = at + sFind.size();

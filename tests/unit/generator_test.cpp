@@ -50,8 +50,9 @@ std::u16string roman(int number) {
 std::u16string ordinal(int number) {
   if (number == 0) return u"";
   if (number / 10 % 10 == 1) return u"th";  // 11 to 13, and the others there end in "th" anyway
-  return std::vector<std::u16string>{u"th", u"st", u"nd", u"rd", u"th",
-                                     u"th", u"th", u"th", u"th", u"th"}[number % 10u];
+  static const std::vector<std::u16string> kByLastDigit{u"th", u"st", u"nd", u"rd", u"th",
+                                                        u"th", u"th", u"th", u"th", u"th"};
+  return kByLastDigit[static_cast<std::size_t>(number % 10)];
 }
 
 std::u16string replaced(std::u16string text, const std::u16string& find,

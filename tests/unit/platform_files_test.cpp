@@ -7,36 +7,18 @@
 
 #include <atomic>
 #include <csignal>
-#include <functional>
 
 #include "platform/files.h"
+#include "platform_other_process.h"
 #include "platform_temporary_folder.h"
 
 namespace kvrnstep::platform {
 namespace {
 
 using namespace std::string_literals;
+using tests::asOrdinaryUser;
+using tests::inOtherProcess;
 using Names = std::set<std::string>;
-
-/// Runs the work in a process of its own and returns how that ended; the work's result is its
-/// exit status.
-int inOtherProcess(const std::function<bool()>& work) {
-  const pid_t child = ::fork();
-  if (child == 0) ::_exit(work() ? 0 : 1);
-  int status = -1;
-  ::waitpid(child, &status, 0);
-  return status;
-}
-
-/// What the work gives when it is done by somebody whom permissions stop.
-bool asOrdinaryUser(const std::function<bool()>& work) {
-  constexpr uid_t kNobody = 65534;
-  return inOtherProcess([&] {
-           const bool ordinary =
-               ::geteuid() != 0 || (::setgid(kNobody) == 0 && ::setuid(kNobody) == 0);
-           return ordinary && work();
-         }) == 0;
-}
 
 class ReplaceFile : public testing::Test {
  protected:

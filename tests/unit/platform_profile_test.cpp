@@ -7,6 +7,7 @@
 
 #include "platform/files.h"
 #include "platform/profile.h"
+#include "platform_other_process.h"
 #include "platform_temporary_folder.h"
 
 namespace kvrnstep::platform {
@@ -62,6 +63,7 @@ TEST(ProfileValue, FindsKeys) {
   }
   EXPECT_EQ(profileValue("[a]b]\nKey=v", "a]b", " Key\t"), "v");
   EXPECT_EQ(profileValue("[]\n=v", "", ""), "v");
+  EXPECT_EQ(profileValue("[Sec]\n;Key=v", "Sec", ";Key"), std::nullopt);
 }
 
 TEST(WithProfileValue, ChangesOneLine) {
@@ -353,6 +355,17 @@ TEST(ProfileFile, WritesOrLeavesTheFileAlone) {
   folder.setMode("ini", 0444);
   EXPECT_FALSE(writePrivateProfileString("Sec", "Key", "2", folder("ini")));
   EXPECT_EQ(folder.names(), std::set<std::string>{"ini"});
+}
+
+TEST(ProfileFile, AFileThatCannotBeReadIsNotReplaced) {
+  const tests::TemporaryFolder folder;
+  folder.put("ini", "[Other]\r\nKey=1\r\n");
+  folder.setMode("", 0777);
+  folder.setMode("ini", 0222);
+  EXPECT_FALSE(tests::asOrdinaryUser(
+      [&] { return writePrivateProfileString("Sec", "Key", "2", folder("ini")); }));
+  folder.setMode("ini", 0644);
+  EXPECT_EQ(folder.get("ini"), "[Other]\r\nKey=1\r\n");
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <stdlib.h>
 #include <sys/stat.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <set>

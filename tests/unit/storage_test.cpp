@@ -65,7 +65,7 @@ TEST(List, EmptyLinesCountAmongTheMostThatAreRead) {
   for (int i = 0; i < 40'000; ++i) full += "A\r\n";
   EXPECT_EQ(parseList(full).size(), 32'001U);
   EXPECT_EQ(parseList("\r\n\r\n" + full).size(), 31'999U);
-  EXPECT_EQ(parseList(full.substr(0, 3 * 32'000) + "B\r\nC").back(), u"B");
+  EXPECT_EQ(parseList(full.substr(0, 96'000) + "B\r\nC").back(), u"B");
   EXPECT_EQ(parseList(full + "\xE9").size(), 32'001U);
   // What is not read tells the encoding, too.
   EXPECT_EQ(parseList("\xC3\xA9\r\n" + full + "\xE9").front(), u"Ã©");
@@ -108,6 +108,17 @@ TEST_F(ListFile, LoadsAndSaves) {
   EXPECT_EQ(folder.get("list"), "");
 }
 
+TEST_F(ListFile, TellsWhetherTheFileWasReadToItsEnd) {
+  std::string lines(3 * storage::kMostListLines, 'A');
+  for (std::size_t i = 1; i < lines.size(); i += 3) lines.replace(i, 2, "\r\n");
+  Target target;
+  folder.put("list", lines);
+  EXPECT_TRUE(LoadSaveListFile(target, false, folder("list")));
+  folder.put("list", lines + "B");
+  EXPECT_FALSE(LoadSaveListFile(target, false, folder("list")));
+  EXPECT_EQ(target.entries.size(), 32'001U);
+}
+
 TEST_F(ListFile, LoadingCreatesAMissingFile) {
   Target target{{u"before"}};
   LoadSaveListFile(target, false, folder("list"));
@@ -119,7 +130,7 @@ TEST_F(ListFile, LoadingCreatesAMissingFile) {
 TEST_F(ListFile, LoadingWhatCannotBeReadEmptiesTheTarget) {
   for (const auto* name : {"missing/list", ""}) {
     Target target{{u"before"}};
-    LoadSaveListFile(target, false, folder(name));
+    EXPECT_FALSE(LoadSaveListFile(target, false, folder(name)));
     EXPECT_EQ(target.entries, Entries{});
   }
   EXPECT_TRUE(folder.names().empty());
@@ -129,9 +140,9 @@ TEST_F(ListFile, SavingWhatCannotBeWrittenChangesNothing) {
   folder.put("list", "old\r\n");
   folder.setMode("list", 0444);
   Target target{{u"new"}};
-  LoadSaveListFile(target, true, folder("list"));
-  LoadSaveListFile(target, true, folder("missing/list"));
-  LoadSaveListFile(target, true, folder(""));
+  for (const auto* name : {"list", "missing/list", ""}) {
+    EXPECT_FALSE(LoadSaveListFile(target, true, folder(name)));
+  }
   EXPECT_EQ(folder.get("list"), "old\r\n");
   EXPECT_EQ(folder.names(), std::set<std::string>{"list"});
   EXPECT_EQ(target.entries, Entries{u"new"});
@@ -218,7 +229,7 @@ TEST_F(Settings, LongValuesAreCutWhenRead) {
   const auto store = [&](const std::u16string& value) {
     modSecns::WriteIniKey(u"S", u"K", value, folder("ini"));
     const auto asDefault = modSecns::ReadIniKey(u"S", u"missing", value, folder("ini"));
-    const auto read = modSecns::ReadIniKey(u"S", u"K", u"", folder("ini"));
+    auto read = modSecns::ReadIniKey(u"S", u"K", u"", folder("ini"));
     EXPECT_EQ(read, asDefault);
     return read;
   };

@@ -1,8 +1,8 @@
 #include "platform/module.h"
 
 #include <dlfcn.h>
-#include <stdlib.h>  // realpath
 
+#include <cstdlib>
 #include <memory>
 
 #include "platform/files.h"

@@ -5,7 +5,7 @@
 namespace kvrnstep::platform {
 
 std::string nativePath(const std::u16string& path) {
-  if (path.find(u'\0') != path.npos) return {};
+  if (path.find(u'\0') != std::u16string::npos) return {};
   return text::toBytes(path);
 }
 

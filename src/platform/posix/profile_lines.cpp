@@ -13,7 +13,7 @@ constexpr std::string_view kBlanksAndTabs = " \t";
 
 std::string_view trimBlanksAndTabs(std::string_view text) {
   const auto first = text.find_first_not_of(kBlanksAndTabs);
-  if (first == text.npos) return text.substr(text.size());
+  if (first == std::string_view::npos) return text.substr(text.size());
   return text.substr(first, text.find_last_not_of(kBlanksAndTabs) - first + 1);
 }
 
@@ -24,8 +24,8 @@ ProfileLines::ProfileLines(std::string_view bytes) : bytes_(bytes) {
 }
 
 std::size_t ProfileLines::lineEnd() {
-  if (nextCr_ != bytes_.npos && nextCr_ < at_) nextCr_ = bytes_.find('\r', at_);
-  if (nextLf_ != bytes_.npos && nextLf_ < at_) nextLf_ = bytes_.find('\n', at_);
+  if (nextCr_ < at_) nextCr_ = bytes_.find('\r', at_);
+  if (nextLf_ < at_) nextLf_ = bytes_.find('\n', at_);
   return std::min({nextCr_, nextLf_, bytes_.size()});
 }
 
@@ -42,15 +42,15 @@ std::optional<ProfileLine> ProfileLines::next() {
 
 std::optional<std::string_view> sectionName(const ProfileLine& line) {
   const auto open = line.text.find_first_not_of(kBlanksAndTabs);
-  if (open == line.text.npos || line.text[open] != '[') return std::nullopt;
+  if (open == std::string_view::npos || line.text[open] != '[') return std::nullopt;
   const auto close = line.text.rfind(']');
-  if (close == line.text.npos) return std::nullopt;
+  if (close == std::string_view::npos) return std::nullopt;
   return line.text.substr(open + 1, close - open - 1);
 }
 
 std::optional<ProfileKey> keyOf(const ProfileLine& line) {
   const auto sign = line.text.find('=');
-  if (sign == line.text.npos) return std::nullopt;
+  if (sign == std::string_view::npos) return std::nullopt;
   const auto name = trimBlanksAndTabs(line.text.substr(0, sign));
   if (name.starts_with(';')) return std::nullopt;
   return ProfileKey{name, line.text.substr(sign + 1)};

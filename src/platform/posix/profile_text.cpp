@@ -97,8 +97,8 @@ std::string withProfileValue(std::string_view bytes, std::string_view section, s
 
 bool isProfileName(std::string_view section, std::string_view key) {
   constexpr std::string_view kLineBreaks = "\r\n";
-  if (section.find_first_of(kLineBreaks) != section.npos) return false;
-  if (key.find_first_of("\r\n=") != key.npos) return false;
+  if (section.find_first_of(kLineBreaks) != std::string_view::npos) return false;
+  if (key.find_first_of("\r\n=") != std::string_view::npos) return false;
   const auto name = trimBlanksAndTabs(key);
   return !name.starts_with('[') && !name.starts_with(';');
 }

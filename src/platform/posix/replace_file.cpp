@@ -63,6 +63,11 @@ bool mayBeWritten(const Target& target) {
          ::faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
+bool holds(const Target& target, std::string_view bytes) {
+  return target.state && static_cast<std::size_t>(target.state->st_size) == bytes.size() &&
+         readNativeFile(target.path) == bytes;
+}
+
 /// A file under a passing name, which is gone again unless it has taken the target's place.
 class TemporaryFile {
  public:
@@ -138,7 +143,7 @@ bool replaceTarget(const Target& target, std::string_view bytes) {
 bool replaceFile(const std::u16string& path, std::string_view bytes) {
   const auto target = targetOf(nativePath(path));
   if (!target || !mayBeWritten(*target)) return false;
-  return nativeFileHolds(target->path, bytes) || replaceTarget(*target, bytes);
+  return holds(*target, bytes) || replaceTarget(*target, bytes);
 }
 
 }  // namespace kvrnstep::platform
