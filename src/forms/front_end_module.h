@@ -14,6 +14,6 @@ using KvrnstepDrivenFrontEnd = kvrnstep::forms::DrivenToolkit*(std::string* prob
 }
 
 namespace kvrnstep::forms {
-inline constexpr char kFrontEndSymbol[] = "kvrnstepFrontEnd";
-inline constexpr char kDrivenFrontEndSymbol[] = "kvrnstepDrivenFrontEnd";
+inline constexpr const char* kFrontEndSymbol = "kvrnstepFrontEnd";
+inline constexpr const char* kDrivenFrontEndSymbol = "kvrnstepDrivenFrontEnd";
 }  // namespace kvrnstep::forms

@@ -141,6 +141,8 @@ class Stage::Command {
     });
   }
 
+  /// No pop-up menu is open while a window waits.
+  // NOLINTNEXTLINE(readability-convert-member-functions-to-static): stands in the table of verbs
   Reply escape() { return doneIf(false); }
 
   Reply move() {
@@ -292,7 +294,7 @@ Reply Stage::findTarget(std::string_view text, Target& target) {
 
 Reply Stage::read(std::string_view target, PropertyValue& value) {
   Target place;
-  if (const Reply reply = findTarget(target, place); reply.outcome != Outcome::Done) return reply;
+  if (Reply reply = findTarget(target, place); reply.outcome != Outcome::Done) return reply;
   const auto held = place.control != nullptr ? place.control->get(place.property)
                                              : windows_.back()->get(place.property);
   if (!held) return wrong("no such property in " + std::string(target));
@@ -304,7 +306,7 @@ Reply Stage::read(std::string_view target, PropertyValue& value) {
 
 Reply Stage::assign(std::string_view target, const std::u16string& value) {
   Target place;
-  if (const Reply reply = findTarget(target, place); reply.outcome != Outcome::Done) return reply;
+  if (Reply reply = findTarget(target, place); reply.outcome != Outcome::Done) return reply;
   Window& window = *windows_.back();
   const auto held =
       place.control != nullptr ? place.control->get(place.property) : window.get(place.property);

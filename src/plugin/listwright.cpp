@@ -17,7 +17,7 @@ std::u16string settingsFile(const std::u16string& named) {
 
 /// The named folder, made if it is missing, or the plug-in folder.
 std::u16string stepFolder(const std::u16string& named) {
-  const std::u16string folder = platform::withoutTrailingSeparator(named);
+  std::u16string folder = platform::withoutTrailingSeparator(named);
   if (folder.empty()) return GetPluginFolder();
   if (!storage::PathExists(folder)) platform::createFolder(folder);
   return folder;

@@ -182,8 +182,8 @@ bool resizeWindow(WindowView& view, double width, double height) {
 bool minimizeWindow(WindowView& view, bool minimized) {
   TopLevel& window = view.topLevel();
   window.setWindowState(window.windowState().setFlag(Qt::WindowMinimized, minimized));
-  settle();
-  return view.window().minimized() == minimized;
+  // A window manager has its own time, and may still be busy with showing the window.
+  return QTest::qWaitFor([&] { return view.window().minimized() == minimized; });
 }
 
 bool closeWindow(WindowView& view) {
