@@ -11,6 +11,7 @@
 #include <QByteArray>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
@@ -24,7 +25,7 @@ namespace kvrnstep::qt {
 
 namespace {
 
-constexpr char kKeeper[] = "kvrnstep-clipboard";
+constexpr const char* kKeeper = "kvrnstep-clipboard";
 constexpr int kReadyWithinMilliseconds = 2000;
 
 /// A file descriptor, closed when it goes.
@@ -85,10 +86,10 @@ bool startKeeper(const std::string& path, int input, int output) {
   posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
 
   std::string name = kKeeper;
-  char* arguments[] = {name.data(), nullptr};
+  const std::array<char*, 2> arguments{name.data(), nullptr};
   pid_t child = 0;
   const bool started =
-      posix_spawn(&child, path.c_str(), &files, &attributes, arguments, environ) == 0;
+      posix_spawn(&child, path.c_str(), &files, &attributes, arguments.data(), environ) == 0;
   posix_spawn_file_actions_destroy(&files);
   posix_spawnattr_destroy(&attributes);
   if (!started) return false;
@@ -113,8 +114,8 @@ bool handToKeeper(const QString& text) {
   if (path.empty()) return false;
   // A file in memory: writing to it neither blocks nor raises a signal, whatever the keeper does.
   const Descriptor input(memfd_create(kKeeper, MFD_CLOEXEC));
-  int ends[2] = {-1, -1};
-  if (!input.valid() || pipe2(ends, O_CLOEXEC) != 0) return false;
+  std::array<int, 2> ends{-1, -1};
+  if (!input.valid() || pipe2(ends.data(), O_CLOEXEC) != 0) return false;
   const Descriptor readEnd(ends[0]);
   Descriptor writeEnd(ends[1]);
   if (!writeAll(input.get(), text.toUtf8()) || lseek(input.get(), 0, SEEK_SET) != 0) return false;

@@ -16,7 +16,7 @@ namespace kvrnstep::qt {
 
 namespace {
 
-constexpr char kNoDisplay[] =
+constexpr const char* kNoDisplay =
     "no display: neither DISPLAY nor WAYLAND_DISPLAY names one that answers";
 
 bool displayAnswersX() {

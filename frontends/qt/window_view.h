@@ -17,6 +17,8 @@ class WindowView final : public forms::View {
  public:
   WindowView(forms::Window& window, QWidget* owner);
   ~WindowView() override;
+  WindowView(const WindowView&) = delete;
+  WindowView& operator=(const WindowView&) = delete;
 
   [[nodiscard]] forms::Window& window() const { return window_; }
   [[nodiscard]] TopLevel& topLevel() { return topLevel_; }

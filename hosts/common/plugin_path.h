@@ -5,11 +5,15 @@
 
 namespace hosts {
 
-/// Where the plug-in lies beside the running program: "../lib" seen from the program's folder.
+/// Where the plug-in lies, seen from the running program's folder: "../lib" in a build tree,
+/// "../lib/listwright" where it is installed.
 inline std::string pluginBesideProgram() {
   std::error_code failed;
   const auto program = std::filesystem::read_symlink("/proc/self/exe", failed);
-  return program.parent_path().parent_path() / LISTWRIGHT_LIBDIR / "libkvrnstep.so";
+  const auto libraries = program.parent_path().parent_path() / "lib";
+  auto built = libraries / "libkvrnstep.so";
+  if (std::filesystem::exists(built, failed)) return built;
+  return libraries / "listwright" / "libkvrnstep.so";
 }
 
 }  // namespace hosts
