@@ -9,7 +9,8 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QStringList>
-#include <cstring>
+#include <algorithm>
+#include <iterator>
 #include <string_view>
 
 namespace kvrnstep::qt {
@@ -19,12 +20,13 @@ namespace {
 constexpr const char* kNoDisplay =
     "no display: neither DISPLAY nor WAYLAND_DISPLAY names one that answers";
 
-bool displayAnswersX() {
-  if (qEnvironmentVariableIsEmpty("DISPLAY")) return false;
-  xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
-  const bool answers = xcb_connection_has_error(connection) == 0;
-  xcb_disconnect(connection);
-  return answers;
+using Connection = std::shared_ptr<xcb_connection_t>;
+
+/// Null where no X server answers.
+Connection connectX() {
+  if (qEnvironmentVariableIsEmpty("DISPLAY")) return nullptr;
+  Connection connection(xcb_connect(nullptr, nullptr), xcb_disconnect);
+  return xcb_connection_has_error(connection.get()) == 0 ? connection : nullptr;
 }
 
 /// Path of the compositor's socket; empty where nothing names one.
@@ -42,7 +44,7 @@ bool displayAnswersWayland() {
     return false;
   }
   address.sun_family = AF_UNIX;
-  std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
+  std::copy(path.begin(), path.end(), std::begin(address.sun_path));
   const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
   if (socket < 0) return false;
   const bool answers =
@@ -56,17 +58,22 @@ bool pluginInstalled(const QString& platform) {
   QStringList folders;
   for (const QString& folder : QCoreApplication::libraryPaths()) folders << folder + "/platforms";
   folders << qEnvironmentVariable("QT_QPA_PLATFORM_PLUGIN_PATH").split(':', Qt::SkipEmptyParts);
-  for (const QString& folder : folders) {
-    if (QFileInfo::exists(folder + "/libq" + file + ".so")) return true;
-  }
-  return false;
+  return std::ranges::any_of(folders, [&](const QString& folder) {
+    return QFileInfo::exists(folder + "/libq" + file + ".so");
+  });
 }
 
-bool usable(const QString& platform) {
-  if (!pluginInstalled(platform)) return false;
-  if (platform == "xcb") return displayAnswersX();
-  if (platform.startsWith("wayland")) return displayAnswersWayland();
-  return true;
+/// The display of that platform; nothing where it does not answer.
+std::optional<Display> displayOf(const QString& platform) {
+  if (!pluginInstalled(platform)) return std::nullopt;
+  Display display{platform.toStdString(), nullptr};
+  if (platform == "xcb") {
+    display.connection = connectX();
+    if (display.connection == nullptr) return std::nullopt;
+  } else if (platform.startsWith("wayland") && !displayAnswersWayland()) {
+    return std::nullopt;
+  }
+  return display;
 }
 
 /// The platforms that the environment wants, "offscreen:option=value;xcb", without their options.
@@ -77,24 +84,35 @@ QStringList wantedPlatforms() {
   return names;
 }
 
+/// The first of the wanted platforms that answers. Qt reads the wish itself, with its options.
+std::optional<Display> wantedDisplay(const QStringList& platforms) {
+  for (const QString& platform : platforms) {
+    if (auto display = displayOf(platform)) {
+      display->platform.clear();
+      return display;
+    }
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
-std::optional<std::string> findPlatform(std::string& problem) {
+std::optional<Display> findDisplay(std::string& problem) {
   if (const QStringList wanted = wantedPlatforms(); !wanted.isEmpty()) {
-    for (const QString& platform : wanted) {
-      if (usable(platform)) return std::string();
+    auto display = wantedDisplay(wanted);
+    if (!display) {
+      problem = "no display: the Qt platform \"" + wanted.join(';').toStdString() +
+                "\" that QT_QPA_PLATFORM names cannot be used";
     }
-    problem = "no display: the Qt platform \"" + wanted.join(';').toStdString() +
-              "\" that QT_QPA_PLATFORM names cannot be used";
-    return std::nullopt;
+    return display;
   }
-  const bool onX = usable("xcb");
-  const bool onWayland = usable("wayland");
-  if (onX && onWayland) return std::string();
-  if (onX) return "xcb";
-  if (onWayland) return "wayland";
-  problem = kNoDisplay;
-  return std::nullopt;
+  auto onX = displayOf("xcb");
+  auto onWayland = displayOf("wayland");
+  if (!onX && !onWayland) problem = kNoDisplay;
+  if (!onX) return onWayland;
+  // With both there is a choice, and it is Qt's.
+  if (onWayland) onX->platform.clear();
+  return onX;
 }
 
 }  // namespace kvrnstep::qt

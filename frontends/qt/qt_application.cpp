@@ -74,9 +74,9 @@ void createApplication(const std::string& platform) {
 
 bool provideApplication(std::string& problem) {
   if (QCoreApplication::instance() == nullptr) {
-    const auto platform = findPlatform(problem);
-    if (!platform) return false;
-    createApplication(*platform);
+    const auto display = findDisplay(problem);
+    if (!display) return false;
+    createApplication(display->platform);
   }
   const auto* application = qobject_cast<QApplication*>(QCoreApplication::instance());
   if (application == nullptr) {
