@@ -1,6 +1,7 @@
 #include "headless_toolkit.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
 #include "forms/user_actions.h"
@@ -73,6 +74,11 @@ MenuEntry* shortcutEntry(const Window& window, std::string_view keys) {
   return nullptr;
 }
 
+/// A name without a folder belongs to the folder that the dialog shows.
+std::filesystem::path inFolder(const forms::FileDialog& dialog, const std::u16string& named) {
+  return std::filesystem::path(dialog.folder) / named;
+}
+
 }  // namespace
 
 void HeadlessToolkit::runModal(Window& window) {
@@ -81,6 +87,28 @@ void HeadlessToolkit::runModal(Window& window) {
 
 std::optional<std::u16string> HeadlessToolkit::ask(const forms::Question& /*question*/) {
   return pilot_->answer();
+}
+
+std::optional<std::u16string> HeadlessToolkit::askFileToOpen(const forms::FileDialog& dialog) {
+  const auto named = pilot_->answer();
+  if (!named) return std::nullopt;
+  const std::filesystem::path path = inFolder(dialog, *named);
+  // A file dialog does not let a name through that names no file.
+  if (!std::filesystem::is_regular_file(path)) return std::nullopt;
+  return path.u16string();
+}
+
+std::optional<std::u16string> HeadlessToolkit::askFileToSave(const forms::FileDialog& dialog) {
+  const auto named = pilot_->answer();
+  if (!named) return std::nullopt;
+  std::filesystem::path path = inFolder(dialog, *named);
+  if (!path.has_extension()) path += u"." + std::u16string(dialog.defaultExtension);
+  return path.u16string();
+}
+
+void HeadlessToolkit::popUp(MenuEntry& /*menu*/) {
+  popUpOpen_ = true;
+  while (popUpOpen_) pilot_->act();
 }
 
 bool HeadlessToolkit::click(Control& control, MouseButton button, std::optional<int> entry) {
@@ -147,8 +175,14 @@ bool HeadlessToolkit::drag(Control& /*from*/, Control& /*to*/) {
 }
 
 bool HeadlessToolkit::pick(MenuEntry& entry) {
+  if (!entry.reachable()) return false;
+  popUpOpen_ = false;
   forms::userClicked(entry);
   return true;
+}
+
+bool HeadlessToolkit::escape() {
+  return std::exchange(popUpOpen_, false);
 }
 
 bool HeadlessToolkit::move(Window& window, double left, double top) {

@@ -13,6 +13,11 @@ class HeadlessToolkit final : public forms::DrivenToolkit {
   void runModal(forms::Window& window) override;
   void showMessage(const forms::Message& /*message*/) override {}
   std::optional<std::u16string> ask(const forms::Question& question) override;
+  std::optional<std::u16string> askFileToOpen(const forms::FileDialog& dialog) override;
+  std::optional<std::u16string> askFileToSave(const forms::FileDialog& dialog) override;
+  void popUp(forms::MenuEntry& menu) override;
+  void print(const std::u16string& /*text*/) override {}
+  void setBusy(bool /*busy*/) override {}
   double screenWidth() override { return 1280 * forms::kTwipsPerPixel; }
   double screenHeight() override { return 1024 * forms::kTwipsPerPixel; }
   void letEventsRun() override {}
@@ -29,6 +34,7 @@ class HeadlessToolkit final : public forms::DrivenToolkit {
   bool spin(forms::Spinner& spinner, bool up) override;
   bool drag(forms::Control& from, forms::Control& to) override;
   bool pick(forms::MenuEntry& entry) override;
+  bool escape() override;
   bool move(forms::Window& window, double left, double top) override;
   bool resize(forms::Window& window, double width, double height) override;
   bool minimize(forms::Window& window, bool minimized) override;
@@ -41,6 +47,7 @@ class HeadlessToolkit final : public forms::DrivenToolkit {
 
  private:
   forms::Pilot* pilot_ = nullptr;
+  bool popUpOpen_ = false;
 };
 
 }  // namespace kvrnstep::headless

@@ -1,6 +1,5 @@
 #include "clipboard.h"
 
-#include <dlfcn.h>
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
@@ -14,11 +13,10 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <filesystem>
 #include <string>
-#include <system_error>
 #include <utility>
 
+#include "module_folder.h"
 #include "qt_application.h"
 
 namespace kvrnstep::qt {
@@ -45,15 +43,6 @@ class Descriptor {
  private:
   int number_;
 };
-
-/// The program beside this module, by its full path; empty where the module's own is unknown.
-std::string keeperPath() {
-  Dl_info module{};
-  if (dladdr(reinterpret_cast<const void*>(&putOnClipboard), &module) == 0) return {};
-  std::error_code failed;
-  const auto path = std::filesystem::absolute(module.dli_fname, failed);
-  return failed ? std::string() : (path.parent_path() / kKeeper).string();
-}
 
 bool writeAll(int file, const QByteArray& bytes) {
   qsizetype written = 0;
@@ -110,7 +99,7 @@ bool becomesReadable(int file) {
 
 /// Hands the text to a program of its own that serves the clipboard from then on.
 bool handToKeeper(const QString& text) {
-  const std::string path = keeperPath();
+  const std::string path = besideThisModule(kKeeper);
   if (path.empty()) return false;
   // A file in memory: writing to it neither blocks nor raises a signal, whatever the keeper does.
   const Descriptor input(memfd_create(kKeeper, MFD_CLOEXEC));

@@ -1,5 +1,6 @@
 #include "qt_toolkit.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 #include <QPushButton>
 #include <QScreen>
@@ -7,7 +8,9 @@
 
 #include "clipboard.h"
 #include "locale_guard.h"
+#include "menu_view.h"
 #include "qt_fonts.h"
+#include "services.h"
 #include "text.h"
 
 namespace kvrnstep::qt {
@@ -52,6 +55,43 @@ std::optional<std::u16string> QtToolkit::ask(const forms::Question& question) {
   return fromQt(box.line().text());
 }
 
+std::optional<std::u16string> QtToolkit::askFileToOpen(const forms::FileDialog& dialog) {
+  return askFile(dialog, QFileDialog::AcceptOpen);
+}
+
+std::optional<std::u16string> QtToolkit::askFileToSave(const forms::FileDialog& dialog) {
+  return askFile(dialog, QFileDialog::AcceptSave);
+}
+
+std::optional<std::u16string> QtToolkit::askFile(const forms::FileDialog& dialog,
+                                                 QFileDialog::AcceptMode mode) {
+  const LocaleGuard locale;
+  FileBox box(dialog, mode, owner());
+  if (attendant_ != nullptr) attendant_->fileBoxOpened(box);
+  return box.choose();
+}
+
+void QtToolkit::popUp(forms::MenuEntry& menu) {
+  WindowView* view = viewOf(menu.window());
+  if (view == nullptr) return;
+  view->update();
+  QMenu* shown = static_cast<MenuView&>(view->viewOf(menu)).menu();
+  if (attendant_ != nullptr) attendant_->popUpOpened(*shown);
+  shown->exec(QCursor::pos());
+}
+
+void QtToolkit::print(const std::u16string& text) {
+  printText(text);
+}
+
+void QtToolkit::setBusy(bool busy) {
+  if (busy) {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QGuiApplication::restoreOverrideCursor();
+  }
+}
+
 double QtToolkit::screenWidth() {
   const QScreen* screen = QGuiApplication::primaryScreen();
   return screen == nullptr ? 0 : screen->geometry().width() * kTwipsPerPixel;
@@ -72,8 +112,8 @@ void QtToolkit::setClipboard(const std::u16string& text) {
   putOnClipboard(toQt(text));
 }
 
-void QtToolkit::playSound(const std::u16string& /*file*/, forms::SoundMode /*mode*/) {
-  // Every sound counts as one that cannot be played, and is silent.
+void QtToolkit::playSound(const std::u16string& file, forms::SoundMode mode) {
+  startSound(file, mode == forms::SoundMode::GiveWay);
 }
 
 WindowView* QtToolkit::viewOf(const forms::Window& window) const {

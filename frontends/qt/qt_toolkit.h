@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QMenu>
 #include <QMessageBox>
 #include <vector>
 
+#include "file_box.h"
 #include "forms/toolkit.h"
 #include "question_box.h"
 #include "window_view.h"
@@ -16,6 +18,8 @@ class Attendant {
   virtual void windowOpened(WindowView& view) = 0;
   virtual void messageOpened(QMessageBox& box) = 0;
   virtual void questionOpened(QuestionBox& box) = 0;
+  virtual void fileBoxOpened(FileBox& box) = 0;
+  virtual void popUpOpened(QMenu& menu) = 0;
 };
 
 /// Shows windows with Qt's widgets. The process must have a QApplication.
@@ -26,6 +30,11 @@ class QtToolkit final : public forms::Toolkit {
   void runModal(forms::Window& window) override;
   void showMessage(const forms::Message& message) override;
   std::optional<std::u16string> ask(const forms::Question& question) override;
+  std::optional<std::u16string> askFileToOpen(const forms::FileDialog& dialog) override;
+  std::optional<std::u16string> askFileToSave(const forms::FileDialog& dialog) override;
+  void popUp(forms::MenuEntry& menu) override;
+  void print(const std::u16string& text) override;
+  void setBusy(bool busy) override;
   double screenWidth() override;
   double screenHeight() override;
   void letEventsRun() override;
@@ -39,6 +48,8 @@ class QtToolkit final : public forms::Toolkit {
   /// The topmost open window, or null; all that has changed is drawn before another one comes to
   /// lie over it.
   QWidget* owner();
+  std::optional<std::u16string> askFile(const forms::FileDialog& dialog,
+                                        QFileDialog::AcceptMode mode);
 
   Attendant* attendant_;
   std::vector<WindowView*> open_;

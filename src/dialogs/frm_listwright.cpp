@@ -44,7 +44,9 @@ frmListwright::frmListwright(forms::Toolkit& toolkit, const plugin::HostContext&
       lstStepf(control<forms::ListBox>("lstStepf")),
       mnuFiles(controlArray<MenuEntry, 6>("mnuFiles")),
       mnuOptions(controlArray<MenuEntry, 6>("mnuOptions")),
-      mnuActions(controlArray<MenuEntry, 3>("mnuActions")) {
+      mnuActions(controlArray<MenuEntry, 3>("mnuActions")),
+      mnuHid(control<MenuEntry>("mnuHid")),
+      mnuHidd(controlArray<MenuEntry, 3>("mnuHidd")) {
   assignHandlers();
 }
 
@@ -95,6 +97,11 @@ void frmListwright::assignHandlers() {
     };
   }
 
+  lstStepf.onDblClick = [this](int /*index*/) { lstStepf_DblClick(); };
+  lstStepf.onMouseUp = [this](int /*index*/, MouseButton button) { lstStepf_MouseUp(button); };
+  for (auto* element : mnuHidd.all()) {
+    element->onClick = [this](int index) { mnuHidd_Click(index); };
+  }
   for (auto* element : mnuFiles.all()) {
     element->onClick = [this](int index) { mnuFiles_Click(index); };
   }
@@ -127,15 +134,18 @@ void frmListwright::SetActionsEnabled(bool bolEnable) {
   cmdCIC(2).setEnabled(bolEnable);
   mnuActions(0).setEnabled(bolEnable);
   mnuActions(2).setEnabled(bolEnable);
+  mnuFiles(1).setEnabled(bolEnable);
+  mnuFiles(3).setEnabled(bolEnable);
   const bool previewShown = fraStep.place().left > 4;
   for (int panelButton = 3; panelButton <= 5; ++panelButton) {
     cmdCIC(panelButton).setEnabled(previewShown && bolEnable);
   }
 }
 
-void frmListwright::mnuFiles_Click(int index) {
-  constexpr int kClose = 5;
-  if (index == kClose) unload();
+void frmListwright::selectType(std::int16_t type) {
+  for (OptionButton* button : optNA.all()) {
+    if (button->index() == type) button->setValue(true);
+  }
 }
 
 }  // namespace kvrnstep::dialogs

@@ -8,6 +8,7 @@
 #include "forms/window.h"
 #include "generator/list_settings.h"
 #include "plugin/host_context.h"
+#include "stepfiles/open_defaults.h"
 
 namespace kvrnstep::dialogs {
 
@@ -39,7 +40,6 @@ class frmListwright : public forms::Window {
   void Form_Load();
   void Form_QueryUnload();
   void adoptEditorLook();
-  void selectStartType();
   void restoreDisplay();
   void restorePosition();
   void saveDisplay();
@@ -50,7 +50,29 @@ class frmListwright : public forms::Window {
   void writeKey(std::u16string_view key, std::u16string_view value) const;
   [[nodiscard]] std::u16string stepFolderPath(std::u16string_view name) const;
 
+  // Step files
+  void OpenaStepFile(const std::u16string& sAltStepFile);
+  void SaveStepFileAs();
+  void saveUnderStepExtension(const std::u16string& path);
+  void FillStepFileList();
+  void DeleteStepFile(const std::u16string& path);
+  void lstStepf_DblClick();
+  void lstStepf_MouseUp(forms::MouseButton button);
+  void mnuHid_Click();
+  void mnuHidd_Click(int index);
+  [[nodiscard]] std::u16string selectedStepFile() const;
+  [[nodiscard]] generator::ListSettings settingsForFile() const;
+  void show(const generator::ListSettings& settings);
+  static void put(forms::Spinner& spinner, forms::TextBox& box, std::int16_t value);
+
+  // Open defaults
+  void ApplyOpenDefaults();
+  void setOpenDefaults();
+  [[nodiscard]] stepfiles::OpenDefaultsPlace openDefaultsPlace() const;
+
   // Settings of the list
+  /// Nothing where there is no such type.
+  void selectType(std::int16_t type);
   void optNA_Click(int index);
   void chkLWO_Click(int index);
   [[nodiscard]] generator::ListSettings readSettings() const;
@@ -72,6 +94,7 @@ class frmListwright : public forms::Window {
   void insertList();
   void copyList();
   void printList();
+  void PrintStepList(const std::u16string& text);
   void SetActionsEnabled(bool bolEnable);
 
   // Menus and layout
@@ -85,6 +108,7 @@ class frmListwright : public forms::Window {
   void showPanelButtons(bool shown);
   void centre();
 
+  static constexpr int kPrint = 4;  ///< index of the button that prints
   /// Entries of the Options menu that show a panel, and the panels' left edge in pixels.
   static constexpr int kDisplayStepFiles = 4;
   static constexpr int kDisplayPreview = 5;
@@ -113,6 +137,8 @@ class frmListwright : public forms::Window {
   Menus<6> mnuFiles;
   Menus<6> mnuOptions;
   Menus<3> mnuActions;
+  forms::MenuEntry& mnuHid;
+  Menus<3> mnuHidd;
 
   bool lwSelectionMade_ = false;
   std::u16string lwOutputString_;

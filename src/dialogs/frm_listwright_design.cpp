@@ -109,7 +109,7 @@ constexpr auto kControls = std::to_array<ControlRow>({
     // The menu bar. Entries whose work is still to come are disabled.
     {.kind = Menu, .name = "mnuFile", .caption = u"&File"},
     {.kind = Menu, .name = "mnuFiles", .index = 0, .in = "mnuFile", .caption = u"Open...",
-     .enabled = false, .shortcut = "Ctrl+O"},
+     .shortcut = "Ctrl+O"},
     {.kind = Menu, .name = "mnuFiles", .index = 1, .in = "mnuFile", .caption = u"Save As...",
      .enabled = false, .shortcut = "Ctrl+S"},
     {.kind = Menu, .name = "mnuFiles", .index = 2, .in = "mnuFile", .caption = u"-"},
@@ -130,11 +130,11 @@ constexpr auto kControls = std::to_array<ControlRow>({
      .caption = u"Ending (Storage)...", .enabled = false},
     {.kind = Menu, .name = "mnuOption", .caption = u"&Options"},
     {.kind = Menu, .name = "mnuOptions", .index = 0, .in = "mnuOption",
-     .caption = u"Set as open defaults", .enabled = false},
+     .caption = u"Set as open defaults"},
     {.kind = Menu, .name = "mnuOptions", .index = 1, .in = "mnuOption",
-     .caption = u"Clear open defaults", .enabled = false},
+     .caption = u"Clear open defaults"},
     {.kind = Menu, .name = "mnuOptions", .index = 2, .in = "mnuOption",
-     .caption = u"Re-open defaults", .enabled = false},
+     .caption = u"Re-open defaults"},
     {.kind = Menu, .name = "mnuOptions", .index = 3, .in = "mnuOption", .caption = u"-"},
     {.kind = Menu, .name = "mnuOptions", .index = 4, .in = "mnuOption",
      .caption = u"Display Step Files"},
@@ -146,6 +146,12 @@ constexpr auto kControls = std::to_array<ControlRow>({
     {.kind = Menu, .name = "mnuActions", .index = 1, .in = "mnuAction", .caption = u"-"},
     {.kind = Menu, .name = "mnuActions", .index = 2, .in = "mnuAction", .caption = u"&Copy",
      .enabled = false},
+
+    // The pop-up menu of the step files.
+    {.kind = Menu, .name = "mnuHid", .caption = u"File", .visible = false},
+    {.kind = Menu, .name = "mnuHidd", .index = 0, .in = "mnuHid", .caption = u"Open"},
+    {.kind = Menu, .name = "mnuHidd", .index = 1, .in = "mnuHid", .caption = u"-"},
+    {.kind = Menu, .name = "mnuHidd", .index = 2, .in = "mnuHid", .caption = u"Delete"},
 });
 // clang-format on
 

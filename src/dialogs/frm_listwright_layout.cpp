@@ -15,15 +15,6 @@ constexpr double kOutOfView = -10000;
 
 }  // namespace
 
-void frmListwright::mnuOptions_Click(int index) {
-  if (index == kDisplayStepFiles) {
-    lstStepf.setIndex(-1);
-    toggleDisplay(mnuOptions(index));
-  } else if (index == kDisplayPreview) {
-    toggleDisplay(mnuOptions(index));
-  }
-}
-
 void frmListwright::toggleDisplay(forms::MenuEntry& item) {
   item.setChecked(!item.checked());
   layOut();

@@ -1,5 +1,6 @@
 #include "dialogs/frm_listwright.h"
 #include "platform/files.h"
+#include "stepfiles/open_defaults.h"
 #include "storage/list_file.h"
 #include "storage/settings_store.h"
 #include "text/numbers.h"
@@ -34,9 +35,11 @@ void frmListwright::Form_Load() {
   for (const int label : kClickableLabels) lblD(label).setCursor(kLinkCursor);
   loadAffixes();
   cboPreSuf(1).setText(readKey(u"Suffix", u"."));
-  selectStartType();
+  selectType(LwStepStart);
+  if (stepfiles::openDefaultsOn(openDefaultsPlace())) ApplyOpenDefaults();
   if (startAndEndValid()) SetActionsEnabled(true);
   restoreDisplay();
+  FillStepFileList();
   restorePosition();
 }
 
@@ -60,12 +63,6 @@ void frmListwright::saveAffixes() {
     if (!affixesWhole_.at(i)) continue;
     storage::LoadSaveListFile(cboPreSuf(static_cast<int>(i)), true,
                               stepFolderPath(kAffixFiles.at(i)));
-  }
-}
-
-void frmListwright::selectStartType() {
-  for (forms::OptionButton* button : optNA.all()) {
-    if (button->index() == LwStepStart) button->setValue(true);
   }
 }
 

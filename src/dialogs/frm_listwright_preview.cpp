@@ -71,7 +71,7 @@ void frmListwright::RefreshPreview() {
 }
 
 void frmListwright::cmdCIC_Click(int index) {
-  enum Action { Insert = 0, Cancel = 1, Copy = 2, Print = 4 };
+  enum Action { Insert = 0, Cancel = 1, Copy = 2, SaveAs = 3, Open = 5 };
   switch (index) {
     case Insert:
       insertList();
@@ -83,8 +83,14 @@ void frmListwright::cmdCIC_Click(int index) {
     case Copy:
       copyList();
       break;
-    case Print:
+    case SaveAs:
+      SaveStepFileAs();
+      return;
+    case kPrint:
       printList();
+      return;
+    case Open:
+      if (bolPanelShown) OpenaStepFile(u"");
       return;
     default:
       return;
@@ -108,6 +114,7 @@ void frmListwright::copyList() {
 void frmListwright::printList() {
   insertList();
   lwSelectionMade_ = false;
+  PrintStepList(lwOutputString_);
   lwOutputString_.clear();
   writeCountToEndBox();
 }

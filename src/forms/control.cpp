@@ -98,6 +98,7 @@ void Control::setCursor(int resourceId) {
 
 bool Control::reachable() const {
   if (window_.unloaded()) return false;
+  if (kind() == Kind::Menu) return pickable();
   double left = place_.left;
   double top = place_.top;
   for (const Control* control = this; control != nullptr; control = control->container_) {
@@ -106,9 +107,16 @@ bool Control::reachable() const {
     left += control->place_.left;
     top += control->place_.top;
   }
-  if (kind() == Kind::Menu) return true;
   return left + place_.width > 0 && left < window_.innerWidth() && top + place_.height > 0 &&
          top < window_.innerHeight() && !covered();
+}
+
+bool Control::pickable() const {
+  // A pop-up menu is never visible in the menu bar, and yet its entries can be picked.
+  for (const Control* menu = container_; menu != nullptr; menu = menu->container_) {
+    if (!menu->enabled_ || (menu->container_ != nullptr && !menu->visible_)) return false;
+  }
+  return enabled_ && visible_;
 }
 
 bool Control::covered() const {

@@ -124,6 +124,7 @@ class Control {
 
  private:
   [[nodiscard]] bool covered() const;
+  [[nodiscard]] bool pickable() const;
 
   Window& window_;
   const ControlRow& row_;

@@ -15,7 +15,8 @@ class Pilot {
   /// A window or an open pop-up menu waits for its user: do one thing. Called again and again as
   /// long as it stays open, each time when all that the last action led to is done and drawn.
   virtual void act() = 0;
-  /// The answer to the text-input box that is open; nothing stands for Cancel.
+  /// The answer to the text-input box or file dialog that is open; nothing stands for Cancel. A
+  /// file is named as a user would, with its folder or without.
   virtual std::optional<std::u16string> answer() = 0;
 };
 
@@ -41,8 +42,10 @@ class DrivenToolkit : public Toolkit {
   virtual bool choose(ComboBox& combo, int entry) = 0;
   virtual bool spin(Spinner& spinner, bool up) = 0;
   virtual bool drag(Control& from, Control& to) = 0;
-  /// Picks an entry of the menu bar.
+  /// Picks an entry of the menu bar or of the pop-up menu that is open.
   virtual bool pick(MenuEntry& entry) = 0;
+  /// Closes the pop-up menu that is open.
+  virtual bool escape() = 0;
   virtual bool move(Window& window, double left, double top) = 0;
   virtual bool resize(Window& window, double width, double height) = 0;
   virtual bool minimize(Window& window, bool minimized) = 0;

@@ -80,8 +80,9 @@ std::optional<PropertyValue> valueLike(const PropertyValue& current, const std::
 /// One user command on its way to the front end.
 class Stage::Command {
  public:
-  Command(DrivenToolkit& toolkit, Window& window, std::span<const std::u16string> words)
-      : toolkit_(toolkit), window_(window), words_(words) {}
+  Command(DrivenToolkit& toolkit, Window& window, const MenuEntry* popUp,
+          std::span<const std::u16string> words)
+      : toolkit_(toolkit), window_(window), popUp_(popUp), words_(words) {}
 
   Reply click() { return clickWith(MouseButton::Left); }
   Reply rightClick() { return clickWith(MouseButton::Right); }
@@ -137,13 +138,12 @@ class Stage::Command {
 
   Reply menu() {
     return onKind<MenuEntry>(Kind::Menu, "menu entry", [&](MenuEntry& entry) {
-      return doneIf(!entry.separator() && entry.container() != nullptr && toolkit_.pick(entry));
+      return doneIf(!entry.separator() && isOffered(entry) && toolkit_.pick(entry));
     });
   }
 
   /// No pop-up menu is open while a window waits.
-  // NOLINTNEXTLINE(readability-convert-member-functions-to-static): stands in the table of verbs
-  Reply escape() { return doneIf(false); }
+  Reply escape() { return doneIf(popUp_ != nullptr && toolkit_.escape()); }
 
   Reply move() {
     return withTwoNumbers(
@@ -163,6 +163,13 @@ class Stage::Command {
  private:
   static Reply noControl(const std::u16string& word) {
     return wrong("no control " + ascii(word) + " in this window");
+  }
+
+  /// An open pop-up menu hides the menu bar from the mouse, and the other way round.
+  [[nodiscard]] bool isOffered(const MenuEntry& entry) const {
+    const Control* menu = entry.container();
+    if (menu == nullptr) return false;
+    return popUp_ != nullptr ? menu == popUp_ : menu->visible();
   }
 
   /// Runs the action on the control that the first word names, if a user can reach it.
@@ -227,6 +234,7 @@ class Stage::Command {
 
   DrivenToolkit& toolkit_;
   Window& window_;
+  const MenuEntry* popUp_;
   std::span<const std::u16string> words_;
 };
 
@@ -273,7 +281,10 @@ Reply Stage::perform(std::string_view verb, std::span<const std::u16string> word
     return wrong(std::string(verb) + " takes another number of words");
   }
   if (windows_.empty()) return wrong("no window is open");
-  Command command(toolkit_, *windows_.back(), words);
+  // Everything else is out of reach as long as a pop-up menu is open.
+  const bool forPopUp = verb == "menu" || verb == "escape";
+  if (popUp_ != nullptr && !forPopUp) return doneIf(false);
+  Command command(toolkit_, *windows_.back(), popUp_, words);
   return (command.*found->run)();
 }
 
@@ -321,7 +332,11 @@ Reply Stage::assign(std::string_view target, const std::u16string& value) {
 }
 
 void Stage::closeTopmost() {
-  if (!windows_.empty()) toolkit_.close(*windows_.back());
+  if (popUp_ != nullptr) {
+    toolkit_.escape();
+  } else if (!windows_.empty()) {
+    toolkit_.close(*windows_.back());
+  }
 }
 
 void Stage::runModal(Window& window) {
@@ -343,6 +358,28 @@ void Stage::showMessage(const Message& message) {
 std::optional<std::u16string> Stage::ask(const Question& question) {
   audience_.happened("ask", {question.title, question.prompt, question.proposal});
   return toolkit_.ask(question);
+}
+
+std::optional<std::u16string> Stage::askFileToOpen(const FileDialog& dialog) {
+  audience_.happened("open-dialog", {std::u16string(dialog.title), dialog.name, dialog.folder});
+  return toolkit_.askFileToOpen(dialog);
+}
+
+std::optional<std::u16string> Stage::askFileToSave(const FileDialog& dialog) {
+  audience_.happened("save-dialog", {std::u16string(dialog.title), dialog.name, dialog.folder});
+  return toolkit_.askFileToSave(dialog);
+}
+
+void Stage::popUp(MenuEntry& menu) {
+  audience_.happened("popup", {menu.scriptName()});
+  popUp_ = &menu;
+  toolkit_.popUp(menu);
+  popUp_ = nullptr;
+}
+
+void Stage::print(const std::u16string& text) {
+  audience_.happened("print", {text});
+  toolkit_.print(text);
 }
 
 void Stage::setClipboard(const std::u16string& text) {

@@ -45,13 +45,18 @@ class Stage final : public Toolkit {
   Reply read(std::string_view target, PropertyValue& value);
   /// Assigns "NAME.PROPERTY" as the window's own code does.
   Reply assign(std::string_view target, const std::u16string& value);
-  /// Closes the topmost window by its close box.
+  /// Closes the open pop-up menu, or the topmost window by its close box.
   void closeTopmost();
   [[nodiscard]] bool windowOpen() const { return !windows_.empty(); }
 
   void runModal(Window& window) override;
   void showMessage(const Message& message) override;
   std::optional<std::u16string> ask(const Question& question) override;
+  std::optional<std::u16string> askFileToOpen(const FileDialog& dialog) override;
+  std::optional<std::u16string> askFileToSave(const FileDialog& dialog) override;
+  void popUp(MenuEntry& menu) override;
+  void print(const std::u16string& text) override;
+  void setBusy(bool busy) override { toolkit_.setBusy(busy); }
   double screenWidth() override { return toolkit_.screenWidth(); }
   double screenHeight() override { return toolkit_.screenHeight(); }
   void letEventsRun() override { toolkit_.letEventsRun(); }
@@ -67,6 +72,7 @@ class Stage final : public Toolkit {
   DrivenToolkit& toolkit_;
   Audience& audience_;
   std::vector<Window*> windows_;
+  const MenuEntry* popUp_ = nullptr;  ///< the pop-up menu that is open
 };
 
 }  // namespace kvrnstep::forms

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,21 @@ struct Question {
   std::u16string proposal;
 };
 
+/// A kind of file that a file dialog offers: what the user reads, and a pattern such as "*.step".
+struct FileFilter {
+  std::u16string_view text;
+  std::u16string_view pattern;
+};
+
+/// What a file dialog is opened with; the first filter is chosen.
+struct FileDialog {
+  std::u16string_view title;
+  std::span<const FileFilter> filters;
+  std::u16string name;                     ///< proposed file name, without folder
+  std::u16string folder;                   ///< where the dialog begins
+  std::u16string_view defaultExtension{};  ///< goes behind a name that has none; without full stop
+};
+
 enum class SoundMode : std::uint8_t {
   Replace,  ///< ends a sound that is playing
   GiveWay,  ///< is not played while another one plays
@@ -42,6 +58,14 @@ class Toolkit {
   virtual void showMessage(const Message& message) = 0;
   /// Nothing when the question was cancelled.
   virtual std::optional<std::u16string> ask(const Question& question) = 0;
+  /// The full path of a file that is there; nothing when the dialog was cancelled.
+  virtual std::optional<std::u16string> askFileToOpen(const FileDialog& dialog) = 0;
+  /// The full path of a file to be written; the user has been asked before an existing one is
+  /// named. Nothing when the dialog was cancelled.
+  virtual std::optional<std::u16string> askFileToSave(const FileDialog& dialog) = 0;
+  /// Opens a pop-up menu of the window at the mouse and returns when it has closed; an entry that
+  /// was picked has then been dealt with.
+  virtual void popUp(MenuEntry& menu) = 0;
   /// Of the screen that dialogs are centred on, in twips.
   virtual double screenWidth() = 0;
   virtual double screenHeight() = 0;
@@ -49,6 +73,10 @@ class Toolkit {
   virtual void letEventsRun() = 0;
   /// Replaces what is on the clipboard, if that is possible.
   virtual void setClipboard(const std::u16string& text) = 0;
+  /// Sends a text to the default printer as one job; without a printer nothing happens.
+  virtual void print(const std::u16string& text) = 0;
+  /// Shows that the user has to wait, or no longer.
+  virtual void setBusy(bool busy) = 0;
   /// Starts a sound and returns at once; what cannot be played is silent.
   virtual void playSound(const std::u16string& file, SoundMode mode) = 0;
 };

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "generator/numerals.h"
+#include "text/letter_case.h"
 #include "text/numbers.h"
 #include "text/text.h"
 
@@ -42,14 +43,6 @@ std::size_t labelWidth(std::int16_t selection, bool aligned, int count) {
     default:
       return widestLabel(kRomanWidths, count);
   }
-}
-
-/// Letter labels reach beyond the alphabet, into the accented letters; all that have a small form
-/// there lie 32 below it.
-char16_t lowerCase(char16_t character) {
-  const bool basic = character >= u'A' && character <= u'Z';
-  const bool accented = character >= 0xC0 && character <= 0xDE && character != 0xD7;
-  return basic || accented ? static_cast<char16_t>(character + 32) : character;
 }
 
 }  // namespace
@@ -150,7 +143,7 @@ void LineLayout::appendLabel(std::u16string& list, int step) const {
       return;
   }
   if (label.size() < pattern_.width) list.append(pattern_.width - label.size(), u' ');
-  if (pattern_.lowerCase) std::ranges::transform(label, label.begin(), lowerCase);
+  if (pattern_.lowerCase) std::ranges::transform(label, label.begin(), text::lowerCase);
   list += label;
   if (ordinal_) list += OrdinalSuffix(step);
 }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// Whole files and folders. Paths are UTF-16, may be relative to the working folder, and are
 /// passed on as `text::toBytes` gives them; a path with a NUL in it names nothing.
@@ -17,8 +19,10 @@ bool isSeparator(char16_t character);
 /// The path without the one separator at its end, if there is one.
 std::u16string withoutTrailingSeparator(std::u16string_view path);
 
-/// The content of a regular file. Nothing for a folder, a device, or a file that cannot be read.
-std::optional<std::string> readFile(const std::u16string& path);
+/// The content of a regular file. Nothing for a folder, a device, a file that cannot be read, or
+/// one of more than `largest` bytes.
+std::optional<std::string> readFile(const std::u16string& path,
+                                    std::size_t largest = static_cast<std::size_t>(-1));
 
 /// Makes the file hold exactly these bytes, creating it if need be. Whatever happens on the way,
 /// the old content or the new one is there, whole: the bytes go to a temporary file in the same
@@ -41,6 +45,13 @@ bool isFolder(const std::u16string& path);
 
 /// Creates one folder in a folder that exists. False when that fails or the path is in use.
 bool createFolder(const std::u16string& path);
+
+/// The names of the files in the folder, hidden ones too, in no order; links to files count. None
+/// when the folder cannot be read.
+std::vector<std::u16string> filesIn(const std::u16string& folder);
+
+/// False when the file cannot be deleted. A folder is no file.
+bool deleteFile(const std::u16string& path);
 
 /// Whether files can be created in the folder; false for what is no folder.
 bool folderWritable(const std::u16string& path);

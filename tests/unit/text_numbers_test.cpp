@@ -18,27 +18,24 @@ struct Reading {
   std::vector<std::u16string> texts;
 };
 
-std::u16string zeros(std::size_t count) {
-  return std::u16string(count, u'0');
-}
+const std::u16string kZeros(400, u'0');
 
 TEST(Numbers, LeadingNumber) {
   const Reading readings[] = {
       {0,
        {u"", u"  ", u"ab", u"ab12", u".", u"-", u"+-7", u"--7", u"e3", u"inf", u"nan", u"0x1F",
-        u"１２", u"0e400", u"1e-400", u"1e-99999999999999999999", u"0." + zeros(400) + u"1",
-        u"0." + zeros(400) + u"1e50"}},
+        u"１２", u"0e400", u"1e-400", u"1e-99999999999999999999", u"0." + kZeros + u"1",
+        u"0." + kZeros + u"1e50"}},
       {1,
-       {u"1,5", u"1e", u"1e+", u"1ex", u"1-2", u"1\u00A02", u"1" + zeros(400) + u"e-400",
-        zeros(400) + u"1", u"0." + zeros(400) + u"1e401"}},
+       {u"1,5", u"1e", u"1e+", u"1ex", u"1-2", u"1\u00A02", u"1" + kZeros + u"e-400", kZeros + u"1",
+        u"0." + kZeros + u"1e401"}},
       {12, {u"12", u"12ab", u" 1 2", u"12\r\n3", u"+12", u"012", u"12."}},
       {123, {u"1\t2 3 x4", u"1 2 3"}},
       {1.2, {u"1.2.3", u"12e-1"}},
       {1000, {u"1e3", u"1E+3", u"1 e 3"}},
       {0.5, {u".5", u"5e-1"}},
       {-0.5, {u"-0.5", u"- .5"}},
-      {kInfinity,
-       {u"1e400", u"1e99999999999999999999", u"9" + zeros(400), u"9" + zeros(400) + u"e-50"}},
+      {kInfinity, {u"1e400", u"1e99999999999999999999", u"9" + kZeros, u"9" + kZeros + u"e-50"}},
       {-kInfinity, {u"-1e400"}},
       {1.7976931348623157e308, {u"1.7976931348623157e308"}},
   };

@@ -1,5 +1,8 @@
 #include "driven_toolkit.h"
 
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QLineEdit>
 #include <QTimer>
 
 #include "gestures.h"
@@ -32,6 +35,36 @@ void answerQuestion(QuestionBox& box, const std::optional<std::u16string>& answe
   closeWith(box.okButton());
 }
 
+/// Deals with what a file dialog may ask or say before it closes: it may replace the file, and a
+/// complaint is read.
+void answerComplaints(FileBox& box) {
+  auto* watch = new QTimer(&box);
+  QObject::connect(watch, &QTimer::timeout, &box, [] {
+    auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (message == nullptr) return;
+    QAbstractButton* yes = message->button(QMessageBox::Yes);
+    closeWith(yes != nullptr ? *yes : *message->buttons().first());
+  });
+  watch->start(1);
+}
+
+void answerFileBox(FileBox& box, const std::optional<std::u16string>& answer) {
+  waitForUser(box);
+  auto& buttons = *box.findChild<QDialogButtonBox*>();
+  QPushButton& cancel = *buttons.button(QDialogButtonBox::Cancel);
+  if (!answer) return closeWith(cancel);
+  auto& line = *box.findChild<QLineEdit*>();
+  // Its proposals would lie over the button.
+  line.setCompleter(nullptr);
+  line.setFocus();
+  line.selectAll();
+  for (const char16_t character : *answer) pressCharacter(box, character);
+  answerComplaints(box);
+  const bool saves = box.acceptMode() == QFileDialog::AcceptSave;
+  click(*buttons.button(saves ? QDialogButtonBox::Save : QDialogButtonBox::Open));
+  if (box.isVisible()) closeWith(cancel);
+}
+
 }  // namespace
 
 void DrivenQtToolkit::windowOpened(WindowView& view) {
@@ -56,6 +89,30 @@ void DrivenQtToolkit::messageOpened(QMessageBox& box) {
 
 void DrivenQtToolkit::questionOpened(QuestionBox& box) {
   QTimer::singleShot(0, &box, [this, &box] { answerQuestion(box, pilot_->answer()); });
+}
+
+void DrivenQtToolkit::fileBoxOpened(FileBox& box) {
+  QTimer::singleShot(0, &box, [this, &box] { answerFileBox(box, pilot_->answer()); });
+}
+
+void DrivenQtToolkit::popUpOpened(QMenu& menu) {
+  popUp_ = &menu;
+  actInPopUp(menu);
+}
+
+void DrivenQtToolkit::actInPopUp(QMenu& menu) {
+  QTimer::singleShot(0, &menu, [this, &menu] {
+    settle();
+    if (!menu.isVisible()) return;
+    pilot_->act();
+    if (menu.isVisible()) actInPopUp(menu);
+  });
+}
+
+bool DrivenQtToolkit::escape() {
+  if (popUp_ == nullptr || !popUp_->isVisible()) return false;
+  pressKey(*popUp_, Qt::Key_Escape);
+  return !popUp_->isVisible();
 }
 
 bool DrivenQtToolkit::click(Control& control, forms::MouseButton button, std::optional<int> entry) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QPointer>
+
 #include "forms/driven_toolkit.h"
 #include "qt_toolkit.h"
 
@@ -15,6 +17,15 @@ class DrivenQtToolkit final : public forms::DrivenToolkit, private Attendant {
   std::optional<std::u16string> ask(const forms::Question& question) override {
     return toolkit_.ask(question);
   }
+  std::optional<std::u16string> askFileToOpen(const forms::FileDialog& dialog) override {
+    return toolkit_.askFileToOpen(dialog);
+  }
+  std::optional<std::u16string> askFileToSave(const forms::FileDialog& dialog) override {
+    return toolkit_.askFileToSave(dialog);
+  }
+  void popUp(forms::MenuEntry& menu) override { toolkit_.popUp(menu); }
+  void print(const std::u16string& text) override { toolkit_.print(text); }
+  void setBusy(bool busy) override { toolkit_.setBusy(busy); }
   double screenWidth() override { return toolkit_.screenWidth(); }
   double screenHeight() override { return toolkit_.screenHeight(); }
   void letEventsRun() override { toolkit_.letEventsRun(); }
@@ -35,6 +46,7 @@ class DrivenQtToolkit final : public forms::DrivenToolkit, private Attendant {
   bool spin(forms::Spinner& spinner, bool up) override;
   bool drag(forms::Control& from, forms::Control& to) override;
   bool pick(forms::MenuEntry& entry) override;
+  bool escape() override;
   bool move(forms::Window& window, double left, double top) override;
   bool resize(forms::Window& window, double width, double height) override;
   bool minimize(forms::Window& window, bool minimized) override;
@@ -47,9 +59,12 @@ class DrivenQtToolkit final : public forms::DrivenToolkit, private Attendant {
   void windowOpened(WindowView& view) override;
   void messageOpened(QMessageBox& box) override;
   void questionOpened(QuestionBox& box) override;
+  void fileBoxOpened(FileBox& box) override;
+  void popUpOpened(QMenu& menu) override;
 
   /// Lets the pilot act once as soon as nothing else is waiting, and again after that.
   void actSoon(WindowView& view);
+  void actInPopUp(QMenu& menu);
   /// The open view of the window, or null.
   [[nodiscard]] WindowView* viewOf(const forms::Control& control) const {
     return toolkit_.viewOf(control.window());
@@ -57,6 +72,7 @@ class DrivenQtToolkit final : public forms::DrivenToolkit, private Attendant {
 
   QtToolkit toolkit_;
   forms::Pilot* pilot_ = nullptr;
+  QPointer<QMenu> popUp_;
 };
 
 }  // namespace kvrnstep::qt

@@ -19,8 +19,8 @@ std::u16string withoutTrailingSeparator(std::u16string_view path) {
   return std::u16string(path);
 }
 
-std::optional<std::string> readFile(const std::u16string& path) {
-  return readNativeFile(nativePath(path));
+std::optional<std::string> readFile(const std::u16string& path, std::size_t largest) {
+  return readNativeFile(nativePath(path), largest);
 }
 
 bool createEmptyFile(const std::u16string& path) {

@@ -32,7 +32,7 @@ std::optional<std::string> readAll(int file, std::size_t size) {
 
 }  // namespace
 
-std::optional<std::string> readNativeFile(const std::string& path) {
+std::optional<std::string> readNativeFile(const std::string& path, std::size_t largest) {
   // Opening a pipe would otherwise wait for somebody to write to it.
   constexpr int kHow = O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
   const Descriptor file(::open(path.c_str(), kHow));
@@ -40,7 +40,9 @@ std::optional<std::string> readNativeFile(const std::string& path) {
   if (!file.open() || ::fstat(file.number(), &state) != 0 || !S_ISREG(state.st_mode)) {
     return std::nullopt;
   }
-  return readAll(file.number(), static_cast<std::size_t>(state.st_size));
+  const auto size = static_cast<std::size_t>(state.st_size);
+  if (size > largest) return std::nullopt;
+  return readAll(file.number(), size);
 }
 
 }  // namespace kvrnstep::platform

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QFileDialog>
+
+#include "forms/toolkit.h"
+
+namespace kvrnstep::qt {
+
+/// Qt's own file dialog, never the desktop's: that one could bring another toolkit into the host.
+class FileBox : public QFileDialog {
+ public:
+  FileBox(const forms::FileDialog& dialog, QFileDialog::AcceptMode mode, QWidget* owner);
+
+  /// Lets the user choose; the full path, or nothing.
+  std::optional<std::u16string> choose();
+};
+
+}  // namespace kvrnstep::qt

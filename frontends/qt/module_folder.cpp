@@ -1,0 +1,18 @@
+#include "module_folder.h"
+
+#include <dlfcn.h>
+
+#include <filesystem>
+#include <system_error>
+
+namespace kvrnstep::qt {
+
+std::string besideThisModule(const std::string& name) {
+  Dl_info module{};
+  if (dladdr(reinterpret_cast<const void*>(&besideThisModule), &module) == 0) return {};
+  std::error_code failed;
+  const auto path = std::filesystem::absolute(module.dli_fname, failed);
+  return failed ? std::string() : (path.parent_path() / name).string();
+}
+
+}  // namespace kvrnstep::qt

@@ -1,0 +1,71 @@
+#include "dialogs/frm_listwright.h"
+#include "stepfiles/open_defaults.h"
+
+namespace kvrnstep::dialogs {
+
+stepfiles::OpenDefaultsPlace frmListwright::openDefaultsPlace() const {
+  return {host_.SEC_APP_NAME, host_.s_IniPathAndName, host_.sPthStepFolder};
+}
+
+void frmListwright::ApplyOpenDefaults() {
+  const stepfiles::OpenDefaults defaults = stepfiles::readOpenDefaults(openDefaultsPlace());
+  if (!LwMenuMode && defaults.Selection) selectType(*defaults.Selection);
+  for (forms::CheckBox* box : chkLWO.all()) {
+    const auto option = defaults.Option.at(static_cast<std::size_t>(box->index()));
+    if (option) box->setValue(*option);
+  }
+  cboPreSuf(0).setText(defaults.Prefix);
+  cboPreSuf(1).setText(defaults.Suffix);
+  txtBStart.setText(defaults.Start);
+  txtBEndAt.setText(defaults.Count);
+  txtLS.setText(defaults.LineSpacing);
+  txtBegin.setText(defaults.Beginning);
+  txtEnd.setText(defaults.Ending);
+}
+
+void frmListwright::setOpenDefaults() {
+  stepfiles::OpenDefaults defaults;
+  for (const forms::OptionButton* button : optNA.all()) {
+    if (button->value()) defaults.Selection = static_cast<std::int16_t>(button->index());
+  }
+  for (const forms::CheckBox* box : chkLWO.all()) {
+    defaults.Option.at(static_cast<std::size_t>(box->index())) =
+        static_cast<std::int16_t>(box->value());
+  }
+  defaults.Prefix = cboPreSuf(0).text();
+  defaults.Suffix = cboPreSuf(1).text();
+  defaults.Start = txtBStart.text();
+  defaults.Count = txtBEndAt.text();
+  defaults.LineSpacing = txtLS.text();
+  defaults.Beginning = txtBegin.text();
+  defaults.Ending = txtEnd.text();
+  stepfiles::writeOpenDefaults(openDefaultsPlace(), defaults);
+  stepfiles::switchOpenDefaults(openDefaultsPlace(), true);
+}
+
+void frmListwright::mnuOptions_Click(int index) {
+  enum Entry { SetDefaults = 0, ClearDefaults = 1, ReopenDefaults = 2 };
+  switch (index) {
+    case SetDefaults:
+      setOpenDefaults();
+      break;
+    case ClearDefaults:
+      stepfiles::switchOpenDefaults(openDefaultsPlace(), false);
+      break;
+    case ReopenDefaults:
+      ApplyOpenDefaults();
+      stepfiles::switchOpenDefaults(openDefaultsPlace(), true);
+      break;
+    case kDisplayStepFiles:
+      lstStepf.setIndex(-1);
+      toggleDisplay(mnuOptions(index));
+      break;
+    case kDisplayPreview:
+      toggleDisplay(mnuOptions(index));
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace kvrnstep::dialogs

@@ -1,0 +1,88 @@
+#include "stepfiles/step_file_name.h"
+
+#include <algorithm>
+#include <array>
+
+#include "stepfiles/step_record.h"
+#include "text/codepage.h"
+#include "text/numbers.h"
+#include "text/text.h"
+
+namespace kvrnstep::stepfiles {
+
+using generator::ListSettings;
+
+namespace {
+
+constexpr std::u16string_view kRemoved = u"\"?`!.'<>;:\\/\r\n";
+constexpr std::array<std::u16string_view, 4> kTypeNames{u"Numb_", u"Alpha_", u"Roman_", u"PreSuf_"};
+
+std::u16string_view typeName(std::int16_t selection) {
+  const auto index = static_cast<std::size_t>(selection);
+  return index < kTypeNames.size() ? kTypeNames.at(index) : std::u16string_view();
+}
+
+void appendOption(std::u16string& name, const ListSettings& settings, generator::ListOption option,
+                  std::u16string_view code) {
+  name += settings.on(option) ? u'+' : u'-';
+  name += code;
+}
+
+void appendOptions(std::u16string& name, const ListSettings& settings) {
+  const bool lettered =
+      settings.Selection != generator::Numbered && settings.Selection != generator::PrefixSuffix;
+  appendOption(name, settings, generator::IndentSpacing, u"IS");
+  appendOption(name, settings, generator::Indentation, u"I");
+  appendOption(name, settings, generator::RightAlign, u"RA");
+  if (lettered) appendOption(name, settings, generator::UpperCase, u"UC");
+  appendOption(name, settings, generator::AddBegEnd, u"BE");
+  appendOption(name, settings, generator::PreSufSpace, u"SS");
+  if (settings.Selection == generator::Numbered) {
+    appendOption(name, settings, generator::AppendOrdinal, u"AO");
+  }
+}
+
+}  // namespace
+
+std::u16string BuildStepFileName(const ListSettings& settings) {
+  std::u16string name(typeName(settings.Selection));
+  for (const std::u16string* text :
+       {&settings.Beginning, &settings.Prefix, &settings.Suffix, &settings.Ending}) {
+    name += *text + u'_';
+  }
+  name += text::decimal(settings.LineSpacing) + u'_';
+  if (settings.Selection != generator::PrefixSuffix) {
+    name += text::decimal(settings.Start) + u'_' + text::decimal(settings.Count);
+  }
+  appendOptions(name, settings);
+  name = CollapseRepeats(RemoveChars(std::move(name), kRemoved, u""), u'_');
+  // Only now, so that a blank beside an underscore leaves two of them.
+  std::ranges::replace(name, u' ', u'_');
+  return name;
+}
+
+std::u16string fittingFileName(std::u16string name) {
+  constexpr std::size_t kLongestName = 255;  // bytes
+  const std::size_t room = kLongestName - kStepExtension.size();
+  while (text::toBytes(name).size() > room) {
+    const bool halfOfPair = name.size() > 1 && name.back() >= 0xDC00 && name.back() < 0xE000;
+    name.resize(name.size() - (halfOfPair ? 2 : 1));
+  }
+  return name;
+}
+
+std::u16string RemoveChars(std::u16string text, std::u16string_view chars,
+                           std::u16string_view with) {
+  for (const char16_t& ch : chars) text = text::ReplaceText(text, {&ch, 1}, with);
+  return text;
+}
+
+std::u16string CollapseRepeats(std::u16string text, char16_t ch) {
+  std::ranges::replace(text, u'\t', u' ');
+  const auto repeats =
+      std::ranges::unique(text, [ch](char16_t a, char16_t b) { return a == ch && b == ch; });
+  text.erase(repeats.begin(), repeats.end());
+  return text;
+}
+
+}  // namespace kvrnstep::stepfiles

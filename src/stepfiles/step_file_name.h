@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "generator/list_settings.h"
+
+/// Names of step files: a folder of them reads like a catalogue.
+namespace kvrnstep::stepfiles {
+
+/// The name that a setup is saved under, without folder and extension: the kind of list, its texts
+/// and numbers, then a code for each option.
+std::u16string BuildStepFileName(const generator::ListSettings& settings);
+
+/// The name, cut where need be so that a file system can hold it with its extension.
+std::u16string fittingFileName(std::u16string name);
+
+/// Every character of `chars` in the text replaced by `with`.
+std::u16string RemoveChars(std::u16string text, std::u16string_view chars,
+                           std::u16string_view with);
+
+/// Tabs become blanks, and runs of the character become one of it.
+std::u16string CollapseRepeats(std::u16string text, char16_t ch);
+
+}  // namespace kvrnstep::stepfiles

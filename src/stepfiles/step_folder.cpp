@@ -1,0 +1,39 @@
+#include "stepfiles/step_folder.h"
+
+#include <algorithm>
+
+#include "platform/files.h"
+#include "stepfiles/step_record.h"
+#include "text/letter_case.h"
+#include "text/text.h"
+
+namespace kvrnstep::stepfiles {
+
+namespace {
+
+/// Whether the name ends in ".step", whatever the letter case.
+bool isStepFile(std::u16string_view name) {
+  if (name.size() < kStepExtension.size()) return false;
+  return std::ranges::equal(name.substr(name.size() - kStepExtension.size()), kStepExtension, {},
+                            text::lowerCase);
+}
+
+}  // namespace
+
+std::vector<std::u16string> stepFileEntries(const std::u16string& folder) {
+  std::vector<std::u16string> names = platform::filesIn(folder);
+  std::erase_if(names, [](const std::u16string& name) { return !isStepFile(name); });
+  std::ranges::sort(names, text::comesBefore);
+  for (std::u16string& name : names) name = text::ReplaceText(name, kStepExtension, u"");
+  return names;
+}
+
+std::u16string pathOfEntry(const std::u16string& folder, const std::u16string& entry) {
+  std::u16string path = folder;
+  path += platform::kSeparator;
+  path += entry;
+  path += kStepExtension;
+  return path;
+}
+
+}  // namespace kvrnstep::stepfiles

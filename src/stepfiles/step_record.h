@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "generator/list_settings.h"
+
+/// Step files: one list setup a file.
+namespace kvrnstep::stepfiles {
+
+/// A larger file is none of ours and is not read.
+inline constexpr std::size_t kLargestStepFile = 1024 * 1024;
+
+/// Marks the files of the step folder that hold a setup; letter case counts.
+inline constexpr std::u16string_view kStepExtension = u".step";
+
+/// The bytes of a step file: fifteen fields with commas between them, and CR LF.
+std::string formatStepRecord(const generator::ListSettings& settings);
+
+/// The setup that the bytes hold. Fields that are not there are empty and 0, and so is a number
+/// that is none; one that is too large or too small is the nearest that a field can hold. The
+/// listing type is taken as it stands, be there such a type or not.
+generator::ListSettings parseStepRecord(std::string_view bytes);
+
+/// Reads a step file. Nothing when it cannot be read or is too large.
+std::optional<generator::ListSettings> readStepFile(const std::u16string& path);
+
+/// Writes a step file in place of what the path names. False when it cannot be written.
+bool writeStepFile(const std::u16string& path, const generator::ListSettings& settings);
+
+}  // namespace kvrnstep::stepfiles
