@@ -1,0 +1,168 @@
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include "generator/list_settings.h"
+#include "platform_temporary_folder.h"
+#include "stepfiles/path_part.h"
+#include "stepfiles/step_file_name.h"
+#include "stepfiles/step_folder.h"
+#include "stepfiles/step_record.h"
+#include "text/letter_case.h"
+
+namespace kvrnstep::stepfiles {
+
+namespace {
+
+using generator::ListSettings;
+using tests::TemporaryFolder;
+
+const ListSettings kTasks{.Option = {0, 0, 1}, .Suffix = u".", .Count = 5, .Beginning = u"Tasks:"};
+
+TEST(StepRecord, IsOneLineOfFields) {
+  EXPECT_EQ(formatStepRecord(kTasks), "0,\"Tasks:\",\"\",\"\",\".\",0,1,5,0,0,1,0,0,0,0\r\n");
+  EXPECT_EQ(formatStepRecord({.Selection = 3, .Prefix = u"He said \"", .LineSpacing = -1}),
+            "3,\"\",\"\",\"He said <WXEQUOTE>\",\"\",-1,1,3,0,0,0,0,0,0,0\r\n");
+}
+
+TEST(StepRecord, TakesWhatOthersWrite) {
+  const std::string tail = ",0,1,5,0,0,1,0,0,0,0";
+  const std::vector<std::string> tasks{
+      "0,\"Tasks:\",\"\",\"\",\".\"" + tail,
+      "0,\"Tasks:\",\"\",\"\",\".\"" + tail + "\n2,\"x\"",
+      "\xEF\xBB\xBF\r\n 0 , \"Tasks:\" ,\t\"\",\"\", \".\"" + tail + ",99,\"more\"\r\n",
+      "0,Tasks:,,, . " + tail + "\n",
+      "0,\"Tasks:\",\"\",\"\",\".\", 0 , 1 , 5 ,0,0,1\n",
+      "zero,\"Tasks:\"junk,\"\",\"\",\".\",x,1.4,4.6,0,0,1,,,no"};
+  for (const auto& bytes : tasks) EXPECT_EQ(parseStepRecord(bytes), kTasks) << bytes;
+
+  ListSettings nothing;
+  nothing.Start = 0;
+  nothing.Count = 0;
+  for (const char* bytes : {"", "\r\n", "\"", ",", "\0x", "{}"}) {
+    EXPECT_EQ(parseStepRecord(bytes), nothing) << bytes;
+  }
+  const auto large = parseStepRecord("70000,\"\xE9\",\"a,\r\nb\",\"open\"\"\",,-99999999999,1e9");
+  EXPECT_EQ(large.Selection, 32767);
+  EXPECT_EQ(large.Beginning, u"é") << "bytes that are no UTF-8 are Windows-1252";
+  EXPECT_EQ(large.Ending, u"a,\r\nb");
+  EXPECT_EQ(large.Prefix, u"open");
+  EXPECT_EQ(large.LineSpacing, -32768);
+  EXPECT_EQ(large.Start, 32767);
+}
+
+TEST(StepRecord, RandomRecordsComeBack) {
+  std::mt19937 engine(7);
+  const auto upTo = [&](int most) { return std::uniform_int_distribution(0, most)(engine); };
+  const auto text = [&] {
+    static const std::u16string kSpecial = u"\",\r\n \t<>WXEQUOT;é€\xD83D\xDE00\xD800\xFEFF";
+    std::u16string result;
+    for (int left = upTo(12); left > 0; --left) {
+      result += upTo(3) == 0 ? static_cast<char16_t>(upTo(0xFFFF))
+                             : kSpecial[static_cast<std::size_t>(upTo(21) % 22)];
+    }
+    return result;
+  };
+  for (int round = 0; round < 10'000; ++round) {
+    ListSettings settings;
+    settings.Selection = static_cast<std::int16_t>(upTo(3));
+    for (auto& option : settings.Option) option = static_cast<std::int16_t>(upTo(1));
+    settings.Start = static_cast<std::int16_t>(upTo(65535) - 32768);
+    settings.Count = static_cast<std::int16_t>(1 + upTo(98));
+    settings.LineSpacing = static_cast<std::int16_t>(upTo(9));
+    for (auto* field :
+         {&settings.Beginning, &settings.Ending, &settings.Prefix, &settings.Suffix}) {
+      *field = text();
+    }
+    ASSERT_EQ(parseStepRecord(formatStepRecord(settings)), settings);
+  }
+}
+
+TEST(StepFile, IsReadAndWrittenWhole) {
+  TemporaryFolder folder;
+  EXPECT_FALSE(readStepFile(folder("missing.step")));
+  EXPECT_TRUE(writeStepFile(folder("a.step"), kTasks));
+  EXPECT_EQ(readStepFile(folder("a.step")), kTasks);
+  EXPECT_FALSE(writeStepFile(folder("no/a.step"), kTasks));
+  folder.put("large.step", std::string(kLargestStepFile + 1, '0'));
+  EXPECT_FALSE(readStepFile(folder("large.step"))) << "none of ours";
+}
+
+TEST(StepFileName, TellsTheSetup) {
+  struct Case {
+    ListSettings settings;
+    std::u16string name;
+  };
+  const std::vector<Case> cases{
+      {{.Selection = 1,
+        .Option = {0, 1, 0, 1},
+        .Prefix = u"(",
+        .Suffix = u")",
+        .Count = 4,
+        .LineSpacing = 1,
+        .Beginning = u"Parts list"},
+       u"Alpha_Parts_list_(_)_1_1_4-IS-I-RA+UC+BE-SS"},
+      {{.Option = {0, 0, 1}, .Suffix = u".", .Count = 5}, u"Numb_0_1_5-IS+I-RA-BE-SS-AO"},
+      {{.Selection = 3,
+        .Option = {1, 0, 0, 0, 0, 1, 1},
+        .Prefix = u"Step {STEP_#}:",
+        .Ending = u"Done."},
+       u"PreSuf_Step_{STEP_#}_Done_0_+IS-I-RA-BE+SS"},
+      {{.Option = {0, 0, 0, 0, 0, 0, 1}, .Beginning = u"Step "},
+       u"Numb_Step__0_1_3-IS-I-RA-BE-SS+AO"},
+      {{.Selection = 2, .Prefix = u"a\t_ *|?\"`!.'<>;:\\/\r\n", .Start = 2},
+       u"Roman_a___*|_0_2_3-IS-I-RA-UC-BE-SS"}};
+  for (const auto& c : cases) EXPECT_EQ(BuildStepFileName(c.settings), c.name);
+
+  const std::u16string fitting = fittingFileName(std::u16string(124, u'é') + u"ab\xD83D\xDE00");
+  EXPECT_EQ(fitting, std::u16string(124, u'é') + u"ab");
+  EXPECT_EQ(fittingFileName(std::u16string(250, u'a')).size(), 250U);
+}
+
+TEST(PathPart, SplitsAtEitherSeparator) {
+  const std::vector<std::u16string> none(5);
+  const std::vector<std::pair<std::u16string, std::vector<std::u16string>>> cases{
+      {u"/home/me/a.b.step", {u"a.b", u"a.b.step", u"/home/me/", u"/home/me", u"step"}},
+      {u"C:\\Steps\\list", {u"list", u"list", u"C:\\Steps\\", u"C:\\Steps", u""}},
+      {u"/.step", {u"", u".step", u"/", u"", u"step"}},
+      {u"folder/", {u"", u"", u"folder/", u"folder", u""}},
+      {u"list.step", none},
+      {u"", none}};
+  for (const auto& [path, parts] : cases) {
+    for (std::size_t mode = 0; mode < parts.size(); ++mode) {
+      EXPECT_EQ(PathPart(path, static_cast<PathMode>(mode)), parts[mode]) << mode;
+    }
+  }
+}
+
+TEST(StepFolder, ListsForPeople) {
+  TemporaryFolder folder;
+  for (const char* name : {"b.step", "A.STEP", "a.step.step", ".hidden.step", "a10.step", "a2.step",
+                           "Ä.step", "none.txt", "step", "ä.step", "Z.Step"}) {
+    folder.put(name, "");
+  }
+  folder.setMode("b.step", 0444);
+  EXPECT_EQ(stepFileEntries(folder("")),
+            (std::vector<std::u16string>{u".hidden", u"A.STEP", u"a", u"a10", u"a2", u"b",
+                                         u"Z.Step", u"Ä", u"ä"}));
+  EXPECT_TRUE(stepFileEntries(folder("missing")).empty());
+  EXPECT_EQ(pathOfEntry(u"steps", u"A.STEP"), u"steps/A.STEP.step");
+}
+
+TEST(LetterCase, OfTheAlphabets) {
+  EXPECT_TRUE(text::comesBefore(u"a", u"B") && text::comesBefore(u"B", u"c"));
+  EXPECT_TRUE(text::comesBefore(u"A", u"a") && !text::comesBefore(u"a", u"a"));
+  const std::u16string capitals = u"AZÀÖØÞĀŹŽŸΑΣЀЯ";
+  const std::u16string small = u"azàöøþāźžÿασѐя";
+  for (std::size_t i = 0; i < capitals.size(); ++i) {
+    EXPECT_EQ(text::lowerCase(capitals[i]), small[i]) << i;
+    EXPECT_EQ(text::lowerCase(small[i]), small[i]) << i;
+  }
+  for (const char16_t c : u"×÷@[ŉıĸſ0") EXPECT_EQ(text::lowerCase(c), c);
+}
+
+}  // namespace
+
+}  // namespace kvrnstep::stepfiles
