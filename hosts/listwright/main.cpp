@@ -75,6 +75,36 @@ ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options
   return Printed;
 }
 
+ExitStatus save(const kvrnstep::Listwright& plugin, const Options& options) {
+  const std::u16string path = hosts::fromUtf8(options.save);
+  if (plugin.saveStepFile(path, listArguments(options)) != kvrnstep::StepFileDone) {
+    throw std::runtime_error("cannot write " + options.save);
+  }
+  return Printed;
+}
+
+/// Like cat: goes on after a file that is none, and fails at the end.
+ExitStatus printFiles(const kvrnstep::Listwright& plugin, const Options& options) {
+  ExitStatus status = Printed;
+  std::u16string all;
+  for (const std::string& file : options.files) {
+    std::u16string list;
+    const auto result = plugin.generateFromStepFile(
+        hosts::fromUtf8(file), static_cast<std::uint8_t>(options.indent), list);
+    if (result != kvrnstep::StepFileDone) {
+      const bool foreign = result == kvrnstep::StepFileForeign;
+      std::fprintf(stderr, "listwright: %s %s\n", foreign ? "no step file:" : "cannot read",
+                   file.c_str());
+      status = Failed;
+      continue;
+    }
+    if (!all.empty() && !all.ends_with(u'\n')) all += u"\r\n";
+    all += list;
+  }
+  print(all, options.crLf);
+  return status;
+}
+
 ExitStatus run(int argc, char** argv) {
   const auto options = parseOptions(argc, argv);
   if (!options) return Printed;
@@ -83,6 +113,8 @@ ExitStatus run(int argc, char** argv) {
     std::puts(hosts::toUtf8(plugin.PlugNameVersion()).c_str());
     return Printed;
   }
+  if (!options->save.empty()) return save(plugin, *options);
+  if (!options->files.empty()) return printFiles(plugin, *options);
   if (!options->list) return showDialog(plugin, *options);
   print(plugin.generateList(listArguments(*options)), options->crLf);
   return Printed;

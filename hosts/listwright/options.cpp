@@ -14,8 +14,8 @@ namespace {
 
 constexpr const char* kDescription =
     "Builds a step list: numbered, lettered, Roman, or with a prefix and suffix only.\n"
-    "Without --list it opens the dialog and prints the list that you insert. With --list it\n"
-    "prints the list that the options describe, without a window.";
+    "It opens the dialog and prints the list that you insert. With --list it prints the list\n"
+    "that the options describe, with FILE the list that a step file describes, without a window.";
 
 constexpr const char* kFooter =
     "A prefix and a suffix may hold {STEP_#}, {STEP_L} and {STEP_R}: the step as a number, as\n"
@@ -27,6 +27,8 @@ constexpr const char* kFooter =
     "  listwright --list --end 5 --suffix .              1. 2. 3. 4. 5., each on its line\n"
     "  listwright --list --type roman --end 8 --upper-case --right-align\n"
     "  listwright --list --type prefix-suffix --end 3 --prefix 'Part {STEP_R}'\n"
+    "  listwright --save abc.step --type alphabetical --end 3 --suffix ')'\n"
+    "  listwright abc.step                               a) b) c), each on its line\n"
     "  listwright --type alphabetical | wl-copy          build it in the dialog";
 
 /// The text as a whole decimal number in the range; nothing if it is none.
@@ -44,6 +46,9 @@ class CommandLine {
   CommandLine() : app_(kDescription, "listwright") {
     app_.footer(kFooter);
     app_.add_flag("--list", options_.list, "print the list described by the options; no window");
+    app_.add_option("--save", options_.save, "write the options as a step file; no window")
+        ->type_name("FILE");
+    app_.add_option("FILE", options_.files, "step files whose lists are printed")->type_name("");
     app_.add_flag("--crlf", options_.crLf, "end lines with CR LF instead of LF");
     app_.add_flag("--version", options_.version, "print name and version");
     describeList();
@@ -153,18 +158,26 @@ class CommandLine {
 
   void check() {
     if (app_.count("--beginning") + app_.count("--ending") > 0) options_.flags.at(3) = true;
-    if (options_.list && app_.count("--end") == 0) {
-      throw std::runtime_error("--list needs --end, the number of the last step: 1 to 99");
+    const bool saves = !options_.save.empty();
+    if (options_.list || saves) {
+      if (!options_.files.empty()) throw std::runtime_error("FILE goes without --list and --save");
+      if (app_.count("--end") == 0) {
+        throw std::runtime_error(std::string(saves ? "--save" : "--list") +
+                                 " needs --end, the number of the last step: 1 to 99");
+      }
+      if (saves && !options_.save.ends_with(".step")) {
+        throw std::runtime_error("--save: the name of a step file ends in .step");
+      }
+      return;
     }
-    if (options_.list) return;
     for (const CLI::Option* option : app_.get_options()) {
       if (option->get_group() == kList && option->count() > 0) {
-        throw std::runtime_error(option->get_name() + " needs --list");
+        throw std::runtime_error(option->get_name() + " needs --list or --save");
       }
     }
   }
 
-  inline static const std::string kList = "List (with --list)";
+  inline static const std::string kList = "List (with --list or --save)";
   inline static const std::string kDialog = "Dialog";
 
   CLI::App app_;

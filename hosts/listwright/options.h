@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "kvrnstep/listwright.hpp"
 
@@ -12,6 +13,8 @@ namespace listwright {
 /// The command line, read and checked.
 struct Options {
   bool list = false;  ///< print the list that the options describe instead of opening the dialog
+  std::string save;   ///< step file to write; empty: none
+  std::vector<std::string> files;  ///< step files whose lists are printed
   bool crLf = false;
   bool version = false;
   std::int16_t type = 0;

@@ -71,6 +71,14 @@ struct ListRequest {
   std::uint8_t bytSpcCount;
 };
 
+/// How a step file was dealt with.
+enum StepFileResult : std::int32_t {
+  StepFileDone = 0,
+  StepFileUnreadable = 1,  ///< missing, no file, too large
+  StepFileForeign = 2,     ///< another kind of file
+  StepFileUnwritable = 3,
+};
+
 /// What the library's one function, `kvrnstepEntry`, hands out.
 struct EntryTable {
   std::uint32_t version;
@@ -81,6 +89,11 @@ struct EntryTable {
   void (*generateList)(const ListRequest* request, TextReceiver take, void* receiver);
   /// Non-zero when a dialog can be shown; otherwise hands over one line that says why not.
   int (*canShowDialog)(ByteReceiver take, void* receiver);
+  /// The list that a step file describes.
+  std::int32_t (*generateFromStepFile)(Text path, std::uint8_t bytSpcCount, TextReceiver take,
+                                       void* receiver);
+  /// Writes a list's description as a step file.
+  std::int32_t (*saveStepFile)(Text path, const ListRequest* request);
 };
 
 using EntryFunction = const EntryTable* (*)(std::uint32_t version);
@@ -169,6 +182,38 @@ class Listwright {
 
   /// The list as text, without any window.
   [[nodiscard]] std::u16string generateList(const ListArguments& arguments) const {
+    std::u16string text;
+    const ListRequest request = listRequest(arguments);
+    table_->generateList(&request, takeText, &text);
+    return text;
+  }
+
+  /// The list that a step file describes, without any window.
+  StepFileResult generateFromStepFile(std::u16string_view path, std::uint8_t bytSpcCount,
+                                      std::u16string& list) const {
+    return static_cast<StepFileResult>(
+        table_->generateFromStepFile(view(path), bytSpcCount, takeText, &list));
+  }
+
+  /// Writes a description as a step file, in place of a file of that name.
+  StepFileResult saveStepFile(std::u16string_view path, const ListArguments& arguments) const {
+    const ListRequest request = listRequest(arguments);
+    return static_cast<StepFileResult>(table_->saveStepFile(view(path), &request));
+  }
+
+  /// Whether a dialog can be shown here; if not, `problem` says why, in one line.
+  bool canShowDialog(std::string& problem) const {
+    problem.clear();
+    return table_->canShowDialog(takeBytes, &problem) != 0;
+  }
+
+  /// A further function that the library exports, or null.
+  [[nodiscard]] void* symbol(const char* name) const { return dlsym(library_, name); }
+
+ private:
+  Listwright(void* library, const EntryTable* table) : library_(library), table_(table) {}
+
+  static ListRequest listRequest(const ListArguments& arguments) {
     ListRequest request{
         .size = sizeof(ListRequest),
         .Selection = arguments.Selection,
@@ -185,23 +230,8 @@ class Listwright {
     for (std::size_t i = 0; i < arguments.Option.size(); ++i) {
       request.Option[i] = arguments.Option[i] ? 1 : 0;
     }
-    std::u16string text;
-    table_->generateList(&request, takeText, &text);
-    return text;
+    return request;
   }
-
-  /// Whether a dialog can be shown here; if not, `problem` says why, in one line.
-  bool canShowDialog(std::string& problem) const {
-    problem.clear();
-    return table_->canShowDialog(takeBytes, &problem) != 0;
-  }
-
-  /// A further function that the library exports, or null.
-  [[nodiscard]] void* symbol(const char* name) const { return dlsym(library_, name); }
-
- private:
-  Listwright(void* library, const EntryTable* table) : library_(library), table_(table) {}
-
   static Text view(std::u16string_view text) { return {text.data(), text.size()}; }
   static std::int16_t variantBool(bool value) { return static_cast<std::int16_t>(value ? -1 : 0); }
   template <class T>

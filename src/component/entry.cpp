@@ -6,8 +6,10 @@
 
 #include "generator/generator.h"
 #include "kvrnstep/listwright.hpp"
+#include "platform/files.h"
 #include "plugin/front_end.h"
 #include "plugin/listwright.h"
+#include "stepfiles/step_record.h"
 
 namespace kvrnstep::component {
 
@@ -93,6 +95,30 @@ void generateList(const ListRequest* request, TextReceiver take, void* receiver)
   }
 }
 
+std::int32_t generateFromStepFile(Text path, std::uint8_t bytSpcCount, TextReceiver take,
+                                  void* receiver) {
+  try {
+    const auto bytes = platform::readFile(copied(path), stepfiles::kLargestStepFile);
+    if (!bytes) return StepFileUnreadable;
+    if (!stepfiles::isStepRecord(*bytes)) return StepFileForeign;
+    const auto settings = stepfiles::withinRanges(stepfiles::parseStepRecord(*bytes));
+    const std::u16string text = generator::generateList(settings, bytSpcCount);
+    take(receiver, text.data(), text.size());
+    return StepFileDone;
+  } catch (const std::exception&) {
+    return StepFileUnreadable;
+  }
+}
+
+std::int32_t saveStepFile(Text path, const ListRequest* request) {
+  try {
+    const bool written = stepfiles::writeStepFile(copied(path), settingsOf(*request));
+    return written ? StepFileDone : StepFileUnwritable;
+  } catch (const std::exception&) {
+    return StepFileUnwritable;
+  }
+}
+
 int canShowDialog(ByteReceiver take, void* receiver) {
   std::string problem;
   try {
@@ -110,6 +136,8 @@ constexpr EntryTable kTable{
     .ShowListwrightDialog = showListwrightDialog,
     .generateList = generateList,
     .canShowDialog = canShowDialog,
+    .generateFromStepFile = generateFromStepFile,
+    .saveStepFile = saveStepFile,
 };
 
 }  // namespace

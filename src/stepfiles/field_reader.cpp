@@ -32,11 +32,11 @@ std::u16string_view FieldReader::text() {
   return field;
 }
 
-std::int16_t FieldReader::number() {
+std::optional<std::int16_t> FieldReader::number() {
   using Limits = std::numeric_limits<std::int16_t>;
   const auto number = text::wholeTextNumber(text());
-  if (!number) return 0;
-  return text::roundToInt16(std::clamp<double>(*number, Limits::min(), Limits::max())).value_or(0);
+  if (!number) return std::nullopt;
+  return text::roundToInt16(std::clamp<double>(*number, Limits::min(), Limits::max()));
 }
 
 void FieldReader::skipBlanks() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,8 +18,9 @@ class FieldReader {
 
   /// The next field; empty behind the last one.
   std::u16string_view text();
-  /// The next field as a whole number, halves rounded to even; 0 when it is none.
-  std::int16_t number();
+  /// The next field as a whole number, halves rounded to even, the nearest that fits 16 bits;
+  /// nothing when it is none.
+  std::optional<std::int16_t> number();
 
  private:
   void skipBlanks();

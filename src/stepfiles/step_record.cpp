@@ -1,5 +1,7 @@
 #include "stepfiles/step_record.h"
 
+#include <algorithm>
+
 #include "platform/files.h"
 #include "stepfiles/field_reader.h"
 #include "stepfiles/quote_placeholder.h"
@@ -25,15 +27,33 @@ generator::ListSettings parseStepRecord(std::string_view bytes) {
   const std::u16string text = text::fromBytes(bytes);
   FieldReader fields(text);
   generator::ListSettings settings;
-  settings.Selection = fields.number();
+  settings.Selection = fields.number().value_or(0);
   settings.Beginning = withQuotes(fields.text());
   settings.Ending = withQuotes(fields.text());
   settings.Prefix = withQuotes(fields.text());
   settings.Suffix = withQuotes(fields.text());
-  settings.LineSpacing = fields.number();
-  settings.Start = fields.number();
-  settings.Count = fields.number();
-  for (std::int16_t& option : settings.Option) option = fields.number();
+  settings.LineSpacing = fields.number().value_or(0);
+  settings.Start = fields.number().value_or(0);
+  settings.Count = fields.number().value_or(0);
+  for (std::int16_t& option : settings.Option) option = fields.number().value_or(0);
+  return settings;
+}
+
+bool isStepRecord(std::string_view bytes) {
+  const std::u16string text = text::fromBytes(bytes);
+  FieldReader fields(text);
+  const auto selection = fields.number();
+  if (!selection || *selection < generator::Numbered || *selection > generator::PrefixSuffix) {
+    return false;
+  }
+  for (int texts = 0; texts < 4; ++texts) fields.text();
+  return fields.number() && fields.number() && fields.number();
+}
+
+generator::ListSettings withinRanges(generator::ListSettings settings) {
+  settings.LineSpacing = std::clamp<std::int16_t>(settings.LineSpacing, 0, 9);
+  settings.Count = std::clamp<std::int16_t>(settings.Count, 1, 99);
+  settings.Start = std::clamp<std::int16_t>(settings.Start, 1, settings.Count);
   return settings;
 }
 

@@ -24,6 +24,14 @@ std::string formatStepRecord(const generator::ListSettings& settings);
 /// listing type is taken as it stands, be there such a type or not.
 generator::ListSettings parseStepRecord(std::string_view bytes);
 
+/// Whether the bytes begin as a step file does: a listing type that there is, four texts, three
+/// numbers.
+bool isStepRecord(std::string_view bytes);
+
+/// The setup with its numbers as the dialog shows them: 0 to 9 blank lines, steps 1 to 99, none
+/// before the first.
+generator::ListSettings withinRanges(generator::ListSettings settings);
+
 /// Reads a step file. Nothing when it cannot be read or is too large.
 std::optional<generator::ListSettings> readStepFile(const std::u16string& path);
 
