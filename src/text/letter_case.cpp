@@ -13,8 +13,7 @@ struct ShiftedRange {
   char16_t last;
   char16_t distance;
 };
-constexpr std::array<ShiftedRange, 7> kShifted{{{u'A', u'Z', 32},
-                                                {0x00C0, 0x00D6, 32},
+constexpr std::array<ShiftedRange, 6> kShifted{{{0x00C0, 0x00D6, 32},
                                                 {0x00D8, 0x00DE, 32},
                                                 {0x0391, 0x03A1, 32},
                                                 {0x03A3, 0x03AB, 32},
@@ -44,6 +43,11 @@ bool pairedCapital(char16_t character) {
 }  // namespace
 
 char16_t lowerCase(char16_t character) {
+  constexpr char16_t kEndOfAscii = 0x80;
+  if (character < kEndOfAscii) {
+    const bool capital = character >= u'A' && character <= u'Z';
+    return static_cast<char16_t>(capital ? character + 32 : character);
+  }
   for (const ShiftedRange& range : kShifted) {
     if (character < range.first) break;
     if (character <= range.last) return static_cast<char16_t>(character + range.distance);
@@ -54,11 +58,15 @@ char16_t lowerCase(char16_t character) {
 }
 
 bool comesBefore(std::u16string_view one, std::u16string_view other) {
-  const auto [inOne, inOther] = std::ranges::mismatch(one, other, {}, lowerCase, lowerCase);
-  if (inOne == one.end() && inOther == other.end()) return one < other;
-  if (inOne == one.end()) return true;
-  if (inOther == other.end()) return false;
-  return lowerCase(*inOne) < lowerCase(*inOther);
+  const std::size_t shorter = std::min(one.size(), other.size());
+  for (std::size_t i = 0; i < shorter; ++i) {
+    if (one[i] == other[i]) continue;
+    const char16_t inOne = lowerCase(one[i]);
+    const char16_t inOther = lowerCase(other[i]);
+    if (inOne != inOther) return inOne < inOther;
+  }
+  if (one.size() != other.size()) return one.size() < other.size();
+  return one < other;
 }
 
 }  // namespace kvrnstep::text

@@ -1,0 +1,50 @@
+// Filling the list of step files, against a directory loop that copies the names.
+
+#include <benchmark/benchmark.h>
+#include <dirent.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "stepfiles/step_folder.h"
+#include "text/codepage.h"
+
+namespace {
+
+/// 10,000 step files, made once.
+const std::filesystem::path& folderOfStepFiles() {
+  static const std::filesystem::path kFolder = [] {
+    auto folder = std::filesystem::temp_directory_path() / "listwright-bench-steps";
+    std::filesystem::create_directories(folder);
+    for (int i = 0; i < 10'000; ++i) {
+      const auto name = "Numb_Tasks_" + std::to_string(i * 7919 % 10'000) + "_0_1_5-IS+I.step";
+      std::ofstream(folder / name) << '\n';
+    }
+    return folder;
+  }();
+  return kFolder;
+}
+
+void directoryLoop(benchmark::State& state) {
+  const auto& folder = folderOfStepFiles();
+  for (auto _ : state) {
+    std::vector<std::string> names;
+    DIR* opened = opendir(folder.c_str());
+    while (const dirent* entry = readdir(opened)) names.emplace_back(&entry->d_name[0]);
+    closedir(opened);
+    benchmark::DoNotOptimize(names);
+  }
+}
+BENCHMARK(directoryLoop)->Unit(benchmark::kMicrosecond);
+
+void stepFileList(benchmark::State& state) {
+  const auto folder = kvrnstep::text::fromBytes(folderOfStepFiles().string());
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(kvrnstep::stepfiles::stepFileEntries(folder));
+  }
+}
+BENCHMARK(stepFileList)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
