@@ -17,32 +17,17 @@
 #include <utility>
 
 #include "module_folder.h"
+#include "platform/posix/descriptor.h"
 #include "qt_application.h"
 
 namespace kvrnstep::qt {
+
+using platform::Descriptor;
 
 namespace {
 
 constexpr const char* kKeeper = "kvrnstep-clipboard";
 constexpr int kReadyWithinMilliseconds = 2000;
-
-/// A file descriptor, closed when it goes.
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  ~Descriptor() { close(); }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-
-  [[nodiscard]] int get() const { return number_; }
-  [[nodiscard]] bool valid() const { return number_ >= 0; }
-  void close() {
-    if (number_ >= 0) ::close(std::exchange(number_, -1));
-  }
-
- private:
-  int number_;
-};
 
 bool writeAll(int file, const QByteArray& bytes) {
   qsizetype written = 0;
@@ -104,13 +89,14 @@ bool handToKeeper(const QString& text) {
   // A file in memory: writing to it neither blocks nor raises a signal, whatever the keeper does.
   const Descriptor input(memfd_create(kKeeper, MFD_CLOEXEC));
   std::array<int, 2> ends{-1, -1};
-  if (!input.valid() || pipe2(ends.data(), O_CLOEXEC) != 0) return false;
+  if (!input.open() || pipe2(ends.data(), O_CLOEXEC) != 0) return false;
   const Descriptor readEnd(ends[0]);
   Descriptor writeEnd(ends[1]);
-  if (!writeAll(input.get(), text.toUtf8()) || lseek(input.get(), 0, SEEK_SET) != 0) return false;
-  if (!startKeeper(path, input.get(), writeEnd.get())) return false;
+  if (!writeAll(input.number(), text.toUtf8()) || lseek(input.number(), 0, SEEK_SET) != 0)
+    return false;
+  if (!startKeeper(path, input.number(), writeEnd.number())) return false;
   writeEnd.close();
-  return becomesReadable(readEnd.get());
+  return becomesReadable(readEnd.number());
 }
 
 }  // namespace

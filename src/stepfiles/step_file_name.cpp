@@ -79,9 +79,8 @@ std::u16string RemoveChars(std::u16string text, std::u16string_view chars,
 
 std::u16string CollapseRepeats(std::u16string text, char16_t ch) {
   std::ranges::replace(text, u'\t', u' ');
-  const auto repeats =
-      std::ranges::unique(text, [ch](char16_t a, char16_t b) { return a == ch && b == ch; });
-  text.erase(repeats.begin(), repeats.end());
+  const auto isRepeat = [ch](char16_t a, char16_t b) { return a == ch && b == ch; };
+  text.erase(std::unique(text.begin(), text.end(), isRepeat), text.end());
   return text;
 }
 

@@ -1,5 +1,5 @@
 #!/bin/bash
-# The listwright command without a window: command_test LISTWRIGHT
+# The listwright command without a window: command_test.sh LISTWRIGHT
 set -u
 listwright=$1
 work=$(mktemp -d)

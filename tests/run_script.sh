@@ -1,7 +1,7 @@
 #!/bin/bash
-# Runs one script test: run_script STEPDRIVE FRONTEND FOLDER
+# Runs one script test: run_script.sh STEPDRIVE FRONTEND FOLDER
 #
-# FOLDER holds `script` and `expected` (what stepdrive must print); where they are wanted also
+# FOLDER holds `run.script` and `expected.txt` (what stepdrive must print); where they are wanted also
 # `status` (its exit status, 0 if missing), `errors` (its standard error), `before` (files that
 # are there when it starts) and `after` (files that must be there, byte for byte, when it has
 # ended). The script runs in a folder of its own; the step folder is "steps" by custom.
@@ -13,12 +13,12 @@ trap 'rm -rf "$work"' EXIT
 mkdir "$work/run"
 [ ! -d "$folder/before" ] || cp -R "$folder/before/." "$work/run"
 
-(cd "$work/run" && "$stepdrive" --frontend "$frontend" "$folder/script") \
+(cd "$work/run" && "$stepdrive" --frontend "$frontend" "$folder/run.script") \
   >"$work/output" 2>"$work/errors" </dev/null
 status=$?
 
 failed=0
-diff -u --label expected --label printed "$folder/expected" "$work/output" || failed=1
+diff -u --label expected --label printed "$folder/expected.txt" "$work/output" || failed=1
 wanted=0
 [ ! -f "$folder/status" ] || wanted=$(cat "$folder/status")
 if [ "$status" -ne "$wanted" ]; then

@@ -1,6 +1,6 @@
 #!/bin/bash
 # The command on a real desktop: real keys into the real window, and what stays on the clipboard.
-# desktop_test BIN — bounded by the time limit of the test runner; skipped (77) where the desktop's programs are missing.
+# desktop_test.sh BIN — bounded by the time limit of the test runner; skipped (77) where the desktop's programs are missing.
 set -u
 bin=$1
 for program in xvfb-run openbox xdotool xclip xprop; do

@@ -1,5 +1,5 @@
 #!/bin/bash
-# What must not hurt: bad_input_test STEPDRIVE. Every case opens the dialog, inserts, and looks at
+# What must not hurt: bad_input_test.sh STEPDRIVE. Every case opens the dialog, inserts, and looks at
 # what is left of the files.
 set -u
 stepdrive=$1
