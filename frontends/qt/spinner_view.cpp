@@ -35,14 +35,15 @@ void ArrowButton::paintEvent(QPaintEvent* /*event*/) {
 }
 
 SpinnerView::SpinnerView(WindowView& window, forms::Spinner& spinner)
-    : ControlView(window, spinner) {
-  adopt(new QWidget(window.parentFor(spinner)));
-  up_ = addArrow(true);
-  down_ = addArrow(false);
+    : ControlView(window, spinner),
+      ground_(new QWidget(window.parentFor(spinner))),
+      up_(addArrow(true)),
+      down_(addArrow(false)) {
+  adopt(ground_);
 }
 
 ArrowButton* SpinnerView::addArrow(bool up) {
-  auto* arrow = new ArrowButton(up, widget());
+  auto* arrow = new ArrowButton(up, ground_);
   // Pressed, not clicked: the value changes as the mouse goes down, and again at each repeat.
   QObject::connect(arrow, &QAbstractButton::pressed, arrow,
                    [this, up] { forms::userSpun(static_cast<forms::Spinner&>(control()), up); });

@@ -32,6 +32,7 @@ class SpinnerView : public ControlView {
  private:
   ArrowButton* addArrow(bool up);
 
+  QWidget* ground_;
   ArrowButton* up_;
   ArrowButton* down_;
 };

@@ -189,14 +189,16 @@ class Listwright {
   }
 
   /// The list that a step file describes, without any window.
-  StepFileResult generateFromStepFile(std::u16string_view path, std::uint8_t bytSpcCount,
-                                      std::u16string& list) const {
+  [[nodiscard]] StepFileResult generateFromStepFile(std::u16string_view path,
+                                                    std::uint8_t bytSpcCount,
+                                                    std::u16string& list) const {
     return static_cast<StepFileResult>(
         table_->generateFromStepFile(view(path), bytSpcCount, takeText, &list));
   }
 
   /// Writes a description as a step file, in place of a file of that name.
-  StepFileResult saveStepFile(std::u16string_view path, const ListArguments& arguments) const {
+  [[nodiscard]] StepFileResult saveStepFile(std::u16string_view path,
+                                            const ListArguments& arguments) const {
     const ListRequest request = listRequest(arguments);
     return static_cast<StepFileResult>(table_->saveStepFile(view(path), &request));
   }

@@ -11,7 +11,7 @@
 namespace kvrnstep::stepfiles {
 
 /// A larger file is none of ours and is not read.
-inline constexpr std::size_t kLargestStepFile = 1024 * 1024;
+inline constexpr std::size_t kLargestStepFile = std::size_t{1024} * 1024;
 
 /// Marks the files of the step folder that hold a setup; letter case counts.
 inline constexpr std::u16string_view kStepExtension = u".step";
