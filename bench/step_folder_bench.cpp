@@ -13,18 +13,31 @@
 
 namespace {
 
-/// 10,000 step files, made once.
-const std::filesystem::path& folderOfStepFiles() {
-  static const std::filesystem::path kFolder = [] {
-    auto folder = std::filesystem::temp_directory_path() / "listwright-bench-steps";
-    std::filesystem::create_directories(folder);
+namespace fs = std::filesystem;
+
+/// 10,000 step files, made once and gone at the end.
+class FullFolder {
+ public:
+  FullFolder() {
+    fs::create_directories(path_);
     for (int i = 0; i < 10'000; ++i) {
       const auto name = "Numb_Tasks_" + std::to_string(i * 7919 % 10'000) + "_0_1_5-IS+I.step";
-      std::ofstream(folder / name) << '\n';
+      std::ofstream(path_ / name) << '\n';
     }
-    return folder;
-  }();
-  return kFolder;
+  }
+  ~FullFolder() { fs::remove_all(path_); }
+  FullFolder(const FullFolder&) = delete;
+  FullFolder& operator=(const FullFolder&) = delete;
+
+  [[nodiscard]] const fs::path& path() const { return path_; }
+
+ private:
+  fs::path path_ = fs::temp_directory_path() / "listwright-bench-steps";
+};
+
+const fs::path& folderOfStepFiles() {
+  static const FullFolder kFolder;
+  return kFolder.path();
 }
 
 void directoryLoop(benchmark::State& state) {

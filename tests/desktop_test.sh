@@ -8,7 +8,7 @@ for program in xvfb-run openbox xdotool xclip xprop; do
 done
 if [ -z "${LISTWRIGHT_DESKTOP:-}" ]; then
   LISTWRIGHT_DESKTOP=1 exec xvfb-run --auto-servernum \
-    --server-args "-screen 0 1280x1024x24" "$0" "$@"
+    --server-args "-screen 0 1280x1024x24 -noreset" "$0" "$@"
 fi
 
 work=$(mktemp -d)

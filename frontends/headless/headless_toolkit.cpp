@@ -44,7 +44,11 @@ void replaceSelection(TextControl& box, std::u16string_view inserted) {
 void eraseBeforeCaret(TextControl& box) {
   const TextSelection marked = box.selection();
   if (marked.length == 0 && marked.start == 0) return;
-  if (marked.length == 0) forms::userSelected(box, {marked.start - 1, 1});
+  if (marked.length == 0) {
+    const bool lineBreak = box.text().substr(0, marked.start).ends_with(u"\r\n");
+    const std::size_t erased = lineBreak ? 2 : 1;
+    forms::userSelected(box, {marked.start - erased, erased});
+  }
   replaceSelection(box, u"");
 }
 

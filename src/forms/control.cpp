@@ -38,6 +38,13 @@ bool assignWhole(const PropertyValue& value, Assign assign) {
   return true;
 }
 
+/// No caret stands between CR and LF; it goes behind both.
+std::size_t outOfLineBreak(std::u16string_view text, std::size_t position) {
+  const bool within = position > 0 && position < text.size() && text[position - 1] == u'\r' &&
+                      text[position] == u'\n';
+  return within ? position + 1 : position;
+}
+
 std::u16string joined(const Entries& entries) {
   std::u16string result;
   for (const auto& entry : entries.all()) {
@@ -197,8 +204,10 @@ void TextControl::textByUser(std::u16string text, TextSelection selection) {
 }
 
 void TextControl::setSelection(TextSelection selection) {
-  selection.start = std::min(selection.start, text_.size());
-  selection.length = std::min(selection.length, text_.size() - selection.start);
+  const std::size_t start = std::min(selection.start, text_.size());
+  const std::size_t end = start + std::min(selection.length, text_.size() - start);
+  selection.start = outOfLineBreak(text_, start);
+  selection.length = outOfLineBreak(text_, end) - selection.start;
   if (selection == selection_) return;
   selection_ = selection;
   changed(Property::SelStart);

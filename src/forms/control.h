@@ -155,7 +155,7 @@ class TextControl : public Control {
   /// The text and the caret as the user left them.
   void textByUser(std::u16string text, TextSelection selection);
   [[nodiscard]] TextSelection selection() const { return selection_; }
-  /// Parts outside the text are cut off.
+  /// Parts outside the text are cut off; an end between CR and LF goes behind both.
   void setSelection(TextSelection selection);
 
   [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;

@@ -26,7 +26,8 @@ std::u16string ToStepLetters(int iNumber) {
     code = iNumber + 38;
   }
   if (code < 0 || code > 255) return {};
-  return std::u16string(repeats, text::fromWindows1252(static_cast<unsigned char>(code)));
+  std::u16string letters(repeats, text::fromWindows1252(static_cast<unsigned char>(code)));
+  return letters;
 }
 
 std::u16string ToRomanNumeral(int iNumber) {

@@ -9,8 +9,8 @@ namespace kvrnstep::stepfiles {
 std::u16string PathPart(const std::u16string& path, PathMode mode) {
   const auto separator = std::ranges::find_if(path.rbegin(), path.rend(), platform::isSeparator);
   if (separator == path.rend()) return {};
-  const std::u16string folder(path.begin(), separator.base());
-  const std::u16string name(separator.base(), path.end());
+  std::u16string folder(path.begin(), separator.base());
+  std::u16string name(separator.base(), path.end());
   const std::size_t stop = name.rfind(u'.');
   switch (mode) {
     case PathMode::BaseName:
