@@ -1,0 +1,30 @@
+// play_sound MODULE [--keep]: plays what standard input names line by line, MODE:FILE, and ends
+// with it. It runs no events, as a host does whose own toolkit is another one.
+#include <dlfcn.h>
+
+#include <QApplication>
+#include <cstdio>
+#include <iostream>
+#include <string>
+
+int main(int argc, char** argv) {
+  using PlaySound = void(const char* path, int giveWay);
+
+  if (argc < 2) return 2;
+  auto* application = new QApplication(argc, argv);
+  void* module = dlopen(argv[1], RTLD_NOW | RTLD_LOCAL);
+  if (module == nullptr) {
+    std::fprintf(stderr, "%s\n", dlerror());
+    return 2;
+  }
+  auto* play = reinterpret_cast<PlaySound*>(dlsym(module, "kvrnstepPlaySound"));
+  if (play == nullptr) return 2;
+
+  for (std::string line; std::getline(std::cin, line);) {
+    if (line.size() < 3) return 2;
+    play(line.c_str() + 2, line[0] - '0');
+  }
+  // The plug-in keeps its application; a Qt host deletes its own.
+  if (argc < 3) delete application;
+  return 0;
+}
