@@ -6,7 +6,7 @@ set -u
 print=$(realpath "$1")/print_file
 module=$(realpath "$2")/kvrnstep-cups.so
 PATH=$PATH:/usr/sbin
-for program in cupsd lp lpadmin lpstat cupsreject pdftoppm pdfinfo; do
+for program in cupsd lp lpadmin lpstat cupsreject pdftoppm pdfinfo pdftotext; do
   command -v "$program" >/dev/null || { echo "no $program"; exit 77; }
 done
 [ -x /usr/lib/cups/filter/texttopdf ] || { echo 'no texttopdf'; exit 77; }
@@ -138,6 +138,7 @@ prints() {
   timeout 60 env "$@" "$print" "$module" list.txt >out 2>&1 || fail "$what: refused"
   [ ! -s out ] || fail "$what: not silent: $(cat out)"
   on_paper printed
+  cp paper.pdf printed.pdf
   cmp wanted.txt "$(printf 'spool/d%05d-001' "$jobs")" || fail "$what: not the text"
   pdfinfo paper.pdf >info
   grep -Eq '^Title: +Listwright$' info || fail "$what: $(grep Title info)"
@@ -147,6 +148,14 @@ prints() {
   diff -rq wanted printed || fail "$what: looks different"
 }
 
+# words_of_pdf — the text of the last PDF, a line a line. The text filter leaves out which glyph is
+# which character; in the monospaced fonts that it takes, the glyphs of ASCII stand in its order,
+# blank being number 3.
+words_of_pdf() {
+  pdftotext -raw printed.pdf - | tr '\003-\011\013\015-\141' ' -&(*-~' | tr -d '\f' | lines_of
+}
+lines_of() { sed -E 's/ +/ /g; s/^ | $//g; /^$/d'; }
+
 # A text that begins like another kind of document is a text all the same.
 printf '%s\r\n' '%!' '    1. Crème brûlée à 20 €' '    2. Größe – „Maß“' '' '   10. Łódź' >list.txt
 refused 'no default printer'
@@ -155,6 +164,7 @@ prints 'a list with accents' 1 PRINTER=paper
 lpadmin -d paper
 for step in {1..99}; do printf '%6d. Step %d of 99\r\n\r\n' "$step" "$step"; done >list.txt
 prints '99 steps' 4
+diff <(tr -d '\r' <list.txt | lines_of) <(words_of_pdf) >out || fail "99 steps: read back: $(cat out)"
 
 mkdir .cups
 echo 'Default paper page-ranges=2-3' >.cups/lpoptions

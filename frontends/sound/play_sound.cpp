@@ -5,13 +5,14 @@
 #include <QApplication>
 #include <cstdio>
 #include <iostream>
+#include <memory>
 #include <string>
 
 int main(int argc, char** argv) {
   using PlaySound = void(const char* path, int giveWay);
 
   if (argc < 2) return 2;
-  auto* application = new QApplication(argc, argv);
+  auto application = std::make_unique<QApplication>(argc, argv);
   void* module = dlopen(argv[1], RTLD_NOW | RTLD_LOCAL);
   if (module == nullptr) {
     std::fprintf(stderr, "%s\n", dlerror());
@@ -25,6 +26,6 @@ int main(int argc, char** argv) {
     play(line.c_str() + 2, line[0] - '0');
   }
   // The plug-in keeps its application; a Qt host deletes its own.
-  if (argc < 3) delete application;
+  if (argc > 2) static_cast<void>(application.release());
   return 0;
 }

@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <chrono>
 #include <cstdlib>
+#include <memory>
 #include <utility>
 
 #include "sound_file.h"
@@ -60,7 +61,7 @@ Player& thePlayer() {
     othersHandler = qInstallMessageHandler(dropOwnMessages);
     // For a process that ends while the thread makes its connection.
     std::atexit(stopThePlayer);
-    return new Player;
+    return std::make_unique<Player>().release();
   }();
   return *player;
 }
