@@ -32,9 +32,10 @@ SoundFile::SoundFile(const std::string& path) {
 }
 
 qint64 SoundFile::readData(char* data, qint64 most) {
-  const qint64 frames = std::min<qint64>(most, bytesLeft_) / format_.bytesPerFrame();
+  const qint64 frameBytes = format_.bytesPerFrame();
+  const qint64 frames = frameBytes > 0 ? std::min<qint64>(most, bytesLeft_) / frameBytes : 0;
   if (frames <= 0) return 0;
-  const qint64 bytes = frames * format_.bytesPerFrame();
+  const qint64 bytes = frames * frameBytes;
   // The caller's memory need not be aligned for samples.
   std::vector<float> samples(static_cast<std::size_t>(frames * format_.channelCount()));
   // At the end of the file, or where it is damaged, the rest stays silent.
