@@ -81,8 +81,4 @@ class Toolkit {
   virtual void playSound(const std::u16string& file, SoundMode mode) = 0;
 };
 
-/// The one line that a front end says when no window can be shown (no display …); empty when all
-/// is well.
-using FrontEndProblem = std::string;
-
 }  // namespace kvrnstep::forms

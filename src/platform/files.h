@@ -41,8 +41,6 @@ bool createEmptyFile(const std::u16string& path);
 /// Whether the path names a file, folder or anything else; false for a link that leads nowhere.
 bool pathExists(const std::u16string& path);
 
-bool isFolder(const std::u16string& path);
-
 /// Creates one folder in a folder that exists. False when that fails or the path is in use.
 bool createFolder(const std::u16string& path);
 
@@ -52,8 +50,5 @@ std::vector<std::u16string> filesIn(const std::u16string& folder);
 
 /// False when the file cannot be deleted. A folder is no file.
 bool deleteFile(const std::u16string& path);
-
-/// Whether files can be created in the folder; false for what is no folder.
-bool folderWritable(const std::u16string& path);
 
 }  // namespace kvrnstep::platform

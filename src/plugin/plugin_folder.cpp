@@ -1,12 +1,11 @@
 #include "plugin/plugin_folder.h"
 
-#include "platform/files.h"
 #include "platform/module.h"
 
 namespace kvrnstep::plugin {
 
 std::u16string GetPluginFolder() {
-  return platform::withoutTrailingSeparator(platform::moduleFolder());
+  return platform::moduleFolder();
 }
 
 }  // namespace kvrnstep::plugin

@@ -35,18 +35,8 @@ bool pathExists(const std::u16string& path) {
   return ::stat(nativePath(path).c_str(), &state) == 0;
 }
 
-bool isFolder(const std::u16string& path) {
-  struct stat state {};
-  return ::stat(nativePath(path).c_str(), &state) == 0 && S_ISDIR(state.st_mode);
-}
-
 bool createFolder(const std::u16string& path) {
   return ::mkdir(nativePath(path).c_str(), 0777) == 0;
-}
-
-bool folderWritable(const std::u16string& path) {
-  return isFolder(path) &&
-         ::faccessat(AT_FDCWD, nativePath(path).c_str(), W_OK | X_OK, AT_EACCESS) == 0;
 }
 
 }  // namespace kvrnstep::platform
