@@ -174,8 +174,9 @@ bool HeadlessToolkit::spin(Spinner& spinner, bool up) {
   return true;
 }
 
-bool HeadlessToolkit::drag(Control& /*from*/, Control& /*to*/) {
-  return false;
+bool HeadlessToolkit::drag(Control& from, Control& to) {
+  forms::userDropped(from, to);
+  return true;
 }
 
 bool HeadlessToolkit::pick(MenuEntry& entry) {

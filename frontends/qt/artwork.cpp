@@ -1,27 +1,46 @@
 #include "artwork.h"
 
-#include <QCursor>
 #include <QString>
+#include <algorithm>
+#include <array>
 
 namespace kvrnstep::qt {
 
 namespace {
 
-constexpr int kHandCursor = 104;
-constexpr QSize kHandSize(32, 32);
-constexpr QPoint kFingerTip(10, 1);
+/// A mouse cursor and the point of it that points.
+struct CursorFile {
+  int resourceId;
+  const char* file;
+  QPoint hotSpot;
+};
+constexpr QSize kCursorSize(32, 32);
+constexpr std::array kCursors{
+    CursorFile{104, ":/listwright/cursor-104.png", {10, 1}},   // a hand that points
+    CursorFile{106, ":/listwright/cursor-106.png", {16, 16}},  // one that carries something
+    CursorFile{107, ":/listwright/cursor-107.png", {16, 16}},  // one that may take something
+};
 
 QString pictureFile(forms::Picture picture) {
+  using forms::Picture;
   switch (picture) {
-    case forms::Picture::Numbered:
+    case Picture::Numbered:
       return ":/listwright/numbered.png";
-    case forms::Picture::Alphabetical:
+    case Picture::Alphabetical:
       return ":/listwright/alphabetical.png";
-    case forms::Picture::Roman:
+    case Picture::Roman:
       return ":/listwright/roman.png";
-    case forms::Picture::PrefixSuffix:
+    case Picture::PrefixSuffix:
       return ":/listwright/prefix-suffix.png";
-    case forms::Picture::None:
+    case Picture::ApplyActive:
+      return ":/listwright/apply-active.png";
+    case Picture::ApplyInactive:
+      return ":/listwright/apply-inactive.png";
+    case Picture::ArrowUp:
+      return ":/listwright/arrow-up.png";
+    case Picture::ArrowDown:
+      return ":/listwright/arrow-down.png";
+    case Picture::None:
       break;
   }
   return {};
@@ -33,14 +52,23 @@ QPixmap picture(forms::Picture picture, QSize size, double pixelRatio) {
   return QIcon(pictureFile(picture)).pixmap(size, pixelRatio);
 }
 
+QIcon pictureIcon(forms::Picture picture) {
+  return QIcon(pictureFile(picture));
+}
+
+QCursor cursorOf(int resourceId, double pixelRatio) {
+  const auto* found = std::ranges::find(kCursors, resourceId, &CursorFile::resourceId);
+  if (found == kCursors.end()) return {};
+  const QPixmap drawn = QIcon(found->file).pixmap(kCursorSize, pixelRatio);
+  return QCursor(drawn, found->hotSpot.x(), found->hotSpot.y());
+}
+
 void applyCursor(QWidget& widget, int resourceId) {
-  if (resourceId != kHandCursor) {
+  if (resourceId == 0) {
     widget.unsetCursor();
-    return;
+  } else {
+    widget.setCursor(cursorOf(resourceId, widget.devicePixelRatioF()));
   }
-  const QPixmap hand =
-      QIcon(":/listwright/cursor-104.png").pixmap(kHandSize, widget.devicePixelRatioF());
-  widget.setCursor(QCursor(hand, kFingerTip.x(), kFingerTip.y()));
 }
 
 QIcon windowIcon() {

@@ -6,6 +6,7 @@
 #include <QStyle>
 #include <QStyleOptionButton>
 
+#include "artwork.h"
 #include "forms/user_actions.h"
 #include "qt_fonts.h"
 #include "text.h"
@@ -79,6 +80,11 @@ PushButtonView::PushButtonView(WindowView& window, forms::Control& control)
     : ButtonView(window, control, new QPushButton(window.parentFor(control))) {
   // Enter presses the button that has the focus, and no other one.
   static_cast<QPushButton&>(button()).setAutoDefault(true);
+}
+
+void PushButtonView::apply(const Changes& changes) {
+  ButtonView::apply(changes);
+  if (changes.has(Property::Picture)) button().setIcon(pictureIcon(control().picture()));
 }
 
 CheckBoxView::CheckBoxView(WindowView& window, forms::CheckBox& box)

@@ -28,6 +28,9 @@ class ButtonView : public ControlView {
 class PushButtonView : public ButtonView {
  public:
   PushButtonView(WindowView& window, forms::Control& control);
+
+ protected:
+  void apply(const Changes& changes) override;
 };
 
 class CheckBoxView : public ButtonView {

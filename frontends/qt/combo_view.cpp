@@ -1,8 +1,7 @@
 #include "combo_view.h"
 
-#include <QAbstractItemView>
+#include <QListView>
 
-#include "entries_text.h"
 #include "forms/user_actions.h"
 #include "qt_fonts.h"
 #include "text.h"
@@ -13,12 +12,30 @@ namespace kvrnstep::qt {
 
 using forms::Property;
 
+namespace {
+
+/// A combo box that drops down a long list at once.
+class EntryCombo : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+
+  void showPopup() override {
+    // Otherwise every entry would be measured first.
+    if (auto* list = qobject_cast<QListView*>(view())) list->setUniformItemSizes(true);
+    QComboBox::showPopup();
+  }
+};
+
+}  // namespace
+
 ComboView::ComboView(WindowView& window, forms::ComboBox& combo)
     : ControlView(window, combo),
-      box_(new QComboBox(window.parentFor(combo))),
+      box_(new EntryCombo(window.parentFor(combo))),
+      entries_(new EntriesModel(box_)),
       edit_(new LineEdit(combo, box_)) {
   adopt(box_);
   box_->setFont(captionFont());
+  box_->setModel(entries_);
   box_->setEditable(true);
   box_->setLineEdit(edit_);
   box_->setInsertPolicy(QComboBox::NoInsert);
@@ -36,7 +53,7 @@ void ComboView::chosen(int index) {
 
 void ComboView::apply(const Changes& changes) {
   ControlView::apply(changes);
-  if (changes.has(Property::Items)) applyEntries();
+  if (changes.has(Property::Items)) entries_->show(combo().entries());
   const int selected = combo().entries().selected();
   if (box_->currentIndex() != selected) box_->setCurrentIndex(selected);
   // Last, because the entries and the selected one change the text of the box too.
@@ -44,16 +61,10 @@ void ComboView::apply(const Changes& changes) {
   edit_->showSelection();
 }
 
-void ComboView::applyEntries() {
-  if (sameEntries(*box_->model(), combo().entries())) return;
-  box_->clear();
-  box_->addItems(entryTexts(combo().entries()));
-}
-
 std::optional<forms::PropertyValue> ComboView::shown(Property property) const {
   switch (property) {
     case Property::Items:
-      return joinedEntries(*box_->model());
+      return entries_->joined();
     case Property::Index:
       return static_cast<double>(box_->currentIndex());
     default:

@@ -3,6 +3,7 @@
 #include <QComboBox>
 
 #include "control_view.h"
+#include "entries_model.h"
 #include "line_edit.h"
 
 namespace kvrnstep::qt {
@@ -18,11 +19,11 @@ class ComboView : public ControlView {
   void apply(const Changes& changes) override;
 
  private:
-  void applyEntries();
   void chosen(int index);
   [[nodiscard]] forms::ComboBox& combo() const { return static_cast<forms::ComboBox&>(control()); }
 
   QComboBox* box_;
+  EntriesModel* entries_;
   LineEdit* edit_;
 };
 

@@ -11,6 +11,7 @@ LineEdit::LineEdit(forms::TextControl& box, QWidget* parent)
     : Typing<QLineEdit>(parent), box_(box) {
   connectKeys(*this, box);
   setReadOnly(box.row().readOnly);
+  setAcceptDrops(!box.onDragDrop);
   connect(this, &QLineEdit::textEdited, this, [this] { edited(); });
   connect(this, &QLineEdit::cursorPositionChanged, this, [this] { selected(); });
   connect(this, &QLineEdit::selectionChanged, this, [this] { selected(); });

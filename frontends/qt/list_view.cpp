@@ -3,7 +3,6 @@
 #include <QScrollBar>
 #include <algorithm>
 
-#include "entries_text.h"
 #include "forms/user_actions.h"
 #include "qt_fonts.h"
 #include "text.h"
@@ -15,15 +14,18 @@ using forms::Property;
 
 void EntryList::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) {
-    MouseReleases<QListWidget>::mousePressEvent(event);
+    MouseReleases<QListView>::mousePressEvent(event);
   } else {
     event->accept();
   }
 }
 
 ListView::ListView(WindowView& window, forms::ListBox& list)
-    : ControlView(window, list), widget_(new EntryList(window.parentFor(list))) {
+    : ControlView(window, list),
+      widget_(new EntryList(window.parentFor(list))),
+      entries_(new EntriesModel(widget_)) {
   adopt(widget_);
+  widget_->setModel(entries_);
   widget_->setFont(captionFont());
   widget_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   widget_->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
@@ -31,11 +33,11 @@ ListView::ListView(WindowView& window, forms::ListBox& list)
   widget_->onReleased = [this](forms::MouseButton button) {
     forms::userReleasedMouse(control(), button);
   };
-  QObject::connect(widget_, &QListWidget::itemSelectionChanged, widget_, [this] { selected(); });
-  QObject::connect(widget_, &QListWidget::itemDoubleClicked, widget_,
-                   [this](const QListWidgetItem* item) {
-                     forms::userDoubleClickedEntry(this->list(), widget_->row(item));
-                   });
+  QObject::connect(widget_->selectionModel(), &QItemSelectionModel::selectionChanged, widget_,
+                   [this] { selected(); });
+  QObject::connect(widget_, &QListView::doubleClicked, widget_, [this](const QModelIndex& entry) {
+    forms::userDoubleClickedEntry(this->list(), entry.row());
+  });
   QObject::connect(widget_->verticalScrollBar(), &QScrollBar::valueChanged, widget_,
                    [this](int value) {
                      if (!applying()) forms::userScrolled(this->list(), value);
@@ -52,8 +54,8 @@ QRect ListView::place() const {
 }
 
 int ListView::selectedRow() const {
-  const auto items = widget_->selectedItems();
-  return items.isEmpty() ? -1 : widget_->row(items.front());
+  const auto rows = widget_->selectionModel()->selectedRows();
+  return rows.isEmpty() ? -1 : rows.front().row();
 }
 
 void ListView::selected() {
@@ -65,25 +67,24 @@ void ListView::selected() {
 
 void ListView::apply(const Changes& changes) {
   ControlView::apply(changes);
-  if (changes.has(Property::Items)) applyEntries();
-  if (changes.has(Property::Items) || changes.has(Property::Index)) applyIndex();
-  if (changes.has(Property::Items) || changes.has(Property::TopIndex)) applyTopIndex();
-}
-
-void ListView::applyEntries() {
-  if (sameEntries(*widget_->model(), list().entries())) return;
-  widget_->clear();
-  widget_->addItems(entryTexts(list().entries()));
+  const bool newEntries = changes.has(Property::Items) && entries_->show(list().entries());
+  // New entries begin at the top; what is selected then comes into view.
+  if (newEntries) applyTopIndex();
+  if (newEntries || changes.has(Property::Index)) applyIndex();
+  if (changes.has(Property::TopIndex)) {
+    applyTopIndex();
+  } else if (changes.has(Property::Index)) {
+    forms::userScrolled(list(), widget_->verticalScrollBar()->value());
+  }
 }
 
 void ListView::applyIndex() {
   const int index = list().entries().selected();
   if (index == selectedRow()) return;
   if (index < 0) {
-    widget_->clearSelection();
-    widget_->setCurrentItem(nullptr);
+    widget_->selectionModel()->clear();
   } else {
-    widget_->setCurrentRow(index);
+    widget_->setCurrentIndex(entries_->index(index));
   }
 }
 
@@ -96,7 +97,7 @@ void ListView::applyTopIndex() {
 std::optional<forms::PropertyValue> ListView::shown(Property property) const {
   switch (property) {
     case Property::Items:
-      return joinedEntries(*widget_->model());
+      return entries_->joined();
     case Property::Index:
       return static_cast<double>(selectedRow());
     case Property::TopIndex: {

@@ -1,16 +1,17 @@
 #pragma once
 
-#include <QListWidget>
+#include <QListView>
 
 #include "control_view.h"
+#include "entries_model.h"
 #include "mouse_releases.h"
 
 namespace kvrnstep::qt {
 
 /// A list of entries of which one can be selected, with the left button only.
-class EntryList : public MouseReleases<QListWidget> {
+class EntryList : public MouseReleases<QListView> {
  public:
-  using MouseReleases<QListWidget>::MouseReleases;
+  using MouseReleases<QListView>::MouseReleases;
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
@@ -28,7 +29,6 @@ class ListView : public ControlView {
   [[nodiscard]] QRect place() const override;
 
  private:
-  void applyEntries();
   void applyIndex();
   void applyTopIndex();
   void selected();
@@ -36,6 +36,7 @@ class ListView : public ControlView {
   [[nodiscard]] forms::ListBox& list() const { return static_cast<forms::ListBox&>(control()); }
 
   EntryList* widget_;
+  EntriesModel* entries_;
 };
 
 }  // namespace kvrnstep::qt

@@ -1,5 +1,7 @@
 #include "picture_views.h"
 
+#include <QStatusBar>
+
 #include "artwork.h"
 #include "forms/user_actions.h"
 #include "qt_colors.h"
@@ -25,11 +27,16 @@ void connectMouse(MouseReleases<QLabel>& label, forms::Control& control) {
 }  // namespace
 
 LabelView::LabelView(WindowView& window, forms::Control& label)
-    : ControlView(window, label), label_(new MouseReleases<QLabel>(window.parentFor(label))) {
+    : ControlView(window, label), label_(new DragLabel(window.parentFor(label))) {
   adopt(label_);
   label_->setTextFormat(Qt::PlainText);
   label_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   connectMouse(*label_, label);
+  label_->onDropped = [this](QPoint where) {
+    if (forms::Control* target = this->window().controlAt(where)) {
+      forms::userDropped(control(), *target);
+    }
+  };
   if (label.row().clickable) {
     QPalette palette = label_->palette();
     palette.setColor(QPalette::WindowText, readableLink(palette));
@@ -44,7 +51,10 @@ void LabelView::setBuddy(QWidget* buddy) {
 
 void LabelView::apply(const Changes& changes) {
   ControlView::apply(changes);
-  if (changes.has(Property::Cursor)) applyCursor(*label_, control().cursor());
+  if (changes.has(Property::Cursor)) {
+    applyCursor(*label_, control().cursor());
+    if (control().row().draggable) label_->setDraggable(control().dragCursor());
+  }
   if (!changes.has(Property::Caption) && !changes.has(Property::Width)) return;
   // Without a buddy a label takes no mnemonic and would show its mark.
   const QString plain = withoutMnemonic(control().caption());
@@ -71,10 +81,13 @@ ImageView::ImageView(WindowView& window, forms::Control& image) : ControlView(wi
 void ImageView::apply(const Changes& changes) {
   ControlView::apply(changes);
   if (changes.has(Property::Cursor)) applyCursor(*label_, control().cursor());
-  if (changes.has(Property::Width)) {
-    label_->setPixmap(
-        picture(control().row().picture, label_->size(), label_->devicePixelRatioF()));
+  if (changes.has(Property::Width) || changes.has(Property::Picture)) {
+    label_->setPixmap(picture(control().picture(), label_->size(), label_->devicePixelRatioF()));
   }
+}
+
+StatusBarView::StatusBarView(WindowView& window, forms::Control& bar) : ControlView(window, bar) {
+  adopt(new QStatusBar(window.parentFor(bar)));
 }
 
 ContainerView::ContainerView(WindowView& window, forms::Control& container)

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <QLabel>
-
 #include "control_view.h"
-#include "mouse_releases.h"
+#include "drag_label.h"
 
 namespace kvrnstep::qt {
 
@@ -20,7 +18,7 @@ class LabelView : public ControlView {
   void apply(const Changes& changes) override;
 
  private:
-  MouseReleases<QLabel>* label_;
+  DragLabel* label_;
 };
 
 /// A picture.
@@ -33,6 +31,12 @@ class ImageView : public ControlView {
 
  private:
   QLabel* label_;
+};
+
+/// A strip along the window's bottom edge, with the platform's grip for sizing the window.
+class StatusBarView : public ControlView {
+ public:
+  StatusBarView(WindowView& window, forms::Control& bar);
 };
 
 /// A frame or a panel: a plain ground for what it contains.

@@ -1,6 +1,7 @@
 #include "reading_order.h"
 
 #include <algorithm>
+#include <limits>
 #include <tuple>
 
 namespace kvrnstep::qt {
@@ -80,6 +81,15 @@ void read(const Group& group, Group& order) {
 std::vector<Control*> readingOrder(const forms::Window& window) {
   Group order;
   read(visibleIn(window, nullptr), order);
+  return order;
+}
+
+std::vector<Control*> tabOrder(const forms::Window& window) {
+  Group order = readingOrder(window);
+  std::ranges::stable_sort(order, {}, [](const Control* control) {
+    const int declared = control->row().tab;
+    return declared > 0 ? declared : std::numeric_limits<int>::max();
+  });
   return order;
 }
 

@@ -10,4 +10,7 @@ namespace kvrnstep::qt {
 /// bottom, each from left to right, the contents of a container together. Menus are left out.
 std::vector<forms::Control*> readingOrder(const forms::Window& window);
 
+/// The same, but those controls first whose turn is declared.
+std::vector<forms::Control*> tabOrder(const forms::Window& window);
+
 }  // namespace kvrnstep::qt

@@ -1,5 +1,6 @@
 #include "window_view.h"
 
+#include <QApplication>
 #include <algorithm>
 #include <utility>
 
@@ -87,6 +88,8 @@ std::unique_ptr<ControlView> WindowView::makeView(Control& control) {
       return std::make_unique<LabelView>(*this, control);
     case Kind::Image:
       return std::make_unique<ImageView>(*this, control);
+    case Kind::StatusBar:
+      return std::make_unique<StatusBarView>(*this, control);
     case Kind::Menu:
       break;
   }
@@ -141,6 +144,15 @@ int WindowView::innerHeight() const {
   return pixels(window_.innerHeight());
 }
 
+Control* WindowView::controlAt(QPoint onScreen) const {
+  for (const QWidget* hit = QApplication::widgetAt(onScreen); hit != nullptr;
+       hit = hit->parentWidget()) {
+    const auto view = std::ranges::find(views_, hit, [](const auto& v) { return v->widget(); });
+    if (view != views_.end()) return &(*view)->control();
+  }
+  return nullptr;
+}
+
 void WindowView::show() {
   topLevel_.show();
   topLevel_.activateWindow();
@@ -191,6 +203,12 @@ QSize WindowView::frameless() const {
   return {pixels(window_.innerWidth()), pixels(window_.innerHeight()) + menuBar};
 }
 
+QSize WindowView::smallest() const {
+  const forms::WindowDesign& design = window_.design();
+  return {qRound((design.minimumWidth - Chrome::kSides) / kTwipsPerPixel),
+          qRound((design.minimumHeight - Chrome::kTitleAndBorders) / kTwipsPerPixel)};
+}
+
 void WindowView::applySize() {
   const QSize size = frameless();
   const int menuBar = menuBar_ == nullptr ? 0 : kMenuBarHeight;
@@ -200,6 +218,7 @@ void WindowView::applySize() {
   }
   ground_->setGeometry(0, menuBar, size.width(), size.height() - menuBar);
   if (window_.design().resizable) {
+    topLevel_.setMinimumSize(smallest());
     topLevel_.resize(size);
   } else {
     topLevel_.setFixedSize(size);
@@ -215,7 +234,7 @@ void WindowView::applyPosition() {
 
 void WindowView::arrangeFocus() {
   QWidget* previous = nullptr;
-  for (Control* control : readingOrder(window_)) {
+  for (Control* control : tabOrder(window_)) {
     ControlView& view = viewOf(*control);
     view.allowFocus(control->reachable());
     QWidget* widget = view.widget();

@@ -33,6 +33,8 @@ class WindowView final : public forms::View {
   [[nodiscard]] QWidget* parentFor(const forms::Control& control);
   [[nodiscard]] QRect pixelPlace(const forms::Control& control) const;
   [[nodiscard]] int innerHeight() const;
+  /// The control that a click at that point of the screen would meet, or null.
+  [[nodiscard]] forms::Control* controlAt(QPoint onScreen) const;
   /// Null in a window without menus.
   [[nodiscard]] QMenuBar* menuBar() const { return menuBar_; }
   /// Marks a property of all controls of a kind.
@@ -61,6 +63,7 @@ class WindowView final : public forms::View {
 
   [[nodiscard]] int pixels(double units) const;
   [[nodiscard]] QSize frameless() const;
+  [[nodiscard]] QSize smallest() const;
 
   forms::Window& window_;
   TopLevel topLevel_;

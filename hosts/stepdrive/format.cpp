@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 
 #include "utf8.h"
@@ -10,10 +11,18 @@ namespace stepdrive {
 
 namespace {
 
-std::string decimal(double number) {
-  std::array<char, 32> digits{};
-  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+template <class Number>
+std::string digitsOf(Number number) {
+  std::array<char, 64> digits{};
+  const auto [end, error] =
+      std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
   return {digits.data(), end};
+}
+
+/// Places are worth no more digits than a window's own coordinates, which are of single precision.
+std::string decimal(double number) {
+  const bool whole = number == std::nearbyint(number);
+  return whole ? digitsOf(number) : digitsOf(static_cast<float>(number));
 }
 
 std::string codeUnit(char16_t unit) {

@@ -43,6 +43,7 @@ frmListwright::frmListwright(forms::Toolkit& toolkit, const plugin::HostContext&
       txtPreview(control<TextBox>("txtPreview")),
       lstStepf(control<forms::ListBox>("lstStepf")),
       mnuFiles(controlArray<MenuEntry, 6>("mnuFiles")),
+      mnuEdits(controlArray<MenuEntry, 5>("mnuEdits")),
       mnuOptions(controlArray<MenuEntry, 6>("mnuOptions")),
       mnuActions(controlArray<MenuEntry, 3>("mnuActions")),
       mnuHid(control<MenuEntry>("mnuHid")),
@@ -104,6 +105,12 @@ void frmListwright::assignHandlers() {
   }
   for (auto* element : mnuFiles.all()) {
     element->onClick = [this](int index) { mnuFiles_Click(index); };
+  }
+  for (auto* element : mnuEdits.all()) {
+    element->onClick = [this](int index) { mnuEdits_Click(index); };
+  }
+  for (auto* element : lblD.all()) {
+    element->onMouseUp = [this](int index, MouseButton /*button*/) { lblD_MouseUp(index); };
   }
   for (auto* element : mnuOptions.all()) {
     element->onClick = [this](int index) { mnuOptions_Click(index); };

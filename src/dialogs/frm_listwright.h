@@ -41,10 +41,8 @@ class frmListwright : public forms::Window {
   void Form_QueryUnload();
   void adoptEditorLook();
   void restoreDisplay();
-  void restorePosition();
   void saveDisplay();
-  void savePosition();
-  void loadAffixes();
+  void loadAffixes(int index);
   void saveAffixes();
   [[nodiscard]] std::u16string readKey(std::u16string_view key, std::u16string_view fallback) const;
   void writeKey(std::u16string_view key, std::u16string_view value) const;
@@ -64,6 +62,12 @@ class frmListwright : public forms::Window {
   [[nodiscard]] generator::ListSettings settingsForFile() const;
   void show(const generator::ListSettings& settings);
   static void put(forms::Spinner& spinner, forms::TextBox& box, std::int16_t value);
+
+  // Editors
+  void mnuEdits_Click(int index);
+  void lblD_MouseUp(int index);
+  void editAffixes(int index);
+  void editStoredTexts(std::uint8_t kind, forms::TextBox& target);
 
   // Open defaults
   void ApplyOpenDefaults();
@@ -135,6 +139,7 @@ class frmListwright : public forms::Window {
   forms::TextBox& txtPreview;
   forms::ListBox& lstStepf;
   Menus<6> mnuFiles;
+  Menus<5> mnuEdits;
   Menus<6> mnuOptions;
   Menus<3> mnuActions;
   forms::MenuEntry& mnuHid;

@@ -106,7 +106,7 @@ constexpr auto kControls = std::to_array<ControlRow>({
     {.kind = Button, .name = "cmdCIC", .index = 1, .in = "Picture2", .place = {177, 0, 80, 23},
      .caption = u"Cancel"},
 
-    // The menu bar. Entries whose work is still to come are disabled.
+    // The menu bar.
     {.kind = Menu, .name = "mnuFile", .caption = u"&File"},
     {.kind = Menu, .name = "mnuFiles", .index = 0, .in = "mnuFile", .caption = u"Open...",
      .shortcut = "Ctrl+O"},
@@ -120,14 +120,14 @@ constexpr auto kControls = std::to_array<ControlRow>({
      .shortcut = "Ctrl+Q"},
     {.kind = Menu, .name = "mnuEdit", .caption = u"&Edit"},
     {.kind = Menu, .name = "mnuEdits", .index = 0, .in = "mnuEdit",
-     .caption = u"Edit Prefix list...", .enabled = false},
+     .caption = u"Edit Prefix list..."},
     {.kind = Menu, .name = "mnuEdits", .index = 1, .in = "mnuEdit",
-     .caption = u"Edit Suffix list...", .enabled = false},
+     .caption = u"Edit Suffix list..."},
     {.kind = Menu, .name = "mnuEdits", .index = 2, .in = "mnuEdit", .caption = u"-"},
     {.kind = Menu, .name = "mnuEdits", .index = 3, .in = "mnuEdit",
-     .caption = u"Beginning (Storage)...", .enabled = false},
+     .caption = u"Beginning (Storage)..."},
     {.kind = Menu, .name = "mnuEdits", .index = 4, .in = "mnuEdit",
-     .caption = u"Ending (Storage)...", .enabled = false},
+     .caption = u"Ending (Storage)..."},
     {.kind = Menu, .name = "mnuOption", .caption = u"&Options"},
     {.kind = Menu, .name = "mnuOptions", .index = 0, .in = "mnuOption",
      .caption = u"Set as open defaults"},

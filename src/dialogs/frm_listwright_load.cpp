@@ -1,4 +1,5 @@
 #include "dialogs/frm_listwright.h"
+#include "dialogs/window_position.h"
 #include "platform/files.h"
 #include "stepfiles/open_defaults.h"
 #include "storage/list_file.h"
@@ -10,6 +11,8 @@ namespace kvrnstep::dialogs {
 namespace {
 
 constexpr int kLinkCursor = 104;
+constexpr std::u16string_view kLeftKey = u"Listwright_LT";
+constexpr std::u16string_view kTopKey = u"Listwright_TT";
 constexpr std::array kClickableLabels{0, 1, 4, 5};
 constexpr std::array<std::u16string_view, 2> kAffixFiles{u"Prefix_Step.dat", u"Suffix_Step.dat"};
 
@@ -33,14 +36,14 @@ std::u16string frmListwright::stepFolderPath(std::u16string_view name) const {
 void frmListwright::Form_Load() {
   adoptEditorLook();
   for (const int label : kClickableLabels) lblD(label).setCursor(kLinkCursor);
-  loadAffixes();
+  for (const forms::ComboBox* box : cboPreSuf.all()) loadAffixes(box->index());
   cboPreSuf(1).setText(readKey(u"Suffix", u"."));
   selectType(LwStepStart);
   if (stepfiles::openDefaultsOn(openDefaultsPlace())) ApplyOpenDefaults();
   if (startAndEndValid()) SetActionsEnabled(true);
   restoreDisplay();
   FillStepFileList();
-  restorePosition();
+  restorePosition(*this, toolkit_, host_, kLeftKey, kTopKey);
 }
 
 void frmListwright::adoptEditorLook() {
@@ -50,11 +53,10 @@ void frmListwright::adoptEditorLook() {
   txtPreview.setForeColor(host_.l_EditorFColor);
 }
 
-void frmListwright::loadAffixes() {
-  for (std::size_t i = 0; i < kAffixFiles.size(); ++i) {
-    affixesWhole_.at(i) = storage::LoadSaveListFile(cboPreSuf(static_cast<int>(i)), false,
-                                                    stepFolderPath(kAffixFiles.at(i)));
-  }
+void frmListwright::loadAffixes(int index) {
+  const auto i = static_cast<std::size_t>(index);
+  affixesWhole_.at(i) =
+      storage::LoadSaveListFile(cboPreSuf(index), false, stepFolderPath(kAffixFiles.at(i)));
 }
 
 void frmListwright::saveAffixes() {
@@ -72,20 +74,6 @@ void frmListwright::restoreDisplay() {
   if (display == u"Preview" || display == u"FilesPreview") mnuOptions_Click(kDisplayPreview);
 }
 
-void frmListwright::restorePosition() {
-  const auto stored = [this](std::u16string_view key, double screen, double size) {
-    const auto fallback = text::decimal(static_cast<float>((screen - size) / 2));
-    const auto number = text::wholeTextNumber(readKey(key, fallback));
-    return number ? text::roundToInt32(*number) : std::nullopt;
-  };
-  if (const auto left = stored(u"Listwright_LT", toolkit_.screenWidth(), place().width)) {
-    setLeft(*left);
-  }
-  if (const auto top = stored(u"Listwright_TT", toolkit_.screenHeight(), place().height)) {
-    setTop(*top);
-  }
-}
-
 void frmListwright::Form_QueryUnload() {
   saveDisplay();
   writeKey(u"EditorFont", txtPreview.font());
@@ -95,7 +83,7 @@ void frmListwright::Form_QueryUnload() {
   for (const int label : kClickableLabels) lblD(label).setCursor(0);
   lstStepf.Clear();
   for (forms::ComboBox* box : cboPreSuf.all()) box->Clear();
-  savePosition();
+  savePosition(*this, host_, kLeftKey, kTopKey);
 }
 
 void frmListwright::saveDisplay() {
@@ -103,12 +91,6 @@ void frmListwright::saveDisplay() {
   if (mnuOptions(kDisplayStepFiles).checked()) display += u"Files";
   if (mnuOptions(kDisplayPreview).checked()) display += u"Preview";
   writeKey(u"Display", display);
-}
-
-void frmListwright::savePosition() {
-  if (minimized()) return;
-  writeKey(u"Listwright_LT", text::decimal(static_cast<float>(place().left)));
-  writeKey(u"Listwright_TT", text::decimal(static_cast<float>(place().top)));
 }
 
 }  // namespace kvrnstep::dialogs

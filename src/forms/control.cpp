@@ -62,6 +62,7 @@ Control::Control(Window& window, const ControlRow& row, Control* container)
       container_(container),
       caption_(row.caption),
       place_(row.place),
+      picture_(row.picture),
       enabled_(row.enabled),
       visible_(row.visible) {}
 
@@ -98,8 +99,21 @@ void Control::setWidth(double width) {
   changed(Property::Width);
 }
 
+void Control::setPlace(const Rect& place) {
+  if (std::exchange(place_, place) != place) changed(Property::Width);
+}
+
+void Control::setPicture(Picture picture) {
+  if (std::exchange(picture_, picture) != picture) changed(Property::Picture);
+}
+
 void Control::setCursor(int resourceId) {
   cursor_ = resourceId;
+  changed(Property::Cursor);
+}
+
+void Control::setDragCursor(int resourceId) {
+  dragCursor_ = resourceId;
   changed(Property::Cursor);
 }
 
@@ -211,6 +225,14 @@ void TextControl::setSelection(TextSelection selection) {
   if (selection == selection_) return;
   selection_ = selection;
   changed(Property::SelStart);
+}
+
+void TextControl::replaceSelection(std::u16string_view text) {
+  std::u16string whole = text_;
+  whole.replace(selection_.start, selection_.length, text);
+  const std::size_t caret = selection_.start + text.size();
+  setText(std::move(whole));
+  setSelection({caret, 0});
 }
 
 std::optional<PropertyValue> TextControl::get(Property property) const {
@@ -349,6 +371,25 @@ void ListBox::AddItem(std::u16string text) {
   changed(Property::Items);
 }
 
+void ListBox::InsertItem(int index, std::u16string text) {
+  index = std::clamp(index, 0, ListCount());
+  entries_.items_.insert(entries_.items_.begin() + index, std::move(text));
+  if (entries_.selected_ >= index) ++entries_.selected_;
+  changed(Property::Items);
+}
+
+void ListBox::RemoveItem(int index) {
+  if (index < 0 || index >= ListCount()) return;
+  entries_.items_.erase(entries_.items_.begin() + index);
+  if (entries_.selected_ == index) {
+    entries_.selected_ = -1;
+  } else if (entries_.selected_ > index) {
+    --entries_.selected_;
+  }
+  topIndex_ = std::min(topIndex_, std::max(ListCount() - 1, 0));
+  changed(Property::Items);
+}
+
 void ListBox::setIndex(int index) {
   if (index < -1 || index >= ListCount()) return;
   if (std::exchange(entries_.selected_, index) == index) return;
@@ -357,7 +398,8 @@ void ListBox::setIndex(int index) {
 }
 
 void ListBox::setTopIndex(int index) {
-  topIndex_ = std::clamp(index, 0, std::max(ListCount() - 1, 0));
+  if (index < 0 || index >= ListCount()) return;
+  topIndex_ = index;
   changed(Property::TopIndex);
 }
 

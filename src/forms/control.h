@@ -36,13 +36,24 @@ enum class Kind : std::uint8_t {
   ListBox,
   Label,
   Image,
+  StatusBar,  ///< lies along the window's bottom edge; sizes a resizable window
   Menu,
 };
 
 enum class MouseButton : std::uint8_t { Left, Middle, Right };
 
-/// The pictures that an image can show; a front end keeps the artwork.
-enum class Picture : std::uint8_t { None, Numbered, Alphabetical, Roman, PrefixSuffix };
+/// The pictures that an image or a button can show; a front end keeps the artwork.
+enum class Picture : std::uint8_t {
+  None,
+  Numbered,
+  Alphabetical,
+  Roman,
+  PrefixSuffix,
+  ApplyActive,
+  ApplyInactive,
+  ArrowUp,
+  ArrowDown,
+};
 
 /// One row of a window's declaration table. Only what differs from the usual is written out.
 struct ControlRow {
@@ -59,6 +70,7 @@ struct ControlRow {
   bool multiLine = false;           ///< text boxes
   bool horizontalScroll = false;    ///< multi-line text boxes; the vertical bar is always there
   bool clickable = false;           ///< labels: underlined, reacts to the mouse
+  bool draggable = false;           ///< labels: a drag begins as soon as they are pressed
   bool readOnly = false;            ///< text boxes: the user reads and copies only
   int maxLength = 0;                ///< text boxes: most characters a user can type; 0 is no limit
   std::u16string_view text{};       ///< text boxes: first text
@@ -69,7 +81,9 @@ struct ControlRow {
   int maximum = 0;                  ///< spinners
   int value = 0;                    ///< spinners: first value
   std::u16string_view font{};       ///< empty: the window's
-  Picture picture = Picture::None;  ///< images
+  Picture picture = Picture::None;  ///< images and buttons: first picture
+  int tab = 0;                      ///< turn when Tab is pressed; 0: after those that have one, as
+                                    ///< the eye reads
   std::string_view shortcut{};      ///< menu entries: "Ctrl+O"
 };
 
@@ -100,9 +114,15 @@ class Control {
   [[nodiscard]] const Rect& place() const { return place_; }
   void setLeft(double left);
   void setWidth(double width);
+  void setPlace(const Rect& place);
+  [[nodiscard]] Picture picture() const { return picture_; }
+  void setPicture(Picture picture);
   /// Resource id of the mouse cursor over the control; 0 for the usual one.
   [[nodiscard]] int cursor() const { return cursor_; }
   void setCursor(int resourceId);
+  /// … and of the one while the control is dragged.
+  [[nodiscard]] int dragCursor() const { return dragCursor_; }
+  void setDragCursor(int resourceId);
 
   /// Whether a user can reach the control: it and its containers are visible and enabled, some of
   /// it lies inside the window, and no frame lies in front of it. Menus need only be enabled and
@@ -118,6 +138,9 @@ class Control {
   std::function<void(int index)> onClick;
   std::function<void(int index)> onDblClick;
   std::function<void(int index, MouseButton button)> onMouseUp;
+  /// A control of this window was dropped on this one. A control with such a handler takes no
+  /// other drops.
+  std::function<void(int index, const Control& source)> onDragDrop;
 
  protected:
   void changed(Property property);
@@ -132,6 +155,8 @@ class Control {
   std::u16string caption_;
   Rect place_;
   int cursor_ = 0;
+  int dragCursor_ = 0;
+  Picture picture_;
   bool enabled_;
   bool visible_;
 };
@@ -157,6 +182,8 @@ class TextControl : public Control {
   [[nodiscard]] TextSelection selection() const { return selection_; }
   /// Parts outside the text are cut off; an end between CR and LF goes behind both.
   void setSelection(TextSelection selection);
+  /// Puts a text in the place of the marked part, or in at the caret, which then stands behind it.
+  void replaceSelection(std::u16string_view text);
 
   [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
   bool set(Property property, const PropertyValue& value) override;
@@ -240,10 +267,16 @@ class ListBox : public Control {
   [[nodiscard]] const std::u16string& List(int index) const;
   void Clear();
   void AddItem(std::u16string text);
+  /// Puts an entry in before the one at `index`, or behind the last one. The selected entry stays
+  /// selected.
+  void InsertItem(int index, std::u16string text);
+  /// Nothing is selected afterwards if it was the selected entry.
+  void RemoveItem(int index);
   /// Selects an entry, −1 for none, and raises onClick when that changes the selection.
   void setIndex(int index);
   [[nodiscard]] int topIndex() const { return topIndex_; }
-  /// Scrolls so that the entry is the first visible one, as far as the list reaches.
+  /// Scrolls so that the entry is the first visible one, as far as the list reaches. Where there
+  /// is no such entry nothing is scrolled.
   void setTopIndex(int index);
 
   [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;

@@ -31,6 +31,7 @@ enum class Property : std::uint8_t {
   BackColor,
   ForeColor,
   Cursor,
+  Picture,
 };
 
 /// The value of a property: a truth value, a number or a text.

@@ -132,8 +132,11 @@ class Stage::Command {
   Reply drag() {
     Control* to = findControl(window_, ascii(words_[1]));
     if (to == nullptr) return noControl(words_[1]);
-    return onControl(
-        [&](Control& from) { return doneIf(to->reachable() && toolkit_.drag(from, *to)); });
+    return onControl([&](Control& from) {
+      // Whatever else is pulled at stays where it is.
+      if (!from.row().draggable) return doneIf(to->reachable());
+      return doneIf(to->reachable() && toolkit_.drag(from, *to));
+    });
   }
 
   Reply menu() {

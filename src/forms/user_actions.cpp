@@ -16,6 +16,11 @@ class UserAction {
 
   static void setMinimized(Window& window, bool minimized) { window.minimized_ = minimized; }
   static void setPlace(Window& window, const Rect& place) { window.place_ = place; }
+  static void resize(Window& window, double width, double height) {
+    window.place_.width = width;
+    window.place_.height = height;
+    window.resized();
+  }
 
  private:
   Window& window_;
@@ -62,6 +67,12 @@ void userScrolled(ListBox& list, int topIndex) {
   list.setTopIndex(topIndex);
 }
 
+void userDropped(const Control& source, Control& target) {
+  const UserAction action(target.window());
+  if (!source.row().draggable || !source.reachable() || !target.reachable()) return;
+  if (target.onDragDrop) target.onDragDrop(target.index(), source);
+}
+
 void userChose(ComboBox& combo, int index) {
   const UserAction action(combo.window());
   if (combo.reachable()) combo.choose(index);
@@ -101,8 +112,7 @@ void userMoved(Window& window, double left, double top) {
 
 void userResized(Window& window, double width, double height) {
   const UserAction action(window);
-  UserAction::setPlace(window, {window.place().left, window.place().top, width, height});
-  if (window.onResize) window.onResize();
+  UserAction::resize(window, width, height);
 }
 
 void userMinimized(Window& window, bool minimized) {

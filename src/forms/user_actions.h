@@ -20,6 +20,8 @@ void userClickedEntry(ListBox& list, int index);
 void userDoubleClickedEntry(ListBox& list, int index);
 /// The list was scrolled so that this entry is the first visible one.
 void userScrolled(ListBox& list, int topIndex);
+/// A control that can be dragged was dropped on another one of its window.
+void userDropped(const Control& source, Control& target);
 /// An entry was picked from the dropped-down list.
 void userChose(ComboBox& combo, int index);
 /// An arrow of a spinner was clicked.

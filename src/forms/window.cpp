@@ -30,6 +30,7 @@ std::unique_ptr<Control> makeControl(Window& window, const ControlRow& row, Cont
     case Kind::Button:
     case Kind::Label:
     case Kind::Image:
+    case Kind::StatusBar:
       break;
   }
   return std::make_unique<Control>(window, row, container);
@@ -67,6 +68,11 @@ void Window::assign(double& edge, double twips, Property property) {
   if (std::exchange(edge, twips) != twips) changed(property);
 }
 
+void Window::setCaption(std::u16string_view caption) {
+  caption_ = caption;
+  changed(Property::Caption);
+}
+
 void Window::setLeft(double twips) {
   assign(place_.left, twips, Property::Left);
 }
@@ -77,11 +83,20 @@ void Window::setTop(double twips) {
 
 void Window::setWidth(double twips) {
   assign(place_.width, twips, Property::Width);
-  if (onResize) onResize();
+  resized();
 }
 
 void Window::setHeight(double twips) {
   assign(place_.height, twips, Property::Height);
+  resized();
+}
+
+void Window::resized() {
+  for (const auto& control : controls_) {
+    if (control->kind() != Kind::StatusBar) continue;
+    const double height = control->place().height;
+    control->setPlace({0, innerHeight() - height, innerWidth(), height});
+  }
   if (onResize) onResize();
 }
 

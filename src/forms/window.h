@@ -31,6 +31,8 @@ struct WindowDesign {
   Rect place;               ///< of the outside, in twips
   double twipsPerUnit = 1;  ///< scale of the controls' places: 15 for pixels, 1 for twips
   bool resizable = false;
+  double minimumWidth = 0;  ///< of the outside of a resizable window, in twips
+  double minimumHeight = 0;
   std::span<const ControlRow> controls;  ///< containers before their contents; later rows lie in
                                          ///< front of earlier ones
 };
@@ -65,6 +67,7 @@ class Window {
   [[nodiscard]] Control* find(std::string_view name, int index) const;
 
   [[nodiscard]] const std::u16string& caption() const { return caption_; }
+  void setCaption(std::u16string_view caption);
   [[nodiscard]] const Rect& place() const { return place_; }
   void setLeft(double twips);
   void setTop(double twips);
@@ -114,6 +117,7 @@ class Window {
   void changed(Control& control, Property property);
   void changed(Property property);
   void assign(double& edge, double twips, Property property);
+  void resized();
 
   const WindowDesign& design_;
   std::vector<std::unique_ptr<Control>> controls_;

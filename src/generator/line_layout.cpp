@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "generator/numerals.h"
-#include "text/letter_case.h"
 #include "text/numbers.h"
 #include "text/text.h"
 
@@ -17,6 +16,11 @@ namespace {
 constexpr std::u16string_view kNumberMacro = u"{STEP_#}";
 constexpr std::u16string_view kLettersMacro = u"{STEP_L}";
 constexpr std::u16string_view kRomanMacro = u"{STEP_R}";
+
+/// Labels have no letters but A to Z.
+constexpr char16_t smallLetter(char16_t c) {
+  return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c - u'A' + u'a') : c;
+}
 
 /// The widest label up to a last step: the first row whose `upTo` is not passed gives the width.
 struct WidthRow {
@@ -143,7 +147,7 @@ void LineLayout::appendLabel(std::u16string& list, int step) const {
       return;
   }
   if (label.size() < pattern_.width) list.append(pattern_.width - label.size(), u' ');
-  if (pattern_.lowerCase) std::ranges::transform(label, label.begin(), text::lowerCase);
+  if (pattern_.lowerCase) std::ranges::transform(label, label.begin(), smallLetter);
   list += label;
   if (ordinal_) list += OrdinalSuffix(step);
 }

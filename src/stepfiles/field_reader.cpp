@@ -21,7 +21,13 @@ std::u16string_view trimmedRight(std::u16string_view text) {
 
 FieldReader::FieldReader(std::u16string_view text) : rest_(text) {
   if (rest_.starts_with(kByteOrderMark)) rest_.remove_prefix(1);
+  nextRecord();
+}
+
+bool FieldReader::nextRecord() {
   rest_.remove_prefix(std::min(rest_.find_first_not_of(u" \t\r\n"), rest_.size()));
+  ended_ = rest_.empty();
+  return !ended_;
 }
 
 std::u16string_view FieldReader::text() {
@@ -59,7 +65,8 @@ std::u16string_view FieldReader::plain() {
 void FieldReader::endField() {
   const std::size_t end = rest_.find_first_of(kFieldEnds);
   ended_ = end == std::u16string_view::npos || rest_[end] != u',';
-  if (!ended_) rest_.remove_prefix(end + 1);
+  rest_.remove_prefix(std::min(end, rest_.size()));
+  if (!ended_) rest_.remove_prefix(1);
 }
 
 }  // namespace kvrnstep::stepfiles

@@ -7,20 +7,25 @@
 
 namespace kvrnstep::stepfiles {
 
-/// Reads the comma-separated fields of one record. A text in double quotes runs to the next double
+/// Reads the comma-separated fields of records. A text in double quotes runs to the next double
 /// quote, commas and line breaks included; any other field runs to the next comma or line end,
-/// without the blanks around it. The record ends with its line.
+/// without the blanks around it. A record ends with its line.
 class FieldReader {
  public:
-  /// Empty lines before the record, and a byte order mark, are passed over. The text must outlive
-  /// the reader.
+  /// Stands before the first record; a byte order mark is passed over. The text must outlive the
+  /// reader.
   explicit FieldReader(std::u16string_view text);
 
-  /// The next field; empty behind the last one.
+  /// The next field of the record; empty behind the last one.
   std::u16string_view text();
   /// The next field as a whole number, halves rounded to even, the nearest that fits 16 bits;
   /// nothing when it is none.
   std::optional<std::int16_t> number();
+
+  /// Whether the last field of the record has been read.
+  [[nodiscard]] bool ended() const { return ended_; }
+  /// Goes on to the next record; empty lines are none. False: there is none.
+  bool nextRecord();
 
  private:
   void skipBlanks();

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "platform/files.h"
+#include "platform/letter_case.h"
 #include "stepfiles/step_record.h"
-#include "text/letter_case.h"
 #include "text/text.h"
 
 namespace kvrnstep::stepfiles {
@@ -15,7 +15,21 @@ namespace {
 bool isStepFile(std::u16string_view name) {
   if (name.size() < kStepExtension.size()) return false;
   return std::ranges::equal(name.substr(name.size() - kStepExtension.size()), kStepExtension, {},
-                            text::lowerCase);
+                            platform::lowerCase);
+}
+
+/// The order of a list for people: letter case decides only between names that are otherwise
+/// equal.
+bool comesBefore(std::u16string_view one, std::u16string_view other) {
+  const std::size_t shorter = std::min(one.size(), other.size());
+  for (std::size_t i = 0; i < shorter; ++i) {
+    if (one[i] == other[i]) continue;
+    const char16_t inOne = platform::lowerCase(one[i]);
+    const char16_t inOther = platform::lowerCase(other[i]);
+    if (inOne != inOther) return inOne < inOther;
+  }
+  if (one.size() != other.size()) return one.size() < other.size();
+  return one < other;
 }
 
 }  // namespace
@@ -23,7 +37,7 @@ bool isStepFile(std::u16string_view name) {
 std::vector<std::u16string> stepFileEntries(const std::u16string& folder) {
   std::vector<std::u16string> names = platform::filesIn(folder);
   std::erase_if(names, [](const std::u16string& name) { return !isStepFile(name); });
-  std::ranges::sort(names, text::comesBefore);
+  std::ranges::sort(names, comesBefore);
   for (std::u16string& name : names) name = text::ReplaceText(name, kStepExtension, u"");
   return names;
 }

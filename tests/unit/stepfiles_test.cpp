@@ -10,7 +10,7 @@
 #include "stepfiles/step_file_name.h"
 #include "stepfiles/step_folder.h"
 #include "stepfiles/step_record.h"
-#include "text/letter_case.h"
+#include "stepfiles/stored_texts.h"
 
 namespace kvrnstep::stepfiles {
 
@@ -151,16 +151,18 @@ TEST(StepFolder, ListsForPeople) {
   EXPECT_EQ(pathOfEntry(u"steps", u"A.STEP"), u"steps/A.STEP.step");
 }
 
-TEST(LetterCase, OfTheAlphabets) {
-  EXPECT_TRUE(text::comesBefore(u"a", u"B") && text::comesBefore(u"B", u"c"));
-  EXPECT_TRUE(text::comesBefore(u"A", u"a") && !text::comesBefore(u"a", u"a"));
-  const std::u16string capitals = u"AZÀÖØÞĀŹŽŸΑΣЀЯ";
-  const std::u16string small = u"azàöøþāźžÿασѐя";
-  for (std::size_t i = 0; i < capitals.size(); ++i) {
-    EXPECT_EQ(text::lowerCase(capitals[i]), small[i]) << i;
-    EXPECT_EQ(text::lowerCase(small[i]), small[i]) << i;
-  }
-  for (const char16_t c : u"×÷@[ŉıĸſ0") EXPECT_EQ(text::lowerCase(c), c);
+TEST(StoredTexts, OneRecordEach) {
+  StoredTexts texts;
+  texts[0] = u"say \"so\", twice";
+  texts[14] = u"two\r\nlines é";
+  const std::string bytes = formatStoredTexts(texts);
+  EXPECT_TRUE(bytes.starts_with("\"say <WXEQUOTE>so<WXEQUOTE>, twice\"\r\n\"\"\r\n"));
+  EXPECT_EQ(parseStoredTexts(bytes), texts);
+  EXPECT_EQ(parseStoredTexts(bytes + "\"sixteenth\"\r\n"), texts);
+  EXPECT_EQ(parseStoredTexts(""), StoredTexts());
+  // What others may write: without quotes, two a line, empty lines, cut off, from Windows.
+  const StoredTexts odd = parseStoredTexts("one, \"t,wo\" x\n\n\"\"\r\rf\xE9ur\r\n\"five\r\nof");
+  EXPECT_EQ(odd, (StoredTexts{u"one", u"t,wo", u"", u"féur", u"five\r\nof"}));
 }
 
 }  // namespace

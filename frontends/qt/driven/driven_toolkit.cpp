@@ -155,9 +155,9 @@ bool DrivenQtToolkit::spin(forms::Spinner& spinner, bool up) {
   return view != nullptr && clickArrow(*view, spinner, up);
 }
 
-bool DrivenQtToolkit::drag(Control& /*from*/, Control& /*to*/) {
-  // No control is a source of drags.
-  return false;
+bool DrivenQtToolkit::drag(Control& from, Control& to) {
+  WindowView* view = viewOf(from);
+  return view != nullptr && dragOnto(*view, from, to);
 }
 
 bool DrivenQtToolkit::pick(forms::MenuEntry& entry) {

@@ -3,7 +3,7 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QKeySequence>
-#include <QListWidget>
+#include <QListView>
 #include <QMenu>
 #include <QStyle>
 #include <QStyleOptionComboBox>
@@ -95,7 +95,7 @@ bool clickControl(WindowView& view, forms::Control& control, MouseButton button,
   QWidget* widget = view.viewOf(control).widget();
   if (widget == nullptr) return pickEntry(view, static_cast<forms::MenuEntry&>(control));
   const Presses presses = twice ? Presses::Twice : Presses::Once;
-  if (auto* list = qobject_cast<QListWidget*>(widget)) {
+  if (auto* list = qobject_cast<QListView*>(widget)) {
     return entry ? clickListEntry(*list, *entry, qtButton(button), presses)
                  : click(*list->viewport(), qtButton(button), presses);
   }
@@ -161,6 +161,14 @@ bool pickEntry(WindowView& view, forms::MenuEntry& entry) {
          clickAt(*menu->menu(), menu->menu()->actionGeometry(&item.action()).center());
 }
 
+bool dragOnto(WindowView& view, forms::Control& from, forms::Control& to) {
+  QWidget* source = view.viewOf(from).widget();
+  QWidget* target = view.viewOf(to).widget();
+  if (source == nullptr || target == nullptr) return false;
+  waitForUser(view.topLevel());
+  return dragAndDrop(*source, *target);
+}
+
 bool moveWindow(WindowView& view, double left, double top) {
   const QPoint wanted(qRound(left / kTwipsPerPixel), qRound(top / kTwipsPerPixel));
   view.topLevel().move(wanted);
@@ -176,6 +184,10 @@ bool resizeWindow(WindowView& view, double width, double height) {
                      qRound((height - Chrome::kTitleAndBorders) / kTwipsPerPixel));
   view.topLevel().resize(wanted);
   settle();
+  // The screen knows whole pixels only; the rest is told of in the same way.
+  if (view.open() && view.topLevel().size() == wanted) {
+    forms::userResized(view.window(), width, height);
+  }
   return true;
 }
 

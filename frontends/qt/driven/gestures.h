@@ -18,6 +18,7 @@ bool selectText(WindowView& view, forms::TextControl& box, forms::TextSelection 
 bool pressShortcut(WindowView& view, std::string_view keys);
 bool chooseEntry(WindowView& view, forms::ComboBox& combo, int entry);
 bool clickArrow(WindowView& view, forms::Spinner& spinner, bool up);
+bool dragOnto(WindowView& view, forms::Control& from, forms::Control& to);
 bool pickEntry(WindowView& view, forms::MenuEntry& entry);
 bool moveWindow(WindowView& view, double left, double top);
 bool resizeWindow(WindowView& view, double width, double height);

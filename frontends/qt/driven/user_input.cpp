@@ -85,6 +85,20 @@ bool click(QWidget& widget, Qt::MouseButton button, Presses presses) {
   return !visible.isEmpty() && clickAt(widget, visible.center(), button, presses);
 }
 
+bool dragAndDrop(QWidget& source, QWidget& target) {
+  const QPoint from = source.visibleRegion().boundingRect().center();
+  const QPoint to = target.visibleRegion().boundingRect().center();
+  if (!meets(source, from) || !meets(target, to)) return false;
+  QWindow* window = source.window()->windowHandle();
+  const QPoint start = source.mapTo(source.window(), from);
+  const QPoint end = target.mapTo(target.window(), to);
+  QTest::mousePress(window, Qt::LeftButton, {}, start);
+  for (const QPoint& point : {start, (start + end) / 2, end}) QTest::mouseMove(window, point);
+  QTest::mouseRelease(window, Qt::LeftButton, {}, end);
+  settle();
+  return true;
+}
+
 void pressKey(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers) {
   QTest::keyClick(window.windowHandle(), key, modifiers);
   settle();

@@ -24,6 +24,10 @@ bool clickAt(QWidget& widget, QPoint point, Qt::MouseButton button = Qt::LeftBut
 bool click(QWidget& widget, Qt::MouseButton button = Qt::LeftButton,
            Presses presses = Presses::Once);
 
+/// Presses the left button on one widget and releases it on another one of the same window, the
+/// mouse moving in between. False: either is out of the mouse's reach.
+bool dragAndDrop(QWidget& source, QWidget& target);
+
 /// A key in the window that has the keyboard.
 void pressKey(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 /// The key that types this character.

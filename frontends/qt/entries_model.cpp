@@ -1,0 +1,33 @@
+#include "entries_model.h"
+
+#include "text.h"
+
+namespace kvrnstep::qt {
+
+bool EntriesModel::show(const forms::Entries& entries) {
+  if (texts_ == entries.all()) return false;
+  beginResetModel();
+  texts_ = entries.all();
+  endResetModel();
+  return true;
+}
+
+std::u16string EntriesModel::joined() const {
+  std::u16string result;
+  for (const std::u16string& text : texts_) {
+    if (&text != &texts_.front()) result += u' ';
+    result += text;
+  }
+  return result;
+}
+
+int EntriesModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(texts_.size());
+}
+
+QVariant EntriesModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole)) return {};
+  return toQt(texts_.at(static_cast<std::size_t>(index.row())));
+}
+
+}  // namespace kvrnstep::qt

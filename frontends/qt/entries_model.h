@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QAbstractListModel>
+#include <string>
+#include <vector>
+
+#include "forms/control.h"
+
+namespace kvrnstep::qt {
+
+/// The entries of a control as its widget shows them: as they were when they were last taken over.
+class EntriesModel : public QAbstractListModel {
+ public:
+  using QAbstractListModel::QAbstractListModel;
+
+  /// Takes the entries over. False: they are what is shown.
+  bool show(const forms::Entries& entries);
+  /// Separated by one blank.
+  [[nodiscard]] std::u16string joined() const;
+
+  [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+ private:
+  std::vector<std::u16string> texts_;
+};
+
+}  // namespace kvrnstep::qt

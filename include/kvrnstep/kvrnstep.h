@@ -1,0 +1,118 @@
+/*
+ * The plug-in for hosts in any language: plain C functions and structs. Texts are UTF-8 and end
+ * with a zero byte; a null pointer is an empty text.
+ *
+ *     kvrnstep_dialog dialog;
+ *     char *list;
+ *     kvrnstep_dialog_init(&dialog, sizeof dialog);
+ *     dialog.sPthStepFolder = "/home/me/steps";
+ *     dialog.SEC_APP_NAME = "MyEditor";
+ *     if (kvrnstep_show_dialog(&dialog, &list) == KVRNSTEP_INSERTED) insert_at_caret(list);
+ *     kvrnstep_free(list);
+ *
+ * Call everything from the thread that owns the host's user interface; only one call can be under
+ * way at a time. Nothing here throws, and nothing keeps a pointer that was passed in.
+ */
+#ifndef KVRNSTEP_KVRNSTEP_H
+#define KVRNSTEP_KVRNSTEP_H
+
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#if defined(KVRNSTEP_BUILD) && defined(__GNUC__) && !defined(_WIN32)
+#define KVRNSTEP_API __attribute__((visibility("default")))
+#else
+#define KVRNSTEP_API
+#endif
+
+/* What the functions return. Negative results are failures; nothing was done then. */
+enum {
+  KVRNSTEP_CANCELLED = 0,     /* the dialog was closed in another way than by Insert */
+  KVRNSTEP_INSERTED = 1,      /* the user inserted a list */
+  KVRNSTEP_DONE = 1,          /* of the functions that need no user */
+  KVRNSTEP_BAD_ARGUMENT = -1, /* a null pointer, or a struct that was not initialised */
+  KVRNSTEP_NO_DISPLAY = -2,   /* no front end, or no display that answers */
+  KVRNSTEP_UNREADABLE = -3,   /* the file is missing, is no file, or is too large */
+  KVRNSTEP_FOREIGN = -4,      /* the file is not a step file */
+  KVRNSTEP_UNWRITABLE = -5,   /* the file cannot be written */
+  KVRNSTEP_FAILED = -6        /* out of memory */
+};
+
+/* One use of the dialog. */
+typedef struct kvrnstep_dialog {
+  uint32_t size;               /* set by kvrnstep_dialog_init */
+  int32_t iBuildStep;          /* 0 numbered, 1 alphabetical, 2 Roman, 3 prefix and/or suffix */
+  int32_t BuMenuMode;          /* not 0: iBuildStep stands against the user's stored defaults */
+  int32_t bolIsSoundAvailable; /* not 0: sounds may be played */
+  const char* swavAlertQ;      /* sound file of an alert */
+  const char* swavFinishQ;     /* sound file of a finished edit */
+  const char* sPthStepFolder;  /* where the plug-in keeps its files; empty: its own folder */
+  const char* SEC_APP_NAME;    /* section of the settings file */
+  const char* SEC_APP_LWDR;    /* a second section; nothing reads it */
+  int32_t l_EditorBColor;      /* preview: 0x00BBGGRR, or 0x80000000 + number of a system colour */
+  int32_t l_EditorFColor;
+  const char* s_IniPathAndName; /* settings file; empty: steps.ini in the plug-in's folder */
+  const char* s_EditorFont;     /* preview: font name; empty: "Courier New" */
+  int32_t i_EditorSize;         /* preview: size in points */
+  int32_t bytSpcCount;          /* blanks in one indentation, 0 to 255 */
+} kvrnstep_dialog;
+
+/* A list to be generated without a window. The fields mean what the dialog's boxes mean. */
+typedef struct kvrnstep_list {
+  uint32_t size;     /* set by kvrnstep_list_init */
+  int32_t Selection; /* as iBuildStep */
+  int32_t Option[7]; /* 1 is on: indent spacing, upper case, indentation, add beginning and
+                        ending, right align, prefix and suffix space, ordinals */
+  const char* Prefix;
+  const char* Suffix;
+  int32_t Start;       /* number of the first step, 1 to 99 */
+  int32_t Count;       /* number of the last one */
+  int32_t LineSpacing; /* blank lines between steps, 0 to 9 */
+  const char* Beginning;
+  const char* Ending;
+  int32_t bytSpcCount; /* blanks in one indentation, 0 to 255 */
+} kvrnstep_list;
+
+/* Fill a struct with what holds when a host says nothing. `size` is sizeof the struct as the host
+ * was compiled with; a plug-in that knows more fields than the host uses its own values for them.
+ */
+KVRNSTEP_API void kvrnstep_dialog_init(kvrnstep_dialog* dialog, uint32_t size);
+KVRNSTEP_API void kvrnstep_list_init(kvrnstep_list* list, uint32_t size);
+
+/* Name, a tab, version. Null when memory is out. To be freed. */
+KVRNSTEP_API char* kvrnstep_plug_name_version(void);
+
+/* Shows the dialog and returns when it has closed: KVRNSTEP_INSERTED, KVRNSTEP_CANCELLED or a
+ * failure. `*list` is the list after Insert, its lines ending in CR LF, and null otherwise; to be
+ * freed. */
+KVRNSTEP_API int kvrnstep_show_dialog(const kvrnstep_dialog* dialog, char** list);
+
+/* KVRNSTEP_DONE when a dialog can be shown here; otherwise KVRNSTEP_NO_DISPLAY, and `*problem`,
+ * which may be null, gets one line that says why; to be freed. */
+KVRNSTEP_API int kvrnstep_can_show_dialog(char** problem);
+
+/* The list as text: KVRNSTEP_DONE or a failure. `*text` is null after a failure; to be freed. */
+KVRNSTEP_API int kvrnstep_generate(const kvrnstep_list* list, char** text);
+
+/* The list that a step file describes: KVRNSTEP_DONE, KVRNSTEP_UNREADABLE, KVRNSTEP_FOREIGN … */
+KVRNSTEP_API int kvrnstep_generate_from_step_file(const char* path, int32_t bytSpcCount,
+                                                  char** text);
+
+/* Writes the description of a list as a step file, in place of a file of that name. */
+KVRNSTEP_API int kvrnstep_save_step_file(const char* path, const kvrnstep_list* list);
+
+/* Writes icon 101 (32×32 and 16×16), 102 (16×16) or 103 (32×32) as a file into the plug-in's
+ * folder; its full path, or null on failure. To be freed. */
+KVRNSTEP_API char* kvrnstep_request_program_icon(int32_t piIndex101to103);
+
+/* Frees a text that was returned; null is allowed. */
+KVRNSTEP_API void kvrnstep_free(char* text);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,228 @@
+// The plug-in for hosts in C and all languages that can call C: UTF-8 and plain structs on the
+// outside, values on the inside, and no exception past this file.
+
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+#include <limits>
+#include <optional>
+#include <string>
+
+#include "generator/generator.h"
+#include "kvrnstep/kvrnstep.h"
+#include "platform/files.h"
+#include "plugin/front_end.h"
+#include "plugin/listwright.h"
+#include "stepfiles/step_record.h"
+#include "text/codepage.h"
+
+namespace kvrnstep::component {
+
+namespace {
+
+constexpr kvrnstep_dialog kDialogDefaults{
+    .size = sizeof(kvrnstep_dialog),
+    .l_EditorBColor = static_cast<std::int32_t>(0x80000005),
+    .l_EditorFColor = static_cast<std::int32_t>(0x80000008),
+    .i_EditorSize = 9,
+    .bytSpcCount = 4,
+};
+constexpr kvrnstep_list kListDefaults{
+    .size = sizeof(kvrnstep_list), .Start = 1, .Count = 3, .bytSpcCount = 4};
+
+/// A struct as this version knows it; nothing where the host did not initialise its own.
+template <class Struct>
+std::optional<Struct> known(const Struct* given) {
+  if (given == nullptr || given->size < sizeof(Struct)) return std::nullopt;
+  return *given;
+}
+
+/// Fills as much of the host's struct as the host knows.
+template <class Struct>
+void initialise(Struct* given, std::uint32_t size, const Struct& defaults) {
+  if (given == nullptr || size < sizeof(given->size)) return;
+  std::memset(static_cast<void*>(given), 0, size);
+  std::memcpy(static_cast<void*>(given), &defaults, std::min<std::size_t>(size, sizeof(Struct)));
+  given->size = size;
+}
+
+std::u16string textOf(const char* given) {
+  return given == nullptr ? std::u16string() : text::fromUtf8(given);
+}
+
+/// A copy that the host frees.
+char* handedOut(const std::string& bytes) {
+  auto* copy = static_cast<char*>(std::malloc(bytes.size() + 1));
+  if (copy != nullptr) std::memcpy(copy, bytes.c_str(), bytes.size() + 1);
+  return copy;
+}
+
+/// Hands a list out where the host wants it.
+int handOut(const std::u16string& list, char** where, int result) {
+  *where = handedOut(text::toBytes(list));
+  return *where == nullptr ? KVRNSTEP_FAILED : result;
+}
+
+/// Numbers are taken as they are or not at all.
+template <class Narrow>
+bool fits(std::int32_t number) {
+  using Limits = std::numeric_limits<Narrow>;
+  return number >= Limits::min() && number <= Limits::max();
+}
+
+std::optional<plugin::ShowArguments> argumentsOf(const kvrnstep_dialog& dialog) {
+  if (!fits<std::int16_t>(dialog.iBuildStep) || !fits<std::int16_t>(dialog.i_EditorSize) ||
+      !fits<std::uint8_t>(dialog.bytSpcCount)) {
+    return std::nullopt;
+  }
+  return plugin::ShowArguments{
+      .iBuildStep = static_cast<std::int16_t>(dialog.iBuildStep),
+      .BuMenuMode = dialog.BuMenuMode != 0,
+      .bolIsSoundAvailable = dialog.bolIsSoundAvailable != 0,
+      .swavAlertQ = textOf(dialog.swavAlertQ),
+      .swavFinishQ = textOf(dialog.swavFinishQ),
+      .sPthStepFolder = textOf(dialog.sPthStepFolder),
+      .SEC_APP_NAME = textOf(dialog.SEC_APP_NAME),
+      .SEC_APP_LWDR = textOf(dialog.SEC_APP_LWDR),
+      .l_EditorBColor = dialog.l_EditorBColor,
+      .l_EditorFColor = dialog.l_EditorFColor,
+      .s_IniPathAndName = textOf(dialog.s_IniPathAndName),
+      .s_EditorFont = textOf(dialog.s_EditorFont),
+      .i_EditorSize = static_cast<std::int16_t>(dialog.i_EditorSize),
+      .bytSpcCount = static_cast<std::uint8_t>(dialog.bytSpcCount),
+  };
+}
+
+std::optional<generator::ListSettings> settingsOf(const kvrnstep_list& list) {
+  generator::ListSettings settings;
+  const auto take = [](std::int16_t& field, std::int32_t number) {
+    field = static_cast<std::int16_t>(number);
+    return fits<std::int16_t>(number);
+  };
+  bool allFit = fits<std::uint8_t>(list.bytSpcCount) && take(settings.Selection, list.Selection) &&
+                take(settings.Start, list.Start) && take(settings.Count, list.Count) &&
+                take(settings.LineSpacing, list.LineSpacing);
+  for (std::size_t i = 0; i < settings.Option.size(); ++i) {
+    allFit = take(settings.Option.at(i), list.Option[i]) && allFit;
+  }
+  if (!allFit) return std::nullopt;
+  settings.Prefix = textOf(list.Prefix);
+  settings.Suffix = textOf(list.Suffix);
+  settings.Beginning = textOf(list.Beginning);
+  settings.Ending = textOf(list.Ending);
+  return settings;
+}
+
+int showDialog(const kvrnstep_dialog* given, char** list) {
+  const auto dialog = known(given);
+  const auto arguments = dialog ? argumentsOf(*dialog) : std::nullopt;
+  if (!arguments) return KVRNSTEP_BAD_ARGUMENT;
+  std::string problem;
+  forms::Toolkit* frontEnd = plugin::frontEnd(problem);
+  if (frontEnd == nullptr) return KVRNSTEP_NO_DISPLAY;
+  std::u16string text;
+  if (!plugin::Listwright::ShowListwrightDialog(frontEnd, text, *arguments)) {
+    return KVRNSTEP_CANCELLED;
+  }
+  return handOut(text, list, KVRNSTEP_INSERTED);
+}
+
+int generate(const kvrnstep_list* given, char** text) {
+  const auto list = known(given);
+  const auto settings = list ? settingsOf(*list) : std::nullopt;
+  if (!settings) return KVRNSTEP_BAD_ARGUMENT;
+  const auto blanks = static_cast<std::uint8_t>(list->bytSpcCount);
+  return handOut(generator::generateList(*settings, blanks), text, KVRNSTEP_DONE);
+}
+
+int generateFromStepFile(const char* path, std::int32_t blanks, char** text) {
+  if (path == nullptr || !fits<std::uint8_t>(blanks)) return KVRNSTEP_BAD_ARGUMENT;
+  const auto bytes = platform::readFile(textOf(path), stepfiles::kLargestStepFile);
+  if (!bytes) return KVRNSTEP_UNREADABLE;
+  if (!stepfiles::isStepRecord(*bytes)) return KVRNSTEP_FOREIGN;
+  const auto settings = stepfiles::withinRanges(stepfiles::parseStepRecord(*bytes));
+  return handOut(generator::generateList(settings, static_cast<std::uint8_t>(blanks)), text,
+                 KVRNSTEP_DONE);
+}
+
+int saveStepFile(const char* path, const kvrnstep_list* given) {
+  const auto list = known(given);
+  const auto settings = list ? settingsOf(*list) : std::nullopt;
+  if (path == nullptr || !settings) return KVRNSTEP_BAD_ARGUMENT;
+  return stepfiles::writeStepFile(textOf(path), *settings) ? KVRNSTEP_DONE : KVRNSTEP_UNWRITABLE;
+}
+
+int canShowDialog(char** problem) {
+  std::string reason;
+  if (plugin::frontEnd(reason) != nullptr) return KVRNSTEP_DONE;
+  if (problem != nullptr) *problem = handedOut(reason);
+  return KVRNSTEP_NO_DISPLAY;
+}
+
+/// Nothing is thrown into a host.
+template <class Result, class Function, class... Arguments>
+Result guarded(Result failure, Function function, Arguments... arguments) noexcept {
+  try {
+    return function(arguments...);
+  } catch (const std::exception&) {
+    return failure;
+  }
+}
+
+/// … and what a function returns through a pointer is null where it fails.
+template <class Function, class... Arguments>
+int guardedWithText(char** text, Function function, Arguments... arguments) noexcept {
+  if (text == nullptr) return KVRNSTEP_BAD_ARGUMENT;
+  *text = nullptr;
+  return guarded<int>(KVRNSTEP_FAILED, function, arguments..., text);
+}
+
+}  // namespace
+
+}  // namespace kvrnstep::component
+
+namespace component = kvrnstep::component;
+
+extern "C" {
+
+void kvrnstep_dialog_init(kvrnstep_dialog* dialog, uint32_t size) {
+  component::initialise(dialog, size, component::kDialogDefaults);
+}
+
+void kvrnstep_list_init(kvrnstep_list* list, uint32_t size) {
+  component::initialise(list, size, component::kListDefaults);
+}
+
+char* kvrnstep_plug_name_version(void) {
+  return component::guarded<char*>(nullptr, [] {
+    return component::handedOut(
+        kvrnstep::text::toBytes(kvrnstep::plugin::Listwright::PlugNameVersion()));
+  });
+}
+
+int kvrnstep_show_dialog(const kvrnstep_dialog* dialog, char** list) {
+  return component::guardedWithText(list, component::showDialog, dialog);
+}
+
+int kvrnstep_can_show_dialog(char** problem) {
+  if (problem != nullptr) *problem = nullptr;
+  return component::guarded<int>(KVRNSTEP_FAILED, component::canShowDialog, problem);
+}
+
+int kvrnstep_generate(const kvrnstep_list* list, char** text) {
+  return component::guardedWithText(text, component::generate, list);
+}
+
+int kvrnstep_generate_from_step_file(const char* path, int32_t bytSpcCount, char** text) {
+  return component::guardedWithText(text, component::generateFromStepFile, path, bytSpcCount);
+}
+
+int kvrnstep_save_step_file(const char* path, const kvrnstep_list* list) {
+  return component::guarded<int>(KVRNSTEP_FAILED, component::saveStepFile, path, list);
+}
+
+void kvrnstep_free(char* text) {
+  std::free(text);
+}
+
+}  // extern "C"

@@ -1,0 +1,154 @@
+#include "dialogs/frm_step_be.h"
+
+#include <array>
+
+#include "dialogs/window_position.h"
+#include "platform/files.h"
+
+namespace kvrnstep::dialogs {
+
+using forms::Control;
+using forms::Picture;
+using forms::Rect;
+using forms::TextBox;
+
+namespace {
+
+constexpr int kLinkCursor = 104;
+constexpr int kRows = 5;
+
+/// Places as shares of the inner width and height.
+constexpr Rect kOkButton{0.427, 0.898, 0.146, 0.091};
+constexpr std::array kColumns{0.000, 0.349, 0.697};
+constexpr std::array kRowTops{0.004, 0.170, 0.336, 0.502, 0.668};
+constexpr double kSlotWidth = 0.219;
+constexpr double kSlotHeight = 0.158;
+constexpr std::array kPictureColumns{0.235, 0.584, 0.932};
+
+}  // namespace
+
+frmStepBE::frmStepBE(forms::Toolkit& toolkit, const plugin::HostContext& host)
+    : Window(frmStepBEDesign()),
+      toolkit_(toolkit),
+      host_(host),
+      txtHold(controlArray<TextBox, kSlots>("txtHold")),
+      imgBE(controlArray<Control, kSlots>("imgBE")),
+      cmdOK(control<Control>("cmdOK")) {
+  onLoad = [this] { Form_Load(); };
+  onQueryUnload = [this] { Form_QueryUnload(); };
+  onResize = [this] { Form_Resize(); };
+  for (TextBox* box : txtHold.all()) {
+    box->onChange = [this](int index) { txtHold_Change(index); };
+  }
+  for (Control* image : imgBE.all()) {
+    image->onClick = [this](int index) { imgBE_Click(index); };
+  }
+  cmdOK.onClick = [this](int /*index*/) { unload(); };
+}
+
+void frmStepBE::Form_Load() {
+  IsBEBapplied.clear();
+  for (Control* image : imgBE.all()) {
+    image->setPicture(Picture::ApplyInactive);
+    image->setCursor(kLinkCursor);
+    image->setEnabled(false);
+  }
+  setCaption(DoBegEnd == 0 ? u"Beginning (Storage)" : u"Ending (Storage)");
+  LoadOrSaveSlots(false, storageFile());
+  restoreGeometry();
+}
+
+void frmStepBE::Form_QueryUnload() {
+  for (Control* image : imgBE.all()) {
+    image->setPicture(Picture::None);
+    image->setCursor(0);
+  }
+  LoadOrSaveSlots(true, storageFile());
+  saveGeometry();
+}
+
+std::u16string frmStepBE::storageFile() const {
+  std::u16string path = host_.sPthStepFolder;
+  path += platform::kSeparator;
+  path += stepfiles::storedTextsFile(DoBegEnd != 0);
+  return path;
+}
+
+void frmStepBE::LoadOrSaveSlots(bool bolSave, const std::u16string& sFile) {
+  if (bolSave) {
+    saveSlots(sFile);
+  } else {
+    loadSlots(sFile);
+  }
+}
+
+void frmStepBE::loadSlots(const std::u16string& sFile) {
+  auto texts = stepfiles::readStoredTexts(sFile);
+  storageRead_ = texts.has_value();
+  if (!texts) return;
+  for (TextBox* box : txtHold.all()) {
+    box->setText(std::move(texts->at(static_cast<std::size_t>(box->index()))));
+  }
+}
+
+void frmStepBE::saveSlots(const std::u16string& sFile) {
+  stepfiles::StoredTexts texts;
+  for (TextBox* box : txtHold.all()) {
+    texts.at(static_cast<std::size_t>(box->index())) = box->text();
+  }
+  // A file that could not be read must not be replaced by empty slots.
+  if (storageRead_) stepfiles::writeStoredTexts(sFile, texts);
+  for (TextBox* box : txtHold.all()) box->setText(u"");
+}
+
+void frmStepBE::txtHold_Change(int Index) {
+  const bool holdsText = !txtHold(Index).text().empty();
+  imgBE(Index).setPicture(holdsText ? Picture::ApplyActive : Picture::ApplyInactive);
+  imgBE(Index).setEnabled(holdsText);
+}
+
+void frmStepBE::imgBE_Click(int Index) {
+  IsBEBapplied = txtHold(Index).text();
+  unload();
+}
+
+void frmStepBE::restoreGeometry() {
+  restorePosition(*this, toolkit_, host_, u"StepBE_LT", u"StepBE_TT");
+  if (const auto height = storedTwips(host_, u"StepBE_HT", place().height / 2)) setHeight(*height);
+  if (const auto width = storedTwips(host_, u"StepBE_WT", place().width / 2)) setWidth(*width);
+}
+
+void frmStepBE::saveGeometry() {
+  savePosition(*this, host_, u"StepBE_LT", u"StepBE_TT");
+  if (minimized()) return;
+  storeTwips(host_, u"StepBE_HT", place().height);
+  storeTwips(host_, u"StepBE_WT", place().width);
+}
+
+void frmStepBE::Form_Resize() {
+  if (!minimized()) keepMinimumSize();
+  const double width = innerWidth();
+  const double height = innerHeight();
+  cmdOK.setPlace({kOkButton.left * width, kOkButton.top * height, kOkButton.width * width,
+                  kOkButton.height * height});
+  for (int slot = 0; slot < kSlots; ++slot) layOutSlot(slot, width, height);
+}
+
+void frmStepBE::keepMinimumSize() {
+  // Either assignment lays the window out anew.
+  if (place().height < design().minimumHeight) setHeight(design().minimumHeight);
+  if (place().width < design().minimumWidth) setWidth(design().minimumWidth);
+}
+
+void frmStepBE::layOutSlot(int slot, double width, double height) {
+  const auto column = static_cast<std::size_t>(slot / kRows);
+  const auto row = static_cast<std::size_t>(slot % kRows);
+  const Rect box{kColumns.at(column) * width, kRowTops.at(row) * height, kSlotWidth * width,
+                 kSlotHeight * height};
+  txtHold(slot).setPlace(box);
+  const Rect& image = imgBE(slot).place();
+  imgBE(slot).setPlace({kPictureColumns.at(column) * width,
+                        box.top + box.height / 2 - image.height / 2, image.width, image.height});
+}
+
+}  // namespace kvrnstep::dialogs

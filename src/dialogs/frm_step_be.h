@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "forms/toolkit.h"
+#include "forms/window.h"
+#include "plugin/host_context.h"
+#include "stepfiles/stored_texts.h"
+
+namespace kvrnstep::dialogs {
+
+/// The editor of the stored beginnings or endings: fifteen slots, each with a picture that applies
+/// its text. Set DoBegEnd, showModal(), then read IsBEBapplied. What stands in the slots is saved
+/// however the editor is closed.
+class frmStepBE : public forms::Window {
+ public:
+  /// Both arguments must outlive the editor.
+  frmStepBE(forms::Toolkit& toolkit, const plugin::HostContext& host);
+
+  std::uint8_t DoBegEnd = 0;    ///< 0 edits the beginnings, anything else the endings
+  std::u16string IsBEBapplied;  ///< the applied text; empty when none was
+
+ private:
+  static constexpr int kSlots = static_cast<int>(stepfiles::kStoredTexts);
+
+  void Form_Load();
+  void Form_QueryUnload();
+  void Form_Resize();
+  void txtHold_Change(int Index);
+  void imgBE_Click(int Index);
+
+  void LoadOrSaveSlots(bool bolSave, const std::u16string& sFile);
+  void loadSlots(const std::u16string& sFile);
+  void saveSlots(const std::u16string& sFile);
+  [[nodiscard]] std::u16string storageFile() const;
+  void restoreGeometry();
+  void saveGeometry();
+  void keepMinimumSize();
+  void layOutSlot(int slot, double width, double height);
+
+  forms::Toolkit& toolkit_;
+  const plugin::HostContext& host_;
+  forms::ControlArray<forms::TextBox, kSlots> txtHold;
+  forms::ControlArray<forms::Control, kSlots> imgBE;
+  forms::Control& cmdOK;
+  bool storageRead_ = false;  ///< the slots show what the file holds
+};
+
+/// How the editor is declared.
+const forms::WindowDesign& frmStepBEDesign();
+
+}  // namespace kvrnstep::dialogs

@@ -1,0 +1,72 @@
+#include <array>
+
+#include "dialogs/frm_step_be.h"
+
+namespace kvrnstep::dialogs {
+
+namespace {
+
+using forms::Chrome;
+using forms::ControlRow;
+using enum forms::Kind;
+using forms::Picture;
+
+constexpr double kInnerWidth = 8220;
+constexpr double kInnerHeight = 3975;
+constexpr int kRows = 5;
+constexpr std::size_t kSlots = stepfiles::kStoredTexts;
+
+/// The box of a slot; slots fill the columns from top to bottom.
+constexpr ControlRow slotBox(int slot) {
+  return {.kind = TextBox,
+          .name = "txtHold",
+          .index = slot,
+          .place = {slot / kRows * 2865.0, 15 + slot % kRows * 660.0, 1800, 630},
+          .multiLine = true,
+          .horizontalScroll = true,
+          .font = u"MS Sans Serif",
+          .tab = slot + 1};
+}
+
+constexpr ControlRow slotPicture(int slot) {
+  return {.kind = Image,
+          .name = "imgBE",
+          .index = slot,
+          .place = {1935 + slot / kRows * 2865.0, 90 + slot % kRows * 660.0, 480, 480},
+          .toolTip = u"Apply",
+          .enabled = false,
+          .picture = Picture::ApplyInactive};
+}
+
+// Places are in twips.
+constexpr auto kControls = [] {
+  std::array<ControlRow, 2 * kSlots + 2> rows{};
+  rows[0] = {
+      .kind = StatusBar, .name = "StatusBar1", .place = {0, kInnerHeight - 375, kInnerWidth, 375}};
+  for (std::size_t slot = 0; slot < kSlots; ++slot) {
+    rows.at(1 + 2 * slot) = slotBox(static_cast<int>(slot));
+    rows.at(2 + 2 * slot) = slotPicture(static_cast<int>(slot));
+  }
+  rows.back() = {
+      .kind = Button, .name = "cmdOK", .place = {3510, 3570, 1200, 360}, .caption = u"&OK"};
+  return rows;
+}();
+
+constexpr forms::WindowDesign kDesign{
+    .name = "frmStepBE",
+    .caption = u"Beginning (Storage)",
+    .place = {0, 0, kInnerWidth + Chrome::kSides, kInnerHeight + Chrome::kTitleAndBorders},
+    .twipsPerUnit = 1,
+    .resizable = true,
+    .minimumWidth = 8000,
+    .minimumHeight = 4335,
+    .controls = kControls,
+};
+
+}  // namespace
+
+const forms::WindowDesign& frmStepBEDesign() {
+  return kDesign;
+}
+
+}  // namespace kvrnstep::dialogs

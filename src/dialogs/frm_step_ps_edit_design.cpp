@@ -1,0 +1,66 @@
+#include <array>
+
+#include "dialogs/frm_step_ps_edit.h"
+
+namespace kvrnstep::dialogs {
+
+namespace {
+
+using forms::Chrome;
+using forms::ControlRow;
+using enum forms::Kind;
+using forms::Picture;
+
+constexpr double kInnerWidth = 5145;
+constexpr double kInnerHeight = 3810;
+
+// Places are in twips.
+// clang-format off
+constexpr auto kControls = std::to_array<ControlRow>({
+    {.kind = Label, .name = "lblDum", .place = {45, 15, 2340, 195}, .buddy = "lstEdit"},
+    {.kind = ListBox, .name = "lstEdit", .place = {15, 225, 2385, 3570}, .tab = 5},
+    {.kind = Panel, .name = "Picture1", .place = {4290, 0, 840, 225}},
+    {.kind = Button, .name = "cmdCases", .index = 0, .in = "Picture1", .place = {0, -15, 255, 225},
+     .caption = u"P", .toolTip = u"Proper Case"},
+    {.kind = Button, .name = "cmdCases", .index = 1, .in = "Picture1",
+     .place = {270, -15, 255, 225}, .caption = u"L", .toolTip = u"Lower Case"},
+    {.kind = Button, .name = "cmdCases", .index = 2, .in = "Picture1",
+     .place = {540, -15, 255, 225}, .caption = u"U", .toolTip = u"Upper Case"},
+    {.kind = TextBox, .name = "txtAdd", .place = {2430, 225, 2700, 285}, .tab = 1},
+    {.kind = Label, .name = "lblDrag", .index = 0, .place = {2610, 555, 720, 195},
+     .caption = u"{STEP_#}", .toolTip = u"Macro: Step Number", .draggable = true},
+    {.kind = Label, .name = "lblDrag", .index = 1, .place = {3480, 555, 675, 195},
+     .caption = u"{STEP_L}", .toolTip = u"Macro: Step Letter", .draggable = true},
+    {.kind = Label, .name = "lblDrag", .index = 2, .place = {4305, 555, 705, 195},
+     .caption = u"{STEP_R}", .toolTip = u"Macro: Step Roman", .draggable = true},
+    {.kind = Button, .name = "cmdAdd", .place = {2685, 915, 1200, 345}, .caption = u"&Add",
+     .enabled = false, .tab = 2},
+    {.kind = Button, .name = "cmdSort", .place = {3930, 915, 1200, 345}, .caption = u"&Sort asc."},
+    {.kind = Button, .name = "cmdEdO", .place = {2685, 1305, 1200, 345}, .caption = u"&Edit Out",
+     .enabled = false, .tab = 3},
+    {.kind = Button, .name = "cmdDelete", .place = {3930, 1305, 1200, 345}, .caption = u"&Delete",
+     .enabled = false, .tab = 4},
+    {.kind = Button, .name = "cmdPatU", .place = {2415, 1965, 330, 570}, .enabled = false,
+     .picture = Picture::ArrowUp},
+    {.kind = Button, .name = "cmdPatD", .place = {2415, 2580, 330, 570}, .enabled = false,
+     .picture = Picture::ArrowDown},
+    {.kind = Button, .name = "cmdOK", .place = {2685, 3435, 1200, 345}, .caption = u"&OK"},
+    {.kind = Button, .name = "cmdCancel", .place = {3930, 3435, 1200, 345}, .caption = u"&Cancel"},
+});
+// clang-format on
+
+constexpr forms::WindowDesign kDesign{
+    .name = "frmStepPSEdit",
+    .caption = u"Edit Step",
+    .place = {0, 0, kInnerWidth + Chrome::kSides, kInnerHeight + Chrome::kTitleAndBorders},
+    .twipsPerUnit = 1,
+    .controls = kControls,
+};
+
+}  // namespace
+
+const forms::WindowDesign& frmStepPSEditDesign() {
+  return kDesign;
+}
+
+}  // namespace kvrnstep::dialogs

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "forms/control.h"
+
+/// Sorting by UTF-16 code units: letter case matters, no language does, and a text comes before
+/// all that begin with it.
+namespace kvrnstep::dialogs {
+
+/// Sorts the entries of a list box in place; afterwards none is selected. The box shows the old
+/// order until the new one is complete.
+void SortList(forms::ListBox& lstSort);
+
+/// Sorts the items from index `lMin` to index `lMax`, both included, and leaves the others alone.
+/// Takes time in proportion to n log n and a few kilobytes of stack, whatever the items are.
+void QuickSortStrings(std::vector<std::u16string>& sItems, std::int32_t lMin, std::int32_t lMax);
+
+}  // namespace kvrnstep::dialogs

@@ -1,0 +1,153 @@
+#include <gtest/gtest.h>
+#include <pthread.h>
+
+#include <algorithm>
+#include <random>
+
+#include "dialogs/case_conversion.h"
+#include "dialogs/frm_step_be.h"
+#include "dialogs/frm_step_ps_edit.h"
+#include "dialogs/list_sort.h"
+#include "forms/user_actions.h"
+#include "headless_toolkit.h"
+#include "platform_temporary_folder.h"
+
+namespace kvrnstep::dialogs {
+
+namespace {
+
+using tests::TemporaryFolder;
+using Items = std::vector<std::u16string>;
+
+/// Runs the work on the smallest stack that a host gives a thread.
+void onSmallStack(void (*work)()) {
+  constexpr std::size_t kStack = 256 * 1024;
+  pthread_attr_t attributes;
+  pthread_attr_init(&attributes);
+  ASSERT_EQ(pthread_attr_setstacksize(&attributes, kStack), 0);
+  pthread_t thread{};
+  const auto run = [](void* function) -> void* {
+    reinterpret_cast<void (*)()>(function)();
+    return nullptr;
+  };
+  ASSERT_EQ(pthread_create(&thread, &attributes, run, reinterpret_cast<void*>(work)), 0);
+  pthread_join(thread, nullptr);
+  pthread_attr_destroy(&attributes);
+}
+
+Items numbered(int count, int (*number)(int)) {
+  Items items;
+  for (int i = 0; i < count; ++i) {
+    const std::string digits = std::to_string(1'000'000 + number(i));
+    items.emplace_back(digits.begin(), digits.end());
+  }
+  return items;
+}
+
+TEST(Sort, ByCodeUnits) {
+  Items items{u"b", u"B",  u"a",      u"A", u"Item10", u"Item2", u"Item",
+              u"ä", u" z", u"\xE000", u"9", u"é",      u"a",     u"\xD83D\xDE00"};
+  QuickSortStrings(items, 0, static_cast<std::int32_t>(items.size()) - 1);
+  EXPECT_EQ(items, (Items{u" z", u"9", u"A", u"B", u"Item", u"Item10", u"Item2", u"a", u"a", u"b",
+                          u"ä", u"é", u"\xD83D\xDE00", u"\xE000"}));
+  // Only the range that was asked for.
+  Items part{u"d", u"c", u"b", u"a"};
+  QuickSortStrings(part, 1, 2);
+  QuickSortStrings(part, 3, 0);
+  EXPECT_EQ(part, (Items{u"d", u"b", u"c", u"a"}));
+}
+
+TEST(Sort, WhateverTheEntriesAre) {
+  onSmallStack([] {
+    constexpr int kMost = 32'001;
+    static std::minstd_rand random(7);
+    const std::vector<int (*)(int)> kinds{
+        [](int i) { return i; },
+        [](int i) { return -i + kMost; },
+        [](int) { return 5; },
+        [](int i) { return i % 2; },
+        [](int i) { return std::min(i, kMost - i); },
+        [](int i) { return i * i % 180; },
+        [](int) { return static_cast<int>(random() % kMost); },
+    };
+    for (const auto kind : kinds) {
+      for (const int count : {1, 2, 15, 16, 17, 18, 200, kMost}) {
+        Items items = numbered(count, kind);
+        Items expected = items;
+        std::ranges::sort(expected);
+        QuickSortStrings(items, 0, count - 1);
+        EXPECT_EQ(items, expected) << count;
+      }
+    }
+  });
+}
+
+TEST(LetterCase, OfWholeTexts) {
+  EXPECT_EQ(upperCase(u"{step_#} åéßñ ω я 1"), u"{STEP_#} ÅÉßÑ Ω Я 1");
+  EXPECT_EQ(lowerCase(u"{STEP_R} ÅÉÑ Ω Я ŸŽ"), u"{step_r} åéñ ω я ÿž");
+  EXPECT_EQ(properCase(u"oNE tWO\tthree\rfour\nfive\vsix\fseven"),
+            u"One Two\tThree\rFour\nFive\vSix\fSeven");
+  EXPECT_EQ(properCase(std::u16string_view(u"a\0b", 3)), std::u16string_view(u"A\0B", 3));
+  EXPECT_EQ(properCase(u"{STEP_#} o'neil x-ray 2ND éCOLE\xA0next"),
+            u"{step_#} O'neil X-ray 2nd École\xA0next");
+  EXPECT_TRUE(equalIgnoringCase(u"Éa Ñ", u"éA ñ"));
+  EXPECT_FALSE(equalIgnoringCase(u"a", u"a "));
+}
+
+/// Closes the topmost window, after one click if one is wanted.
+class Closer : public forms::Pilot {
+ public:
+  Closer(forms::Window& window, const char* clicked) : window_(window), clicked_(clicked) {}
+  void act() override {
+    if (clicked_ != nullptr) forms::userClicked(*window_.find(clicked_, -1));
+    forms::userClosed(window_);
+  }
+  std::optional<std::u16string> answer() override { return std::nullopt; }
+
+ private:
+  forms::Window& window_;
+  const char* clicked_;
+};
+
+/// Shows an editor without a screen, with all of its files in the folder.
+template <class Editor, class Selector>
+void show(const TemporaryFolder& folder, Selector Editor::*selector, Selector value,
+          const char* clicked) {
+  headless::HeadlessToolkit toolkit;
+  plugin::HostContext host;
+  host.SEC_APP_NAME = u"Listwright";
+  host.sPthStepFolder = folder("");
+  host.s_IniPathAndName = folder("steps.ini");
+  Editor editor(toolkit, host);
+  editor.*selector = value;
+  Closer closer(editor, clicked);
+  toolkit.setPilot(closer);
+  editor.showModal(toolkit);
+}
+
+TEST(Editors, OfOtherKinds) {
+  const TemporaryFolder folder;
+  show(folder, &frmStepPSEdit::PivitWhat, std::uint8_t{2}, "cmdOK");
+  EXPECT_EQ(folder.names(), (std::set<std::string>{"steps.ini"}));
+  show(folder, &frmStepBE::DoBegEnd, std::uint8_t{2}, nullptr);
+  EXPECT_EQ(folder.names(), (std::set<std::string>{"steps.ini", "ending_step.dat"}));
+}
+
+TEST(Editors, DoNotReplaceWhatTheyCouldNotRead) {
+  const TemporaryFolder folder;
+  // A folder of that name can be read by nobody, not even by the superuser.
+  for (const char* name : {"beginning_step.dat", "Prefix_Step.dat"}) {
+    std::filesystem::create_directory(folder.native(name));
+  }
+  folder.put("Suffix_Step.dat", std::string(40'000, '\r') + "last");
+  show(folder, &frmStepBE::DoBegEnd, std::uint8_t{0}, nullptr);
+  show(folder, &frmStepPSEdit::PivitWhat, std::uint8_t{0}, "cmdOK");
+  show(folder, &frmStepPSEdit::PivitWhat, std::uint8_t{1}, "cmdOK");
+  EXPECT_TRUE(std::filesystem::is_directory(folder.native("Prefix_Step.dat")));
+  EXPECT_TRUE(std::filesystem::is_directory(folder.native("beginning_step.dat")));
+  EXPECT_TRUE(folder.get("Suffix_Step.dat").ends_with("last"));
+}
+
+}  // namespace
+
+}  // namespace kvrnstep::dialogs
