@@ -3,7 +3,7 @@
 # desktop_test.sh BIN — bounded by the time limit of the test runner; skipped (77) where the desktop's programs are missing.
 set -u
 bin=$1
-for program in xvfb-run openbox xdotool xclip xprop; do
+for program in xvfb-run openbox xdotool xclip xprop xwininfo; do
   command -v "$program" >/dev/null || { echo "no $program"; exit 77; }
 done
 if [ -z "${LISTWRIGHT_DESKTOP:-}" ]; then
@@ -29,16 +29,26 @@ until xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; do
   kill -0 $manager || exit 1
 done
 
-# use KEY… — opens the dialog, presses the keys in it, waits for its end; status and output stay.
-use() {
-  "$bin/listwright" >out 2>err &
-  local command=$! key window
-  # The window manager gives a new window the keyboard; no key may come before that.
-  until window=$(xdotool search --onlyvisible --name '^Listwright$' 2>/dev/null) &&
+# await TITLE — until the window of that title has the keyboard, which the window manager gives it
+# when it is on the screen; no key may come before that. Its number stays in $window.
+await() {
+  until window=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null) &&
     [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; do
     kill -0 "$command" 2>/dev/null || break
   done
+}
+
+keys() {
+  local key
   for key in "$@"; do timeout 60 xdotool key --clearmodifiers "$key"; done
+}
+
+# use KEY… — opens the dialog, presses the keys in it, waits for its end; status and output stay.
+use() {
+  "$bin/listwright" >out 2>err &
+  command=$!
+  await Listwright
+  keys "$@"
   wait "$command"
   status=$?
 }
@@ -60,6 +70,29 @@ use Escape Return alt+c
 printf '    1. \r\n    2. \r\n    3. \r\n' >wanted
 timeout 20 xclip -selection clipboard -o | cmp - wanted || fail 'Copy: not on the clipboard'
 timeout 20 xclip -selection clipboard -o | cmp - wanted || fail 'Copy: not there a second time'
+
+# A macro is dragged into the list of prefixes; the storage of beginnings takes another size.
+"$bin/listwright" >out 2>err &
+command=$!
+await Listwright
+keys alt+e Return
+await 'Edit Step - Prefixes'
+timeout 60 xdotool mousemove --window "$window" 198 43 mousedown 1 \
+  mousemove --window "$window" 220 35 mousemove --window "$window" 252 24 mouseup 1
+keys alt+a alt+o
+await Listwright
+keys alt+e Down Down Return
+await 'Beginning \(Storage\)'
+timeout 60 xdotool windowsize "$window" 700 400
+until xwininfo -id "$window" | grep -q 'Width: 700'; do kill -0 "$command" || break; done
+keys alt+o
+await Listwright
+keys ctrl+q
+wait "$command"
+printf '{STEP_#}\r\n' | cmp - data/listwright/Prefix_Step.dat || fail 'the macro was not dropped'
+# 6 and 31 pixels of every window are its frame's.
+grep -q '^StepBE_WT=10590' config/listwright/steps.ini &&
+  grep -q '^StepBE_HT=6465' config/listwright/steps.ini || fail 'the new size was not kept'
 
 # A text that goes over in several pieces; it takes the place of the first one.
 prefix=$(printf 'é%.0s' $(seq 5000))
