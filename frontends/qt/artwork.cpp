@@ -10,8 +10,8 @@ namespace {
 
 /// A mouse cursor and the point of it that points.
 struct CursorFile {
-  int resourceId;
-  const char* file;
+  int resourceId = 0;
+  const char* file = nullptr;
   QPoint hotSpot;
 };
 constexpr QSize kCursorSize(32, 32);

@@ -12,6 +12,8 @@ class DragLabel : public MouseReleases<QLabel> {
  public:
   explicit DragLabel(QWidget* parent) : MouseReleases<QLabel>(parent) {}
   ~DragLabel() override;
+  DragLabel(const DragLabel&) = delete;
+  DragLabel& operator=(const DragLabel&) = delete;
 
   /// Lets drags begin, with the mouse cursor of that resource while they last; 0 is the usual one.
   void setDraggable(int cursor);

@@ -16,6 +16,7 @@
 #ifndef KVRNSTEP_KVRNSTEP_H
 #define KVRNSTEP_KVRNSTEP_H
 
+/* This header is C. NOLINTBEGIN(modernize-*) */
 #include <stdint.h>
 
 #ifdef __cplusplus
@@ -115,4 +116,5 @@ KVRNSTEP_API void kvrnstep_free(char* text);
 }
 #endif
 
+/* NOLINTEND(modernize-*) */
 #endif

@@ -50,12 +50,14 @@ std::u16string textOf(const char* given) {
   return given == nullptr ? std::u16string() : text::fromUtf8(given);
 }
 
-/// A copy that the host frees.
+/// A copy that the host frees; plain C memory, for its owner is on the other side.
+/// NOLINTBEGIN(cppcoreguidelines-no-malloc, cppcoreguidelines-owning-memory)
 char* handedOut(const std::string& bytes) {
   auto* copy = static_cast<char*>(std::malloc(bytes.size() + 1));
   if (copy != nullptr) std::memcpy(copy, bytes.c_str(), bytes.size() + 1);
   return copy;
 }
+/// NOLINTEND(cppcoreguidelines-no-malloc, cppcoreguidelines-owning-memory)
 
 /// Hands a list out where the host wants it.
 int handOut(const std::u16string& list, char** where, int result) {
@@ -222,7 +224,7 @@ int kvrnstep_save_step_file(const char* path, const kvrnstep_list* list) {
 }
 
 void kvrnstep_free(char* text) {
-  std::free(text);
+  std::free(text);  // NOLINT(cppcoreguidelines-no-malloc, cppcoreguidelines-owning-memory)
 }
 
 }  // extern "C"

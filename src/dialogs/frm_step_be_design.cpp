@@ -14,14 +14,25 @@ using forms::Picture;
 constexpr double kInnerWidth = 8220;
 constexpr double kInnerHeight = 3975;
 constexpr int kRows = 5;
+constexpr double kColumnWidth = 2865;
+constexpr double kRowHeight = 660;
 constexpr std::size_t kSlots = stepfiles::kStoredTexts;
+
+constexpr double column(int slot) {
+  const int number = slot / kRows;
+  return kColumnWidth * number;
+}
+
+constexpr double row(int slot) {
+  return kRowHeight * (slot % kRows);
+}
 
 /// The box of a slot; slots fill the columns from top to bottom.
 constexpr ControlRow slotBox(int slot) {
   return {.kind = TextBox,
           .name = "txtHold",
           .index = slot,
-          .place = {slot / kRows * 2865.0, 15 + slot % kRows * 660.0, 1800, 630},
+          .place = {column(slot), 15 + row(slot), 1800, 630},
           .multiLine = true,
           .horizontalScroll = true,
           .font = u"MS Sans Serif",
@@ -32,7 +43,7 @@ constexpr ControlRow slotPicture(int slot) {
   return {.kind = Image,
           .name = "imgBE",
           .index = slot,
-          .place = {1935 + slot / kRows * 2865.0, 90 + slot % kRows * 660.0, 480, 480},
+          .place = {1935 + column(slot), 90 + row(slot), 480, 480},
           .toolTip = u"Apply",
           .enabled = false,
           .picture = Picture::ApplyInactive};
