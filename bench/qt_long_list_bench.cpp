@@ -73,8 +73,8 @@ void useEditor(QWidget& editor, Times& times) {
 /// Opens the editor from the dialog, uses it and closes both.
 Times editLongList(const kvrnstep::Listwright& plugin, const QString& folder) {
   Times times;
-  const std::u16string steps = folder.toStdU16String();
-  const std::u16string settings = steps + u"/steps.ini";
+  const std::string steps = folder.toStdString();
+  const std::string settings = steps + "/steps.ini";
   QElapsedTimer opened;
   QTimer::singleShot(0, [&] {
     QWidget* dialog = windowCalled("Listwright");
@@ -90,9 +90,9 @@ Times editLongList(const kvrnstep::Listwright& plugin, const QString& folder) {
     }
     dialog->close();
   });
-  std::u16string text;
+  std::string text;
   plugin.ShowListwrightDialog(text, {.sPthStepFolder = steps,
-                                     .SEC_APP_NAME = u"Listwright",
+                                     .SEC_APP_NAME = "Listwright",
                                      .s_IniPathAndName = settings});
   return times;
 }

@@ -40,12 +40,12 @@ int dialogWidgets = 0;
 void openDialog(benchmark::State& state) {
   const auto plugin = kvrnstep::Listwright::load(PLUGIN_LIBRARY);
   const QTemporaryDir folder;
-  const std::u16string steps = folder.path().toStdU16String();
-  const std::u16string settings = steps + u"/steps.ini";
+  const std::string steps = folder.path().toStdString();
+  const std::string settings = steps + "/steps.ini";
   Closer closer;
   const kvrnstep::DialogArguments arguments{
-      .sPthStepFolder = steps, .SEC_APP_NAME = u"Listwright", .s_IniPathAndName = settings};
-  std::u16string list;
+      .sPthStepFolder = steps, .SEC_APP_NAME = "Listwright", .s_IniPathAndName = settings};
+  std::string list;
   plugin.ShowListwrightDialog(list, arguments);  // the first one loads the front end
   for (auto _ : state) plugin.ShowListwrightDialog(list, arguments);
   dialogWidgets = closer.widgets;

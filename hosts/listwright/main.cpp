@@ -5,9 +5,9 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "kvrnstep/listwright.hpp"
 #include "options.h"
 #include "user_folders.h"
-#include "utf8.h"
 
 namespace listwright {
 
@@ -28,8 +28,8 @@ std::string withLineEnds(const std::string& text, bool crLf) {
 }
 
 /// The text goes out as it is, for editors to insert; only a terminal gets a line end of its own.
-void print(const std::u16string& list, bool crLf) {
-  std::string text = withLineEnds(hosts::toUtf8(list), crLf);
+void print(const std::string& list, bool crLf) {
+  std::string text = withLineEnds(list, crLf);
   if (isatty(STDOUT_FILENO) != 0 && !text.empty() && !text.ends_with('\n')) text += '\n';
   const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
   if (!written || std::fflush(stdout) != 0) throw std::runtime_error("cannot write the list");
@@ -46,38 +46,32 @@ kvrnstep::ListArguments listArguments(const Options& options) {
       .LineSpacing = options.lineSpacing,
       .Beginning = options.beginning,
       .Ending = options.ending,
-      .bytSpcCount = static_cast<std::uint8_t>(options.indent),
+      .bytSpcCount = options.indent,
   };
 }
 
 ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options) {
   makeWritableFolder(options.stepFolder);
   makeWritableFolder(std::filesystem::absolute(options.settingsFile).parent_path());
-  std::string problem;
-  if (!plugin.canShowDialog(problem)) throw std::runtime_error(problem);
-
-  const std::u16string stepFolder = hosts::fromUtf8(options.stepFolder);
-  const std::u16string settings = hosts::fromUtf8(options.settingsFile);
-  std::u16string list;
-  const bool inserted = plugin.ShowListwrightDialog(
-      list, {
-                .iBuildStep = options.type,
-                .BuMenuMode = options.menuMode,
-                .sPthStepFolder = stepFolder,
-                .SEC_APP_NAME = options.section,
-                .s_IniPathAndName = settings,
-                .s_EditorFont = options.font,
-                .i_EditorSize = options.fontSize,
-                .bytSpcCount = static_cast<std::uint8_t>(options.indent),
-            });
+  std::string list;
+  const bool inserted =
+      plugin.ShowListwrightDialog(list, {
+                                            .iBuildStep = options.type,
+                                            .BuMenuMode = options.menuMode,
+                                            .sPthStepFolder = options.stepFolder,
+                                            .SEC_APP_NAME = options.section,
+                                            .s_IniPathAndName = options.settingsFile,
+                                            .s_EditorFont = options.font,
+                                            .i_EditorSize = options.fontSize,
+                                            .bytSpcCount = options.indent,
+                                        });
   if (!inserted) return NotInserted;
   print(list, options.crLf);
   return Printed;
 }
 
 ExitStatus save(const kvrnstep::Listwright& plugin, const Options& options) {
-  const std::u16string path = hosts::fromUtf8(options.save);
-  if (plugin.saveStepFile(path, listArguments(options)) != kvrnstep::StepFileDone) {
+  if (plugin.saveStepFile(options.save, listArguments(options)) != KVRNSTEP_DONE) {
     throw std::runtime_error("cannot write " + options.save);
   }
   return Printed;
@@ -86,19 +80,18 @@ ExitStatus save(const kvrnstep::Listwright& plugin, const Options& options) {
 /// Like cat: goes on after a file that is none, and fails at the end.
 ExitStatus printFiles(const kvrnstep::Listwright& plugin, const Options& options) {
   ExitStatus status = Printed;
-  std::u16string all;
+  std::string all;
   for (const std::string& file : options.files) {
-    std::u16string list;
-    const auto result = plugin.generateFromStepFile(
-        hosts::fromUtf8(file), static_cast<std::uint8_t>(options.indent), list);
-    if (result != kvrnstep::StepFileDone) {
-      const bool foreign = result == kvrnstep::StepFileForeign;
+    std::string list;
+    const int result = plugin.generateFromStepFile(file, options.indent, list);
+    if (result != KVRNSTEP_DONE) {
+      const bool foreign = result == KVRNSTEP_FOREIGN;
       std::fprintf(stderr, "listwright: %s %s\n", foreign ? "no step file:" : "cannot read",
                    file.c_str());
       status = Failed;
       continue;
     }
-    if (!all.empty() && !all.ends_with(u'\n')) all += u"\r\n";
+    if (!all.empty() && !all.ends_with('\n')) all += "\r\n";
     all += list;
   }
   print(all, options.crLf);
@@ -110,7 +103,7 @@ ExitStatus run(int argc, char** argv) {
   if (!options) return Printed;
   const auto plugin = kvrnstep::Listwright::load(options->plugin);
   if (options->version) {
-    std::puts(hosts::toUtf8(plugin.PlugNameVersion()).c_str());
+    std::puts(plugin.PlugNameVersion().c_str());
     return Printed;
   }
   if (!options->save.empty()) return save(plugin, *options);

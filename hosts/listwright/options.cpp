@@ -6,7 +6,6 @@
 
 #include "plugin_path.h"
 #include "user_folders.h"
-#include "utf8.h"
 
 namespace listwright {
 
@@ -115,7 +114,7 @@ class CommandLine {
     app_.add_option("--settings", options_.settingsFile, "settings file")
         ->type_name("FILE")
         ->group(kDialog);
-    options_.section = u"Listwright";
+    options_.section = "Listwright";
     addText("--section", options_.section, "section of the settings file (Listwright)", kDialog);
     addText("--font", options_.font, "font of the preview", kDialog);
     addNumber("--font-size", options_.fontSize, 1, 200, "its size in points (9)", kDialog);
@@ -144,10 +143,10 @@ class CommandLine {
         ->group(group);
   }
 
-  void addText(const std::string& name, std::u16string& target, const std::string& help,
+  void addText(const std::string& name, std::string& target, const std::string& help,
                const std::string& group) {
     app_.add_option_function<std::string>(
-            name, [&target](const std::string& text) { target = hosts::fromUtf8(text); }, help)
+            name, [&target](const std::string& text) { target = text; }, help)
         ->type_name("TEXT")
         ->group(group);
   }

@@ -6,8 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "kvrnstep/listwright.hpp"
-
 namespace listwright {
 
 /// The command line, read and checked.
@@ -23,15 +21,15 @@ struct Options {
   std::int16_t lineSpacing = 0;
   std::int16_t indent = 4;
   std::array<bool, 7> flags{};
-  std::u16string prefix;
-  std::u16string suffix;
-  std::u16string beginning;
-  std::u16string ending;
+  std::string prefix;
+  std::string suffix;
+  std::string beginning;
+  std::string ending;
 
   std::string stepFolder;
   std::string settingsFile;
-  std::u16string section;
-  std::u16string font;
+  std::string section;
+  std::string font;
   std::int16_t fontSize = 9;
   bool menuMode = false;
   std::string plugin;

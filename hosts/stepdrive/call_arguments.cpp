@@ -5,6 +5,7 @@
 #include <charconv>
 #include <limits>
 #include <optional>
+#include <stdexcept>
 
 #include "script.h"
 #include "utf8.h"
@@ -89,36 +90,45 @@ void CallArguments::omit(std::string_view name) {
   if (const auto found = values_.find(name); found != values_.end()) values_.erase(found);
 }
 
-kvrnstep::DialogArguments CallArguments::view() const {
-  const auto given = [this](std::string_view name) -> std::optional<std::u16string_view> {
-    const auto found = values_.find(name);
-    if (found == values_.end()) return std::nullopt;
-    return found->second;
-  };
-  const auto text = [&](std::string_view name) {
-    return given(name).value_or(std::u16string_view());
-  };
-  const auto truth = [&](std::string_view name) { return text(name) == u"True"; };
-  const auto number = [&]<class T>(std::string_view name, T) -> std::optional<T> {
-    const auto word = given(name);
-    return word ? numberOf<T>(std::u16string(*word)) : std::nullopt;
-  };
-  return {
-      .iBuildStep = number("iBuildStep", std::int16_t{}).value_or(std::int16_t{0}),
-      .BuMenuMode = truth("BuMenuMode"),
-      .bolIsSoundAvailable = truth("bolIsSoundAvailable"),
-      .swavAlertQ = text("swavAlertQ"),
-      .swavFinishQ = text("swavFinishQ"),
-      .sPthStepFolder = text("sPthStepFolder"),
-      .SEC_APP_NAME = text("SEC_APP_NAME"),
-      .SEC_APP_LWDR = text("SEC_APP_LWDR"),
-      .l_EditorBColor = number("l_EditorBColor", std::int32_t{}),
-      .l_EditorFColor = number("l_EditorFColor", std::int32_t{}),
-      .s_IniPathAndName = given("s_IniPathAndName"),
-      .s_EditorFont = given("s_EditorFont"),
-      .i_EditorSize = number("i_EditorSize", std::int16_t{}),
-      .bytSpcCount = number("bytSpcCount", std::uint8_t{}),
-  };
+const std::u16string* CallArguments::given(std::string_view name) const {
+  const auto found = values_.find(name);
+  return found == values_.end() ? nullptr : &found->second;
+}
+
+std::u16string CallArguments::text(std::string_view name) const {
+  const std::u16string* value = given(name);
+  return value == nullptr ? std::u16string() : *value;
+}
+
+kvrnstep::VARIANT_BOOL CallArguments::truth(std::string_view name) const {
+  return text(name) == u"True" ? kvrnstep::VARIANT_TRUE : kvrnstep::VARIANT_FALSE;
+}
+
+bool CallArguments::call(kvrnstep::_Listwright& listwright, std::u16string& list) const {
+  Bstr output(list);
+  const Bstr alertSound(text("swavAlertQ"));
+  const Bstr finishSound(text("swavFinishQ"));
+  const Bstr stepFolder(text("sPthStepFolder"));
+  const Bstr section(text("SEC_APP_NAME"));
+  const Bstr secondSection(text("SEC_APP_LWDR"));
+  Bstr settings(text("s_IniPathAndName"));
+  Bstr font(text("s_EditorFont"));
+  auto backColor = numberOf<kvrnstep::LONG>(text("l_EditorBColor"));
+  auto foreColor = numberOf<kvrnstep::LONG>(text("l_EditorFColor"));
+  auto fontSize = numberOf<std::int16_t>(text("i_EditorSize"));
+  auto blanks = numberOf<std::uint8_t>(text("bytSpcCount"));
+  const auto pointer = [](auto& value) { return value ? &*value : nullptr; };
+  kvrnstep::VARIANT_BOOL result = kvrnstep::VARIANT_FALSE;
+  const kvrnstep::HRESULT done = listwright.ShowListwrightDialog(
+      output.place(), numberOf<std::int16_t>(text("iBuildStep")).value_or(std::int16_t{0}),
+      truth("BuMenuMode"), truth("bolIsSoundAvailable"), alertSound.get(), finishSound.get(),
+      stepFolder.get(), section.get(), secondSection.get(), pointer(backColor), pointer(foreColor),
+      given("s_IniPathAndName") != nullptr ? settings.place() : nullptr,
+      given("s_EditorFont") != nullptr ? font.place() : nullptr, pointer(fontSize), pointer(blanks),
+      &result);
+  if (kvrnstep::FAILED(done)) throw std::runtime_error("the call failed");
+  list = output.text();
+  return result != kvrnstep::VARIANT_FALSE;
 }
 
 }  // namespace stepdrive

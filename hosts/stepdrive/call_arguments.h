@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "kvrnstep/listwright.hpp"
+#include "component.h"
 
 namespace stepdrive {
 
@@ -18,10 +18,18 @@ class CallArguments {
   /// @throws ScriptError when there is no optional parameter of that name
   void omit(std::string_view name);
 
-  /// Views into this object, valid until the next change.
-  [[nodiscard]] kvrnstep::DialogArguments view() const;
+  /// Calls ShowListwrightDialog.
+  /// @param list its first argument, before and after
+  /// @return its result
+  /// @throws std::runtime_error when the call fails
+  bool call(kvrnstep::_Listwright& listwright, std::u16string& list) const;
 
  private:
+  /// The value of a parameter, if it has one.
+  [[nodiscard]] const std::u16string* given(std::string_view name) const;
+  [[nodiscard]] std::u16string text(std::string_view name) const;
+  [[nodiscard]] kvrnstep::VARIANT_BOOL truth(std::string_view name) const;
+
   std::map<std::string, std::u16string, std::less<>> values_;
 };
 

@@ -31,10 +31,14 @@ std::optional<Value> wantedValue(const Value& read, const std::u16string& word) 
   return number;
 }
 
-int iconNumber(const std::u16string& word) {
-  const auto number = wantedValue(0.0, word);
-  if (!number) throw ScriptError("icon wants a number");
-  return static_cast<int>(std::get<double>(*number));
+std::int16_t iconNumber(const std::u16string& word) {
+  const std::string digits = hosts::toUtf8(word);
+  std::int16_t number = 0;
+  const auto [stop, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  if (error != std::errc() || stop != digits.data() + digits.size()) {
+    throw ScriptError("icon wants a number");
+  }
+  return number;
 }
 
 void wantWords(const std::vector<std::u16string>& words, std::size_t fewest, std::size_t most) {
@@ -44,6 +48,10 @@ void wantWords(const std::vector<std::u16string>& words, std::size_t fewest, std
 }
 
 }  // namespace
+
+Drive::Drive(const Component& plugin, std::istream& script) : plugin_(plugin), script_(script) {
+  plugin_.create(kvrnstep::kClassListwright, kvrnstep::kInterfaceListwright, listwright_);
+}
 
 bool Drive::open(const std::string& frontEnd, std::string& problem) {
   const auto drive = reinterpret_cast<DriveFunction>(plugin_.symbol("kvrnstepDrive"));
@@ -88,11 +96,10 @@ void Drive::carryOut(const ScriptLine& line) {
     call();
   } else if (command == "version") {
     wantWords(words, 1, 1);
-    print("version " + quoted(plugin_.PlugNameVersion()));
+    printVersion();
   } else if (command == "icon") {
     wantWords(words, 2, 2);
-    iconNumber(words[1]);
-    throw ScriptError("this plug-in hands out no icons");
+    printIcon(words[1]);
   } else if (command == "context") {
     wantWords(words, 2, 2);
     const std::string name = hosts::toUtf8(words[1]);
@@ -123,9 +130,23 @@ void Drive::call() {
   if (calling_) throw ScriptError("a call cannot begin inside another one");
   calling_ = true;
   std::u16string list;
-  const bool inserted = plugin_.ShowListwrightDialog(list, arguments_.view());
+  const bool inserted = arguments_.call(*listwright_, list);
   calling_ = false;
   print(std::string("returned ") + (inserted ? "True " : "False ") + quoted(list));
+}
+
+void Drive::printVersion() {
+  Bstr version;
+  listwright_->PlugNameVersion(version.place());
+  print("version " + quoted(version.text()));
+}
+
+void Drive::printIcon(const std::u16string& number) {
+  Reference<kvrnstep::_cIcon> icons;
+  plugin_.create(kvrnstep::kClassIcon, kvrnstep::kInterfaceIcon, icons);
+  Bstr path;
+  icons->RequestProgramIcon(iconNumber(number), path.place());
+  print("icon " + quoted(path.text()));
 }
 
 void Drive::showProperties(const Words& targets) {

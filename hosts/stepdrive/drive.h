@@ -7,7 +7,6 @@
 
 #include "call_arguments.h"
 #include "kvrnstep/driving.hpp"
-#include "kvrnstep/listwright.hpp"
 #include "script.h"
 
 namespace stepdrive {
@@ -17,8 +16,7 @@ enum ExitStatus { Held = 0, Failed = 1, ScriptWrong = 2 };
 /// Follows one script: calls the plug-in, plays the user, and prints what happens.
 class Drive final : public kvrnstep::driving::Player {
  public:
-  Drive(const kvrnstep::Listwright& plugin, std::istream& script)
-      : plugin_(plugin), script_(script) {}
+  Drive(const Component& plugin, std::istream& script);
 
   /// Has the named front end serve the calls. False with the reason in `problem` if it cannot.
   bool open(const std::string& frontEnd, std::string& problem);
@@ -36,6 +34,8 @@ class Drive final : public kvrnstep::driving::Player {
   bool step();
   void carryOut(const ScriptLine& line);
   void call();
+  void printVersion();
+  void printIcon(const std::u16string& number);
   void showProperties(const Words& targets);
   void expect(int lineNumber, const std::string& target, const std::u16string& wanted);
   void userCommand(const ScriptLine& line);
@@ -43,7 +43,8 @@ class Drive final : public kvrnstep::driving::Player {
   void print(const std::string& line) const;
   void fail();
 
-  const kvrnstep::Listwright& plugin_;
+  const Component& plugin_;
+  Reference<kvrnstep::_Listwright> listwright_;
   kvrnstep::driving::Stage* stage_ = nullptr;
   Script script_;
   CallArguments arguments_;

@@ -15,7 +15,7 @@ struct Options {
 };
 
 int follow(const Options& options, std::istream& script) {
-  const auto plugin = kvrnstep::Listwright::load(options.plugin);
+  const stepdrive::Component plugin(options.plugin);
   stepdrive::Drive drive(plugin, script);
   std::string problem;
   if (!drive.open(options.frontEnd, problem)) throw std::runtime_error(problem);

@@ -1,133 +1,57 @@
 #pragma once
 
 // The plug-in for hosts in C++. A host links nothing: it loads the library by its path and calls
-// it through the table below. Nothing of the standard library crosses that table, so host and
-// plug-in may be built by different compilers.
+// it through its C interface, so host and plug-in may be built by different compilers. Texts are
+// UTF-8.
 //
-//     auto listwright = kvrnstep::Listwright::load("/usr/lib/libkvrnstep.so");
-//     std::u16string list;
-//     if (listwright.ShowListwrightDialog(list, {.sPthStepFolder = u"/home/me/steps",
-//                                                .SEC_APP_NAME = u"Listwright"})) {
+//     const auto listwright = kvrnstep::Listwright::load("/usr/lib/listwright/libkvrnstep.so");
+//     std::string list;
+//     if (listwright.ShowListwrightDialog(list, {.sPthStepFolder = "/home/me/steps",
+//                                                .SEC_APP_NAME = "MyEditor"})) {
 //       insertAtCaret(list);
 //     }
 
 #include <dlfcn.h>
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <stdexcept>
 #include <string>
-#include <string_view>
+
+#include "kvrnstep/kvrnstep.h"
 
 namespace kvrnstep {
 
-/// The layout of the table and its records. It grows at the end only; a change of what is there
-/// gets a new number.
-inline constexpr std::uint32_t kEntryVersion = 1;
-
-/// A UTF-16 text that belongs to the caller.
-struct Text {
-  const char16_t* data;
-  std::size_t length;
-};
-
-/// Takes a text that is valid for the length of the call.
-using TextReceiver = void (*)(void* receiver, const char16_t* data, std::size_t length);
-using ByteReceiver = void (*)(void* receiver, const char* data, std::size_t length);
-
-/// The parameters of ShowListwrightDialog; null stands for an optional one that is left out.
-struct ShowRequest {
-  std::uint32_t size;  ///< sizeof(ShowRequest)
-  std::int16_t iBuildStep;
-  std::int16_t BuMenuMode;
-  std::int16_t bolIsSoundAvailable;
-  Text swavAlertQ;
-  Text swavFinishQ;
-  Text sPthStepFolder;
-  Text SEC_APP_NAME;
-  Text SEC_APP_LWDR;
-  const std::int32_t* l_EditorBColor;
-  const std::int32_t* l_EditorFColor;
-  const Text* s_IniPathAndName;
-  const Text* s_EditorFont;
-  const std::int16_t* i_EditorSize;
-  const std::uint8_t* bytSpcCount;
-};
-
-/// A list to be generated without a window. The fields mean what the dialog's boxes mean.
-struct ListRequest {
-  std::uint32_t size;  ///< sizeof(ListRequest)
-  std::int16_t Selection;
-  std::int16_t Option[7];
-  Text Prefix;
-  Text Suffix;
-  std::int16_t Start;
-  std::int16_t Count;
-  std::int16_t LineSpacing;
-  Text Beginning;
-  Text Ending;
-  std::uint8_t bytSpcCount;
-};
-
-/// How a step file was dealt with.
-enum StepFileResult : std::int32_t {
-  StepFileDone = 0,
-  StepFileUnreadable = 1,  ///< missing, no file, too large
-  StepFileForeign = 2,     ///< another kind of file
-  StepFileUnwritable = 3,
-};
-
-/// What the library's one function, `kvrnstepEntry`, hands out.
-struct EntryTable {
-  std::uint32_t version;
-  void (*PlugNameVersion)(TextReceiver take, void* receiver);
-  /// −1 (True) after Insert, 0 otherwise; hands over the list, empty unless inserted.
-  std::int16_t (*ShowListwrightDialog)(const ShowRequest* request, TextReceiver take,
-                                       void* receiver);
-  void (*generateList)(const ListRequest* request, TextReceiver take, void* receiver);
-  /// Non-zero when a dialog can be shown; otherwise hands over one line that says why not.
-  int (*canShowDialog)(ByteReceiver take, void* receiver);
-  /// The list that a step file describes.
-  std::int32_t (*generateFromStepFile)(Text path, std::uint8_t bytSpcCount, TextReceiver take,
-                                       void* receiver);
-  /// Writes a list's description as a step file.
-  std::int32_t (*saveStepFile)(Text path, const ListRequest* request);
-};
-
-using EntryFunction = const EntryTable* (*)(std::uint32_t version);
-
-/// The arguments of a call as a host writes them down.
+/// The arguments of a call.
 struct DialogArguments {
-  std::int16_t iBuildStep = 0;  ///< 0 numbered, 1 alphabetical, 2 Roman, 3 prefix and/or suffix
+  std::int32_t iBuildStep = 0;  ///< 0 numbered, 1 alphabetical, 2 Roman, 3 prefix and/or suffix
   bool BuMenuMode = false;      ///< iBuildStep stands against the user's stored defaults
   bool bolIsSoundAvailable = false;
-  std::u16string_view swavAlertQ{};
-  std::u16string_view swavFinishQ{};
-  std::u16string_view sPthStepFolder{};  ///< empty: the plug-in's folder
-  std::u16string_view SEC_APP_NAME{};    ///< section of the settings file
-  std::u16string_view SEC_APP_LWDR{};
-  std::optional<std::int32_t> l_EditorBColor{};  ///< 0x00BBGGRR, or 0x80000000 + system colour
-  std::optional<std::int32_t> l_EditorFColor{};
-  std::optional<std::u16string_view> s_IniPathAndName{};  ///< settings file
-  std::optional<std::u16string_view> s_EditorFont{};
-  std::optional<std::int16_t> i_EditorSize{};  ///< points
-  std::optional<std::uint8_t> bytSpcCount{};   ///< blanks in one indentation
+  std::string swavAlertQ{};
+  std::string swavFinishQ{};
+  std::string sPthStepFolder{};  ///< empty: the plug-in's folder
+  std::string SEC_APP_NAME{};    ///< section of the settings file
+  std::string SEC_APP_LWDR{};
+  std::int32_t l_EditorBColor = static_cast<std::int32_t>(0x80000005);  ///< 0x00BBGGRR, or
+  std::int32_t l_EditorFColor = static_cast<std::int32_t>(0x80000008);  ///< 0x80000000 + number
+  std::string s_IniPathAndName{};  ///< settings file; empty: steps.ini in the plug-in's folder
+  std::string s_EditorFont{};      ///< empty: "Courier New"
+  std::int32_t i_EditorSize = 9;   ///< points
+  std::int32_t bytSpcCount = 4;    ///< blanks in one indentation, 0 to 255
 };
 
-/// The description of a list as a host writes it down.
+/// The description of a list.
 struct ListArguments {
-  std::int16_t Selection = 0;
-  std::array<bool, 7> Option{};
-  std::u16string_view Prefix{};
-  std::u16string_view Suffix{};
-  std::int16_t Start = 1;
-  std::int16_t Count = 3;
-  std::int16_t LineSpacing = 0;
-  std::u16string_view Beginning{};
-  std::u16string_view Ending{};
-  std::uint8_t bytSpcCount = 4;
+  std::int32_t Selection = 0;    ///< as iBuildStep
+  std::array<bool, 7> Option{};  ///< in the order of kvrnstep_list
+  std::string Prefix{};
+  std::string Suffix{};
+  std::int32_t Start = 1;
+  std::int32_t Count = 3;
+  std::int32_t LineSpacing = 0;
+  std::string Beginning{};
+  std::string Ending{};
+  std::int32_t bytSpcCount = 4;
 };
 
 /// The loaded plug-in. Cheap to copy; the library stays loaded to the end of the process.
@@ -138,117 +62,129 @@ class Listwright {
   static Listwright load(const std::string& path) {
     void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr) throw std::runtime_error(dlerror());
-    const auto entry = reinterpret_cast<EntryFunction>(dlsym(library, "kvrnstepEntry"));
-    const EntryTable* table = entry == nullptr ? nullptr : entry(kEntryVersion);
-    if (table == nullptr) throw std::runtime_error(path + " is no plug-in of this version");
-    return {library, table};
+    return Listwright(library, path);
   }
 
   /// Name, a tab, version.
-  [[nodiscard]] std::u16string PlugNameVersion() const {
-    std::u16string text;
-    table_->PlugNameVersion(takeText, &text);
-    return text;
-  }
+  [[nodiscard]] std::string PlugNameVersion() const { return taken(plugNameVersion_()); }
 
   /// Shows the dialog and returns when it has closed. Call it on the thread that owns the user
   /// interface.
   /// @param theLwOutputString the list after Insert, otherwise empty
   /// @return whether the user inserted a list
-  bool ShowListwrightDialog(std::u16string& theLwOutputString,
+  /// @throws std::runtime_error with the reason, in one line, where no dialog can be shown
+  bool ShowListwrightDialog(std::string& theLwOutputString,
                             const DialogArguments& arguments) const {
-    const Text iniPath = view(arguments.s_IniPathAndName.value_or(std::u16string_view()));
-    const Text font = view(arguments.s_EditorFont.value_or(std::u16string_view()));
-    const ShowRequest request{
-        .size = sizeof(ShowRequest),
-        .iBuildStep = arguments.iBuildStep,
-        .BuMenuMode = variantBool(arguments.BuMenuMode),
-        .bolIsSoundAvailable = variantBool(arguments.bolIsSoundAvailable),
-        .swavAlertQ = view(arguments.swavAlertQ),
-        .swavFinishQ = view(arguments.swavFinishQ),
-        .sPthStepFolder = view(arguments.sPthStepFolder),
-        .SEC_APP_NAME = view(arguments.SEC_APP_NAME),
-        .SEC_APP_LWDR = view(arguments.SEC_APP_LWDR),
-        .l_EditorBColor = pointer(arguments.l_EditorBColor),
-        .l_EditorFColor = pointer(arguments.l_EditorFColor),
-        .s_IniPathAndName = arguments.s_IniPathAndName ? &iniPath : nullptr,
-        .s_EditorFont = arguments.s_EditorFont ? &font : nullptr,
-        .i_EditorSize = pointer(arguments.i_EditorSize),
-        .bytSpcCount = pointer(arguments.bytSpcCount),
-    };
-    theLwOutputString.clear();
-    return table_->ShowListwrightDialog(&request, takeText, &theLwOutputString) != 0;
+    kvrnstep_dialog dialog;
+    dialogInit_(&dialog, sizeof(dialog));
+    dialog.iBuildStep = arguments.iBuildStep;
+    dialog.BuMenuMode = arguments.BuMenuMode ? 1 : 0;
+    dialog.bolIsSoundAvailable = arguments.bolIsSoundAvailable ? 1 : 0;
+    dialog.swavAlertQ = arguments.swavAlertQ.c_str();
+    dialog.swavFinishQ = arguments.swavFinishQ.c_str();
+    dialog.sPthStepFolder = arguments.sPthStepFolder.c_str();
+    dialog.SEC_APP_NAME = arguments.SEC_APP_NAME.c_str();
+    dialog.SEC_APP_LWDR = arguments.SEC_APP_LWDR.c_str();
+    dialog.l_EditorBColor = arguments.l_EditorBColor;
+    dialog.l_EditorFColor = arguments.l_EditorFColor;
+    dialog.s_IniPathAndName = arguments.s_IniPathAndName.c_str();
+    dialog.s_EditorFont = arguments.s_EditorFont.c_str();
+    dialog.i_EditorSize = arguments.i_EditorSize;
+    dialog.bytSpcCount = arguments.bytSpcCount;
+    char* list = nullptr;
+    const int result = showDialog_(&dialog, &list);
+    theLwOutputString = taken(list);
+    if (result < 0) throw std::runtime_error(problem(result));
+    return result == KVRNSTEP_INSERTED;
   }
 
   /// The list as text, without any window.
-  [[nodiscard]] std::u16string generateList(const ListArguments& arguments) const {
-    std::u16string text;
-    const ListRequest request = listRequest(arguments);
-    table_->generateList(&request, takeText, &text);
-    return text;
+  /// @throws std::runtime_error for numbers that a list cannot have
+  [[nodiscard]] std::string generateList(const ListArguments& arguments) const {
+    char* text = nullptr;
+    const kvrnstep_list list = described(arguments);
+    const int result = generate_(&list, &text);
+    if (result < 0) throw std::runtime_error(problem(result));
+    return taken(text);
   }
 
   /// The list that a step file describes, without any window.
-  [[nodiscard]] StepFileResult generateFromStepFile(std::u16string_view path,
-                                                    std::uint8_t bytSpcCount,
-                                                    std::u16string& list) const {
-    return static_cast<StepFileResult>(
-        table_->generateFromStepFile(view(path), bytSpcCount, takeText, &list));
+  /// @return KVRNSTEP_DONE, KVRNSTEP_UNREADABLE, KVRNSTEP_FOREIGN …
+  [[nodiscard]] int generateFromStepFile(const std::string& path, std::int32_t bytSpcCount,
+                                         std::string& list) const {
+    char* text = nullptr;
+    const int result = generateFromStepFile_(path.c_str(), bytSpcCount, &text);
+    list = taken(text);
+    return result;
   }
 
   /// Writes a description as a step file, in place of a file of that name.
-  [[nodiscard]] StepFileResult saveStepFile(std::u16string_view path,
-                                            const ListArguments& arguments) const {
-    const ListRequest request = listRequest(arguments);
-    return static_cast<StepFileResult>(table_->saveStepFile(view(path), &request));
+  /// @return KVRNSTEP_DONE, KVRNSTEP_UNWRITABLE …
+  [[nodiscard]] int saveStepFile(const std::string& path, const ListArguments& arguments) const {
+    const kvrnstep_list list = described(arguments);
+    return saveStepFile_(path.c_str(), &list);
   }
-
-  /// Whether a dialog can be shown here; if not, `problem` says why, in one line.
-  bool canShowDialog(std::string& problem) const {
-    problem.clear();
-    return table_->canShowDialog(takeBytes, &problem) != 0;
-  }
-
-  /// A further function that the library exports, or null.
-  [[nodiscard]] void* symbol(const char* name) const { return dlsym(library_, name); }
 
  private:
-  Listwright(void* library, const EntryTable* table) : library_(library), table_(table) {}
-
-  static ListRequest listRequest(const ListArguments& arguments) {
-    ListRequest request{
-        .size = sizeof(ListRequest),
-        .Selection = arguments.Selection,
-        .Option = {},
-        .Prefix = view(arguments.Prefix),
-        .Suffix = view(arguments.Suffix),
-        .Start = arguments.Start,
-        .Count = arguments.Count,
-        .LineSpacing = arguments.LineSpacing,
-        .Beginning = view(arguments.Beginning),
-        .Ending = view(arguments.Ending),
-        .bytSpcCount = arguments.bytSpcCount,
+  Listwright(void* library, const std::string& path) {
+    const auto find = [&]<class Function>(Function*& function, const char* name) {
+      function = reinterpret_cast<Function*>(dlsym(library, name));
+      if (function == nullptr) throw std::runtime_error(path + " is no plug-in of this kind");
     };
-    for (std::size_t i = 0; i < arguments.Option.size(); ++i) {
-      request.Option[i] = arguments.Option[i] ? 1 : 0;
-    }
-    return request;
-  }
-  static Text view(std::u16string_view text) { return {text.data(), text.size()}; }
-  static std::int16_t variantBool(bool value) { return static_cast<std::int16_t>(value ? -1 : 0); }
-  template <class T>
-  static const T* pointer(const std::optional<T>& value) {
-    return value ? &*value : nullptr;
-  }
-  static void takeText(void* receiver, const char16_t* data, std::size_t length) {
-    static_cast<std::u16string*>(receiver)->assign(data, length);
-  }
-  static void takeBytes(void* receiver, const char* data, std::size_t length) {
-    static_cast<std::string*>(receiver)->assign(data, length);
+    find(free_, "kvrnstep_free");
+    find(plugNameVersion_, "kvrnstep_plug_name_version");
+    find(dialogInit_, "kvrnstep_dialog_init");
+    find(showDialog_, "kvrnstep_show_dialog");
+    find(canShowDialog_, "kvrnstep_can_show_dialog");
+    find(listInit_, "kvrnstep_list_init");
+    find(generate_, "kvrnstep_generate");
+    find(generateFromStepFile_, "kvrnstep_generate_from_step_file");
+    find(saveStepFile_, "kvrnstep_save_step_file");
   }
 
-  void* library_;
-  const EntryTable* table_;
+  [[nodiscard]] kvrnstep_list described(const ListArguments& arguments) const {
+    kvrnstep_list list;
+    listInit_(&list, sizeof(list));
+    list.Selection = arguments.Selection;
+    for (std::size_t i = 0; i < arguments.Option.size(); ++i) {
+      list.Option[i] = arguments.Option[i] ? 1 : 0;
+    }
+    list.Prefix = arguments.Prefix.c_str();
+    list.Suffix = arguments.Suffix.c_str();
+    list.Start = arguments.Start;
+    list.Count = arguments.Count;
+    list.LineSpacing = arguments.LineSpacing;
+    list.Beginning = arguments.Beginning.c_str();
+    list.Ending = arguments.Ending.c_str();
+    list.bytSpcCount = arguments.bytSpcCount;
+    return list;
+  }
+
+  /// A text of the library's as one of ours.
+  [[nodiscard]] std::string taken(char* text) const {
+    if (text == nullptr) return {};
+    std::string copy = text;
+    free_(text);
+    return copy;
+  }
+
+  [[nodiscard]] std::string problem(int result) const {
+    if (result == KVRNSTEP_BAD_ARGUMENT) return "an argument is out of range";
+    if (result != KVRNSTEP_NO_DISPLAY) return "out of memory";
+    char* reason = nullptr;
+    canShowDialog_(&reason);
+    return taken(reason);
+  }
+
+  decltype(kvrnstep_free)* free_ = nullptr;
+  decltype(kvrnstep_plug_name_version)* plugNameVersion_ = nullptr;
+  decltype(kvrnstep_dialog_init)* dialogInit_ = nullptr;
+  decltype(kvrnstep_show_dialog)* showDialog_ = nullptr;
+  decltype(kvrnstep_can_show_dialog)* canShowDialog_ = nullptr;
+  decltype(kvrnstep_list_init)* listInit_ = nullptr;
+  decltype(kvrnstep_generate)* generate_ = nullptr;
+  decltype(kvrnstep_generate_from_step_file)* generateFromStepFile_ = nullptr;
+  decltype(kvrnstep_save_step_file)* saveStepFile_ = nullptr;
 };
 
 }  // namespace kvrnstep

@@ -11,6 +11,7 @@
 #include "generator/generator.h"
 #include "kvrnstep/kvrnstep.h"
 #include "platform/files.h"
+#include "plugin/c_icon.h"
 #include "plugin/front_end.h"
 #include "plugin/listwright.h"
 #include "stepfiles/step_record.h"
@@ -161,6 +162,12 @@ int canShowDialog(char** problem) {
   return KVRNSTEP_NO_DISPLAY;
 }
 
+char* requestProgramIcon(std::int32_t number) {
+  if (!fits<std::int16_t>(number)) return nullptr;
+  const auto path = plugin::cIcon::RequestProgramIcon(static_cast<std::int16_t>(number));
+  return path.empty() ? nullptr : handedOut(text::toBytes(path));
+}
+
 /// Nothing is thrown into a host.
 template <class Result, class Function, class... Arguments>
 Result guarded(Result failure, Function function, Arguments... arguments) noexcept {
@@ -221,6 +228,10 @@ int kvrnstep_generate_from_step_file(const char* path, int32_t bytSpcCount, char
 
 int kvrnstep_save_step_file(const char* path, const kvrnstep_list* list) {
   return component::guarded<int>(KVRNSTEP_FAILED, component::saveStepFile, path, list);
+}
+
+char* kvrnstep_request_program_icon(int32_t piIndex101to103) {
+  return component::guarded<char*>(nullptr, component::requestProgramIcon, piIndex101to103);
 }
 
 void kvrnstep_free(char* text) {

@@ -37,6 +37,14 @@ bool equalIgnoringCase(std::string_view one, std::string_view other) {
                     [](char a, char b) { return lower(a) == lower(b); });
 }
 
+std::string toAscii(std::u16string_view text) {
+  constexpr char16_t kEndOfAscii = 0x80;
+  std::string ascii(text.size(), '?');
+  std::transform(text.begin(), text.end(), ascii.begin(),
+                 [](char16_t c) { return c < kEndOfAscii ? static_cast<char>(c) : '?'; });
+  return ascii;
+}
+
 std::u16string fromAscii(std::string_view ascii) {
   std::u16string text(ascii.size(), u'\0');
   std::transform(ascii.begin(), ascii.end(), text.begin(),

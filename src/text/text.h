@@ -17,6 +17,9 @@ std::u16string ReplaceText(std::u16string_view sText, std::u16string_view sFind,
 /// Whether two 8-bit names differ at most in the case of the letters A to Z.
 bool equalIgnoringCase(std::string_view one, std::string_view other);
 
+/// The text's characters as bytes; what is not ASCII becomes "?" and so names nothing.
+std::string toAscii(std::u16string_view text);
+
 /// Each byte becomes the character of its value; meant for names and messages in ASCII.
 std::u16string fromAscii(std::string_view ascii);
 

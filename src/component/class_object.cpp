@@ -1,0 +1,65 @@
+// The class objects, and the one function that hands them out.
+
+#include "component/icon_object.h"
+#include "component/listwright_object.h"
+
+namespace kvrnstep::component {
+
+namespace {
+
+/// Creates objects of one class. It lives as long as the module and counts no references of its
+/// own; hosts that hold it hold the module.
+template <class Class>
+class ClassObject final : public IClassFactory {
+ public:
+  // NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** object) override {
+    if (object == nullptr) return E_POINTER;
+    const bool known = riid == kIidUnknown || riid == kIidClassFactory;
+    *object = known ? static_cast<IClassFactory*>(this) : nullptr;
+    if (!known) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++held(); }
+  ULONG STDMETHODCALLTYPE Release() override { return --held(); }
+
+  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID riid, void** object) override {
+    if (object == nullptr) return E_POINTER;
+    *object = nullptr;
+    if (outer != nullptr) return CLASS_E_NOAGGREGATION;
+    return guarded([&] {
+      auto* created = new Class;
+      const HRESULT result = created->QueryInterface(riid, object);
+      created->Release();
+      return result;
+    });
+  }
+  HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
+    if (lock != 0) {
+      AddRef();
+    } else {
+      Release();
+    }
+    return S_OK;
+  }
+};
+
+HRESULT classObject(REFCLSID classId, REFIID interfaceId, void** object) {
+  static ClassObject<ListwrightObject> listwright;
+  static ClassObject<IconObject> icon;
+  if (object == nullptr) return E_POINTER;
+  *object = nullptr;
+  if (classId == kClassListwright) return listwright.QueryInterface(interfaceId, object);
+  if (classId == kClassIcon) return icon.QueryInterface(interfaceId, object);
+  return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+}  // namespace
+
+}  // namespace kvrnstep::component
+
+extern "C" [[gnu::visibility("default")]] kvrnstep::HRESULT kvrnstepGetClassObject(
+    kvrnstep::REFCLSID classId, kvrnstep::REFIID interfaceId, void** object) {
+  return kvrnstep::component::classObject(classId, interfaceId, object);
+}
