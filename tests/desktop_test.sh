@@ -2,7 +2,7 @@
 # The command on a real desktop: real keys into the real window, and what stays on the clipboard.
 # desktop_test.sh BIN — bounded by the time limit of the test runner; skipped (77) where the desktop's programs are missing.
 set -u
-bin=$1
+bin=$1 source=$(cd "$(dirname "$0")" && pwd)
 for program in xvfb-run openbox xdotool xclip xprop xwininfo; do
   command -v "$program" >/dev/null || { echo "no $program"; exit 77; }
 done
@@ -70,6 +70,19 @@ use Escape Return alt+c
 printf '    1. \r\n    2. \r\n    3. \r\n' >wanted
 timeout 20 xclip -selection clipboard -o | cmp - wanted || fail 'Copy: not on the clipboard'
 timeout 20 xclip -selection clipboard -o | cmp - wanted || fail 'Copy: not there a second time'
+
+# A host in Python.
+python3 "$source/hosts/python_host.py" "$bin/../lib/libkvrnstep.so" "$work" >out 2>err &
+command=$!
+await Listwright
+keys alt+i
+wait "$command" || fail "Python: $(cat err)"
+cat >wanted <<'END'
+'kvrn Listwright\t2.0.0'
+Stepicon.ico
+1 '      I. \r\n     II. \r\n    III. \r\n'
+END
+cmp wanted out || fail "Python: $(cat out)"
 
 # A macro is dragged into the list of prefixes; the storage of beginnings takes another size.
 "$bin/listwright" >out 2>err &

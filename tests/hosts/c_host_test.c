@@ -1,0 +1,107 @@
+/* A host in C: every function of the C interface, with what it promises when it is used wrongly. */
+
+#include <kvrnstep/kvrnstep.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+
+static int failures = 0;
+
+static void expect(int held, const char *what, int line) {
+  if (held) return;
+  printf("line %d: %s\n", line, what);
+  ++failures;
+}
+#define EXPECT(condition) expect(condition, #condition, __LINE__)
+
+static int is(char *text, const char *wanted) {
+  const int same = text != NULL && strcmp(text, wanted) == 0;
+  if (!same) printf("\"%s\" instead of \"%s\"\n", text != NULL ? text : "(null)", wanted);
+  kvrnstep_free(text);
+  return same;
+}
+
+static void generates_lists(void) {
+  kvrnstep_list list;
+  char *text = NULL;
+  kvrnstep_list_init(&list, sizeof list);
+  list.Selection = 1;
+  list.Prefix = "é ";
+  list.Suffix = ")";
+  EXPECT(kvrnstep_generate(&list, &text) == KVRNSTEP_DONE);
+  EXPECT(is(text, "é a)\r\né b)\r\né c)"));
+
+  list.Start = 70000;
+  EXPECT(kvrnstep_generate(&list, &text) == KVRNSTEP_BAD_ARGUMENT && text == NULL);
+  list.Start = 1;
+  list.bytSpcCount = 256;
+  EXPECT(kvrnstep_generate(&list, &text) == KVRNSTEP_BAD_ARGUMENT);
+  EXPECT(kvrnstep_generate(NULL, &text) == KVRNSTEP_BAD_ARGUMENT);
+  EXPECT(kvrnstep_generate(&list, NULL) == KVRNSTEP_BAD_ARGUMENT);
+  memset(&list, 0, sizeof list);
+  EXPECT(kvrnstep_generate(&list, &text) == KVRNSTEP_BAD_ARGUMENT);
+}
+
+static void keeps_step_files(const char *folder) {
+  char path[1000];
+  kvrnstep_list list;
+  char *text = NULL;
+  snprintf(path, sizeof path, "%s/a b.step", folder);
+  kvrnstep_list_init(&list, sizeof list);
+  list.Count = 2;
+  list.Option[2] = 1;
+  EXPECT(kvrnstep_save_step_file(path, &list) == KVRNSTEP_DONE);
+  EXPECT(kvrnstep_generate_from_step_file(path, 1, &text) == KVRNSTEP_DONE);
+  EXPECT(is(text, " 1\r\n 2"));
+  EXPECT(kvrnstep_generate_from_step_file(path, -1, &text) == KVRNSTEP_BAD_ARGUMENT);
+  EXPECT(kvrnstep_generate_from_step_file(NULL, 1, &text) == KVRNSTEP_BAD_ARGUMENT);
+  EXPECT(kvrnstep_generate_from_step_file(folder, 1, &text) == KVRNSTEP_UNREADABLE);
+  EXPECT(kvrnstep_generate_from_step_file(__FILE__, 1, &text) == KVRNSTEP_FOREIGN && text == NULL);
+  EXPECT(kvrnstep_save_step_file(folder, &list) == KVRNSTEP_UNWRITABLE);
+}
+
+/* A host that was built against a longer struct than the plug-in knows. */
+static void takes_structs_of_later_hosts(void) {
+  struct {
+    kvrnstep_list known;
+    int32_t later;
+  } list;
+  char *text = NULL;
+  kvrnstep_list_init(&list.known, sizeof list);
+  EXPECT(list.later == 0 && list.known.size == sizeof list);
+  EXPECT(kvrnstep_generate(&list.known, &text) == KVRNSTEP_DONE);
+  EXPECT(is(text, "1\r\n2\r\n3"));
+}
+
+/* The test runs without a display. */
+static void says_why_it_shows_nothing(void) {
+  kvrnstep_dialog dialog;
+  char *text = "untouched";
+  kvrnstep_dialog_init(&dialog, sizeof dialog);
+  EXPECT(dialog.i_EditorSize == 9 && dialog.bytSpcCount == 4);
+  EXPECT(kvrnstep_show_dialog(&dialog, &text) == KVRNSTEP_NO_DISPLAY && text == NULL);
+  EXPECT(kvrnstep_can_show_dialog(&text) == KVRNSTEP_NO_DISPLAY);
+  EXPECT(text != NULL && strlen(text) > 10 && strchr(text, '\n') == NULL);
+  kvrnstep_free(text);
+  EXPECT(kvrnstep_can_show_dialog(NULL) == KVRNSTEP_NO_DISPLAY);
+  dialog.iBuildStep = 40000;
+  EXPECT(kvrnstep_show_dialog(&dialog, &text) == KVRNSTEP_BAD_ARGUMENT);
+  EXPECT(kvrnstep_show_dialog(NULL, &text) == KVRNSTEP_BAD_ARGUMENT);
+  EXPECT(kvrnstep_show_dialog(&dialog, NULL) == KVRNSTEP_BAD_ARGUMENT);
+}
+
+int main(int count, char **arguments) {
+  char *icon = kvrnstep_request_program_icon(103);
+  EXPECT(count == 2);
+  EXPECT(is(kvrnstep_plug_name_version(), "kvrn Listwright\t2.0.0"));
+  EXPECT(icon != NULL && strstr(icon, "/Stepicon.ico") != NULL);
+  kvrnstep_free(icon);
+  EXPECT(kvrnstep_request_program_icon(104) == NULL);
+  EXPECT(kvrnstep_request_program_icon(65536 + 101) == NULL);
+  kvrnstep_free(NULL);
+  generates_lists();
+  keeps_step_files(arguments[1]);
+  takes_structs_of_later_hosts();
+  says_why_it_shows_nothing();
+  return failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+}
