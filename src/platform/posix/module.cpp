@@ -18,23 +18,32 @@ std::string lastProblem() {
   return problem != nullptr ? problem : "unknown problem";
 }
 
-std::string findModuleFolder() {
+/// The path of this module as the host gave it; null when the system does not tell.
+const char* pathAsGiven() {
   Dl_info module{};
-  if (::dladdr(reinterpret_cast<const void*>(&findModuleFolder), &module) == 0) return {};
-  const std::unique_ptr<char, decltype(&::free)> path(::realpath(module.dli_fname, nullptr),
-                                                      ::free);
-  if (!path) return {};
-  return folderPart(path.get());
+  const bool known = ::dladdr(reinterpret_cast<const void*>(&pathAsGiven), &module) != 0;
+  return known ? module.dli_fname : nullptr;
 }
 
-/// Found out while the module is being loaded: the system keeps the path as the host gave it,
-/// and one that is relative means something else once the host changes its working folder.
-const std::string folderAtLoad = findModuleFolder();
+std::string resolvedFolder(const char* path) {
+  const std::unique_ptr<char, decltype(&::free)> resolved(::realpath(path, nullptr), ::free);
+  return resolved ? folderPart(resolved.get()) : std::string();
+}
+
+/// A relative path means something else once the host changes its working folder, so it is
+/// resolved while the module is being loaded. Any other one can wait: loading is to cost nothing.
+const std::string folderOfRelativePath = [] {
+  const char* path = pathAsGiven();
+  return path != nullptr && *path != '/' ? resolvedFolder(path) : std::string();
+}();
 
 }  // namespace
 
 std::u16string moduleFolder() {
-  return withoutTrailingSeparator(text::fromBytes(folderAtLoad));
+  const char* path = pathAsGiven();
+  if (path == nullptr) return {};
+  const std::string folder = *path == '/' ? resolvedFolder(path) : folderOfRelativePath;
+  return withoutTrailingSeparator(text::fromBytes(folder));
 }
 
 void* loadModule(const std::u16string& path, std::string& problem) {
