@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::u16string_view kLineBreak = u"\r\n";
 constexpr int kMostSpacingLines = 9;
+constexpr int kMostExpectedSteps = 100;
 
 }  // namespace
 
@@ -31,14 +32,16 @@ std::u16string generateList(const ListSettings& settings, std::size_t indentBlan
       BuildLineSpacing(kLineBreak, settings.LineSpacing, fillSpacing ? indent : std::u16string());
   const LineLayout layout(settings, indent);
 
-  std::u16string list;
-  if (settings.on(AddBegEnd)) list = settings.Beginning;
+  const int steps = std::clamp(settings.Count - settings.Start + 1, 0, kMostExpectedSteps);
+  TextBuilder list(settings.Beginning.size() + settings.Ending.size() +
+                   static_cast<std::size_t>(steps) * (layout.expectedSize() + spacing.size()));
+  if (settings.on(AddBegEnd)) list.append(settings.Beginning);
   for (int step = settings.Start; step <= settings.Count; ++step) {
     layout.appendLine(list, step);
-    if (step < settings.Count || fillSpacing) list += spacing;
+    if (step < settings.Count || fillSpacing) list.append(spacing);
   }
-  if (settings.on(AddBegEnd)) list += settings.Ending;
-  return list;
+  if (settings.on(AddBegEnd)) list.append(settings.Ending);
+  return list.take();
 }
 
 }  // namespace kvrnstep::generator

@@ -93,27 +93,32 @@ void Affix::cutAtMacros(std::u16string_view rest) {
   pieces_.push_back({std::u16string(rest), Macro::None});
 }
 
-void Affix::appendTo(std::u16string& line, int step) const {
+void Affix::appendTo(TextBuilder& line, int step) const {
   if (nested_) {
-    line += withMacros(text_, step);
+    line.append(withMacros(text_, step));
     return;
   }
   for (const Piece& piece : pieces_) {
-    line += piece.text;
+    line.append(piece.text);
     switch (piece.macro) {
       case Macro::Number:
-        line += text::decimal(step);
+        appendNumber(line, step);
         break;
       case Macro::Letters:
-        line += ToStepLetters(step);
+        appendLetters(line, step);
         break;
       case Macro::Roman:
-        line += ToRomanNumeral(step);
+        appendRoman(line, step);
         break;
       case Macro::None:
         break;
     }
   }
+}
+
+std::size_t Affix::expectedSize() const {
+  constexpr std::size_t kNumeral = 4;
+  return text_.size() + pieces_.size() * kNumeral;
 }
 
 LineLayout::LineLayout(const ListSettings& settings, std::u16string indent)
@@ -124,32 +129,37 @@ LineLayout::LineLayout(const ListSettings& settings, std::u16string indent)
       selection_(settings.Selection),
       ordinal_(settings.Selection == Numbered && settings.on(AppendOrdinal)) {}
 
-void LineLayout::appendLine(std::u16string& list, int step) const {
-  list += indent_;
+void LineLayout::appendLine(TextBuilder& list, int step) const {
+  list.append(indent_);
   prefix_.appendTo(list, step);
   appendLabel(list, step);
   suffix_.appendTo(list, step);
 }
 
-void LineLayout::appendLabel(std::u16string& list, int step) const {
-  std::u16string label;
+std::size_t LineLayout::expectedSize() const {
+  constexpr std::size_t kLabel = 8;
+  return indent_.size() + prefix_.expectedSize() + kLabel + suffix_.expectedSize();
+}
+
+void LineLayout::appendLabel(TextBuilder& list, int step) const {
+  const std::size_t begin = list.size();
   switch (selection_) {
     case Numbered:
-      label = numberText(step);
+      if (step != 0) appendNumber(list, step);
       break;
     case Alphabetical:
-      label = ToStepLetters(step);
+      appendLetters(list, step);
       break;
     case RomanNumeral:
-      label = ToRomanNumeral(step);
+      appendRoman(list, step);
       break;
     default:
       return;
   }
-  if (label.size() < pattern_.width) list.append(pattern_.width - label.size(), u' ');
-  if (pattern_.lowerCase) std::ranges::transform(label, label.begin(), smallLetter);
-  list += label;
-  if (ordinal_) list += OrdinalSuffix(step);
+  if (pattern_.lowerCase) list.changeFrom(begin, smallLetter);
+  const std::size_t length = list.size() - begin;
+  if (length < pattern_.width) list.insertBlanks(begin, pattern_.width - length);
+  if (ordinal_) appendOrdinal(list, step);
 }
 
 }  // namespace kvrnstep::generator

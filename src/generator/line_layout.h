@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "generator/list_settings.h"
+#include "generator/text_builder.h"
 
 namespace kvrnstep::generator {
 
@@ -32,7 +33,9 @@ class Affix {
   Affix(std::u16string_view text, bool addBlank);
 
   /// Appends what withMacros() gives.
-  void appendTo(std::u16string& line, int step) const;
+  void appendTo(TextBuilder& line, int step) const;
+  /// Characters that are appended, about.
+  [[nodiscard]] std::size_t expectedSize() const;
 
  private:
   enum class Macro : std::uint8_t { None, Number, Letters, Roman };
@@ -52,10 +55,12 @@ class LineLayout {
  public:
   LineLayout(const ListSettings& settings, std::u16string indent);
 
-  void appendLine(std::u16string& list, int step) const;
+  void appendLine(TextBuilder& list, int step) const;
+  /// Characters of a line, about.
+  [[nodiscard]] std::size_t expectedSize() const;
 
  private:
-  void appendLabel(std::u16string& list, int step) const;
+  void appendLabel(TextBuilder& list, int step) const;
 
   std::u16string indent_;
   Affix prefix_;

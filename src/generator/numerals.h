@@ -2,8 +2,16 @@
 
 #include <string>
 
+#include "generator/text_builder.h"
+
 /// A step number as text. What cannot be written in a style is the empty text.
 namespace kvrnstep::generator {
+
+// Each style appends to a text that is being built; the functions below make a text of its own.
+void appendNumber(TextBuilder& text, int number);
+void appendLetters(TextBuilder& text, int number);
+void appendRoman(TextBuilder& text, int number);
+void appendOrdinal(TextBuilder& text, int number);
 
 /// Decimal digits without leading zeros; nothing for 0.
 std::u16string numberText(int number);
