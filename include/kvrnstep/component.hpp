@@ -39,6 +39,10 @@ namespace kvrnstep {
 
 #ifndef _WIN32
 
+// Layout, unions and memory are as the binary interface has them.
+// NOLINTBEGIN(cppcoreguidelines-no-malloc, cppcoreguidelines-owning-memory)
+// NOLINTBEGIN(cppcoreguidelines-pro-type-union-access)
+
 using HRESULT = std::int32_t;
 using ULONG = std::uint32_t;
 using UINT = std::uint32_t;
@@ -148,6 +152,12 @@ struct CY {
   std::int64_t int64;
 };
 
+/// The longest thing that a variant can hold.
+struct Record {
+  void* pvRecord;
+  void* pRecInfo;
+};
+
 struct VARIANT {
   VARTYPE vt;
   WORD wReserved1;
@@ -174,10 +184,7 @@ struct VARIANT {
     VARIANT* pvarVal;
     BSTR* pbstrVal;
     void* byref;
-    struct {
-      void* pvRecord;
-      void* pRecInfo;
-    } record;
+    Record record;
   };
 };
 using VARIANTARG = VARIANT;
@@ -273,6 +280,9 @@ inline HRESULT VariantClear(VARIANT* variant) {
   VariantInit(variant);
   return S_OK;
 }
+
+// NOLINTEND(cppcoreguidelines-pro-type-union-access)
+// NOLINTEND(cppcoreguidelines-no-malloc, cppcoreguidelines-owning-memory)
 
 #endif  // _WIN32
 

@@ -8,6 +8,8 @@
 #ifndef KVRNSTEP_IDENTIFIERS_H
 #define KVRNSTEP_IDENTIFIERS_H
 
+/* For C and resource compilers too. NOLINTBEGIN(cppcoreguidelines-macro-usage) */
+
 /* {7C40F76B-E8F1-4A46-9D1D-08F54FAFC6A7}, version 5.0, locale 1033 */
 #define KVRNSTEP_LIBRARY_ID(identifier) \
   identifier(0x7C40F76B, 0xE8F1, 0x4A46, 0x9D, 0x1D, 0x08, 0xF5, 0x4F, 0xAF, 0xC6, 0xA7)
@@ -36,4 +38,5 @@
 #define KVRNSTEP_SHOW_LISTWRIGHT_DIALOG 0x60030006
 #define KVRNSTEP_REQUEST_PROGRAM_ICON 0x68030001
 
+/* NOLINTEND(cppcoreguidelines-macro-usage) */
 #endif

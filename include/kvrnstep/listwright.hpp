@@ -62,7 +62,7 @@ class Listwright {
   static Listwright load(const std::string& path) {
     void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr) throw std::runtime_error(dlerror());
-    return Listwright(library, path);
+    return {library, path};
   }
 
   /// Name, a tab, version.

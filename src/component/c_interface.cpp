@@ -52,13 +52,11 @@ std::u16string textOf(const char* given) {
 }
 
 /// A copy that the host frees; plain C memory, for its owner is on the other side.
-/// NOLINTBEGIN(cppcoreguidelines-no-malloc, cppcoreguidelines-owning-memory)
 char* handedOut(const std::string& bytes) {
   auto* copy = static_cast<char*>(std::malloc(bytes.size() + 1));
   if (copy != nullptr) std::memcpy(copy, bytes.c_str(), bytes.size() + 1);
   return copy;
 }
-/// NOLINTEND(cppcoreguidelines-no-malloc, cppcoreguidelines-owning-memory)
 
 /// Hands a list out where the host wants it.
 int handOut(const std::u16string& list, char** where, int result) {
@@ -235,7 +233,7 @@ char* kvrnstep_request_program_icon(int32_t piIndex101to103) {
 }
 
 void kvrnstep_free(char* text) {
-  std::free(text);  // NOLINT(cppcoreguidelines-no-malloc, cppcoreguidelines-owning-memory)
+  std::free(text);
 }
 
 }  // extern "C"

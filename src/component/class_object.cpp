@@ -10,9 +10,9 @@ namespace {
 /// Creates objects of one class. It lives as long as the module and counts no references of its
 /// own; hosts that hold it hold the module.
 template <class Class>
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): nobody deletes it
 class ClassObject final : public IClassFactory {
  public:
-  // NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** object) override {
     if (object == nullptr) return E_POINTER;
     const bool known = riid == kIidUnknown || riid == kIidClassFactory;
