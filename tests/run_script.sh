@@ -5,6 +5,8 @@
 # `status` (its exit status, 0 if missing), `errors` (its standard error), `before` (files that
 # are there when it starts) and `after` (files that must be there, byte for byte, when it has
 # ended). The script runs in a folder of its own; the step folder is "steps" by custom.
+#
+# LAUNCHER is what starts stepdrive where the system cannot: "wine".
 set -u
 stepdrive=$1 frontend=$2 folder=$3
 
@@ -13,7 +15,8 @@ trap 'rm -rf "$work"' EXIT
 mkdir "$work/run"
 [ ! -d "$folder/before" ] || cp -R "$folder/before/." "$work/run"
 
-(cd "$work/run" && "$stepdrive" --frontend "$frontend" "$folder/run.script") \
+# shellcheck disable=SC2086 # a command with its arguments, or nothing
+(cd "$work/run" && ${LAUNCHER:-} "$stepdrive" --frontend "$frontend" "$folder/run.script") \
   >"$work/output" 2>"$work/errors" </dev/null
 status=$?
 

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <sys/stat.h>
-
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <set>
 #include <sstream>
 #include <string>
@@ -17,8 +15,11 @@ namespace kvrnstep::tests {
 class TemporaryFolder {
  public:
   TemporaryFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "unit-XXXXXX").string();
-    path_ = ::mkdtemp(pattern.data());
+    std::random_device random;
+    do {
+      const auto name = "unit-" + std::to_string(random());
+      path_ = (std::filesystem::temp_directory_path() / name).string();
+    } while (!std::filesystem::create_directory(path_));
   }
   ~TemporaryFolder() {
     std::error_code ignored;
@@ -43,11 +44,10 @@ class TemporaryFolder {
 
   /// Permission bits of a file.
   [[nodiscard]] unsigned mode(const std::string& name) const {
-    struct stat state {};
-    return ::stat(native(name).c_str(), &state) == 0 ? state.st_mode & 07777U : 0;
+    return static_cast<unsigned>(std::filesystem::status(native(name)).permissions());
   }
   void setMode(const std::string& name, unsigned bits) const {
-    ::chmod(native(name).c_str(), bits);
+    std::filesystem::permissions(native(name), std::filesystem::perms(bits));
   }
 
   /// Every name in the folder, those that begin with a full stop included.
