@@ -6,6 +6,7 @@
 #include "kvrnstep/listwright.hpp"
 #include "options.h"
 #include "user_folders.h"
+#include "utf8.h"
 
 namespace listwright {
 
@@ -50,7 +51,8 @@ kvrnstep::ListArguments listArguments(const Options& options) {
 
 ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options) {
   makeWritableFolder(options.stepFolder);
-  makeWritableFolder(std::filesystem::absolute(options.settingsFile).parent_path().string());
+  const std::filesystem::path settings(hosts::fromUtf8(options.settingsFile));
+  makeWritableFolder(hosts::toUtf8(std::filesystem::absolute(settings).parent_path().u16string()));
   std::string list;
   const bool inserted =
       plugin.ShowListwrightDialog(list, {

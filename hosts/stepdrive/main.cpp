@@ -6,6 +6,7 @@
 
 #include "drive.h"
 #include "program.h"
+#include "utf8.h"
 
 namespace {
 
@@ -25,7 +26,7 @@ int follow(const Options& options, std::istream& script) {
 
 int follow(const Options& options) {
   if (options.script == "-") return follow(options, std::cin);
-  std::ifstream file(std::filesystem::path(options.script), std::ios::binary);
+  std::ifstream file(std::filesystem::path(hosts::fromUtf8(options.script)), std::ios::binary);
   if (!file) throw std::runtime_error("cannot read " + options.script);
   return follow(options, file);
 }

@@ -30,15 +30,20 @@ class TemporaryFolder {
 
   [[nodiscard]] std::string native(const std::string& name) const { return path_ + "/" + name; }
   [[nodiscard]] std::u16string operator()(const std::string& name) const {
-    return text::fromBytes(native(name));
+    return text::fromUtf8(native(name));
+  }
+
+  /// @param name in UTF-8
+  [[nodiscard]] std::filesystem::path path(const std::string& name) const {
+    return text::fromUtf8(native(name));
   }
 
   void put(const std::string& name, const std::string& bytes) const {
-    std::ofstream(native(name), std::ios::binary) << bytes;
+    std::ofstream(path(name), std::ios::binary) << bytes;
   }
   [[nodiscard]] std::string get(const std::string& name) const {
     std::ostringstream bytes;
-    bytes << std::ifstream(native(name), std::ios::binary).rdbuf();
+    bytes << std::ifstream(path(name), std::ios::binary).rdbuf();
     return bytes.str();
   }
 
@@ -54,7 +59,7 @@ class TemporaryFolder {
   [[nodiscard]] std::set<std::string> names() const {
     std::set<std::string> all;
     for (const auto& entry : std::filesystem::directory_iterator(path_)) {
-      all.insert(entry.path().filename().string());
+      all.insert(text::toUtf8(entry.path().filename().u16string()));
     }
     return all;
   }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "generator/list_settings.h"
+#include "platform/files.h"
 #include "platform_temporary_folder.h"
 #include "stepfiles/path_part.h"
 #include "stepfiles/step_file_name.h"
@@ -148,7 +149,7 @@ TEST(StepFolder, ListsForPeople) {
             (std::vector<std::u16string>{u".hidden", u"A.STEP", u"a", u"a10", u"a2", u"b",
                                          u"Z.Step", u"Ä", u"ä"}));
   EXPECT_TRUE(stepFileEntries(folder("missing")).empty());
-  EXPECT_EQ(pathOfEntry(u"steps", u"A.STEP"), u"steps/A.STEP.step");
+  EXPECT_EQ(pathOfEntry(u"steps", u"A.STEP"), u"steps" + std::u16string(1, platform::kSeparator) + u"A.STEP.step");
 }
 
 TEST(StoredTexts, OneRecordEach) {

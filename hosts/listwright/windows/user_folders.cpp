@@ -33,7 +33,7 @@ std::string userSettingsFolder() {
 }
 
 void makeWritableFolder(const std::string& folder) {
-  const std::filesystem::path path(folder);
+  const std::filesystem::path path(hosts::fromUtf8(folder));
   std::error_code failed;
   std::filesystem::create_directories(path, failed);
   if (!std::filesystem::is_directory(path, failed)) {

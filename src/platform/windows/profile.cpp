@@ -8,6 +8,7 @@
 #include "platform/windows/native_path.h"
 #include "text/codepage.h"
 #include "text/windows/ansi.h"
+#include "text/windows/wide.h"
 
 namespace kvrnstep::platform {
 
@@ -28,6 +29,11 @@ bool survives(std::string_view bytes) {
   CPINFO page{};
   if (::GetCPInfo(CP_ACP, &page) == FALSE || page.MaxCharSize != 1) return false;
   return text::toAnsi(text::fromAnsi(bytes)) == bytes;
+}
+
+bool isReadOnly(const std::u16string& file) {
+  const DWORD attributes = ::GetFileAttributesW(text::wide(nativePath(file)));
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
 std::string readBySystem(const std::string& section, const std::string& key,
@@ -78,7 +84,7 @@ std::string getPrivateProfileString(std::string_view section, std::string_view k
 
 bool writePrivateProfileString(std::string_view section, std::string_view key,
                                std::string_view value, const std::u16string& file) {
-  if (!isProfileName(section, key)) return false;
+  if (!isProfileName(section, key) || isReadOnly(file)) return false;
   const auto path = profilePath(file);
   if (!path || !survives(section) || !survives(key) || !survives(value)) {
     return writeByRules(section, key, value, file);
