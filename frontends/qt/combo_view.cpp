@@ -36,6 +36,7 @@ ComboView::ComboView(WindowView& window, forms::ComboBox& combo)
   adopt(box_);
   box_->setFont(captionFont());
   box_->setModel(entries_);
+  box_->setEditable(true);
   box_->setLineEdit(edit_);
   box_->setInsertPolicy(QComboBox::NoInsert);
   box_->setCompleter(nullptr);
