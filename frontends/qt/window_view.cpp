@@ -8,9 +8,11 @@
 #include "button_views.h"
 #include "combo_view.h"
 #include "forms/user_actions.h"
+#include "host_window.h"
 #include "list_view.h"
 #include "menu_view.h"
 #include "picture_views.h"
+#include "qt_application.h"
 #include "qt_fonts.h"
 #include "reading_order.h"
 #include "spinner_view.h"
@@ -155,6 +157,7 @@ Control* WindowView::controlAt(QPoint onScreen) const {
 
 void WindowView::show() {
   topLevel_.show();
+  if (applicationIsOurs()) stayInFrontOfHost(topLevel_);
   topLevel_.activateWindow();
 }
 
