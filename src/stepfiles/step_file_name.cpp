@@ -62,9 +62,9 @@ std::u16string BuildStepFileName(const ListSettings& settings) {
 }
 
 std::u16string fittingFileName(std::u16string name) {
-  constexpr std::size_t kLongestName = 255;  // bytes
+  constexpr std::size_t kLongestName = 255;  // bytes of UTF-8, or less, on every system
   const std::size_t room = kLongestName - kStepExtension.size();
-  while (text::toBytes(name).size() > room) {
+  while (text::toUtf8(name).size() > room) {
     const bool halfOfPair = name.size() > 1 && name.back() >= 0xDC00 && name.back() < 0xE000;
     name.resize(name.size() - (halfOfPair ? 2 : 1));
   }
