@@ -22,6 +22,11 @@ std::u16string_view typeName(std::int16_t selection) {
   return index < kTypeNames.size() ? kTypeNames.at(index) : std::u16string_view();
 }
 
+bool endsInPair(std::u16string_view text) {
+  return text.size() > 1 && (text[text.size() - 2] & 0xFC00U) == 0xD800U &&
+         (text.back() & 0xFC00U) == 0xDC00U;
+}
+
 void appendOption(std::u16string& name, const ListSettings& settings, generator::ListOption option,
                   std::u16string_view code) {
   name += settings.on(option) ? u'+' : u'-';
@@ -65,8 +70,7 @@ std::u16string fittingFileName(std::u16string name) {
   constexpr std::size_t kLongestName = 255;  // bytes
   const std::size_t room = kLongestName - kStepExtension.size();
   while (text::toBytes(name).size() > room) {
-    const bool halfOfPair = name.size() > 1 && name.back() >= 0xDC00 && name.back() < 0xE000;
-    name.resize(name.size() - (halfOfPair ? 2 : 1));
+    name.resize(name.size() - (endsInPair(name) ? 2 : 1));
   }
   return name;
 }
