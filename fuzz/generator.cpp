@@ -3,6 +3,7 @@
 #include "generator/generator.h"
 
 #include <algorithm>
+#include <array>
 
 #include "fuzz.h"
 #include "generator/line_layout.h"
@@ -76,16 +77,19 @@ std::u16string obviousList(const ListSettings& settings, std::size_t indentBlank
   return settings.Beginning + list + settings.Ending;
 }
 
-/// A text in which macros, and parts of them that others can complete, are likely.
+/// A text in which macros are likely, and macros with another one in place of some characters.
 std::u16string affix(FuzzedDataProvider& input) {
-  static constexpr std::u16string_view kParts[] = {
-      u"{STEP_#}", u"{STEP_L}", u"{STEP_R}", u"{STEP_", u"STEP_", u"{",   u"}",
-      u"#}",       u"L}",       u"R}",       u"EP_R}",  u"{ST",   u" ",   u"step ",
-      u".",        u"S",        u"T",        u"_R",     u"",      u"P_L}"};
+  static constexpr std::array<std::u16string_view, 3> kMacros{u"{STEP_#}", u"{STEP_L}",
+                                                              u"{STEP_R}"};
   if (input.ConsumeBool()) return fuzz::anyText(input, 64);
   std::u16string text;
-  for (int parts = input.ConsumeIntegralInRange(0, 8); parts > 0; --parts) {
-    text += input.PickValueInArray(kParts);
+  for (int parts = input.ConsumeIntegralInRange(0, 4); parts > 0; --parts) {
+    const std::u16string_view macro = input.PickValueInArray(kMacros);
+    const auto at = input.ConsumeIntegralInRange<std::size_t>(0, macro.size());
+    const auto lost = input.ConsumeIntegralInRange<std::size_t>(0, macro.size() - at);
+    text += macro.substr(0, at);
+    if (input.ConsumeBool()) text += input.PickValueInArray(kMacros);
+    text += macro.substr(at + lost);
   }
   return text;
 }

@@ -26,14 +26,14 @@ using Words = std::vector<std::u16string>;
 /// Where a session finds and leaves its files.
 class Place {
  public:
-  Place() { std::filesystem::create_directory(folder_.path() / "elsewhere"); }
+  Place() { std::filesystem::create_directory(elsewhere()); }
 
   void reset() const {
     std::filesystem::remove_all(folder_.path() / "steps");
     std::filesystem::remove_all(folder_.path() / "steps.ini");
     std::filesystem::create_directory(folder_.path() / "steps");
   }
-  void enter() const { std::filesystem::current_path(folder_.path() / "elsewhere"); }
+  [[nodiscard]] std::filesystem::path elsewhere() const { return folder_.path() / "elsewhere"; }
 
   [[nodiscard]] std::u16string steps() const { return folder_.file("steps"); }
   [[nodiscard]] std::u16string settings() const { return folder_.file("steps.ini"); }
@@ -52,7 +52,7 @@ class Place {
       fuzz::check(name == "steps" || name == "steps.ini" || name == "elsewhere",
                   "nothing is written beside the step folder and the settings file");
     }
-    fuzz::check(std::filesystem::is_empty(folder_.path() / "elsewhere"),
+    fuzz::check(std::filesystem::is_empty(elsewhere()),
                 "nothing is written into the working folder");
   }
 
@@ -263,8 +263,11 @@ extern "C" std::size_t LLVMFuzzerCustomCrossOver(const std::uint8_t* one, std::s
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const Place place;
-  place.enter();
+  static const std::filesystem::path home = std::filesystem::current_path();
   place.reset();
+  // The fuzzer itself finds its files from where it was started.
+  std::filesystem::current_path(place.elsewhere());
   Session(place, fuzz::bytesOf(data, size)).run();
+  std::filesystem::current_path(home);
   return 0;
 }
