@@ -50,9 +50,7 @@ generator::ListSettings anySettings(FuzzedDataProvider& input, std::size_t longe
 }
 
 ScratchFolder::ScratchFolder() {
-  const std::filesystem::path memory("/dev/shm");
-  const bool inMemory = std::filesystem::is_directory(memory);
-  std::string name = (inMemory ? memory : std::filesystem::temp_directory_path()) / "fuzz-XXXXXX";
+  std::string name = std::filesystem::temp_directory_path() / "fuzz-XXXXXX";
   if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no scratch folder");
   path_ = name;
 }

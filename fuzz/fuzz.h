@@ -27,7 +27,7 @@ std::u16string anyText(FuzzedDataProvider& input, std::size_t most);
 /// dialog allows, the others any.
 generator::ListSettings anySettings(FuzzedDataProvider& input, std::size_t longestText);
 
-/// A folder of the process's own, in memory where the system has such a place; gone at the end.
+/// A folder of the process's own below TMPDIR; gone at the end, but not after a fault.
 class ScratchFolder {
  public:
   ScratchFolder();
