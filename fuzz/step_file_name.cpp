@@ -9,7 +9,13 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace kvrnstep;
   FuzzedDataProvider input(data, size);
-  const std::u16string name = stepfiles::BuildStepFileName(fuzz::anySettings(input, 200));
+  auto settings = fuzz::anySettings(input, 200);
+  // Now and then a text as long as a step file can hold.
+  constexpr int kRarely = 100;
+  if (input.ConsumeIntegralInRange(0, kRarely) == kRarely) {
+    settings.Prefix.append(stepfiles::kLargestStepFile, input.ConsumeIntegral<char16_t>());
+  }
+  const std::u16string name = stepfiles::BuildStepFileName(settings);
   fuzz::check(name.find_first_of(u"\"?`!.'<>;:\\/\r\n\t ") == std::u16string::npos,
               "a name holds nothing that a file name may not hold");
 
