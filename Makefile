@@ -1,5 +1,5 @@
 # For people. Every target does what it needs first, on a fresh Debian 12 machine too.
-.PHONY: help setup build run test bench deb install format check clean
+.PHONY: help setup build run test bench fuzz deb install format check clean
 
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
@@ -11,6 +11,7 @@ help:
 	@echo "make setup    install the Debian packages that are missing"
 	@echo "make bench    build and run the benchmarks"
 	@echo "make install  install below PREFIX ($(PREFIX)), DESTDIR is honoured"
+	@echo "make fuzz     look for faults with random input, SECONDS=60 for each target; needs clang"
 	@echo "make deb      Debian packages, in build-deb"
 	@echo "make check    formatting, g++ and clang++ without warnings, clang-tidy"
 	@echo "make format   format the sources"
@@ -32,6 +33,10 @@ bench: build
 
 install: build
 	@cmake --install build --prefix $(PREFIX)
+
+SECONDS ?= 60
+fuzz: setup
+	@tools/fuzz $(SECONDS)
 
 deb: setup
 	@packaging/build-deb

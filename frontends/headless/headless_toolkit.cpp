@@ -83,6 +83,16 @@ std::filesystem::path inFolder(const forms::FileDialog& dialog, const std::u16st
   return std::filesystem::path(dialog.folder) / named;
 }
 
+/// No file dialog lets a name through that the file system cannot hold.
+template <class Choose>
+std::optional<std::u16string> chosen(Choose choose) {
+  try {
+    return choose();
+  } catch (const std::filesystem::filesystem_error&) {
+    return std::nullopt;
+  }
+}
+
 }  // namespace
 
 void HeadlessToolkit::runModal(Window& window) {
@@ -96,18 +106,22 @@ std::optional<std::u16string> HeadlessToolkit::ask(const forms::Question& /*ques
 std::optional<std::u16string> HeadlessToolkit::askFileToOpen(const forms::FileDialog& dialog) {
   const auto named = pilot_->answer();
   if (!named) return std::nullopt;
-  const std::filesystem::path path = inFolder(dialog, *named);
-  // A file dialog does not let a name through that names no file.
-  if (!std::filesystem::is_regular_file(path)) return std::nullopt;
-  return path.u16string();
+  return chosen([&]() -> std::optional<std::u16string> {
+    const std::filesystem::path path = inFolder(dialog, *named);
+    // A file dialog does not let a name through that names no file.
+    if (!std::filesystem::is_regular_file(path)) return std::nullopt;
+    return path.u16string();
+  });
 }
 
 std::optional<std::u16string> HeadlessToolkit::askFileToSave(const forms::FileDialog& dialog) {
   const auto named = pilot_->answer();
   if (!named) return std::nullopt;
-  std::filesystem::path path = inFolder(dialog, *named);
-  if (!path.has_extension()) path += u"." + std::u16string(dialog.defaultExtension);
-  return path.u16string();
+  return chosen([&] {
+    std::filesystem::path path = inFolder(dialog, *named);
+    if (!path.has_extension()) path += u"." + std::u16string(dialog.defaultExtension);
+    return path.u16string();
+  });
 }
 
 void HeadlessToolkit::popUp(MenuEntry& /*menu*/) {

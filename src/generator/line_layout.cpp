@@ -66,9 +66,10 @@ std::u16string withMacros(std::u16string_view text, int step) {
 
 Affix::Affix(std::u16string_view text, bool addBlank) : text_(text) {
   if (addBlank && !text_.empty() && text_.back() != u' ') text_ += u' ';
-  nested_ = text_.find(u"{STEP_{STEP_L}}") != std::u16string::npos ||
-            text_.find(u"{STEP_L}STEP_R}") != std::u16string::npos;
-  if (!nested_) cutAtMacros(text_);
+  cutAtMacros(text_);
+  // Letters hold one kind of brace at most, so what they complete has another one of its own.
+  nested_ = std::ranges::any_of(pieces_, &Piece::takesLetters) &&
+            std::ranges::any_of(pieces_, &Piece::holdsBrace);
 }
 
 void Affix::cutAtMacros(std::u16string_view rest) {

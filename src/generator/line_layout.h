@@ -44,6 +44,11 @@ class Affix {
   struct Piece {
     std::u16string text;
     Macro macro;  ///< follows the text
+
+    [[nodiscard]] bool takesLetters() const { return macro == Macro::Letters; }
+    [[nodiscard]] bool holdsBrace() const {
+      return text.find_first_of(u"{}") != std::u16string::npos;
+    }
   };
   std::u16string text_;
   std::vector<Piece> pieces_;

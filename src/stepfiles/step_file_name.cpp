@@ -22,6 +22,11 @@ std::u16string_view typeName(std::int16_t selection) {
   return index < kTypeNames.size() ? kTypeNames.at(index) : std::u16string_view();
 }
 
+bool endsInPair(std::u16string_view text) {
+  return text.size() > 1 && (text[text.size() - 2] & 0xFC00U) == 0xD800U &&
+         (text.back() & 0xFC00U) == 0xDC00U;
+}
+
 void appendOption(std::u16string& name, const ListSettings& settings, generator::ListOption option,
                   std::u16string_view code) {
   name += settings.on(option) ? u'+' : u'-';
@@ -64,9 +69,11 @@ std::u16string BuildStepFileName(const ListSettings& settings) {
 std::u16string fittingFileName(std::u16string name) {
   constexpr std::size_t kLongestName = 255;  // bytes of UTF-8, or less, on every system
   const std::size_t room = kLongestName - kStepExtension.size();
+  // At once what cannot fit, for texts of a step file are long at times. Half a pair that this
+  // leaves behind takes up more than its share and goes next.
+  name.resize(std::min(name.size(), room));
   while (text::toUtf8(name).size() > room) {
-    const bool halfOfPair = name.size() > 1 && name.back() >= 0xDC00 && name.back() < 0xE000;
-    name.resize(name.size() - (halfOfPair ? 2 : 1));
+    name.resize(name.size() - (endsInPair(name) ? 2 : 1));
   }
   return name;
 }

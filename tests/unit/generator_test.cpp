@@ -174,6 +174,18 @@ TEST(Generator, AgreesWithASecondReadingOnRandomSettings) {
   }
 }
 
+TEST(Generator, LettersCompleteAMacroWhereverTheyStandInIt) {
+  ListSettings settings;
+  settings.Selection = PrefixSuffix;
+  settings.Count = 139;  // the letters of steps 137 and 139 are braces
+  for (const auto* prefix :
+       {u"{STEP_L}STEP_R}", u"{{STEP_L}TEP_R}", u"{S{STEP_L}EP_R}", u"{ST{STEP_L}P_R}",
+        u"{STE{STEP_L}_R}", u"{STEP_{STEP_L}}", u"{STEP_R{STEP_L}"}) {
+    settings.Prefix = prefix;
+    EXPECT_EQ(generateList(settings, 0), judge::list(settings, 0));
+  }
+}
+
 TEST(Generator, AgreesOnEveryRangeOfStepsForEveryTypeAndOption) {
   for (int type = 0; type <= 3; ++type) {
     for (int options = 0; options < 128; ++options) {

@@ -120,6 +120,12 @@ TEST(StepFileName, TellsTheSetup) {
   const std::u16string fitting = fittingFileName(std::u16string(124, u'é') + u"ab\xD83D\xDE00");
   EXPECT_EQ(fitting, std::u16string(124, u'é') + u"ab");
   EXPECT_EQ(fittingFileName(std::u16string(250, u'a')).size(), 250U);
+  // Half a pair is a character of its own.
+  EXPECT_EQ(fittingFileName(std::u16string(249, u'a') + u"b\xDE00"),
+            std::u16string(249, u'a') + u"b");
+  EXPECT_EQ(fittingFileName(std::u16string(249, u'a') + u"\xD83D\xDE00"),
+            std::u16string(249, u'a'));
+  EXPECT_EQ(fittingFileName(std::u16string(kLargestStepFile, u'a')), std::u16string(250, u'a'));
 }
 
 TEST(PathPart, SplitsAtEitherSeparator) {
