@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstring>
 #include <map>
 #include <memory>
-#include <set>
 
 #include "kvrnstep/component.hpp"
 #include "kvrnstep/library.hpp"
@@ -234,32 +234,40 @@ TEST_F(Registered, MembersAsTheLibraryDescribesThem) {
   EXPECT_EQ(id, KVRNSTEP_REQUEST_PROGRAM_ICON);
 }
 
+/// The bytes of a resource from an offset on; null where there is none.
+const char* resource(HMODULE module, int number, LPWSTR type, std::size_t offset) {
+  const HRSRC found = ::FindResourceW(module, MAKEINTRESOURCEW(number), type);
+  if (found == nullptr || ::SizeofResource(module, found) <= offset) return nullptr;
+  return static_cast<const char*>(::LockResource(::LoadResource(module, found))) + offset;
+}
+
+template <class Struct>
+Struct valueAt(const char* bytes) {
+  Struct value{};
+  if (bytes != nullptr) std::memcpy(&value, bytes, sizeof(value));
+  return value;
+}
+
 TEST_F(Registered, CarriesItsResources) {
-  const auto module = static_cast<HMODULE>(library_);
+  auto* module = static_cast<HMODULE>(library_);
   for (const int number : {101, 102, 103}) {
-    EXPECT_NE(::LoadIconW(module, MAKEINTRESOURCEW(number)), nullptr) << number;
+    EXPECT_NE(resource(module, number, RT_GROUP_ICON, 0), nullptr) << number;
   }
   for (const auto& [number, x, y] : {std::array{104, 10, 1}, {106, 16, 16}, {107, 16, 16}}) {
-    const HCURSOR cursor = ::LoadCursorW(module, MAKEINTRESOURCEW(number));
-    ICONINFO info{};
-    ASSERT_TRUE(::GetIconInfo(cursor, &info)) << number;
-    EXPECT_EQ(info.xHotspot, static_cast<DWORD>(x)) << number;
-    EXPECT_EQ(info.yHotspot, static_cast<DWORD>(y)) << number;
-    ::DeleteObject(info.hbmMask);
-    ::DeleteObject(info.hbmColor);
+    constexpr std::size_t kFirstImage = 6 + 12;  // behind the head, at the end of the first entry
+    const auto image = valueAt<WORD>(resource(module, number, RT_GROUP_CURSOR, kFirstImage));
+    const auto hotSpot = valueAt<std::array<WORD, 2>>(resource(module, image, RT_CURSOR, 0));
+    EXPECT_EQ(hotSpot[0], x) << number;
+    EXPECT_EQ(hotSpot[1], y) << number;
   }
-  EXPECT_NE(::FindResourceW(module, MAKEINTRESOURCEW(2), MAKEINTRESOURCEW(24)), nullptr);
+  EXPECT_NE(resource(module, 2, RT_MANIFEST, 0), nullptr);
 
-  const HRSRC version = ::FindResourceW(module, MAKEINTRESOURCEW(1), RT_VERSION);
-  ASSERT_NE(version, nullptr);
-  const auto* head =
-      static_cast<const char*>(::LockResource(::LoadResource(module, version)));
-  VS_FIXEDFILEINFO fixed{};
   constexpr std::size_t kFixedInfo = 40;  // behind the head with its name
-  std::copy_n(head + kFixedInfo, sizeof(fixed), reinterpret_cast<char*>(&fixed));
-  EXPECT_EQ(fixed.dwSignature, 0xFEEF04BDU);
-  EXPECT_EQ(fixed.dwFileVersionMS, 0x00020000U);
-  EXPECT_EQ(fixed.dwFileVersionLS, 0U);
+  const auto version =
+      valueAt<VS_FIXEDFILEINFO>(resource(module, 1, RT_VERSION, kFixedInfo));
+  EXPECT_EQ(version.dwSignature, 0xFEEF04BDU);
+  EXPECT_EQ(version.dwFileVersionMS, 0x00020000U);
+  EXPECT_EQ(version.dwFileVersionLS, 0U);
 }
 
 }  // namespace
