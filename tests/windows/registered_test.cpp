@@ -28,7 +28,16 @@ std::wstring taken(BSTR text) {
   return copy;
 }
 
-/// Every key and value below a key, by its path.
+/// Of a key of the system's or of another program's only the name counts.
+bool isOurs(const std::wstring& path) {
+  for (const auto* part :
+       {L"\\kvrnstep", L"7C40F76B-", L"C333D121-", L"4FBFC97E-", L"29629AD9-", L"FF798F12-"}) {
+    if (path.find(part) != std::wstring::npos) return true;
+  }
+  return path == L"\\CLSID" || path == L"\\Interface" || path == L"\\TypeLib";
+}
+
+/// The keys below a key, by their paths, and the values and keys in those of ours.
 void collect(HKEY key, const std::wstring& path, std::map<std::wstring, std::wstring>& all) {
   std::array<wchar_t, 512> name{};
   for (DWORD i = 0;; ++i) {
@@ -47,11 +56,15 @@ void collect(HKEY key, const std::wstring& path, std::map<std::wstring, std::wst
         ERROR_SUCCESS) {
       break;
     }
-    HKEY below = nullptr;
-    if (::RegOpenKeyExW(key, name.data(), 0, KEY_READ, &below) != ERROR_SUCCESS) continue;
-    all[path + L"\\" + name.data()];
-    collect(below, path + L"\\" + name.data(), all);
-    ::RegCloseKey(below);
+    const std::wstring below = path + L"\\" + name.data();
+    all[below];
+    HKEY opened = nullptr;
+    if (!isOurs(below) ||
+        ::RegOpenKeyExW(key, name.data(), 0, KEY_READ, &opened) != ERROR_SUCCESS) {
+      continue;
+    }
+    collect(opened, below, all);
+    ::RegCloseKey(opened);
   }
 }
 
@@ -194,9 +207,15 @@ TEST_F(Registered, MembersAsTheLibraryDescribesThem) {
   constexpr USHORT kBoth = PARAMFLAG_FIN | PARAMFLAG_FOUT;
   constexpr USHORT kOptional = kBoth | PARAMFLAG_FOPT | PARAMFLAG_FHASDEFAULT;
   const Wanted wanted[] = {
-      {VT_BSTR, kBoth, 0},  {VT_I2, kIn, 0},   {VT_BOOL, kIn, 0},
-      {VT_BOOL, kIn, 0},    {VT_BSTR, kIn, 0}, {VT_BSTR, kIn, 0},
-      {VT_BSTR, kIn, 0},    {VT_BSTR, kIn, 0}, {VT_BSTR, kIn, 0},
+      {VT_BSTR, kBoth, 0},
+      {VT_I2, kIn, 0},
+      {VT_BOOL, kIn, 0},
+      {VT_BOOL, kIn, 0},
+      {VT_BSTR, kIn, 0},
+      {VT_BSTR, kIn, 0},
+      {VT_BSTR, kIn, 0},
+      {VT_BSTR, kIn, 0},
+      {VT_BSTR, kIn, 0},
       {VT_I4, kOptional, static_cast<std::int32_t>(0x80000005)},
       {VT_I4, kOptional, static_cast<std::int32_t>(0x80000008)},
       {VT_BSTR, kOptional, 0},
@@ -263,8 +282,7 @@ TEST_F(Registered, CarriesItsResources) {
   EXPECT_NE(resource(module, 2, RT_MANIFEST, 0), nullptr);
 
   constexpr std::size_t kFixedInfo = 40;  // behind the head with its name
-  const auto version =
-      valueAt<VS_FIXEDFILEINFO>(resource(module, 1, RT_VERSION, kFixedInfo));
+  const auto version = valueAt<VS_FIXEDFILEINFO>(resource(module, 1, RT_VERSION, kFixedInfo));
   EXPECT_EQ(version.dwSignature, 0xFEEF04BDU);
   EXPECT_EQ(version.dwFileVersionMS, 0x00020000U);
   EXPECT_EQ(version.dwFileVersionLS, 0U);
