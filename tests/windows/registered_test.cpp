@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstring>
 #include <map>
 #include <memory>
-#include <set>
 
 #include "kvrnstep/component.hpp"
 #include "kvrnstep/library.hpp"
@@ -28,7 +28,16 @@ std::wstring taken(BSTR text) {
   return copy;
 }
 
-/// Every key and value below a key, by its path.
+/// Of a key of the system's or of another program's only the name counts.
+bool isOurs(const std::wstring& path) {
+  for (const auto* part :
+       {L"\\kvrnstep", L"7C40F76B-", L"C333D121-", L"4FBFC97E-", L"29629AD9-", L"FF798F12-"}) {
+    if (path.find(part) != std::wstring::npos) return true;
+  }
+  return path == L"\\CLSID" || path == L"\\Interface" || path == L"\\TypeLib";
+}
+
+/// The keys below a key, by their paths, and the values and keys in those of ours.
 void collect(HKEY key, const std::wstring& path, std::map<std::wstring, std::wstring>& all) {
   std::array<wchar_t, 512> name{};
   for (DWORD i = 0;; ++i) {
@@ -47,11 +56,15 @@ void collect(HKEY key, const std::wstring& path, std::map<std::wstring, std::wst
         ERROR_SUCCESS) {
       break;
     }
-    HKEY below = nullptr;
-    if (::RegOpenKeyExW(key, name.data(), 0, KEY_READ, &below) != ERROR_SUCCESS) continue;
-    all[path + L"\\" + name.data()];
-    collect(below, path + L"\\" + name.data(), all);
-    ::RegCloseKey(below);
+    const std::wstring below = path + L"\\" + name.data();
+    all[below];
+    HKEY opened = nullptr;
+    if (!isOurs(below) ||
+        ::RegOpenKeyExW(key, name.data(), 0, KEY_READ, &opened) != ERROR_SUCCESS) {
+      continue;
+    }
+    collect(opened, below, all);
+    ::RegCloseKey(opened);
   }
 }
 
@@ -194,9 +207,15 @@ TEST_F(Registered, MembersAsTheLibraryDescribesThem) {
   constexpr USHORT kBoth = PARAMFLAG_FIN | PARAMFLAG_FOUT;
   constexpr USHORT kOptional = kBoth | PARAMFLAG_FOPT | PARAMFLAG_FHASDEFAULT;
   const Wanted wanted[] = {
-      {VT_BSTR, kBoth, 0},  {VT_I2, kIn, 0},   {VT_BOOL, kIn, 0},
-      {VT_BOOL, kIn, 0},    {VT_BSTR, kIn, 0}, {VT_BSTR, kIn, 0},
-      {VT_BSTR, kIn, 0},    {VT_BSTR, kIn, 0}, {VT_BSTR, kIn, 0},
+      {VT_BSTR, kBoth, 0},
+      {VT_I2, kIn, 0},
+      {VT_BOOL, kIn, 0},
+      {VT_BOOL, kIn, 0},
+      {VT_BSTR, kIn, 0},
+      {VT_BSTR, kIn, 0},
+      {VT_BSTR, kIn, 0},
+      {VT_BSTR, kIn, 0},
+      {VT_BSTR, kIn, 0},
       {VT_I4, kOptional, static_cast<std::int32_t>(0x80000005)},
       {VT_I4, kOptional, static_cast<std::int32_t>(0x80000008)},
       {VT_BSTR, kOptional, 0},
@@ -234,32 +253,39 @@ TEST_F(Registered, MembersAsTheLibraryDescribesThem) {
   EXPECT_EQ(id, KVRNSTEP_REQUEST_PROGRAM_ICON);
 }
 
+/// The bytes of a resource from an offset on; null where there is none.
+const char* resource(HMODULE module, int number, LPWSTR type, std::size_t offset) {
+  const HRSRC found = ::FindResourceW(module, MAKEINTRESOURCEW(number), type);
+  if (found == nullptr || ::SizeofResource(module, found) <= offset) return nullptr;
+  return static_cast<const char*>(::LockResource(::LoadResource(module, found))) + offset;
+}
+
+template <class Struct>
+Struct valueAt(const char* bytes) {
+  Struct value{};
+  if (bytes != nullptr) std::memcpy(&value, bytes, sizeof(value));
+  return value;
+}
+
 TEST_F(Registered, CarriesItsResources) {
-  const auto module = static_cast<HMODULE>(library_);
+  auto* module = static_cast<HMODULE>(library_);
   for (const int number : {101, 102, 103}) {
-    EXPECT_NE(::LoadIconW(module, MAKEINTRESOURCEW(number)), nullptr) << number;
+    EXPECT_NE(resource(module, number, RT_GROUP_ICON, 0), nullptr) << number;
   }
   for (const auto& [number, x, y] : {std::array{104, 10, 1}, {106, 16, 16}, {107, 16, 16}}) {
-    const HCURSOR cursor = ::LoadCursorW(module, MAKEINTRESOURCEW(number));
-    ICONINFO info{};
-    ASSERT_TRUE(::GetIconInfo(cursor, &info)) << number;
-    EXPECT_EQ(info.xHotspot, static_cast<DWORD>(x)) << number;
-    EXPECT_EQ(info.yHotspot, static_cast<DWORD>(y)) << number;
-    ::DeleteObject(info.hbmMask);
-    ::DeleteObject(info.hbmColor);
+    constexpr std::size_t kFirstImage = 6 + 12;  // behind the head, at the end of the first entry
+    const auto image = valueAt<WORD>(resource(module, number, RT_GROUP_CURSOR, kFirstImage));
+    const auto hotSpot = valueAt<std::array<WORD, 2>>(resource(module, image, RT_CURSOR, 0));
+    EXPECT_EQ(hotSpot[0], x) << number;
+    EXPECT_EQ(hotSpot[1], y) << number;
   }
-  EXPECT_NE(::FindResourceW(module, MAKEINTRESOURCEW(2), MAKEINTRESOURCEW(24)), nullptr);
+  EXPECT_NE(resource(module, 2, RT_MANIFEST, 0), nullptr);
 
-  const HRSRC version = ::FindResourceW(module, MAKEINTRESOURCEW(1), RT_VERSION);
-  ASSERT_NE(version, nullptr);
-  const auto* head =
-      static_cast<const char*>(::LockResource(::LoadResource(module, version)));
-  VS_FIXEDFILEINFO fixed{};
   constexpr std::size_t kFixedInfo = 40;  // behind the head with its name
-  std::copy_n(head + kFixedInfo, sizeof(fixed), reinterpret_cast<char*>(&fixed));
-  EXPECT_EQ(fixed.dwSignature, 0xFEEF04BDU);
-  EXPECT_EQ(fixed.dwFileVersionMS, 0x00020000U);
-  EXPECT_EQ(fixed.dwFileVersionLS, 0U);
+  const auto version = valueAt<VS_FIXEDFILEINFO>(resource(module, 1, RT_VERSION, kFixedInfo));
+  EXPECT_EQ(version.dwSignature, 0xFEEF04BDU);
+  EXPECT_EQ(version.dwFileVersionMS, 0x00020000U);
+  EXPECT_EQ(version.dwFileVersionLS, 0U);
 }
 
 }  // namespace

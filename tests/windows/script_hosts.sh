@@ -20,17 +20,21 @@ case $2 in
 esac
 printf '%s\n' '\Stepicon.ico' 'no icon: ' >>expected
 
-$LAUNCHER regsvr32 /s "$(winepath -w "$bin/kvrnstep.dll")" || failed=1
+# Each build has its own kind of script host.
+system='C:\windows\system32'
+case $bin in *32/bin) system='C:\windows\syswow64' ;; esac
+module=$($LAUNCHER winepath -w "$bin/kvrnstep.dll" | tr -d '\r')
+$LAUNCHER "$system\\regsvr32.exe" /s "$module" || failed=1
 if [ -n "$dialog" ]; then
   { $LAUNCHER "$bin/press_insert.exe" && $LAUNCHER "$bin/press_insert.exe"; } &
 fi
-$LAUNCHER cscript //nologo late_host.vbs $dialog | tr -d '\r' >printed
+$LAUNCHER "$system\\cscript.exe" //nologo late_host.vbs $dialog | tr -d '\r' >printed
 wait
 diff expected printed || failed=1
 cmp "$bin/Stepicon.ico" "$tests/../../assets/icons/icon-102.ico" || failed=1
 rm -f "$bin/Stepicon.ico"
 
 # Once unregistered it cannot be created.
-$LAUNCHER regsvr32 /u /s "$(winepath -w "$bin/kvrnstep.dll")" || failed=1
-$LAUNCHER cscript //nologo late_host.vbs 2>/dev/null | grep kvrn && failed=1
+$LAUNCHER "$system\\regsvr32.exe" /u /s "$module" || failed=1
+$LAUNCHER "$system\\cscript.exe" //nologo late_host.vbs 2>/dev/null | grep kvrn && failed=1
 exit "$failed"
