@@ -98,7 +98,8 @@ std::optional<std::u16string> HeadlessToolkit::askFileToOpen(const forms::FileDi
   if (!named) return std::nullopt;
   const std::filesystem::path path = inFolder(dialog, *named);
   // A file dialog does not let a name through that names no file.
-  if (!std::filesystem::is_regular_file(path)) return std::nullopt;
+  std::error_code unknown;
+  if (!std::filesystem::is_regular_file(path, unknown)) return std::nullopt;
   return path.u16string();
 }
 
