@@ -43,6 +43,7 @@ bool replaceFile(const std::u16string& path, std::string_view bytes);
 bool createEmptyFile(const std::u16string& path);
 
 /// Whether the path names a file, folder or anything else; false for a link that leads nowhere.
+/// True also when the system does not tell: what might be there must not be written over.
 bool pathExists(const std::u16string& path);
 
 /// Creates one folder in a folder that exists. False when that fails or the path is in use.

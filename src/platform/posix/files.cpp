@@ -4,6 +4,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
+
 #include "platform/posix/descriptor.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/read_file.h"
@@ -31,8 +35,10 @@ bool createEmptyFile(const std::u16string& path) {
 }
 
 bool pathExists(const std::u16string& path) {
+  constexpr std::array kNothingThere{ENOENT, ENOTDIR, ELOOP, ENAMETOOLONG};
   struct stat state {};
-  return ::stat(nativePath(path).c_str(), &state) == 0;
+  return ::stat(nativePath(path).c_str(), &state) == 0 ||
+         std::ranges::find(kNothingThere, errno) == kNothingThere.end();
 }
 
 bool createFolder(const std::u16string& path) {

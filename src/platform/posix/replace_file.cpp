@@ -27,12 +27,14 @@ std::optional<std::string> linkTarget(const std::string& path) {
 }
 
 /// The path of the file that a chain of links leads to, also when that file is not there yet.
-/// Nothing for links that lead in a circle.
+/// Nothing for links that lead in a circle, and for one that cannot be read: it would be replaced
+/// itself.
 std::optional<std::string> withoutLinks(std::string path) {
   constexpr int kMostLinks = 40;
   for (int i = 0; i <= kMostLinks; ++i) {
     const auto target = linkTarget(path);
-    if (!target) return path;
+    if (!target && (errno == EINVAL || errno == ENOENT)) return path;
+    if (!target) return std::nullopt;
     const bool fromRoot = target->substr(0, 1) == "/";
     path = fromRoot ? *target : folderPart(path) + *target;
   }
