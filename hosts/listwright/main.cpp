@@ -1,5 +1,3 @@
-#include <unistd.h>
-
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -8,6 +6,7 @@
 #include "kvrnstep/listwright.hpp"
 #include "options.h"
 #include "user_folders.h"
+#include "utf8.h"
 
 namespace listwright {
 
@@ -30,7 +29,7 @@ std::string withLineEnds(const std::string& text, bool crLf) {
 /// The text goes out as it is, for editors to insert; only a terminal gets a line end of its own.
 void print(const std::string& list, bool crLf) {
   std::string text = withLineEnds(list, crLf);
-  if (isatty(STDOUT_FILENO) != 0 && !text.empty() && !text.ends_with('\n')) text += '\n';
+  if (hosts::outputIsTerminal() && !text.empty() && !text.ends_with('\n')) text += '\n';
   const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
   if (!written || std::fflush(stdout) != 0) throw std::runtime_error("cannot write the list");
 }
@@ -52,7 +51,8 @@ kvrnstep::ListArguments listArguments(const Options& options) {
 
 ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options) {
   makeWritableFolder(options.stepFolder);
-  makeWritableFolder(std::filesystem::absolute(options.settingsFile).parent_path());
+  const std::filesystem::path settings(hosts::fromUtf8(options.settingsFile));
+  makeWritableFolder(hosts::toUtf8(std::filesystem::absolute(settings).parent_path().u16string()));
   std::string list;
   const bool inserted =
       plugin.ShowListwrightDialog(list, {
@@ -98,8 +98,8 @@ ExitStatus printFiles(const kvrnstep::Listwright& plugin, const Options& options
   return status;
 }
 
-ExitStatus run(int argc, char** argv) {
-  const auto options = parseOptions(argc, argv);
+ExitStatus run(const hosts::Arguments& arguments) {
+  const auto options = parseOptions(arguments);
   if (!options) return Printed;
   const auto plugin = kvrnstep::Listwright::load(options->plugin);
   if (options->version) {
@@ -119,7 +119,8 @@ ExitStatus run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   try {
-    return listwright::run(argc, argv);
+    hosts::prepareOutput();
+    return listwright::run(hosts::Arguments(argc, argv));
   } catch (const std::exception& error) {
     std::fprintf(stderr, "listwright: %s\n", error.what());
     return listwright::Failed;

@@ -4,7 +4,6 @@
 #include <charconv>
 #include <stdexcept>
 
-#include "plugin_path.h"
 #include "user_folders.h"
 
 namespace listwright {
@@ -44,6 +43,8 @@ class CommandLine {
  public:
   CommandLine() : app_(kDescription, "listwright") {
     app_.footer(kFooter);
+    // A file may be named by a path that begins with a slash.
+    app_.allow_windows_style_options(false);
     app_.add_flag("--list", options_.list, "print the list described by the options; no window");
     app_.add_option("--save", options_.save, "write the options as a step file; no window")
         ->type_name("FILE");
@@ -55,9 +56,9 @@ class CommandLine {
   }
 
   /// False when help was printed instead.
-  bool parse(int argc, char** argv) {
+  bool parse(const hosts::Arguments& arguments) {
     try {
-      app_.parse(argc, argv);
+      app_.parse(arguments.count(), arguments.values());
     } catch (const CLI::CallForHelp& help) {
       app_.exit(help);
       return false;
@@ -105,8 +106,8 @@ class CommandLine {
   }
 
   void describeDialog() {
-    options_.stepFolder = userFolder("XDG_DATA_HOME", ".local/share");
-    options_.settingsFile = userFolder("XDG_CONFIG_HOME", ".config") + "/steps.ini";
+    options_.stepFolder = userStepFolder();
+    options_.settingsFile = userSettingsFolder() + "/steps.ini";
     options_.plugin = hosts::pluginBesideProgram();
     app_.add_option("--step-folder", options_.stepFolder, "folder of your lists and step files")
         ->type_name("DIR")
@@ -185,9 +186,9 @@ class CommandLine {
 
 }  // namespace
 
-std::optional<Options> parseOptions(int argc, char** argv) {
+std::optional<Options> parseOptions(const hosts::Arguments& arguments) {
   CommandLine line;
-  if (!line.parse(argc, argv)) return std::nullopt;
+  if (!line.parse(arguments)) return std::nullopt;
   return line.options();
 }
 

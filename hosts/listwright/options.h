@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "program.h"
+
 namespace listwright {
 
 /// The command line, read and checked.
@@ -37,6 +39,6 @@ struct Options {
 
 /// The options, or nothing when all is said and done (help was printed).
 /// @throws std::runtime_error with the one line to show for a wrong command line
-std::optional<Options> parseOptions(int argc, char** argv);
+std::optional<Options> parseOptions(const hosts::Arguments& arguments);
 
 }  // namespace listwright

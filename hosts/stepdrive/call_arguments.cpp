@@ -12,6 +12,9 @@
 
 namespace stepdrive {
 
+// On Windows some of these names are macros.
+using namespace kvrnstep;  // NOLINT(google-build-using-namespace)
+
 namespace {
 
 enum class Type { Text, Boolean, Integer, Long, Byte };
@@ -101,7 +104,7 @@ std::u16string CallArguments::text(std::string_view name) const {
 }
 
 kvrnstep::VARIANT_BOOL CallArguments::truth(std::string_view name) const {
-  return text(name) == u"True" ? kvrnstep::VARIANT_TRUE : kvrnstep::VARIANT_FALSE;
+  return text(name) == u"True" ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
 bool CallArguments::call(kvrnstep::_Listwright& listwright, std::u16string& list) const {
@@ -118,7 +121,7 @@ bool CallArguments::call(kvrnstep::_Listwright& listwright, std::u16string& list
   auto fontSize = numberOf<std::int16_t>(text("i_EditorSize"));
   auto blanks = numberOf<std::uint8_t>(text("bytSpcCount"));
   const auto pointer = [](auto& value) { return value ? &*value : nullptr; };
-  kvrnstep::VARIANT_BOOL result = kvrnstep::VARIANT_FALSE;
+  kvrnstep::VARIANT_BOOL result = VARIANT_FALSE;
   const kvrnstep::HRESULT done = listwright.ShowListwrightDialog(
       output.place(), numberOf<std::int16_t>(text("iBuildStep")).value_or(std::int16_t{0}),
       truth("BuMenuMode"), truth("bolIsSoundAvailable"), alertSound.get(), finishSound.get(),
@@ -126,9 +129,9 @@ bool CallArguments::call(kvrnstep::_Listwright& listwright, std::u16string& list
       given("s_IniPathAndName") != nullptr ? settings.place() : nullptr,
       given("s_EditorFont") != nullptr ? font.place() : nullptr, pointer(fontSize), pointer(blanks),
       &result);
-  if (kvrnstep::FAILED(done)) throw std::runtime_error("the call failed");
+  if (FAILED(done)) throw std::runtime_error("the call failed");
   list = output.text();
-  return result != kvrnstep::VARIANT_FALSE;
+  return result != VARIANT_FALSE;
 }
 
 }  // namespace stepdrive

@@ -31,7 +31,8 @@ class Bstr {
  public:
   Bstr() = default;
   explicit Bstr(std::u16string_view text)
-      : text_(kvrnstep::SysAllocStringLen(text.data(), static_cast<kvrnstep::UINT>(text.size()))) {}
+      : text_(kvrnstep::SysAllocStringLen(reinterpret_cast<const kvrnstep::OLECHAR*>(text.data()),
+                                          static_cast<kvrnstep::UINT>(text.size()))) {}
   ~Bstr() { kvrnstep::SysFreeString(text_); }
   Bstr(const Bstr&) = delete;
   Bstr& operator=(const Bstr&) = delete;
@@ -39,8 +40,8 @@ class Bstr {
   [[nodiscard]] kvrnstep::BSTR get() const { return text_; }
   kvrnstep::BSTR* place() { return &text_; }
   [[nodiscard]] std::u16string text() const {
-    return text_ == nullptr ? std::u16string()
-                            : std::u16string(text_, kvrnstep::SysStringLen(text_));
+    if (text_ == nullptr) return {};
+    return {reinterpret_cast<const char16_t*>(text_), kvrnstep::SysStringLen(text_)};
   }
 
  private:

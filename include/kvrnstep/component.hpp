@@ -22,8 +22,12 @@
 
 #ifdef _WIN32
 
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
 #include <windows.h>
 // After the other one.
+#include <objbase.h>
 #include <oleauto.h>
 
 #else
@@ -37,7 +41,44 @@
 
 namespace kvrnstep {
 
-#ifndef _WIN32
+#ifdef _WIN32
+
+using ::BOOL;
+using ::BSTR;
+using ::CLSID;
+using ::CY;
+using ::DISPID;
+using ::DISPPARAMS;
+using ::EXCEPINFO;
+using ::GUID;
+using ::HRESULT;
+using ::IClassFactory;
+using ::IDispatch;
+using ::IID;
+using ::ITypeInfo;
+using ::IUnknown;
+using ::LCID;
+using ::LONG;
+using ::LPOLESTR;
+using ::OLECHAR;
+using ::SCODE;
+using ::SysAllocStringLen;
+using ::SysFreeString;
+using ::SysStringLen;
+using ::UINT;
+using ::ULONG;
+using ::VARIANT;
+using ::VARIANT_BOOL;
+using ::VariantClear;
+using ::VariantInit;
+using ::VARTYPE;
+using ::WORD;
+
+// The system's interfaces have no destructor of any kind.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+
+#else
 
 // Layout, unions and memory are as the binary interface has them.
 // NOLINTBEGIN(cppcoreguidelines-no-malloc, cppcoreguidelines-owning-memory)
@@ -284,7 +325,7 @@ inline HRESULT VariantClear(VARIANT* variant) {
 // NOLINTEND(cppcoreguidelines-pro-type-union-access)
 // NOLINTEND(cppcoreguidelines-no-malloc, cppcoreguidelines-owning-memory)
 
-#endif  // _WIN32
+#endif
 
 namespace detail {
 constexpr GUID guid(std::uint32_t first, std::uint16_t second, std::uint16_t third, std::uint8_t a,
@@ -340,9 +381,14 @@ struct _cIcon : IDispatch {
 
 // NOLINTEND(bugprone-reserved-identifier, cert-dcl37-c, cert-dcl51-cpp)
 
+#ifdef _WIN32
+#pragma GCC diagnostic pop
+#endif
+
 /// The exported function: hands out the class object of a class, E_NOINTERFACE or
 /// CLASS_E_CLASSNOTAVAILABLE.
-using GetClassObjectFunction = HRESULT (*)(REFCLSID classId, REFIID interfaceId, void** object);
+using GetClassObjectFunction = HRESULT (*)(const CLSID& classId, const IID& interfaceId,
+                                          void** object);
 inline constexpr const char* kGetClassObject = "kvrnstepGetClassObject";
 
 }  // namespace kvrnstep

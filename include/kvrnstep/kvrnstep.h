@@ -23,7 +23,9 @@
 extern "C" {
 #endif
 
-#if defined(KVRNSTEP_BUILD) && defined(__GNUC__) && !defined(_WIN32)
+#if defined(KVRNSTEP_BUILD) && defined(_WIN32)
+#define KVRNSTEP_API __declspec(dllexport)
+#elif defined(KVRNSTEP_BUILD) && defined(__GNUC__)
 #define KVRNSTEP_API __attribute__((visibility("default")))
 #else
 #define KVRNSTEP_API

@@ -11,14 +11,13 @@
 //       insertAtCaret(list);
 //     }
 
-#include <dlfcn.h>
-
 #include <array>
 #include <cstdint>
 #include <stdexcept>
 #include <string>
 
 #include "kvrnstep/kvrnstep.h"
+#include "kvrnstep/library.hpp"
 
 namespace kvrnstep {
 
@@ -57,13 +56,9 @@ struct ListArguments {
 /// The loaded plug-in. Cheap to copy; the library stays loaded to the end of the process.
 class Listwright {
  public:
-  /// @param path full path of the library, in the system's encoding
+  /// @param path full path of the library, in the system's encoding, on Windows in UTF-8
   /// @throws std::runtime_error with the loader's reason
-  static Listwright load(const std::string& path) {
-    void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) throw std::runtime_error(dlerror());
-    return {library, path};
-  }
+  static Listwright load(const std::string& path) { return {openLibrary(path), path}; }
 
   /// Name, a tab, version.
   [[nodiscard]] std::string PlugNameVersion() const { return taken(plugNameVersion_()); }
@@ -128,7 +123,7 @@ class Listwright {
  private:
   Listwright(void* library, const std::string& path) {
     const auto find = [&]<class Function>(Function*& function, const char* name) {
-      function = reinterpret_cast<Function*>(dlsym(library, name));
+      function = reinterpret_cast<Function*>(symbolIn(library, name));
       if (function == nullptr) throw std::runtime_error(path + " is no plug-in of this kind");
     };
     find(free_, "kvrnstep_free");

@@ -60,7 +60,7 @@ char* handedOut(const std::string& bytes) {
 
 /// Hands a list out where the host wants it.
 int handOut(const std::u16string& list, char** where, int result) {
-  *where = handedOut(text::toBytes(list));
+  *where = handedOut(text::toUtf8(list));
   return *where == nullptr ? KVRNSTEP_FAILED : result;
 }
 
@@ -163,7 +163,7 @@ int canShowDialog(char** problem) {
 char* requestProgramIcon(std::int32_t number) {
   if (!fits<std::int16_t>(number)) return nullptr;
   const auto path = plugin::cIcon::RequestProgramIcon(static_cast<std::int16_t>(number));
-  return path.empty() ? nullptr : handedOut(text::toBytes(path));
+  return path.empty() ? nullptr : handedOut(text::toUtf8(path));
 }
 
 /// Nothing is thrown into a host.
@@ -203,7 +203,7 @@ void kvrnstep_list_init(kvrnstep_list* list, uint32_t size) {
 char* kvrnstep_plug_name_version(void) {
   return component::guarded<char*>(nullptr, [] {
     return component::handedOut(
-        kvrnstep::text::toBytes(kvrnstep::plugin::Listwright::PlugNameVersion()));
+        kvrnstep::text::toUtf8(kvrnstep::plugin::Listwright::PlugNameVersion()));
   });
 }
 

@@ -2,6 +2,7 @@
 
 #include "component/icon_object.h"
 #include "component/listwright_object.h"
+#include "kvrnstep/kvrnstep.h"
 
 namespace kvrnstep::component {
 
@@ -45,7 +46,7 @@ class ClassObject final : public IClassFactory {
   }
 };
 
-HRESULT classObject(REFCLSID classId, REFIID interfaceId, void** object) {
+HRESULT classObject(const CLSID& classId, const IID& interfaceId, void** object) {
   static ClassObject<ListwrightObject> listwright;
   static ClassObject<IconObject> icon;
   if (object == nullptr) return E_POINTER;
@@ -59,7 +60,8 @@ HRESULT classObject(REFCLSID classId, REFIID interfaceId, void** object) {
 
 }  // namespace kvrnstep::component
 
-extern "C" [[gnu::visibility("default")]] kvrnstep::HRESULT kvrnstepGetClassObject(
-    kvrnstep::REFCLSID classId, kvrnstep::REFIID interfaceId, void** object) {
+extern "C" KVRNSTEP_API kvrnstep::HRESULT kvrnstepGetClassObject(const kvrnstep::CLSID& classId,
+                                                                 const kvrnstep::IID& interfaceId,
+                                                                 void** object) {
   return kvrnstep::component::classObject(classId, interfaceId, object);
 }

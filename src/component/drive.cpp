@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "kvrnstep/driving.hpp"
+#include "kvrnstep/kvrnstep.h"
 #include "plugin/front_end.h"
 #include "plugin/host_context.h"
 
@@ -88,7 +89,7 @@ class DrivenStage final : public driving::Stage, private forms::Pilot, private f
 
 }  // namespace kvrnstep::component
 
-extern "C" [[gnu::visibility("default")]] kvrnstep::driving::Stage* kvrnstepDrive(
+extern "C" KVRNSTEP_API kvrnstep::driving::Stage* kvrnstepDrive(
     const char* frontEnd, kvrnstep::driving::Player* player, std::string* problem) {
   static kvrnstep::component::DrivenStage stage;
   return stage.open(frontEnd, *player, *problem) ? &stage : nullptr;

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "component/late_binding.h"
+#include "component/type_info.h"
 #include "kvrnstep/component.hpp"
 
 namespace kvrnstep::component {
@@ -54,14 +55,13 @@ class Object : public Interface {
 
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
     if (count == nullptr) return E_POINTER;
-    *count = 0;
+    *count = kTypeInfoCount;
     return S_OK;
   }
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT /*index*/, LCID /*locale*/,
-                                        ITypeInfo** info) override {
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID /*locale*/, ITypeInfo** info) override {
     if (info == nullptr) return E_POINTER;
     *info = nullptr;
-    return DISP_E_BADINDEX;
+    return index < kTypeInfoCount ? typeInfo(kInterface, info) : DISP_E_BADINDEX;
   }
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count,
                                           LCID /*locale*/, DISPID* ids) override {

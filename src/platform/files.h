@@ -6,12 +6,16 @@
 #include <string_view>
 #include <vector>
 
-/// Whole files and folders. Paths are UTF-16, may be relative to the working folder, and are
-/// passed on as `text::toBytes` gives them; a path with a NUL in it names nothing.
+/// Whole files and folders. Paths are UTF-16 and may be relative to the working folder; where the
+/// system takes bytes, it gets them as UTF-8. A path with a NUL in it names nothing.
 namespace kvrnstep::platform {
 
 /// Stands between folder and file name in the paths that the plug-in builds.
+#ifdef _WIN32
+inline constexpr char16_t kSeparator = u'\\';
+#else
 inline constexpr char16_t kSeparator = u'/';
+#endif
 
 /// Slash and backslash both, on every platform: hosts hand over paths of either kind.
 bool isSeparator(char16_t character);

@@ -67,12 +67,12 @@ std::u16string BuildStepFileName(const ListSettings& settings) {
 }
 
 std::u16string fittingFileName(std::u16string name) {
-  constexpr std::size_t kLongestName = 255;  // bytes
+  constexpr std::size_t kLongestName = 255;  // bytes of UTF-8, or less, on every system
   const std::size_t room = kLongestName - kStepExtension.size();
   // At once what cannot fit, for texts of a step file are long at times. Half a pair that this
   // leaves behind takes up more than its share and goes next.
   name.resize(std::min(name.size(), room));
-  while (text::toBytes(name).size() > room) {
+  while (text::toUtf8(name).size() > room) {
     name.resize(name.size() - (endsInPair(name) ? 2 : 1));
   }
   return name;

@@ -22,7 +22,7 @@ std::string_view takeLine(std::string_view& bytes) {
 
 LoadedList parse(std::string_view bytes) {
   // The encoding is that of the whole file, the lines beyond the last one read included.
-  const auto decode = text::isUtf8(bytes) ? text::fromUtf8 : text::textFromWindows1252;
+  const auto decode = text::isUtf8(bytes) ? text::fromUtf8 : text::fromAnsi;
   LoadedList list;
   const auto breaks = static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\r'));
   list.entries.reserve(std::min(breaks + 1, kMostListLines));
@@ -39,15 +39,15 @@ std::vector<std::u16string> parseList(std::string_view bytes) {
   return parse(bytes).entries;
 }
 
-void appendListLine(std::string& bytes, std::u16string_view entry) {
-  bytes += text::toBytes(entry);
-  bytes += kLineEnd;
+void appendListLine(std::u16string& lines, std::u16string_view entry) {
+  lines += entry;
+  lines += u"\r\n";
 }
 
 std::string formatList(const std::vector<std::u16string>& entries) {
-  std::string bytes;
-  for (const auto& entry : entries) appendListLine(bytes, entry);
-  return bytes;
+  std::u16string lines;
+  for (const auto& entry : entries) appendListLine(lines, entry);
+  return text::toBytes(lines);
 }
 
 LoadedList readListFile(const std::u16string& path) {
@@ -56,8 +56,8 @@ LoadedList readListFile(const std::u16string& path) {
   return bytes ? parse(*bytes) : LoadedList();
 }
 
-bool writeListFile(const std::u16string& path, std::string_view bytes) {
-  return platform::replaceFile(path, bytes);
+bool writeListFile(const std::u16string& path, std::u16string_view lines) {
+  return platform::replaceFile(path, text::toBytes(lines));
 }
 
 }  // namespace kvrnstep::storage

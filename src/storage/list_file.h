@@ -16,8 +16,8 @@ inline constexpr std::size_t kMostListLines = 32'001;
 /// belongs to the entry. Empty lines are no entries.
 std::vector<std::u16string> parseList(std::string_view bytes);
 
-/// Adds one entry to the bytes of a list file, with CR LF behind it.
-void appendListLine(std::string& bytes, std::u16string_view entry);
+/// Adds one entry to the text of a list file, with CR LF behind it.
+void appendListLine(std::u16string& lines, std::u16string_view entry);
 
 /// The bytes of a list file; none for an empty list.
 std::string formatList(const std::vector<std::u16string>& entries);
@@ -33,7 +33,7 @@ struct LoadedList {
 LoadedList readListFile(const std::u16string& path);
 
 /// Replaces the content of a list file. False when it cannot be written; it is then unchanged.
-bool writeListFile(const std::u16string& path, std::string_view bytes);
+bool writeListFile(const std::u16string& path, std::u16string_view lines);
 
 /// Loads a list file into a list-like control, or saves the control's entries to the file. What
 /// fails is skipped: a target without a readable file is left empty, a file that cannot be
@@ -50,9 +50,9 @@ bool LoadSaveListFile(ListTarget& lstTarget, bool bSave, const std::u16string& s
     for (auto& entry : loaded.entries) lstTarget.AddItem(std::move(entry));
     return loaded.whole;
   }
-  std::string bytes;
-  for (int i = 0; i < lstTarget.ListCount(); ++i) appendListLine(bytes, lstTarget.List(i));
-  return writeListFile(sListFile, bytes);
+  std::u16string lines;
+  for (int i = 0; i < lstTarget.ListCount(); ++i) appendListLine(lines, lstTarget.List(i));
+  return writeListFile(sListFile, lines);
 }
 
 }  // namespace kvrnstep::storage

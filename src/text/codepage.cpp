@@ -129,7 +129,7 @@ void appendAscii(std::basic_string<To>& to, std::basic_string_view<From> run) {
 
 }  // namespace
 
-std::string toBytes(std::u16string_view text) {
+std::string toUtf8(std::u16string_view text) {
   std::string bytes;
   bytes.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {
@@ -146,7 +146,7 @@ std::string toBytes(std::u16string_view text) {
 }
 
 std::u16string fromBytes(std::string_view bytes) {
-  return isUtf8(bytes) ? fromUtf8(bytes) : textFromWindows1252(bytes);
+  return isUtf8(bytes) ? fromUtf8(bytes) : fromAnsi(bytes);
 }
 
 bool isUtf8(std::string_view bytes) {

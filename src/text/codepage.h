@@ -7,15 +7,23 @@
 /// these functions fails, and whatever `toBytes` wrote comes back from `fromBytes` unchanged.
 namespace kvrnstep::text {
 
-/// UTF-8. Half a surrogate pair, which UTF-8 has no room for, is written as three bytes like any
-/// other character of its size, so that it survives. Byte order marks are ordinary characters.
+/// The text as files hold it: on Windows in the system's code page if every character has a place
+/// there and reads back as what it is, as other programs expect; everywhere else, and for all
+/// other texts, UTF-8. A file takes one call, for each call chooses anew.
 std::string toBytes(std::u16string_view text);
 
-/// Reads all of the bytes as UTF-8 if that is what they are, otherwise all of them as
-/// Windows-1252, so that files made on Windows open with their accents.
+/// Reads all of the bytes as UTF-8 if that is what they are, otherwise all of them by `fromAnsi`,
+/// so that files open with their accents on whichever system they were made.
 std::u16string fromBytes(std::string_view bytes);
 
-/// Whether the bytes are UTF-8, the three-byte surrogates of `toBytes` included. Bytes that are
+/// UTF-8. Half a surrogate pair, which UTF-8 has no room for, is written as three bytes like any
+/// other character of its size, so that it survives. Byte order marks are ordinary characters.
+std::string toUtf8(std::u16string_view text);
+
+/// Text in the system's code page on Windows, elsewhere in Windows-1252.
+std::u16string fromAnsi(std::string_view bytes);
+
+/// Whether the bytes are UTF-8, the three-byte surrogates of `toUtf8` included. Bytes that are
 /// read piece by piece take their encoding from the whole, which this tells.
 bool isUtf8(std::string_view bytes);
 

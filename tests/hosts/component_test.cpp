@@ -3,17 +3,24 @@
 
 #include "kvrnstep/component.hpp"
 
-#include <dlfcn.h>
 #include <gtest/gtest.h>
+#ifdef _WIN32
+#include <psapi.h>
+#else
 #include <malloc.h>
+#endif
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <filesystem>
 #include <limits>
+#include <random>
 #include <vector>
 
 #include "kvrnstep/driving.hpp"
+#include "kvrnstep/library.hpp"
+#include "program.h"
 
 namespace {
 
@@ -36,11 +43,37 @@ class Inserter : public driving::Player {
 };
 
 BSTR bstr(std::u16string_view text) {
-  return SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+  return SysAllocStringLen(reinterpret_cast<const OLECHAR*>(text.data()),
+                           static_cast<UINT>(text.size()));
 }
 
 std::u16string textOf(BSTR text) {
-  return text == nullptr ? std::u16string() : std::u16string(text, SysStringLen(text));
+  if (text == nullptr) return {};
+  return {reinterpret_cast<const char16_t*>(text), SysStringLen(text)};
+}
+
+/// The bytes that the process has allocated, and how much more is still no leak.
+#ifdef _WIN32
+constexpr std::size_t kNoLeak = 512 * 1024;
+std::size_t memoryInUse() {
+  PROCESS_MEMORY_COUNTERS_EX counters{};
+  ::GetProcessMemoryInfo(::GetCurrentProcess(),
+                         reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters), sizeof(counters));
+  return counters.PrivateUsage;
+}
+#else
+constexpr std::size_t kNoLeak = 4096;
+std::size_t memoryInUse() {
+  return ::mallinfo2().uordblks;
+}
+#endif
+
+bool isLoaded(const std::string& path) {
+#ifdef _WIN32
+  return ::GetModuleHandleW(detail::wide(path).c_str()) != nullptr;
+#else
+  return ::dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD) != nullptr;
+#endif
 }
 
 VARIANT empty(VARTYPE type = VT_EMPTY) {
@@ -91,21 +124,23 @@ constexpr std::u16string_view kList = u"      I. \r\n     II. \r\n    III. \r\n"
 class Component : public testing::Test {
  protected:
   void SetUp() override {
-    std::string pattern = (std::filesystem::temp_directory_path() / "component-XXXXXX").string();
-    folder_ = std::filesystem::path(::mkdtemp(pattern.data())).u16string();
+    const auto folder = std::filesystem::temp_directory_path() /
+                        ("component-" + std::to_string(std::random_device()()));
+    ASSERT_TRUE(std::filesystem::create_directory(folder));
+    folder_ = folder.u16string();
     load();
   }
   void TearDown() override {
     release();
-    ::dlclose(library_);
+    closeLibrary(library_);
     std::filesystem::remove_all(folder_);
   }
 
   void load() {
-    library_ = ::dlopen(PLUGIN_LIBRARY, RTLD_NOW | RTLD_LOCAL);
-    ASSERT_NE(library_, nullptr) << ::dlerror();
-    getClassObject_ = reinterpret_cast<GetClassObjectFunction>(::dlsym(library_, kGetClassObject));
-    const auto drive = reinterpret_cast<driving::DriveFunction>(::dlsym(library_, "kvrnstepDrive"));
+    library_ = openLibrary(hosts::pluginBesideProgram());
+    getClassObject_ = reinterpret_cast<GetClassObjectFunction>(symbolIn(library_, kGetClassObject));
+    const auto drive =
+        reinterpret_cast<driving::DriveFunction>(symbolIn(library_, "kvrnstepDrive"));
     std::string problem;
     inserter_.stage = drive("headless", &inserter_, &problem);
     ASSERT_NE(inserter_.stage, nullptr) << problem;
@@ -190,8 +225,10 @@ TEST_F(Component, HandsOutItsClassesAndNothingElse) {
 TEST_F(Component, MembersAreFoundByName) {
   std::array<std::u16string, 4> names{u"showlistwrightDIALOG", u"BYTSPCCOUNT", u"theLwOutputString",
                                       u"nobody"};
-  std::array<LPOLESTR, 4> pointers{names[0].data(), names[1].data(), names[2].data(),
-                                   names[3].data()};
+  std::array<LPOLESTR, 4> pointers{};
+  std::ranges::transform(names, pointers.begin(), [](std::u16string& name) {
+    return reinterpret_cast<LPOLESTR>(name.data());
+  });
   std::array<DISPID, 4> ids{};
   EXPECT_EQ(listwright_->GetIDsOfNames(kIidNull, pointers.data(), 3, 1033, ids.data()), S_OK);
   EXPECT_EQ(ids, (std::array<DISPID, 4>{kShow, 14, 0, 0}));
@@ -383,15 +420,15 @@ TEST_F(Component, ComesAndGoesManyTimes) {
     release();
   };
   for (int i = 0; i < 100; ++i) use();
-  const std::size_t before = ::mallinfo2().uordblks;
+  const std::size_t before = memoryInUse();
   for (int i = 0; i < 10'000; ++i) use();
-  EXPECT_LE(::mallinfo2().uordblks, before + 4096);
+  EXPECT_LE(memoryInUse(), before + kNoLeak);
 
   // Nothing keeps the library in the process, and it can come back.
   for (int i = 0; i < 3; ++i) {
-    ::dlclose(library_);
+    closeLibrary(library_);
 #ifndef __SANITIZE_ADDRESS__  // which keeps it
-    ASSERT_EQ(::dlopen(PLUGIN_LIBRARY, RTLD_NOW | RTLD_NOLOAD), nullptr);
+    ASSERT_FALSE(isLoaded(hosts::pluginBesideProgram()));
 #endif
     load();
     release();

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <random>
 #include <regex>
@@ -7,7 +6,6 @@
 
 #include "platform/files.h"
 #include "platform/profile.h"
-#include "platform_other_process.h"
 #include "platform_temporary_folder.h"
 
 namespace kvrnstep::platform {
@@ -355,17 +353,6 @@ TEST(ProfileFile, WritesOrLeavesTheFileAlone) {
   folder.setMode("ini", 0444);
   EXPECT_FALSE(writePrivateProfileString("Sec", "Key", "2", folder("ini")));
   EXPECT_EQ(folder.names(), std::set<std::string>{"ini"});
-}
-
-TEST(ProfileFile, AFileThatCannotBeReadIsNotReplaced) {
-  const tests::TemporaryFolder folder;
-  folder.put("ini", "[Other]\r\nKey=1\r\n");
-  folder.setMode("", 0777);
-  folder.setMode("ini", 0222);
-  EXPECT_FALSE(tests::asOrdinaryUser(
-      [&] { return writePrivateProfileString("Sec", "Key", "2", folder("ini")); }));
-  folder.setMode("ini", 0644);
-  EXPECT_EQ(folder.get("ini"), "[Other]\r\nKey=1\r\n");
 }
 
 }  // namespace

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <sys/stat.h>
-
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <set>
 #include <sstream>
 #include <string>
@@ -17,8 +15,11 @@ namespace kvrnstep::tests {
 class TemporaryFolder {
  public:
   TemporaryFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "unit-XXXXXX").string();
-    path_ = ::mkdtemp(pattern.data());
+    std::random_device random;
+    do {
+      const auto name = "unit-" + std::to_string(random());
+      path_ = (std::filesystem::temp_directory_path() / name).string();
+    } while (!std::filesystem::create_directory(path_));
   }
   ~TemporaryFolder() {
     std::error_code ignored;
@@ -29,32 +30,36 @@ class TemporaryFolder {
 
   [[nodiscard]] std::string native(const std::string& name) const { return path_ + "/" + name; }
   [[nodiscard]] std::u16string operator()(const std::string& name) const {
-    return text::fromBytes(native(name));
+    return text::fromUtf8(native(name));
+  }
+
+  /// @param name in UTF-8
+  [[nodiscard]] std::filesystem::path path(const std::string& name) const {
+    return text::fromUtf8(native(name));
   }
 
   void put(const std::string& name, const std::string& bytes) const {
-    std::ofstream(native(name), std::ios::binary) << bytes;
+    std::ofstream(path(name), std::ios::binary) << bytes;
   }
   [[nodiscard]] std::string get(const std::string& name) const {
     std::ostringstream bytes;
-    bytes << std::ifstream(native(name), std::ios::binary).rdbuf();
+    bytes << std::ifstream(path(name), std::ios::binary).rdbuf();
     return bytes.str();
   }
 
   /// Permission bits of a file.
   [[nodiscard]] unsigned mode(const std::string& name) const {
-    struct stat state {};
-    return ::stat(native(name).c_str(), &state) == 0 ? state.st_mode & 07777U : 0;
+    return static_cast<unsigned>(std::filesystem::status(native(name)).permissions());
   }
   void setMode(const std::string& name, unsigned bits) const {
-    ::chmod(native(name).c_str(), bits);
+    std::filesystem::permissions(native(name), std::filesystem::perms(bits));
   }
 
   /// Every name in the folder, those that begin with a full stop included.
   [[nodiscard]] std::set<std::string> names() const {
     std::set<std::string> all;
     for (const auto& entry : std::filesystem::directory_iterator(path_)) {
-      all.insert(entry.path().filename().string());
+      all.insert(text::toUtf8(entry.path().filename().u16string()));
     }
     return all;
   }

@@ -17,22 +17,23 @@ std::u16string utf16(char32_t code) {
 }
 
 TEST(CodePage, WritesUtf8) {
-  EXPECT_EQ(toBytes(u"Step 1\r\n"), "Step 1\r\n");
-  EXPECT_EQ(toBytes(u"é"), "\xC3\xA9");
-  EXPECT_EQ(toBytes(u"€"), "\xE2\x82\xAC");
-  EXPECT_EQ(toBytes(u"😀"), "\xF0\x9F\x98\x80");
-  EXPECT_EQ(toBytes(u"\u007F\u0080\u07FF\u0800\uFFFF"),
+  EXPECT_EQ(toUtf8(u"Step 1\r\n"), "Step 1\r\n");
+  EXPECT_EQ(toUtf8(u"é"), "\xC3\xA9");
+  EXPECT_EQ(toUtf8(u"€"), "\xE2\x82\xAC");
+  EXPECT_EQ(toUtf8(u"😀"), "\xF0\x9F\x98\x80");
+  EXPECT_EQ(toUtf8(u"\u007F\u0080\u07FF\u0800\uFFFF"),
             "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF");
-  EXPECT_EQ(toBytes(std::u16string(1, 0xD800)), "\xED\xA0\x80");
-  EXPECT_EQ(toBytes(std::u16string{0xDC00, 0xD800}), "\xED\xB0\x80\xED\xA0\x80");
-  EXPECT_EQ(toBytes(u"\uFEFFa"), "\xEF\xBB\xBF"s + "a");
-  EXPECT_EQ(toBytes(std::u16string(1, u'\0')), "\0"s);
+  EXPECT_EQ(toUtf8(std::u16string(1, 0xD800)), "\xED\xA0\x80");
+  EXPECT_EQ(toUtf8(std::u16string{0xDC00, 0xD800}), "\xED\xB0\x80\xED\xA0\x80");
+  EXPECT_EQ(toUtf8(u"\uFEFFa"), "\xEF\xBB\xBF"s + "a");
+  EXPECT_EQ(toUtf8(std::u16string(1, u'\0')), "\0"s);
 }
 
 TEST(CodePage, EveryCharacterComesBack) {
   for (char32_t code = 0; code <= 0x10FFFF; ++code) {
     const auto text = utf16(code);
     ASSERT_EQ(fromBytes(toBytes(text)), text) << static_cast<unsigned>(code);
+    ASSERT_EQ(fromBytes(toUtf8(text)), text) << static_cast<unsigned>(code);
   }
 }
 
@@ -84,7 +85,7 @@ TEST(CodePage, RunsOfAsciiOfEveryLength) {
     for (std::size_t after = 0; after < 20; ++after) {
       const auto text = std::u16string(before, u'a') + u"é" + std::u16string(after, u'b');
       const auto bytes = std::string(before, 'a') + "\xC3\xA9" + std::string(after, 'b');
-      ASSERT_EQ(toBytes(text), bytes);
+      ASSERT_EQ(toUtf8(text), bytes);
       ASSERT_EQ(fromBytes(bytes), text);
       ASSERT_EQ(fromBytes(bytes + "\xE9").size(), text.size() + 2);
     }

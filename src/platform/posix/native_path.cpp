@@ -6,7 +6,7 @@ namespace kvrnstep::platform {
 
 std::string nativePath(const std::u16string& path) {
   if (path.find(u'\0') != std::u16string::npos) return {};
-  return text::toBytes(path);
+  return text::toUtf8(path);
 }
 
 std::string folderPart(const std::string& path) {

@@ -8,11 +8,24 @@
 
 namespace listwright {
 
+namespace {
+
+/// The folder below the one that a variable names, or below the usual one of the user's.
 std::string userFolder(const char* variable, const std::string& usual) {
   const char* base = std::getenv(variable);
   if (base != nullptr && base[0] == '/') return std::string(base) + "/listwright";
   const char* home = std::getenv("HOME");
   return std::string(home == nullptr ? "." : home) + "/" + usual + "/listwright";
+}
+
+}  // namespace
+
+std::string userStepFolder() {
+  return userFolder("XDG_DATA_HOME", ".local/share");
+}
+
+std::string userSettingsFolder() {
+  return userFolder("XDG_CONFIG_HOME", ".config");
 }
 
 void makeWritableFolder(const std::string& folder) {

@@ -9,7 +9,7 @@
 #include <csignal>
 
 #include "platform/files.h"
-#include "platform_other_process.h"
+#include "posix/platform_other_process.h"
 #include "platform_temporary_folder.h"
 
 namespace kvrnstep::platform {

@@ -1,6 +1,6 @@
 #include <string>
 
-#include "platform/posix/profile_lines.h"
+#include "platform/profile_lines.h"
 #include "platform/profile.h"
 #include "text/text.h"
 

@@ -1,4 +1,4 @@
-#include "platform/posix/profile_lines.h"
+#include "platform/profile_lines.h"
 
 #include <algorithm>
 

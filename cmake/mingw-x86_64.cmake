@@ -1,0 +1,3 @@
+# 64-bit Windows, cross-compiled.
+set(LISTWRIGHT_MINGW x86_64-w64-mingw32)
+include(${CMAKE_CURRENT_LIST_DIR}/mingw.cmake)

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// What programs need of the system that they run on.
+namespace hosts {
+
+/// The program's arguments, its name first.
+class Arguments {
+ public:
+  /// @param argv as main gets them; on Windows the system is asked for them in UTF-8
+  Arguments(int argc, char** argv);
+
+  [[nodiscard]] int count() const { return static_cast<int>(pointers_.size()); }
+  [[nodiscard]] const char* const* values() const { return pointers_.data(); }
+
+ private:
+  std::vector<std::string> texts_;
+  std::vector<const char*> pointers_;
+};
+
+/// Where the plug-in lies, seen from the running program's folder: "../lib" in a build tree,
+/// "../lib/listwright" where it is installed, and on Windows in that same folder.
+std::string pluginBesideProgram();
+
+/// Lets bytes go out as they are, and a terminal take them for UTF-8.
+void prepareOutput();
+
+/// Whether a person reads the standard output.
+bool outputIsTerminal();
+
+}  // namespace hosts

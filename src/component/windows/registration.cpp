@@ -1,0 +1,192 @@
+#include "component/windows/registration.h"
+
+#include <array>
+#include <string>
+
+#include "platform/files.h"
+#include "platform/module.h"
+#include "platform/windows/this_module.h"
+#include "text/windows/wide.h"
+
+namespace kvrnstep::component {
+
+namespace {
+
+using text::wide;
+
+constexpr std::u16string_view kTitle = u"kvrn Listwright";
+constexpr std::u16string_view kClasses = u"Software\\Classes\\";
+constexpr std::u16string_view kVersion = u"5.0";
+/// The system's own class that carries calls of interfaces with a type library across threads.
+constexpr std::u16string_view kMarshaler = u"{00020424-0000-0000-C000-000000000046}";
+
+#ifdef _WIN64
+constexpr std::u16string_view kSystem = u"win64";
+constexpr REGSAM kOtherView = KEY_WOW64_32KEY;
+#else
+constexpr std::u16string_view kSystem = u"win32";
+constexpr REGSAM kOtherView = KEY_WOW64_64KEY;
+#endif
+
+struct Class {
+  const GUID& id;
+  const GUID& interfaceId;
+  std::u16string_view name;
+  std::u16string_view interfaceName;
+};
+constexpr std::array<Class, 2> kComponentClasses{{
+    {kClassListwright, kInterfaceListwright, u"kvrnstep.Listwright", u"_Listwright"},
+    {kClassIcon, kInterfaceIcon, u"kvrnstep.cIcon", u"_cIcon"},
+}};
+
+std::u16string textOf(const GUID& id) {
+  constexpr int kRoom = 39;
+  std::u16string text(kRoom, u'\0');
+  ::StringFromGUID2(id, wide(text.data()), kRoom);
+  text.pop_back();
+  return text;
+}
+
+std::u16string joined(std::initializer_list<std::u16string_view> parts) {
+  std::u16string all;
+  for (const auto part : parts) all += part;
+  return all;
+}
+
+std::u16string keyOfClass(const Class& one) {
+  return joined({kClasses, u"CLSID\\", textOf(one.id)});
+}
+std::u16string keyOfName(const Class& one) {
+  return joined({kClasses, one.name});
+}
+std::u16string keyOfInterface(const Class& one) {
+  return joined({kClasses, u"Interface\\", textOf(one.interfaceId)});
+}
+std::u16string keyOfLibrary() {
+  return joined({kClasses, u"TypeLib\\", textOf(kLibrary)});
+}
+std::u16string keyOfVersion() {
+  return joined({keyOfLibrary(), u"\\", kVersion});
+}
+
+/// Writes keys below one root; the first failure stands.
+class Writer {
+ public:
+  explicit Writer(HKEY root) : root_(root) {}
+
+  /// @param name of the value; null is the key's own
+  void write(const std::u16string& key, std::u16string_view text, const wchar_t* name = nullptr) {
+    if (result_ != ERROR_SUCCESS) return;
+    const std::u16string value(text);
+    HKEY opened = nullptr;
+    result_ = ::RegCreateKeyExW(root_, wide(key), 0, nullptr, 0, KEY_WRITE, nullptr, &opened,
+                                nullptr);
+    if (result_ != ERROR_SUCCESS) return;
+    const auto size = static_cast<DWORD>((value.size() + 1) * sizeof(char16_t));
+    result_ = ::RegSetValueExW(opened, name, 0, REG_SZ,
+                               reinterpret_cast<const BYTE*>(value.c_str()), size);
+    ::RegCloseKey(opened);
+  }
+
+  [[nodiscard]] LSTATUS result() const { return result_; }
+
+ private:
+  HKEY root_;
+  LSTATUS result_ = ERROR_SUCCESS;
+};
+
+void writeClass(Writer& writer, const Class& one, const std::u16string& module) {
+  const std::u16string key = keyOfClass(one);
+  writer.write(key, kTitle);
+  writer.write(key + u"\\InprocServer32", module);
+  writer.write(key + u"\\InprocServer32", u"Apartment", L"ThreadingModel");
+  writer.write(key + u"\\ProgID", one.name);
+  writer.write(key + u"\\Programmable", u"");
+  writer.write(key + u"\\TypeLib", textOf(kLibrary));
+  writer.write(key + u"\\Version", kVersion);
+  writer.write(keyOfName(one), kTitle);
+  writer.write(keyOfName(one) + u"\\CLSID", textOf(one.id));
+  writer.write(keyOfInterface(one), one.interfaceName);
+  writer.write(keyOfInterface(one) + u"\\ProxyStubClsid32", kMarshaler);
+  writer.write(keyOfInterface(one) + u"\\TypeLib", textOf(kLibrary));
+  writer.write(keyOfInterface(one) + u"\\TypeLib", kVersion, L"Version");
+}
+
+LSTATUS writeAll(HKEY root) {
+  const std::u16string module = platform::modulePath();
+  Writer writer(root);
+  for (const Class& one : kComponentClasses) writeClass(writer, one, module);
+  writer.write(keyOfVersion(), u"kvrnstep");
+  writer.write(joined({keyOfVersion(), u"\\409\\", kSystem}), module);
+  writer.write(keyOfVersion() + u"\\FLAGS", u"0");
+  writer.write(keyOfVersion() + u"\\HELPDIR", platform::moduleFolder());
+  return writer.result();
+}
+
+bool exists(HKEY root, const std::u16string& key, REGSAM view) {
+  HKEY opened = nullptr;
+  if (::RegOpenKeyExW(root, wide(key), 0, KEY_READ | view, &opened) != ERROR_SUCCESS) return false;
+  ::RegCloseKey(opened);
+  return true;
+}
+
+/// On a system of 64 bits the builds of both kinds share the names and the type library; classes
+/// and interfaces they do not share.
+bool otherBuildIsRegistered(HKEY root) {
+  BOOL emulated = TRUE;
+#ifndef _WIN64
+  ::IsWow64Process(::GetCurrentProcess(), &emulated);
+#endif
+  return emulated != FALSE && exists(root, keyOfClass(kComponentClasses.front()), kOtherView);
+}
+
+/// Deletes keys below one root; the first failure stands, and a key that is not there is none.
+class Eraser {
+ public:
+  explicit Eraser(HKEY root) : root_(root) {}
+
+  void erase(const std::u16string& key) {
+    const LSTATUS result = ::RegDeleteTreeW(root_, wide(key));
+    const bool gone = result == ERROR_SUCCESS || result == ERROR_FILE_NOT_FOUND;
+    if (!gone && result_ == ERROR_SUCCESS) result_ = result;
+  }
+
+  [[nodiscard]] LSTATUS result() const { return result_; }
+
+ private:
+  HKEY root_;
+  LSTATUS result_ = ERROR_SUCCESS;
+};
+
+LSTATUS eraseAll(HKEY root) {
+  Eraser eraser(root);
+  const bool shared = otherBuildIsRegistered(root);
+  for (const Class& one : kComponentClasses) {
+    eraser.erase(keyOfClass(one));
+    eraser.erase(keyOfInterface(one));
+    if (!shared) eraser.erase(keyOfName(one));
+  }
+  eraser.erase(shared ? joined({keyOfVersion(), u"\\409\\", kSystem}) : keyOfLibrary());
+  return eraser.result();
+}
+
+}  // namespace
+
+HRESULT registerComponent() {
+  LSTATUS result = ERROR_SUCCESS;
+  for (const HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
+    result = writeAll(root);
+    if (result == ERROR_SUCCESS) return S_OK;
+    eraseAll(root);
+    if (result != ERROR_ACCESS_DENIED) break;
+  }
+  return HRESULT_FROM_WIN32(result);
+}
+
+HRESULT unregisterComponent() {
+  const LSTATUS forAll = eraseAll(HKEY_LOCAL_MACHINE);
+  const LSTATUS forOne = eraseAll(HKEY_CURRENT_USER);
+  return HRESULT_FROM_WIN32(forAll != ERROR_SUCCESS ? forAll : forOne);
+}
+
+}  // namespace kvrnstep::component

@@ -1,0 +1,101 @@
+#include "platform/files.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "platform/windows/handle.h"
+#include "platform/windows/native_path.h"
+#include "text/windows/wide.h"
+
+namespace kvrnstep::platform {
+
+namespace {
+
+Handle openFile(const std::u16string& path, DWORD access, DWORD disposition) {
+  return Handle(::CreateFileW(text::wide(nativePath(path)), access, kShareAll, nullptr, disposition,
+                              FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+/// A pipe or a device would block or never end.
+bool isOnDisk(const Handle& file) {
+  return file.open() && ::GetFileType(file.get()) == FILE_TYPE_DISK;
+}
+
+/// Reads to the end of the file, which may meanwhile have become longer or shorter than `size`.
+std::optional<std::string> readAll(HANDLE file, std::size_t size) {
+  constexpr std::size_t kLeastRoom = 4096;
+  constexpr std::size_t kMostAtOnce = 1U << 30U;
+  std::string bytes(size + 1, '\0');
+  std::size_t filled = 0;
+  for (;;) {
+    const auto room = static_cast<DWORD>(std::min(bytes.size() - filled, kMostAtOnce));
+    DWORD count = 0;
+    if (::ReadFile(file, bytes.data() + filled, room, &count, nullptr) == FALSE) {
+      return std::nullopt;
+    }
+    if (count == 0) break;
+    filled += count;
+    if (filled == bytes.size()) bytes.resize(std::max(2 * filled, kLeastRoom));
+  }
+  bytes.resize(filled);
+  return bytes;
+}
+
+struct CloseSearch {
+  using pointer = HANDLE;
+  void operator()(HANDLE search) const { ::FindClose(search); }
+};
+
+}  // namespace
+
+bool isSeparator(char16_t character) {
+  return character == u'/' || character == u'\\';
+}
+
+std::u16string withoutTrailingSeparator(std::u16string_view path) {
+  if (!path.empty() && isSeparator(path.back())) path.remove_suffix(1);
+  return std::u16string(path);
+}
+
+std::optional<std::string> readFile(const std::u16string& path, std::size_t largest) {
+  const Handle file = openFile(path, GENERIC_READ, OPEN_EXISTING);
+  LARGE_INTEGER size{};
+  if (!isOnDisk(file) || ::GetFileSizeEx(file.get(), &size) == FALSE) return std::nullopt;
+  if (static_cast<ULONGLONG>(size.QuadPart) > largest) return std::nullopt;
+  return readAll(file.get(), static_cast<std::size_t>(size.QuadPart));
+}
+
+bool createEmptyFile(const std::u16string& path) {
+  return isOnDisk(openFile(path, GENERIC_WRITE, OPEN_ALWAYS));
+}
+
+bool pathExists(const std::u16string& path) {
+  return ::GetFileAttributesW(text::wide(nativePath(path))) != INVALID_FILE_ATTRIBUTES;
+}
+
+bool createFolder(const std::u16string& path) {
+  return ::CreateDirectoryW(text::wide(nativePath(path)), nullptr) != FALSE;
+}
+
+std::vector<std::u16string> filesIn(const std::u16string& folder) {
+  std::vector<std::u16string> names;
+  if (folder.empty()) return names;
+  WIN32_FIND_DATAW found;
+  const std::u16string all = nativePath(folder + u"\\*");
+  const HANDLE first = ::FindFirstFileW(text::wide(all), &found);
+  if (first == INVALID_HANDLE_VALUE) return names;
+  const std::unique_ptr<HANDLE, CloseSearch> search(first);
+  do {
+    const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    if (!isFolder) names.emplace_back(text::utf16(&found.cFileName[0]));
+  } while (::FindNextFileW(search.get(), &found) != FALSE);
+  return names;
+}
+
+bool deleteFile(const std::u16string& path) {
+  return ::DeleteFileW(text::wide(nativePath(path))) != FALSE;
+}
+
+}  // namespace kvrnstep::platform

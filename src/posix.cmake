@@ -1,0 +1,14 @@
+# The icons are compiled in.
+file(GLOB icons CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/assets/icons/*.ico)
+set(icons_source ${CMAKE_CURRENT_BINARY_DIR}/icons.cpp)
+add_custom_command(OUTPUT ${icons_source}
+  COMMAND ${CMAKE_COMMAND} -D ICONS=${PROJECT_SOURCE_DIR}/assets/icons -D OUTPUT=${icons_source}
+    -P ${PROJECT_SOURCE_DIR}/cmake/embed_icons.cmake
+  DEPENDS ${icons} ${PROJECT_SOURCE_DIR}/cmake/embed_icons.cmake)
+target_sources(kvrnstep_core PRIVATE ${icons_source})
+
+set_target_properties(kvrnstep PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+# Few segments and nothing that nobody calls: a host that loads the plug-in pays for each page.
+target_link_options(kvrnstep PRIVATE
+  -Wl,--exclude-libs,ALL -Wl,--gc-sections -Wl,-z,noseparate-code -Wl,-z,defs)
+install(TARGETS kvrnstep LIBRARY DESTINATION ${LISTWRIGHT_PLUGIN_DIR})
