@@ -1,5 +1,5 @@
 # For people. Every target does what it needs first, on a fresh Debian 12 machine too.
-.PHONY: help setup build run test bench fuzz deb install format check clean
+.PHONY: help setup build run test bench fuzz fuzz-check windows test-windows deb install format check clean
 
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
@@ -36,7 +36,22 @@ install: build
 
 SECONDS ?= 60
 fuzz: setup
+	@tools/install-missing clang libclang-rt-14-dev
 	@tools/fuzz $(SECONDS)
+
+fuzz-check: setup
+	@tools/install-missing clang libclang-rt-14-dev
+	@tools/fuzz check
+
+# The core, the component and the programs; the dialog for Windows is still to come.
+windows:
+	@tools/setup-windows
+	@cmake --preset windows64 >/dev/null && cmake --build build-windows64
+	@cmake --preset windows32 >/dev/null && cmake --build build-windows32
+
+test-windows: windows
+	@tools/setup-windows run
+	@tools/test-windows
 
 deb: setup
 	@packaging/build-deb

@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   const std::u16string fitting = stepfiles::fittingFileName(name);
   const std::size_t room = 255 - stepfiles::kStepExtension.size();
-  const std::string bytes = text::toBytes(fitting);
+  const std::string bytes = text::toUtf8(fitting);
   fuzz::check(bytes.size() <= room, "a name fits with its extension");
   fuzz::check(name.starts_with(fitting), "a name is only cut");
   if (fitting == name) return 0;
