@@ -15,7 +15,7 @@ dialog=""
 case $2 in
   *windows*)
     dialog=dialog
-    printf '%s\n' 'True: 1. |2. |3. |' 'True:   I. |  II. |  III. |' >>expected
+    printf '%s\n' 'True:     1. |    2. |    3. |' 'True:     I. |   II. |  III. |' >>expected
     ;;
 esac
 printf '%s\n' '\Stepicon.ico' 'no icon: ' >>expected
