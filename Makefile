@@ -36,7 +36,7 @@ check: setup
 	@tools/check
 
 format:
-	@git ls-files '*.cpp' '*.h' '*.hpp' | xargs clang-format -i
+	@git ls-files '*.c' '*.cpp' '*.h' '*.hpp' | xargs clang-format -i
 
 clean:
 	rm -rf build build-*

@@ -91,9 +91,8 @@ Times editLongList(const kvrnstep::Listwright& plugin, const QString& folder) {
     dialog->close();
   });
   std::string text;
-  plugin.ShowListwrightDialog(text, {.sPthStepFolder = steps,
-                                     .SEC_APP_NAME = "Listwright",
-                                     .s_IniPathAndName = settings});
+  plugin.ShowListwrightDialog(
+      text, {.sPthStepFolder = steps, .SEC_APP_NAME = "Listwright", .s_IniPathAndName = settings});
   return times;
 }
 

@@ -24,7 +24,7 @@ set_source_files_properties(${resources} PROPERTIES
 target_sources(kvrnstep PRIVATE ${resources} component/windows/kvrnstep.def)
 
 target_link_libraries(kvrnstep PRIVATE kvrnstep_headless ole32 oleaut32 uuid)
-if(EXISTS ${PROJECT_SOURCE_DIR}/frontends/windows)
+if(EXISTS ${PROJECT_SOURCE_DIR}/frontends/windows/CMakeLists.txt)
   target_link_libraries(kvrnstep PRIVATE kvrnstep_windows)
   target_compile_definitions(kvrnstep PRIVATE KVRNSTEP_WINDOWS_FRONT_END)
 endif()

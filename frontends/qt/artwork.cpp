@@ -1,5 +1,6 @@
 #include "artwork.h"
 
+#include <QHash>
 #include <QString>
 #include <algorithm>
 #include <array>
@@ -46,20 +47,28 @@ QString pictureFile(forms::Picture picture) {
   return {};
 }
 
+/// Each file is read once, and not with every dialog that opens.
+const QIcon& iconFrom(const QString& file) {
+  static QHash<QString, QIcon> read;
+  auto found = read.find(file);
+  if (found == read.end()) found = read.insert(file, QIcon(file));
+  return *found;
+}
+
 }  // namespace
 
 QPixmap picture(forms::Picture picture, QSize size, double pixelRatio) {
-  return QIcon(pictureFile(picture)).pixmap(size, pixelRatio);
+  return iconFrom(pictureFile(picture)).pixmap(size, pixelRatio);
 }
 
 QIcon pictureIcon(forms::Picture picture) {
-  return QIcon(pictureFile(picture));
+  return iconFrom(pictureFile(picture));
 }
 
 QCursor cursorOf(int resourceId, double pixelRatio) {
   const auto* found = std::ranges::find(kCursors, resourceId, &CursorFile::resourceId);
   if (found == kCursors.end()) return {};
-  const QPixmap drawn = QIcon(found->file).pixmap(kCursorSize, pixelRatio);
+  const QPixmap drawn = iconFrom(found->file).pixmap(kCursorSize, pixelRatio);
   return QCursor(drawn, found->hotSpot.x(), found->hotSpot.y());
 }
 
@@ -72,7 +81,7 @@ void applyCursor(QWidget& widget, int resourceId) {
 }
 
 QIcon windowIcon() {
-  return QIcon(":/listwright/listwright.png");
+  return iconFrom(":/listwright/listwright.png");
 }
 
 }  // namespace kvrnstep::qt

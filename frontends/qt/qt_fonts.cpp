@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QFontMetrics>
+#include <QHash>
 #include <algorithm>
 #include <array>
 #include <initializer_list>
@@ -51,6 +52,17 @@ QString substitute(const QString& name) {
   return fixedFamily();
 }
 
+/// The family that stands for a name. Asking the system whether it has one takes longer than
+/// making a box, so each name is looked up once.
+const QString& installedFamily(const QString& name) {
+  static QHash<QString, QString> known;
+  auto found = known.find(name);
+  if (found == known.end()) {
+    found = known.insert(name, QFontDatabase::hasFamily(name) ? name : substitute(name));
+  }
+  return *found;
+}
+
 int pixelsOfPoints(float points) {
   constexpr float kPixelsPerPoint = 96.0F / 72.0F;
   return std::max(1, qRound(points * kPixelsPerPoint));
@@ -70,10 +82,7 @@ QFont captionFont() {
 
 QFont boxFont(std::u16string_view name, float points) {
   QFont font = captionFont();
-  if (!name.empty()) {
-    const QString family = toQt(name);
-    font.setFamily(QFontDatabase::hasFamily(family) ? family : substitute(family));
-  }
+  if (!name.empty()) font.setFamily(installedFamily(toQt(name)));
   if (points > 0) font.setPixelSize(pixelsOfPoints(points));
   return font;
 }

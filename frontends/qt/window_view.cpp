@@ -9,9 +9,11 @@
 #include "combo_view.h"
 #include "forms/reading_order.h"
 #include "forms/user_actions.h"
+#include "host_window.h"
 #include "list_view.h"
 #include "menu_view.h"
 #include "picture_views.h"
+#include "qt_application.h"
 #include "qt_fonts.h"
 #include "spinner_view.h"
 #include "text.h"
@@ -155,6 +157,7 @@ Control* WindowView::controlAt(QPoint onScreen) const {
 
 void WindowView::show() {
   topLevel_.show();
+  if (applicationIsOurs()) stayInFrontOfHost(topLevel_);
   topLevel_.activateWindow();
 }
 

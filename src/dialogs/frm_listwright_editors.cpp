@@ -1,11 +1,19 @@
+#include <array>
+#include <utility>
+
 #include "dialogs/frm_listwright.h"
 #include "dialogs/frm_step_be.h"
 #include "dialogs/frm_step_ps_edit.h"
 
 namespace kvrnstep::dialogs {
 
+namespace {
+
+enum Entry : int { Prefixes = 0, Suffixes = 1, Beginnings = 3, Endings = 4 };
+
+}  // namespace
+
 void frmListwright::mnuEdits_Click(int index) {
-  enum Entry { Prefixes = 0, Suffixes = 1, Beginnings = 3, Endings = 4 };
   switch (index) {
     case Prefixes:
     case Suffixes:
@@ -23,20 +31,11 @@ void frmListwright::mnuEdits_Click(int index) {
 }
 
 void frmListwright::lblD_MouseUp(int index) {
-  enum Label { Prefix = 0, Suffix = 1, Ending = 4, Beginning = 5 };
-  switch (index) {
-    case Prefix:
-    case Suffix:
-      editAffixes(index);
-      break;
-    case Beginning:
-      editStoredTexts(0, txtBegin);
-      break;
-    case Ending:
-      editStoredTexts(1, txtEnd);
-      break;
-    default:
-      break;
+  // The labels that do what an entry of the Edit menu does.
+  constexpr std::array<std::pair<int, Entry>, 4> kLabels{
+      {{0, Prefixes}, {1, Suffixes}, {5, Beginnings}, {4, Endings}}};
+  for (const auto& [label, entry] : kLabels) {
+    if (label == index) mnuEdits_Click(entry);
   }
 }
 

@@ -16,7 +16,7 @@ using Place = Item*;
 // NOLINTBEGIN(clang-analyzer-cplusplus.Move)
 
 /// Ranges of this length and below are sorted faster by insertion.
-constexpr std::ptrdiff_t kShort = 16;
+constexpr std::ptrdiff_t kShort = 24;
 
 void insertionSort(Place first, Place last) {
   for (Place next = first + 1; next <= last; ++next) {

@@ -68,7 +68,7 @@ Control::Control(Window& window, const ControlRow& row, Control* container)
 
 std::string Control::scriptName() const {
   std::string name(row_.name);
-  if (row_.index >= 0) name += "(" + std::to_string(row_.index) + ")";
+  if (row_.index >= 0) name.append("(").append(std::to_string(row_.index)).append(")");
   return name;
 }
 

@@ -7,14 +7,14 @@
 
 static int failures = 0;
 
-static void expect(int held, const char *what, int line) {
+static void expect(int held, const char* what, int line) {
   if (held) return;
   printf("line %d: %s\n", line, what);
   ++failures;
 }
 #define EXPECT(condition) expect(condition, #condition, __LINE__)
 
-static int is(char *text, const char *wanted) {
+static int is(char* text, const char* wanted) {
   const int same = text != NULL && strcmp(text, wanted) == 0;
   if (!same) printf("\"%s\" instead of \"%s\"\n", text != NULL ? text : "(null)", wanted);
   kvrnstep_free(text);
@@ -23,7 +23,7 @@ static int is(char *text, const char *wanted) {
 
 static void generates_lists(void) {
   kvrnstep_list list;
-  char *text = NULL;
+  char* text = NULL;
   kvrnstep_list_init(&list, sizeof list);
   list.Selection = 1;
   list.Prefix = "é ";
@@ -42,10 +42,10 @@ static void generates_lists(void) {
   EXPECT(kvrnstep_generate(&list, &text) == KVRNSTEP_BAD_ARGUMENT);
 }
 
-static void keeps_step_files(const char *folder) {
+static void keeps_step_files(const char* folder) {
   char path[1000];
   kvrnstep_list list;
-  char *text = NULL;
+  char* text = NULL;
   snprintf(path, sizeof path, "%s/a b.step", folder);
   kvrnstep_list_init(&list, sizeof list);
   list.Count = 2;
@@ -66,7 +66,7 @@ static void takes_structs_of_later_hosts(void) {
     kvrnstep_list known;
     int32_t later;
   } list;
-  char *text = NULL;
+  char* text = NULL;
   kvrnstep_list_init(&list.known, sizeof list);
   EXPECT(list.later == 0 && list.known.size == sizeof list);
   EXPECT(kvrnstep_generate(&list.known, &text) == KVRNSTEP_DONE);
@@ -76,7 +76,7 @@ static void takes_structs_of_later_hosts(void) {
 /* The test runs without a display. */
 static void says_why_it_shows_nothing(void) {
   kvrnstep_dialog dialog;
-  char *text = "untouched";
+  char* text = "untouched";
   kvrnstep_dialog_init(&dialog, sizeof dialog);
   EXPECT(dialog.i_EditorSize == 9 && dialog.bytSpcCount == 4);
   EXPECT(kvrnstep_show_dialog(&dialog, &text) == KVRNSTEP_NO_DISPLAY && text == NULL);
@@ -90,8 +90,8 @@ static void says_why_it_shows_nothing(void) {
   EXPECT(kvrnstep_show_dialog(&dialog, NULL) == KVRNSTEP_BAD_ARGUMENT);
 }
 
-int main(int count, char **arguments) {
-  char *icon = kvrnstep_request_program_icon(103);
+int main(int count, char** arguments) {
+  char* icon = kvrnstep_request_program_icon(103);
   EXPECT(count == 2);
   EXPECT(is(kvrnstep_plug_name_version(), "kvrn Listwright\t2.0.0"));
   EXPECT(icon != NULL && strstr(icon, "/Stepicon.ico") != NULL);

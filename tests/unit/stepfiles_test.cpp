@@ -141,13 +141,13 @@ TEST(PathPart, SplitsAtEitherSeparator) {
 TEST(StepFolder, ListsForPeople) {
   TemporaryFolder folder;
   for (const char* name : {"b.step", "A.STEP", "a.step.step", ".hidden.step", "a10.step", "a2.step",
-                           "Ä.step", "none.txt", "step", "ä.step", "Z.Step"}) {
+                           "Ä.step", "none.txt", "step", "äb.step", "Z.Step"}) {
     folder.put(name, "");
   }
   folder.setMode("b.step", 0444);
   EXPECT_EQ(stepFileEntries(folder("")),
             (std::vector<std::u16string>{u".hidden", u"A.STEP", u"a", u"a10", u"a2", u"b",
-                                         u"Z.Step", u"Ä", u"ä"}));
+                                         u"Z.Step", u"Ä", u"äb"}));
   EXPECT_TRUE(stepFileEntries(folder("missing")).empty());
   EXPECT_EQ(pathOfEntry(u"steps", u"A.STEP"), u"steps" + std::u16string(1, platform::kSeparator) + u"A.STEP.step");
 }

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <kvrnstep/kvrnstep.h>
+
+/// The functions of Listwright's library that Geany needs.
+typedef struct Library {
+  __typeof__(&kvrnstep_dialog_init) dialog_init;
+  __typeof__(&kvrnstep_show_dialog) show_dialog;
+  __typeof__(&kvrnstep_can_show_dialog) can_show_dialog;
+  __typeof__(&kvrnstep_free) free;
+} Library;
+
+/// The library, loaded by the first call and then there until Geany ends. Null where it cannot be
+/// loaded; `*problem` then says in one line why, to be freed by g_free.
+const Library* loadLibrary(char** problem);

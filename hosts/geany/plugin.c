@@ -1,0 +1,78 @@
+// What Geany sees: a sub-menu of its Tools menu, and keys for the entries.
+
+#include <gmodule.h>
+
+#include "step_list.h"
+
+typedef struct Command {
+  const char* caption;
+  const char* keyName;
+  const char* keyLabel;
+  ListKind kind;
+} Command;
+
+static const Command commands[] = {
+    {"_Step List…", "step_list", "Insert a step list", {0, FALSE}},
+    {"_Numbered…", "numbered_list", "Insert a numbered list", {0, TRUE}},
+    {"_Alphabetical…", "alphabetical_list", "Insert an alphabetical list", {1, TRUE}},
+    {"_Roman Numeral…", "roman_list", "Insert a Roman numeral list", {2, TRUE}},
+    {"_Prefix And/Or Suffix…",
+     "prefix_suffix_list",
+     "Insert a prefix and/or suffix list",
+     {3, TRUE}},
+};
+
+static GtkWidget* menu;
+
+static void onActivate(GtkMenuItem* item, gpointer plugin) {
+  const Command* command = g_object_get_data(G_OBJECT(item), "command");
+  insertStepList(((GeanyPlugin*)plugin)->geany_data, command->kind);
+}
+
+static gboolean onKey(GeanyKeyGroup* group, guint key, gpointer plugin) {
+  (void)group;
+  insertStepList(((GeanyPlugin*)plugin)->geany_data, commands[key].kind);
+  return TRUE;
+}
+
+static gboolean start(GeanyPlugin* plugin, gpointer unused) {
+  (void)unused;
+  menu = gtk_menu_item_new_with_mnemonic("_Listwright");
+  GtkWidget* entries = gtk_menu_new();
+  gtk_menu_item_set_submenu(GTK_MENU_ITEM(menu), entries);
+  GeanyKeyGroup* keys =
+      plugin_set_key_group_full(plugin, "listwright", G_N_ELEMENTS(commands), onKey, plugin, NULL);
+  for (guint i = 0; i < G_N_ELEMENTS(commands); ++i) {
+    const Command* command = &commands[i];
+    GtkWidget* item = gtk_menu_item_new_with_mnemonic(command->caption);
+    g_object_set_data(G_OBJECT(item), "command", (gpointer)command);
+    g_signal_connect(item, "activate", G_CALLBACK(onActivate), plugin);
+    gtk_menu_shell_append(GTK_MENU_SHELL(entries), item);
+    // No keys of its own: those that Geany leaves free are the user's.
+    keybindings_set_item_full(keys, i, 0, 0, command->keyName, command->keyLabel, item, NULL, NULL,
+                              NULL);
+  }
+  ui_add_document_sensitive(menu);
+  gtk_menu_shell_append(GTK_MENU_SHELL(plugin->geany_data->main_widgets->tools_menu), menu);
+  gtk_widget_show_all(menu);
+  return TRUE;
+}
+
+static void stop(GeanyPlugin* plugin, gpointer unused) {
+  (void)plugin;
+  (void)unused;
+  forgetDocuments();
+  gtk_widget_destroy(menu);
+}
+
+G_MODULE_EXPORT void geany_load_module(GeanyPlugin* plugin) {
+  plugin->info->name = "Listwright";
+  plugin->info->description = "Builds step lists in a dialog with a live preview.";
+  plugin->info->version = LISTWRIGHT_VERSION;
+  plugin->info->author = "The Listwright developers";
+  plugin->funcs->init = start;
+  plugin->funcs->cleanup = stop;
+  // The library that the first dialog loads has to stay, and it may be at work when Geany ends.
+  plugin_module_make_resident(plugin);
+  GEANY_PLUGIN_REGISTER(plugin, 226);
+}

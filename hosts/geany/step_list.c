@@ -1,0 +1,152 @@
+#include "step_list.h"
+
+#include "library.h"
+
+// Geany's events run while the dialog is open: a screen reader can ask for another one past any
+// grab, and Geany can be told to end.
+static gboolean dialogIsOpen = FALSE;
+static gboolean documentsAreGone = FALSE;
+
+static void say(const char* problem) {
+  ui_set_statusbar(TRUE, "Listwright: %s", problem);
+}
+
+/// The current document; null, and the user is told, where it takes no text.
+static GeanyDocument* writableDocument(void) {
+  GeanyDocument* document = document_get_current();
+  if (document == NULL) {
+    say("no document is open");
+  } else if (document->readonly) {
+    say("the document is read-only");
+    document = NULL;
+  }
+  return document;
+}
+
+/// The folder for step files and settings; null, and the user is told, where it cannot be made. To
+/// be freed.
+static char* provideStepFolder(const GeanyData* data) {
+  char* folder = g_build_filename(data->app->configdir, "plugins", "listwright", NULL);
+  const int failed = utils_mkdir(folder, TRUE);
+  if (failed == 0) return folder;
+  ui_set_statusbar(TRUE, "Listwright: cannot make the folder %s: %s", folder, g_strerror(failed));
+  g_free(folder);
+  return NULL;
+}
+
+/// What the editor's font really is: "Monospace" is no font, but the wish for one. To be freed.
+static PangoFontDescription* editorFont(const GeanyData* data, GeanyDocument* document) {
+  PangoFontDescription* wanted =
+      pango_font_description_from_string(data->interface_prefs->editor_font);
+  PangoContext* context = gtk_widget_get_pango_context(GTK_WIDGET(document->editor->sci));
+  PangoFont* font = pango_context_load_font(context, wanted);
+  if (font == NULL) return wanted;
+  PangoFontDescription* found = pango_font_describe(font);
+  pango_font_description_set_size(found, pango_font_description_get_size(wanted));
+  pango_font_description_free(wanted);
+  g_object_unref(font);
+  return found;
+}
+
+static int32_t defaultColor(GeanyDocument* document, unsigned int message) {
+  return (int32_t)scintilla_send_message(document->editor->sci, message, STYLE_DEFAULT, 0);
+}
+
+/// The list with the line ends of the document. To be freed.
+static char* withLineEndsOf(GeanyDocument* document, const char* list) {
+  const char* lineEnd = editor_get_eol_char(document->editor);
+  GString* text = g_string_new(NULL);
+  for (const char* next = list; *next != '\0'; ++next) {
+    if (*next == '\r' && next[1] == '\n') ++next;
+    if (*next == '\r' || *next == '\n') {
+      g_string_append(text, lineEnd);
+    } else {
+      g_string_append_c(text, *next);
+    }
+  }
+  return g_string_free(text, FALSE);
+}
+
+/// Another document can be in front by now: other programs have Geany open theirs at any time.
+static void replaceSelection(const GeanyData* data, GeanyDocument* document, const char* list) {
+  gtk_notebook_set_current_page(GTK_NOTEBOOK(data->main_widgets->notebook),
+                                document_get_notebook_page(document));
+  char* text = withLineEndsOf(document, list);
+  sci_replace_sel(document->editor->sci, text);
+  g_free(text);
+}
+
+/// Shows the dialog; `*list` as kvrnstep_show_dialog leaves it.
+static int showDialog(const GeanyData* data, GeanyDocument* document, const Library* library,
+                      const char* stepFolder, ListKind kind, char** list) {
+  char* settings = g_build_filename(stepFolder, "steps.ini", NULL);
+  PangoFontDescription* font = editorFont(data, document);
+  kvrnstep_dialog dialog;
+  library->dialog_init(&dialog, sizeof dialog);
+  dialog.iBuildStep = kind.iBuildStep;
+  dialog.BuMenuMode = kind.BuMenuMode;
+  dialog.sPthStepFolder = stepFolder;
+  dialog.SEC_APP_NAME = "Listwright";
+  dialog.s_IniPathAndName = settings;
+  dialog.l_EditorBColor = defaultColor(document, SCI_STYLEGETBACK);
+  dialog.l_EditorFColor = defaultColor(document, SCI_STYLEGETFORE);
+  dialog.s_EditorFont = pango_font_description_get_family(font);
+  dialog.i_EditorSize = pango_font_description_get_size(font) / PANGO_SCALE;
+  dialog.bytSpcCount = CLAMP(editor_get_indent_prefs(document->editor)->width, 0, 255);
+
+  // Geany goes on painting behind the dialog, but what is typed and clicked into it, and its close
+  // box, end at a widget that nobody sees.
+  GtkWidget* shield = gtk_invisible_new();
+  gtk_grab_add(shield);
+  const int result = library->show_dialog(&dialog, list);
+  gtk_grab_remove(shield);
+  gtk_widget_destroy(shield);
+
+  pango_font_description_free(font);
+  g_free(settings);
+  return result;
+}
+
+static void sayWhyNoDialog(const Library* library) {
+  char* problem = NULL;
+  if (library->can_show_dialog(&problem) == KVRNSTEP_NO_DISPLAY && problem != NULL) {
+    say(problem);
+  } else {
+    say("the dialog cannot be shown");
+  }
+  library->free(problem);
+}
+
+void forgetDocuments(void) {
+  documentsAreGone = TRUE;
+}
+
+void insertStepList(const GeanyData* data, ListKind kind) {
+  if (dialogIsOpen) return;
+  GeanyDocument* document = writableDocument();
+  if (document == NULL) return;
+  char* problem = NULL;
+  const Library* library = loadLibrary(&problem);
+  if (library == NULL) {
+    say(problem);
+    g_free(problem);
+    return;
+  }
+  char* stepFolder = provideStepFolder(data);
+  if (stepFolder == NULL) return;
+
+  dialogIsOpen = TRUE;
+  documentsAreGone = FALSE;
+  const guint id = document->id;
+  char* list = NULL;
+  const int result = showDialog(data, document, library, stepFolder, kind, &list);
+  dialogIsOpen = FALSE;
+
+  if (!documentsAreGone) {
+    document = document_find_by_id(id);
+    if (result < 0) sayWhyNoDialog(library);
+    if (result == KVRNSTEP_INSERTED && document != NULL) replaceSelection(data, document, list);
+  }
+  library->free(list);
+  g_free(stepFolder);
+}

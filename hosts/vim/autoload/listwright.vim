@@ -1,0 +1,193 @@
+" Runs the listwright command and puts the list that it prints into the buffer.
+
+let s:cpo = &cpo
+set cpo&vim
+
+" Inserts the list of {file}, or what the user builds in the dialog where {file} is empty: at the
+" cursor without an address, below line {last} with one, in place of {first} to {last} with two.
+function! listwright#Insert(addresses, first, last, file) abort
+  if !&modifiable
+    return s:Complain(["E21: Cannot make changes, 'modifiable' is off"])
+  endif
+  let buffer = bufnr('%')
+  let indent = ['--indent', min([shiftwidth(), 255])]
+  try
+    let list = s:Run(indent + (a:file ==# '' ? s:DialogOptions() : [s:Path(a:file)]))
+    if bufnr('%') != buffer
+      throw "listwright: another buffer has taken this one's place"
+    endif
+    if !empty(list)
+      call s:Put(list, a:addresses, a:first, a:last)
+    endif
+  catch /^listwright: /
+    call s:Complain(split(v:exception, '\n'))
+  catch /^Vim\%((\a\+)\)\=:E/
+    call s:Complain([substitute(v:exception, '^Vim\%((\a\+)\)\=:', '', '')])
+  endtry
+endfunction
+
+" Step files that begin with what is typed, in the folder that is typed; for a bare name also those
+" in the step folder. {lead} is only the typed text's last word.
+function! listwright#Complete(lead, line, position) abort
+  let before = strpart(a:line, 0, a:position)
+  let typed = s:Unescaped(matchstr(before, '\CL\%[istwright]\s\+\zs.*'))
+  let folder = matchstr(typed, '.*/')
+  let found = s:StepFilesIn(folder ==# '' ? '.' : fnamemodify(folder, ':p'))
+  if folder ==# ''
+    let found += filter(s:StepFilesIn(s:StepFolder()), 'v:val !~# "/$"')
+  endif
+  call filter(map(found, 'folder . v:val'), 'strpart(v:val, 0, len(typed)) ==# typed')
+  let words = len(typed) - len(s:Unescaped(a:lead))
+  return map(uniq(sort(found)), 'strpart(v:val, words)')
+endfunction
+
+function! s:StepFilesIn(folder) abort
+  let names = []
+  silent! let names = readdir(a:folder)
+  call map(names, 'isdirectory(a:folder . "/" . v:val) ? v:val . "/" : v:val')
+  return filter(names, 'v:val =~? "\\.step$" || v:val =~# "^[^.].*/$"')
+endfunction
+
+" Blanks in a file name may stand as they are, or behind a backslash as with :edit.
+function! s:Unescaped(name) abort
+  return substitute(a:name, '\\ ', ' ', 'g')
+endfunction
+
+" In full, so that no name looks like an option. A file that is not there is looked for in the step
+" folder. No character but a leading ~ means anything: names of step files hold # and { freely.
+function! s:Path(name) abort
+  let name = s:Unescaped(trim(a:name))
+  let path = fnamemodify(name, ':p')
+  let stored = s:StepFolder() . '/' . name
+  return !filereadable(path) && filereadable(stored) ? stored : path
+endfunction
+
+" The folder that the dialog uses.
+function! s:StepFolder() abort
+  if get(g:, 'listwright_step_folder', '') !=# ''
+    return fnamemodify(g:listwright_step_folder, ':p')
+  endif
+  return ($XDG_DATA_HOME =~# '^/' ? $XDG_DATA_HOME : $HOME . '/.local/share') . '/listwright'
+endfunction
+
+function! s:DialogOptions() abort
+  let options = copy(get(g:, 'listwright_options', []))
+  if get(g:, 'listwright_step_folder', '') !=# ''
+    let options += ['--step-folder', s:StepFolder()]
+  endif
+  " A terminal has no font to tell; a GUI's is "Name 11" or "Name:h11".
+  let font = has('gui_running') ? matchlist(&guifont, '^\([^,:]\{-1,}\)\%( \|:h\)\(\d\+\)') : []
+  if !empty(font) && index(options, '--font') < 0
+    let options += ['--font', font[1], '--font-size', font[2]]
+  endif
+  return options
+endfunction
+
+" The lines that the command prints, the last one empty where the text ends with a line break;
+" none when the dialog was closed without Insert. Throws what the command says when it fails.
+function! s:Run(arguments) abort
+  let command = get(g:, 'listwright_command', 'listwright')
+  if command =~# '^\~'
+    let command = fnamemodify(command, ':p')
+  endif
+  if !executable(command)
+    throw 'listwright: cannot run "' . command . '", see :help g:listwright_command'
+  endif
+  let output = tempname()
+  let errors = tempname()
+  try
+    " Neither the user's 'shell' nor its quoting has a say here, and messages stay apart from lists.
+    let redirect = 'out=$1 err=$2; shift 2; exec "$@" </dev/null >"$out" 2>"$err"'
+    let status = s:Wait(['sh', '-c', redirect, 'sh', output, errors, command] + a:arguments)
+    if status == 0
+      let text = iconv(join(readfile(output, 'b'), "\n"), 'utf-8', &encoding)
+      return text ==# '' ? [] : split(text, '\r\n\|\r\|\n', 1)
+    elseif status == 1
+      return []
+    endif
+    let said = join(filter(readfile(errors), 'v:val =~# "\\S"'), "\n")
+    if said ==# ''
+      let said = 'ended with status ' . status
+    endif
+    throw said =~# '^listwright: ' ? said : 'listwright: ' . said
+  finally
+    call delete(output)
+    call delete(errors)
+  endtry
+endfunction
+
+" Waits for the end of the program and returns its exit status. A GUI goes on drawing meanwhile.
+" Where the user interrupts Vim, the program ends too.
+function! s:Wait(program) abort
+  if has('nvim')
+    let job = jobstart(a:program)
+    try
+      let status = jobwait([job])[0]
+      return status == -2 ? 1 : status
+    finally
+      call jobstop(job)
+    endtry
+  elseif !has('job')
+    throw 'listwright: this Vim cannot run jobs'
+  endif
+  let job = job_start(a:program)
+  try
+    while job_status(job) ==# 'run'
+      sleep 10m
+    endwhile
+  finally
+    call job_stop(job)
+  endtry
+  return job_info(job).exitval
+endfunction
+
+" Lines that stay are set, not replaced, so that marks and signs stay with them.
+function! s:Put(list, addresses, first, last) abort
+  let lines = copy(a:list)
+  let column = 0
+  let behind = ''
+  if a:addresses == 0
+    let [from, to] = [line('.'), line('.')]
+    let column = col('.') - 1
+    let behind = strpart(getline('.'), column)
+    let lines[0] = strpart(getline('.'), 0, column) . lines[0]
+  else
+    let from = a:addresses == 1 ? a:last + 1 : a:first
+    let to = a:last
+    " Whole lines have line breaks of their own.
+    if lines[-1] ==# '' && len(lines) > 1
+      call remove(lines, -1)
+    endif
+  endif
+  let start = [from, len(lines[0])]
+  let end = [from + len(lines) - 1, len(lines[-1])]
+  let lines[-1] .= behind
+
+  let set = min([to - from + 1, len(lines)])
+  for number in range(from, from + set - 1)
+    call setline(number, remove(lines, 0))
+  endfor
+  call append(from + set - 1, lines)
+  if from + set <= to
+    silent call deletebufline('%', from + set, to)
+  endif
+
+  call setpos("'[", [0, from, column + 1, 0])
+  call setpos("']", [0, end[0], max([end[1], 1]), 0])
+  if mode() =~# '^[iR]'
+    call cursor(end[0], end[1] + 1)
+  else
+    call cursor(start[0], max([start[1], 1]))
+  endif
+endfunction
+
+function! s:Complain(lines) abort
+  echohl ErrorMsg
+  for line in a:lines
+    echomsg line
+  endfor
+  echohl None
+endfunction
+
+let &cpo = s:cpo
+unlet s:cpo

@@ -1,0 +1,59 @@
+#!/bin/sh
+# The Emacs package in the real Emacs: emacs_test.sh LISTWRIGHT SOURCE — skipped (77) without Emacs.
+# shellcheck disable=SC1112,SC2016,SC2154 # real quotes; nothing to expand; variables of the cases
+set -u
+command -v emacs >/dev/null || { echo 'no emacs'; exit 77; }
+listwright=$(realpath "$1") source=$(realpath "$2")
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder" && . "$source/tests/editor_cases.sh" || exit 1
+batch() { run emacs --batch -Q "$@"; }
+edit() {
+  printf '%s\n' '(with-current-buffer (find-file-noselect "text") (condition-case failure (progn' \
+    "$@" ') (user-error (message "%s" (cadr failure))))' \
+    '(setq buffer-read-only nil) (let ((inhibit-message t)) (save-buffer)))' >forms.el
+  batch -L "$source/hosts/emacs" -l listwright -l forms.el >said 2>&1
+}
+args='(setq listwright-command "~/bin/args")'
+# The dialog's call returns at once unless Emacs is a batch.
+open='(let ((noninteractive nil)) (listwright))'
+await='(while (buffer-live-p (process-buffer listwright--dialog)) (accept-process-output nil 0.02))'
+
+check 'at point' 'one\n' 'on^Dear é:\n    1.\n    2.|e\n' '' '(goto-char 3)' \
+  "(listwright-insert-step-file \"$long\")" '(insert "|") (goto-char (mark t)) (insert "^")'
+check 'a marked line, taken back' 'a\r\nb\r\nc\r\n' 'a\r\n1)\r\n2)\r\nc\r\na\r\nb\r\nc\r\n' '' \
+  '(transient-mark-mode) (buffer-enable-undo) (forward-line) (push-mark nil t t) (forward-line)' \
+  '(let ((read-file-name-function (lambda (_ folder &rest _) (concat folder "short.step"))))' \
+  '(call-interactively (quote listwright-insert-step-file)))' \
+  '(let ((list (buffer-string))) (primitive-undo 1 (cdr buffer-undo-list))' \
+  '(goto-char 1) (insert list))'
+LC_ALL=C
+check 'indentation' '' '--indent\n3\n--indent\n255\n--step-folder\n/é/\n' '' "$args" \
+  '(setq python-indent-guess-indent-offset nil) (python-mode) (setq python-indent-offset 3)' \
+  '(listwright) (setq listwright-indentation 300 listwright-step-folder "/\303\251")' '(listwright)'
+LC_ALL=C.UTF-8
+
+check 'typing meanwhile' 'ab\n' 'y|ax--indent\n4\né\nb\n' '' "$args" \
+  '(setq listwright-dialog-options (list "é")) (goto-char 2)' "$open" \
+  '(insert "x") (goto-char 1) (insert "y")' "$await" '(insert "|")'
+check 'killed meanwhile' 'a\n' '--indent\n4\na\n' 'The buffer is gone; the list is in the kill ring' \
+  "$args" '(with-temp-buffer' "$open" ')' "$await" '(insert (current-kill 0))'
+
+STATUS=1
+check 'the dialog is closed' 'a\n' 'a\n' '' "$args" '(listwright 1 3)'
+STATUS=3
+check 'the command fails' 'a\n' 'a\n' '1st 2nd 1st 2nd' "$args" "$open" "$await" '(listwright 1 3)'
+check 'no command' 'a\n' 'a\n' 'Cannot run ‘none’; see the option ‘listwright-command’' \
+  '(setq listwright-command "none")' '(listwright)'
+check 'a read-only buffer' 'a\n' 'a\n' 'no' '(setq buffer-read-only t)' \
+  "(condition-case nil $open (buffer-read-only (message \"no\")))"
+
+cp "$source/hosts/emacs/listwright.el" .
+batch --eval '(setq byte-compile-error-on-warn t)' -f batch-byte-compile listwright.el || failed=1
+batch --eval '(checkdoc-file "listwright.el")' >log 2>&1
+[ ! -s log ] || { cat log; failed=1; }
+
+key=alt+i
+check 'the real dialog' 'a\n' 'once     1. \n    2. \n    3. \na\n' '' "$open" \
+  "(condition-case nil $open (user-error (insert \"once \")))" "$await"
+exit "$failed"

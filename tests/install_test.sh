@@ -1,0 +1,147 @@
+#!/bin/bash
+# What is installed and packed, as users, hosts and shells meet it: install_test.sh BUILD SOURCE
+set -u
+build=$(realpath "$1") source=$(realpath "$2")
+unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM LD_LIBRARY_PATH PKG_CONFIG_PATH
+export LC_ALL=C.UTF-8
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work" || exit 1
+failed=0
+fail() {
+  echo "$*"
+  failed=1
+}
+# same WHAT WANTED GOT
+same() {
+  [ "$2" = "$3" ] || fail "$1:" "$(diff --label wanted --label got -u <(echo "$2") <(echo "$3"))"
+}
+# silent COMMAND… — succeeds and says nothing.
+silent() {
+  if ! "$@" >log 2>&1 || [ -s log ]; then fail "$*: $(cat log)"; fi
+}
+
+# Another prefix than the configured one, below another root.
+DESTDIR=$work/root cmake --install "$build" --prefix /opt/lists >log || { cat log; exit 1; }
+prefix=$work/root/opt/lists
+plugin=$prefix/lib/listwright/libkvrnstep.so.2
+
+# The commands find the plug-in, and the plug-in its modules.
+same listwright $'i\nii' "$("$prefix/bin/listwright" --list --type roman --end 2)"
+printf 'arg sPthStepFolder .\narg s_IniPathAndName steps.ini\ncall\n' >script
+same stepdrive $'opened frmListwright\nclosed frmListwright\nreturned False ""' \
+  "$("$prefix/bin/stepdrive" script)"
+
+# Hosts that are built against it.
+cat >host.c <<'END'
+#include <kvrnstep/kvrnstep.h>
+#include <stdio.h>
+int main(void) {
+  kvrnstep_list list;
+  char* text = NULL;
+  kvrnstep_list_init(&list, sizeof list);
+  list.Selection = 1;
+  list.Count = 2;
+  list.Suffix = ")";
+  if (kvrnstep_generate(&list, &text) == KVRNSTEP_DONE) fputs(text, stdout);
+  kvrnstep_free(text);
+  return 0;
+}
+END
+cat >CMakeLists.txt <<'END'
+cmake_minimum_required(VERSION 3.25)
+project(host C)
+find_package(kvrnstep 1 QUIET)
+if(kvrnstep_FOUND)
+  message(FATAL_ERROR "version 2 passes for version 1")
+endif()
+find_package(kvrnstep 2.0 REQUIRED)
+add_executable(host host.c)
+target_link_libraries(host PRIVATE kvrnstep::kvrnstep)
+file(WRITE ${CMAKE_BINARY_DIR}/plugin ${kvrnstep_PLUGIN})
+END
+PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name kvrnstep.pc)")
+export PKG_CONFIG_PATH PKG_CONFIG_SYSROOT_DIR=$work/root
+read -ra flags <<<"$(pkg-config --cflags --libs kvrnstep)"
+silent cc -std=c99 -pedantic -Wall -Wextra -Werror host.c "${flags[@]}" -o linked
+same "a linked host" $'a)\r\nb)' \
+  "$(LD_LIBRARY_PATH=$(pkg-config --variable=libdir kvrnstep) ./linked)"
+same "the plug-in's path" "$(realpath "$plugin")" \
+  "$(realpath "$(pkg-config --variable=plugin kvrnstep)")"
+if { cmake -B cmade -G Ninja -DCMAKE_PREFIX_PATH="$prefix" && cmake --build cmade; } >log 2>&1; then
+  same "a host made by CMake" $'a)\r\nb)' "$(cmade/host)"
+  same "the plug-in's path" "$plugin" "$(cat cmade/plugin)"
+else
+  fail "CMake: $(cat log)"
+fi
+for header in "$prefix"/include/kvrnstep/*; do
+  [ "${header##*/}" != driving.hpp ] || fail "driving.hpp is no header for hosts"
+  language=c
+  [[ $header != *.hpp ]] || language='c++ -std=c++20'
+  # shellcheck disable=SC2086 # two words
+  silent cc -I"$prefix/include" -fsyntax-only -x $language "$header" -w
+done
+
+# The library shows its interface and nothing else.
+same "exported names" \
+  "$({
+    sed -n 's/^KVRNSTEP_API .*[ *]\(kvrnstep_[a-z_]*\)(.*/\1/p' \
+      "$prefix/include/kvrnstep/kvrnstep.h"
+    printf '%s\n' kvrnstepDrive kvrnstepGetClassObject
+  } | sort)" \
+  "$(nm --dynamic --defined-only --format=just-symbols "$plugin" | sort)"
+
+# Nothing points back into the build.
+while IFS= read -r file; do
+  readelf --dynamic "$file" 2>/dev/null | grep -E 'R(UN)?PATH' && fail "$file has a run path"
+done < <(find "$prefix" -type f)
+grep -rIlF -e "$build" -e "$source" "$prefix" && fail "installed files name the build"
+find "$work/root" -xtype l | grep . && fail "links lead nowhere"
+
+# The desktop entry, the manual pages and the completions fit the commands.
+silent desktop-file-validate "$prefix/share/applications/listwright.desktop"
+# completed COMMAND WORD… — what the last word may become, a line each.
+completed() {
+  bash --noprofile --norc -c '
+    source "$0" && read -ra how <<<"$(complete -p "$1")"
+    COMP_WORDS=("$@") COMP_CWORD=$(($# - 1))
+    "${how[2]}" "$1" "${!#}" "${COMP_WORDS[COMP_CWORD - 1]}"
+    printf "%s\n" "${COMPREPLY[@]}" | sort' "$prefix/share/bash-completion/completions/$1" "$@" 2>&1
+}
+for command in listwright stepdrive; do
+  options=$("$prefix/bin/$command" --help | grep -oE -- '--[a-z-]+' | sort -u)
+  same "options that $command completes" "$options" "$(completed $command --)"
+  page=$(MANWIDTH=200 man --warnings -l "$prefix/share/man/man1/$command.1" 2>log)
+  [ ! -s log ] || fail "$(cat log)"
+  for option in $options; do
+    grep -qE -- "^ +(.*, )?$option( |$)" <<<"$page" || fail "$command(1) does not explain $option"
+  done
+done
+mkdir 'a folder' && touch 'a list.step' 'a text'
+same files $'a folder\na list.step' "$(completed listwright --crlf 'a ')"
+same folders 'a folder' "$(completed listwright --step-folder 'a ')"
+same type prefix-suffix "$(completed listwright --type = pre)"
+for type in $(completed listwright --type ''); do
+  silent "$prefix/bin/listwright" --list --end 1 --start 2 --type "$type"
+done
+same "front ends" qt "$(completed stepdrive --frontend q)"
+
+# The Debian packages.
+cpack --config "$build/CPackConfig.cmake" -B packed >log 2>&1 || fail "cpack: $(cat log)"
+same packages $'libkvrnstep-dev\nlistwright' \
+  "$(for package in packed/*.deb; do dpkg-deb -f "$package" Package; done)"
+# A build for another place than /usr does not know the folder of Debian's architecture.
+lintian --fail-on error,warning --suppress-tags pkg-config-unavailable-for-cross-compilation \
+  packed/*.deb >log 2>&1 || fail "lintian: $(cat log)"
+for package in packed/*.deb; do dpkg-deb -x "$package" unpacked; done
+same "the unpacked command" $'1\n2' "$(unpacked/usr/bin/listwright --list --end 2)"
+grep -rlF -e "$build" -e "$PWD" unpacked && fail "packed files name the build"
+depends=$(dpkg-deb -f packed/listwright_*.deb Depends)
+if [ -e unpacked/usr/lib/listwright/kvrnstep-qt.so ] && [[ $depends != *libqt6widgets6* ]]; then
+  fail "listwright goes without Qt"
+fi
+for optional in cups multimedia sndfile qt6test geany gtk; do
+  [[ $depends != *$optional* ]] || fail "listwright cannot be installed without $optional"
+done
+
+exit "$failed"

@@ -1,0 +1,50 @@
+#!/bin/sh
+# The Vim plug-in in the real Vim: vim_test.sh LISTWRIGHT SOURCE — skipped (77) without Vim.
+# shellcheck disable=SC2016,SC2154 # nothing to expand in single quotes; variables of the cases
+set -u
+command -v vim >/dev/null || { echo 'no vim'; exit 77; }
+listwright=$(realpath "$1") source=$(realpath "$2")
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder" && . "$source/tests/editor_cases.sh" || exit 1
+encoding=utf-8
+edit() {
+  printf '%s\n' "$@" 'redir! > said' 'messages' 'redir END' 'silent wq!' >script.vim
+  run vim -N -u NONE -i NONE -es \
+    --cmd "set shell=/nowhere encoding=$encoding shortmess+=F rtp^=$source/hosts/vim" \
+    -c 'runtime plugin/listwright.vim' -S script.vim text
+}
+args='let g:listwright_command = "~/bin/args"'
+
+check 'at the cursor' 'one\nab\n' 'one\naDear é:!\n  1.\n  2.?b\n' '' \
+  'set sw=2' 'normal! 2G$' "Listwright $long" 'normal! ma`]a?' 'normal! `aa!'
+check 'in Insert mode, from the step folder' 'ab\n' 'abx1)\n2)y\n' '' \
+  'execute "normal! Ax\<Cmd>Listwright short.step\<CR>y"'
+check 'below a line' 'a\n' '--indent\n8\na\n1)\n2)\n' '' "$args" '0Listwright' \
+  'let g:listwright_command = "listwright"' '$Listwright short.step'
+check 'in place of lines' 'a\r\nb\r\nc\r\nd\r\n' 'a\r\n1)\r\n2)\r\n        2.\r\n' '' \
+  "4,4Listwright ~/$long" '2,5Listwright short.step'
+check 'taken back at once' 'a\nb\n' 'a\nb\n' '' "%Listwright $long" 'silent normal! u'
+encoding=latin1
+check 'in another encoding' 'a\n' 'Dear \351:\n        1.\n        2.\n' '' \
+  'set fileencoding=latin1' "%Listwright $long"
+encoding=utf-8
+check 'the dialog is told' 'a\n' '--indent\n255\n--type\nroman\n' '' "$args" 'set sw=300' \
+  'let g:listwright_options = ["--type", "roman"]' '%Listwright'
+cp -r "$source/hosts/vim/doc" .
+check 'completion, help' 'a\n' '50%% é.step\nshort.step\n' '' 'helptags doc' \
+  'let names = getcompletion("1,2Lis my {STEP_#} | 5", "cmdline")' \
+  'call setline(1, names + getcompletion("Listwright s", "cmdline"))'
+
+STATUS=1
+check 'the dialog is closed' 'a\n' 'a\n' '' "$args" '%Listwright'
+STATUS=3
+check 'the command fails' 'a\n' 'a\n' 'listwright: 1st 2nd' "$args" '%Listwright'
+check 'no command' 'a\n' 'a\n' 'listwright: cannot run "none", see :help g:listwright_command' \
+  'let g:listwright_command = "none"' 'Listwright'
+check 'an unmodifiable text' 'a\n' 'a\n' "E21: Cannot make changes, 'modifiable' is off" \
+  'set nomodifiable' 'Listwright' 'set modifiable'
+
+key=alt+i
+check 'the real dialog' 'a\n' '   1. \n   2. \n   3. \n' '' 'set sw=3' '%Listwright'
+exit "$failed"
