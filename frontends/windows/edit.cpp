@@ -100,6 +100,8 @@ void Edit::reportSelection() {
     return;
   }
   forms::userSelected(box_, selection());
+  // The control may have moved an end, back to where it was before.
+  showSelection();
 }
 
 void Edit::showText() {

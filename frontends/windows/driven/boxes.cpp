@@ -58,7 +58,7 @@ HWND lineOf(HWND fileBox) {
 void replaceText(HWND line, const std::u16string& text) {
   clickOn(line);
   pressKey(VK_HOME);
-  ::SendMessageW(line, EM_SETSEL, 0, -1);
+  pressKey(VK_END, VK_SHIFT);
   if (text.empty()) pressKey(VK_DELETE);
   typeCharacters(text);
 }

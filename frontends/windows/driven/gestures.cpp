@@ -122,7 +122,7 @@ bool pressShortcut(WindowView& view, std::string_view keys, const Settle& settle
   const auto shortcut = shortcutOf(keys);
   if (entry == nullptr || !shortcut || !isEnabled(view, *entry)) return false;
   ::SetForegroundWindow(view.handle());
-  pressKey(shortcut->key, shortcut->control);
+  pressKey(shortcut->key, shortcut->control ? VK_CONTROL : 0);
   settle();
   return true;
 }

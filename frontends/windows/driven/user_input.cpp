@@ -156,11 +156,11 @@ void releaseLeft() {
   send({mouse(MOUSEEVENTF_LEFTUP)});
 }
 
-void pressKey(WORD code, bool control) {
+void pressKey(WORD code, WORD held) {
   std::vector<INPUT> inputs{key(code, 0), key(code, kKeyUp)};
-  if (control) {
-    inputs.insert(inputs.begin(), key(VK_CONTROL, 0));
-    inputs.push_back(key(VK_CONTROL, kKeyUp));
+  if (held != 0) {
+    inputs.insert(inputs.begin(), key(held, 0));
+    inputs.push_back(key(held, kKeyUp));
   }
   send(std::move(inputs));
 }
@@ -169,7 +169,7 @@ void pressCharacter(char16_t code) {
   if (const WORD named = namedKey(code); named != 0) {
     pressKey(named);
   } else if (code < u' ') {
-    pressKey(static_cast<WORD>(code + u'@'), true);
+    pressKey(static_cast<WORD>(code + u'@'), VK_CONTROL);
   } else if (code >= u'0' && code <= u'9') {
     pressKey(static_cast<WORD>(code));
   } else {

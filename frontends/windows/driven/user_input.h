@@ -30,7 +30,8 @@ void releaseLeft();
 /// A point of the window's inside that the mouse can reach; nothing where something covers it.
 std::optional<POINT> reachablePoint(HWND window);
 
-void pressKey(WORD key, bool control = false);
+/// A key, with another one held down meanwhile or with none.
+void pressKey(WORD key, WORD held = 0);
 /// The key that types this character.
 void pressCharacter(char16_t character);
 void typeCharacters(std::u16string_view text);
