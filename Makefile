@@ -1,5 +1,5 @@
 # For people. Every target does what it needs first, on a fresh Debian 12 machine too.
-.PHONY: help setup build run test bench install format check clean
+.PHONY: help setup build run test bench deb install format check clean
 
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
@@ -11,6 +11,7 @@ help:
 	@echo "make setup    install the Debian packages that are missing"
 	@echo "make bench    build and run the benchmarks"
 	@echo "make install  install below PREFIX ($(PREFIX)), DESTDIR is honoured"
+	@echo "make deb      Debian packages, in build-deb"
 	@echo "make check    formatting, g++ and clang++ without warnings, clang-tidy"
 	@echo "make format   format the sources"
 
@@ -31,6 +32,9 @@ bench: build
 
 install: build
 	@cmake --install build --prefix $(PREFIX)
+
+deb: setup
+	@packaging/build-deb
 
 check: setup
 	@tools/check

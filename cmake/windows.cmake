@@ -1,3 +1,5 @@
+enable_language(RC)
+
 # What all files of a Windows build are compiled with.
 add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN
   # Windows 10; the system's headers then declare all that it has.

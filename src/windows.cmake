@@ -1,5 +1,3 @@
-enable_language(RC)
-
 # The type library, which the module carries as a resource. Its compiler's include files, and the
 # library of the base types, come with Wine's development files.
 find_program(WIDL ${LISTWRIGHT_WIDL} REQUIRED)

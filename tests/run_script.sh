@@ -5,10 +5,35 @@
 # `status` (its exit status, 0 if missing), `errors` (its standard error), `before` (files that
 # are there when it starts) and `after` (files that must be there, byte for byte, when it has
 # ended). The script runs in a folder of its own; the step folder is "steps" by custom.
+# `after.windows` holds those files of `after` that Windows writes in its code page.
 #
 # LAUNCHER is what starts stepdrive where the system cannot: "wine".
 set -u
 stepdrive=$1 frontend=$2 folder=$3
+
+windows=no
+case $stepdrive in *.exe) windows=yes ;; esac
+
+# What a settings file says. On Windows the system writes it, and Wine writes it anew each time:
+# without empty lines, and without blanks around names and values.
+settings() {
+  sed -e 's/\r$//' -e 's/[ \t]*=[ \t]*/=/' -e 's/^[ \t]*//' -e 's/[ \t]*$//' -e '/^$/d' -e '$a\' "$1"
+}
+
+# Whether a file is there and right.
+same() {
+  local wanted=$folder/after/$1 written=$work/run/$1
+  if [ "$windows" = yes ]; then
+    [ ! -f "$folder/after.windows/$1" ] || wanted=$folder/after.windows/$1
+    case $1 in
+      *.ini)
+        diff <(settings "$wanted") <(settings "$written")
+        return
+        ;;
+    esac
+  fi
+  cmp "$wanted" "$written"
+}
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -35,7 +60,7 @@ if [ -f "$folder/errors" ]; then
 fi
 if [ -d "$folder/after" ]; then
   while IFS= read -r file; do
-    cmp "$folder/after/$file" "$work/run/$file" || {
+    same "$file" || {
       od -c "$work/run/$file" | head -n 20
       failed=1
     }

@@ -388,7 +388,7 @@ struct _cIcon : IDispatch {
 /// The exported function: hands out the class object of a class, E_NOINTERFACE or
 /// CLASS_E_CLASSNOTAVAILABLE.
 using GetClassObjectFunction = HRESULT (*)(const CLSID& classId, const IID& interfaceId,
-                                          void** object);
+                                           void** object);
 inline constexpr const char* kGetClassObject = "kvrnstepGetClassObject";
 
 }  // namespace kvrnstep

@@ -89,8 +89,9 @@ class DrivenStage final : public driving::Stage, private forms::Pilot, private f
 
 }  // namespace kvrnstep::component
 
-extern "C" KVRNSTEP_API kvrnstep::driving::Stage* kvrnstepDrive(
-    const char* frontEnd, kvrnstep::driving::Player* player, std::string* problem) {
+extern "C" KVRNSTEP_API kvrnstep::driving::Stage* kvrnstepDrive(const char* frontEnd,
+                                                                kvrnstep::driving::Player* player,
+                                                                std::string* problem) {
   static kvrnstep::component::DrivenStage stage;
   return stage.open(frontEnd, *player, *problem) ? &stage : nullptr;
 }

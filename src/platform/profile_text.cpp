@@ -1,7 +1,7 @@
 #include <string>
 
-#include "platform/profile_lines.h"
 #include "platform/profile.h"
+#include "platform/profile_lines.h"
 #include "text/text.h"
 
 namespace kvrnstep::platform {

@@ -149,7 +149,8 @@ TEST(StepFolder, ListsForPeople) {
             (std::vector<std::u16string>{u".hidden", u"A.STEP", u"a", u"a10", u"a2", u"b",
                                          u"Z.Step", u"Ä", u"äb"}));
   EXPECT_TRUE(stepFileEntries(folder("missing")).empty());
-  EXPECT_EQ(pathOfEntry(u"steps", u"A.STEP"), u"steps" + std::u16string(1, platform::kSeparator) + u"A.STEP.step");
+  EXPECT_EQ(pathOfEntry(u"steps", u"A.STEP"),
+            u"steps" + std::u16string(1, platform::kSeparator) + u"A.STEP.step");
 }
 
 TEST(StoredTexts, OneRecordEach) {

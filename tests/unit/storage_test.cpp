@@ -238,7 +238,8 @@ TEST_F(Settings, LongValuesAreCutWhenRead) {
   const std::u16string a253(253, u'a');
   EXPECT_EQ(store(std::u16string(254, u'é')), std::u16string(254, u'é'));
   EXPECT_EQ(store(std::u16string(300, u'é')), std::u16string(254, u'é'));
-  EXPECT_EQ(folder.get("ini").size(), std::string("[S]\r\nK=\r\n").size() + text::toBytes(std::u16string(300, u'é')).size());
+  EXPECT_EQ(folder.get("ini").size(),
+            std::string("[S]\r\nK=\r\n").size() + text::toBytes(std::u16string(300, u'é')).size());
   EXPECT_EQ(store(a253 + u"😀"), a253);
   EXPECT_EQ(store(a253.substr(1) + u"😀b"), a253.substr(1) + u"😀");
   EXPECT_EQ(store(a253 + std::u16string{0xD800, u'b'}), a253 + char16_t{0xD800});

@@ -32,8 +32,7 @@ Arguments::Arguments(int /*argc*/, char** /*argv*/) {
 std::string pluginBesideProgram() {
   constexpr DWORD kLongestPath = 0x8000;
   std::u16string path(kLongestPath, u'\0');
-  path.resize(
-      ::GetModuleFileNameW(nullptr, reinterpret_cast<wchar_t*>(path.data()), kLongestPath));
+  path.resize(::GetModuleFileNameW(nullptr, reinterpret_cast<wchar_t*>(path.data()), kLongestPath));
   return toUtf8(path.substr(0, path.rfind(u'\\') + 1) + u"kvrnstep.dll");
 }
 

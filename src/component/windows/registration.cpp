@@ -79,8 +79,8 @@ class Writer {
     if (result_ != ERROR_SUCCESS) return;
     const std::u16string value(text);
     HKEY opened = nullptr;
-    result_ = ::RegCreateKeyExW(root_, wide(key), 0, nullptr, 0, KEY_WRITE, nullptr, &opened,
-                                nullptr);
+    result_ =
+        ::RegCreateKeyExW(root_, wide(key), 0, nullptr, 0, KEY_WRITE, nullptr, &opened, nullptr);
     if (result_ != ERROR_SUCCESS) return;
     const auto size = static_cast<DWORD>((value.size() + 1) * sizeof(char16_t));
     result_ = ::RegSetValueExW(opened, name, 0, REG_SZ,

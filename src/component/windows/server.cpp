@@ -24,5 +24,4 @@ STDAPI DllRegisterServer() {
 STDAPI DllUnregisterServer() {
   return kvrnstep::component::guarded(kvrnstep::component::unregisterComponent);
 }
-
 }

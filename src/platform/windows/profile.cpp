@@ -44,9 +44,8 @@ std::string readBySystem(const std::string& section, const std::string& key,
   std::string buffer(std::min<std::size_t>(most, kProfileBuffer), '\0');
   for (;;) {
     const auto size = static_cast<DWORD>(buffer.size());
-    const DWORD length = ::GetPrivateProfileStringA(section.c_str(), key.c_str(),
-                                                    defaultValue.c_str(), buffer.data(), size,
-                                                    path.c_str());
+    const DWORD length = ::GetPrivateProfileStringA(
+        section.c_str(), key.c_str(), defaultValue.c_str(), buffer.data(), size, path.c_str());
     if (length + 1 < size || size == most) return buffer.substr(0, length);
     buffer.assign(std::min(2 * buffer.size(), most), '\0');
   }

@@ -32,8 +32,8 @@ std::optional<std::u16string> withoutLinks(const std::u16string& path) {
   if (!file.open()) return std::nullopt;
   const DWORD room = ::GetFinalPathNameByHandleW(file.get(), nullptr, 0, FILE_NAME_NORMALIZED);
   std::u16string real(room, u'\0');
-  real.resize(::GetFinalPathNameByHandleW(file.get(), text::wide(real.data()), room,
-                                          FILE_NAME_NORMALIZED));
+  real.resize(
+      ::GetFinalPathNameByHandleW(file.get(), text::wide(real.data()), room, FILE_NAME_NORMALIZED));
   return real.empty() ? std::nullopt : std::optional(real);
 }
 

@@ -45,8 +45,7 @@ std::string toBytes(std::u16string_view text) {
 
 std::u16string fromAnsi(std::string_view bytes) {
   const auto count = countOf(bytes);
-  const int length =
-      count ? ::MultiByteToWideChar(CP_ACP, 0, bytes.data(), *count, nullptr, 0) : 0;
+  const int length = count ? ::MultiByteToWideChar(CP_ACP, 0, bytes.data(), *count, nullptr, 0) : 0;
   if (length <= 0) return textFromWindows1252(bytes);
   std::u16string text(static_cast<std::size_t>(length), u'\0');
   ::MultiByteToWideChar(CP_ACP, 0, bytes.data(), *count, wide(text.data()), length);

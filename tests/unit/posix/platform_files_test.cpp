@@ -9,8 +9,8 @@
 #include <csignal>
 
 #include "platform/files.h"
-#include "posix/platform_other_process.h"
 #include "platform_temporary_folder.h"
+#include "posix/platform_other_process.h"
 
 namespace kvrnstep::platform {
 namespace {

@@ -1,8 +1,7 @@
-#include "platform/files.h"
-
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include "platform/files.h"
 #include "platform/module.h"
 #include "platform_temporary_folder.h"
 #include "text/windows/wide.h"

@@ -18,7 +18,9 @@ class FileText : public testing::Test {
 };
 
 TEST_F(FileText, InTheCodePageWhereAllOfItFits) {
-  EXPECT_EQ(toBytes(u"Größe 5 €"), "Gr\xF6\xDF" "e 5 \x80");
+  EXPECT_EQ(toBytes(u"Größe 5 €"),
+            "Gr\xF6\xDF"
+            "e 5 \x80");
   EXPECT_EQ(toBytes(u"Größe 5 €, \u4E00"), toUtf8(u"Größe 5 €, \u4E00"));
   // These would be taken for UTF-8, or come back as a letter that merely looks alike.
   EXPECT_EQ(toBytes(u"Ã©"), toUtf8(u"Ã©"));
