@@ -57,6 +57,12 @@ int averageWidth(const LOGFONTW& font) {
   return metrics.tmAveCharWidth;
 }
 
+/// What is not there is replaced by a font of one pitch: it is an editor's font, and a list has to
+/// line up.
+bool wantsOnePitch(std::u16string_view name) {
+  return !name.empty() && name != u"MS Sans Serif" && name != kCaptionFamily;
+}
+
 /// A font of dots has no sizes between its own; dense monitors get its outlined sister.
 std::u16string_view scalable(std::u16string_view name, int dpi) {
   return dpi != kNominalDpi && name == u"MS Sans Serif" ? u"Microsoft Sans Serif" : name;
@@ -77,8 +83,10 @@ Font underlinedFont(int dpi) {
 Font boxFont(std::u16string_view name, float points, int dpi) {
   constexpr double kUnitsPerPoint = static_cast<double>(kNominalDpi) / 72;
   const double height = points > 0 ? points * kUnitsPerPoint : kCaptionHeight;
-  return made(description(name.empty() ? kCaptionFamily : scalable(name, dpi),
-                          std::max(1, toPixels(height, dpi))));
+  LOGFONTW font = description(name.empty() ? kCaptionFamily : scalable(name, dpi),
+                              std::max(1, toPixels(height, dpi)));
+  if (wantsOnePitch(name)) font.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
+  return made(font);
 }
 
 Font fittedFont(std::u16string_view text, int width, bool underlined, int dpi) {

@@ -73,6 +73,8 @@ void ControlView::applyPlace() {
   if (::EqualRect(&now, &wanted) != FALSE) return;
   ::SetWindowPos(handle_, nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
                  wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  // What a window has drawn at its old edges moves with it otherwise.
+  ::InvalidateRect(handle_, nullptr, TRUE);
 }
 
 RECT ControlView::place() const {

@@ -6,6 +6,7 @@
 
 #include "box_font.h"
 #include "forms/user_actions.h"
+#include "link_color.h"
 #include "resources.h"
 #include "window_view.h"
 
@@ -39,7 +40,7 @@ LabelView::LabelView(WindowView& window, forms::Control& label) : MouseView(wind
 
 HBRUSH LabelView::colored(HDC context) {
   if (!control().row().clickable) return nullptr;
-  ::SetTextColor(context, ::GetSysColor(COLOR_HOTLIGHT));
+  ::SetTextColor(context, linkColor());
   ::SetBkColor(context, ::GetSysColor(COLOR_BTNFACE));
   return ::GetSysColorBrush(COLOR_BTNFACE);
 }
