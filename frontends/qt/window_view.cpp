@@ -7,6 +7,7 @@
 #include "artwork.h"
 #include "button_views.h"
 #include "combo_view.h"
+#include "forms/reading_order.h"
 #include "forms/user_actions.h"
 #include "host_window.h"
 #include "list_view.h"
@@ -14,7 +15,6 @@
 #include "picture_views.h"
 #include "qt_application.h"
 #include "qt_fonts.h"
-#include "reading_order.h"
 #include "spinner_view.h"
 #include "text.h"
 #include "text_views.h"
@@ -237,7 +237,7 @@ void WindowView::applyPosition() {
 
 void WindowView::arrangeFocus() {
   QWidget* previous = nullptr;
-  for (Control* control : tabOrder(window_)) {
+  for (Control* control : forms::tabOrder(window_)) {
     ControlView& view = viewOf(*control);
     view.allowFocus(control->reachable());
     QWidget* widget = view.widget();

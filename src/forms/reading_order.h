@@ -4,13 +4,13 @@
 
 #include "forms/window.h"
 
-namespace kvrnstep::qt {
+namespace kvrnstep::forms {
 
 /// The visible controls of a window in the order in which the eye meets them: rows from top to
 /// bottom, each from left to right, the contents of a container together. Menus are left out.
-std::vector<forms::Control*> readingOrder(const forms::Window& window);
+std::vector<Control*> readingOrder(const Window& window);
 
 /// The same, but those controls first whose turn is declared.
-std::vector<forms::Control*> tabOrder(const forms::Window& window);
+std::vector<Control*> tabOrder(const Window& window);
 
-}  // namespace kvrnstep::qt
+}  // namespace kvrnstep::forms

@@ -1,15 +1,13 @@
-#include "reading_order.h"
+#include "forms/reading_order.h"
 
 #include <algorithm>
 #include <limits>
 #include <tuple>
 
-namespace kvrnstep::qt {
+namespace kvrnstep::forms {
 
 namespace {
 
-using forms::Control;
-using forms::Kind;
 using Group = std::vector<Control*>;
 
 struct Span {
@@ -20,7 +18,7 @@ struct Span {
 enum class Cut { IntoRows, IntoColumns };
 
 Span spanOf(const Control& control, Cut cut) {
-  const forms::Rect& place = control.place();
+  const Rect& place = control.place();
   if (cut == Cut::IntoRows) return {place.top, place.top + place.height};
   return {place.left, place.left + place.width};
 }
@@ -39,7 +37,7 @@ std::vector<Group> parts(Group group, Cut cut) {
   return result;
 }
 
-Group visibleIn(const forms::Window& window, const Control* container) {
+Group visibleIn(const Window& window, const Control* container) {
   Group group;
   for (const auto& control : window.controls()) {
     if (control->container() == container && control->visible() && control->kind() != Kind::Menu) {
@@ -78,13 +76,13 @@ void read(const Group& group, Group& order) {
 
 }  // namespace
 
-std::vector<Control*> readingOrder(const forms::Window& window) {
+std::vector<Control*> readingOrder(const Window& window) {
   Group order;
   read(visibleIn(window, nullptr), order);
   return order;
 }
 
-std::vector<Control*> tabOrder(const forms::Window& window) {
+std::vector<Control*> tabOrder(const Window& window) {
   Group order = readingOrder(window);
   std::ranges::stable_sort(order, {}, [](const Control* control) {
     const int declared = control->row().tab;
@@ -93,4 +91,4 @@ std::vector<Control*> tabOrder(const forms::Window& window) {
   return order;
 }
 
-}  // namespace kvrnstep::qt
+}  // namespace kvrnstep::forms

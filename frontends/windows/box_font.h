@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string_view>
+
+#include "handle.h"
+
+namespace kvrnstep::windows {
+
+/// The font of captions on a monitor of that density.
+Font captionFont(int dpi);
+Font underlinedFont(int dpi);
+/// The font of a box; without a name or with 0 points the one of the captions in that respect.
+Font boxFont(std::u16string_view name, float points, int dpi);
+/// The font of captions, narrowed as far as the text needs to fit the width, within reason.
+Font fittedFont(std::u16string_view text, int width, bool underlined, int dpi);
+
+}  // namespace kvrnstep::windows

@@ -1,0 +1,115 @@
+#include "combo_view.h"
+
+#include <utility>
+
+#include "entries.h"
+#include "forms/user_actions.h"
+#include "window_view.h"
+
+namespace kvrnstep::windows {
+
+using forms::Property;
+
+ComboView::ComboView(WindowView& window, forms::ComboBox& combo)
+    : ControlView(window, combo), edit_(combo) {
+  create(WC_COMBOBOXW, WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL);
+  COMBOBOXINFO parts{};
+  parts.cbSize = sizeof parts;
+  ::GetComboBoxInfo(handle(), &parts);
+  edit_.adopt(parts.hwndItem);
+}
+
+void ComboView::commanded(int notification) {
+  if (applying()) return;
+  switch (notification) {
+    case CBN_EDITCHANGE:
+      return edit_.edited();
+    case CBN_SELENDOK:
+    case CBN_SELCHANGE:
+      // The box gets the text of the entry only after it has told of it.
+      chosen_ = true;
+      return putOff();
+    case CBN_CLOSEUP:
+      // A list that drops down may have changed the text on its own.
+      return putOff();
+    default:
+      return;
+  }
+}
+
+void ComboView::putOff() {
+  if (!std::exchange(waiting_, true)) window().later(*this);
+}
+
+void ComboView::afterwards() {
+  waiting_ = false;
+  mark(Property::Text);
+  mark(Property::Index);
+  if (std::exchange(chosen_, false) && selected() >= 0) {
+    forms::userChose(combo(), selected());
+  } else {
+    window().update();
+  }
+}
+
+int ComboView::selected() const {
+  return static_cast<int>(::SendMessageW(handle(), CB_GETCURSEL, 0, 0));
+}
+
+RECT ComboView::place() const {
+  // The system counts the list that drops down.
+  constexpr int kListHeights = 12;
+  RECT place = ControlView::place();
+  place.bottom += kListHeights * (place.bottom - place.top);
+  return place;
+}
+
+void ComboView::applyHeight() {
+  const RECT wanted = ControlView::place();
+  RECT now{};
+  ::GetWindowRect(handle(), &now);
+  const auto field = ::SendMessageW(handle(), CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0);
+  const LRESULT borders = now.bottom - now.top - field;
+  const LRESULT height = wanted.bottom - wanted.top - borders;
+  if (height > 0 && height != field) {
+    ::SendMessageW(handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height);
+  }
+}
+
+void ComboView::applyEntries() {
+  if (entries_ == combo().entries().all()) return;
+  entries_ = combo().entries().all();
+  ::SendMessageW(handle(), WM_SETREDRAW, FALSE, 0);
+  ::SendMessageW(handle(), CB_RESETCONTENT, 0, 0);
+  reserve(handle(), CB_INITSTORAGE, entries_);
+  for (const std::u16string& entry : entries_) add(handle(), CB_ADDSTRING, entry);
+  ::SendMessageW(handle(), WM_SETREDRAW, TRUE, 0);
+}
+
+void ComboView::apply(const Changes& changes) {
+  ControlView::apply(changes);
+  if (changes.has(Property::Width)) applyHeight();
+  if (changes.has(Property::Items)) applyEntries();
+  const int wanted = combo().entries().selected();
+  if (selected() != wanted) {
+    ::SendMessageW(handle(), CB_SETCURSEL, static_cast<WPARAM>(wanted), 0);
+  }
+  // Last, because the entries and the selected one change the text of the box too.
+  edit_.showText();
+  edit_.showSelection();
+}
+
+std::optional<forms::PropertyValue> ComboView::shown(Property property) const {
+  switch (property) {
+    case Property::Items:
+      return entriesOf(handle(), kComboMessages);
+    case Property::Index:
+      return static_cast<double>(selected());
+    default:
+      break;
+  }
+  const auto value = edit_.shown(property);
+  return value ? value : ControlView::shown(property);
+}
+
+}  // namespace kvrnstep::windows

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "control_view.h"
+#include "edit.h"
+
+namespace kvrnstep::windows {
+
+/// A line of text with a drop-down list.
+class ComboView : public ControlView {
+ public:
+  ComboView(WindowView& window, forms::ComboBox& combo);
+
+  [[nodiscard]] HWND keyTarget() const override { return edit_.handle(); }
+  [[nodiscard]] bool takesFocus() const override { return true; }
+  void commanded(int notification) override;
+  void afterwards() override;
+  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
+
+ protected:
+  void apply(const Changes& changes) override;
+  [[nodiscard]] RECT place() const override;
+
+ private:
+  void applyEntries();
+  void applyHeight();
+  void putOff();
+  [[nodiscard]] int selected() const;
+  [[nodiscard]] forms::ComboBox& combo() const { return static_cast<forms::ComboBox&>(control()); }
+
+  Edit edit_;
+  std::vector<std::u16string> entries_;  ///< as the list shows them
+  bool chosen_ = false;
+  bool waiting_ = false;
+};
+
+}  // namespace kvrnstep::windows

@@ -1,0 +1,161 @@
+#include "control_view.h"
+
+#include <windowsx.h>
+
+#include <utility>
+
+#include "guard.h"
+#include "resources.h"
+#include "text/windows/wide.h"
+#include "window_view.h"
+
+namespace kvrnstep::windows {
+
+using forms::MouseButton;
+using forms::Property;
+
+ControlView::~ControlView() {
+  // The window goes with its parent; what it still tells must not reach a view that is gone.
+  if (handle_ != nullptr) ::RemoveWindowSubclass(handle_, procedure, 0);
+}
+
+void ControlView::create(const wchar_t* className, DWORD style, DWORD extendedStyle,
+                         void* parameter) {
+  handle_ = ::CreateWindowExW(extendedStyle, className, L"", WS_CHILD | WS_CLIPSIBLINGS | style, 0,
+                              0, 0, 0, window_.parentFor(control_), nullptr, thisModule(),
+                              parameter);
+  ::SetWindowSubclass(handle_, procedure, 0, reinterpret_cast<DWORD_PTR>(this));
+  useFont(window_.captionFont());
+}
+
+LRESULT CALLBACK ControlView::procedure(HWND /*handle*/, UINT message, WPARAM wide, LPARAM longer,
+                                        UINT_PTR /*id*/, DWORD_PTR view) {
+  return guarded(
+      [&] { return reinterpret_cast<ControlView*>(view)->received(message, wide, longer); });
+}
+
+LRESULT ControlView::received(UINT message, WPARAM wide, LPARAM longer) {
+  if (message == WM_SETCURSOR && LOWORD(longer) == HTCLIENT && !window_.busy()) {
+    if (const HCURSOR cursor = cursorOf(control_.cursor())) {
+      ::SetCursor(cursor);
+      return TRUE;
+    }
+  }
+  return ::DefSubclassProc(handle_, message, wide, longer);
+}
+
+void ControlView::rescale() {
+  if (handle_ != nullptr) useFont(window_.captionFont());
+  markAll();
+}
+
+void ControlView::applyChanges() {
+  if (!changes_.any() || applying_) return;
+  applying_ = true;
+  apply(std::exchange(changes_, Changes()));
+  applying_ = false;
+}
+
+void ControlView::apply(const Changes& changes) {
+  if (handle_ == nullptr) return;
+  if (changes.has(Property::Left) || changes.has(Property::Width)) applyPlace();
+  if (changes.has(Property::Enabled)) ::EnableWindow(handle_, control_.enabled() ? TRUE : FALSE);
+  if (changes.has(Property::Visible)) {
+    ::ShowWindow(handle_, control_.visible() ? SW_SHOWNA : SW_HIDE);
+  }
+}
+
+void ControlView::applyPlace() {
+  const RECT wanted = place();
+  RECT now{};
+  ::GetWindowRect(handle_, &now);
+  ::MapWindowPoints(nullptr, ::GetParent(handle_), reinterpret_cast<POINT*>(&now), 2);
+  if (::EqualRect(&now, &wanted) != FALSE) return;
+  ::SetWindowPos(handle_, nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
+                 wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  // What a window has drawn at its old edges moves with it otherwise.
+  ::InvalidateRect(handle_, nullptr, TRUE);
+}
+
+RECT ControlView::place() const {
+  return window_.pixelPlace(control_);
+}
+
+void ControlView::allowTab(bool allowed) {
+  const LONG_PTR style = ::GetWindowLongPtrW(handle_, GWL_STYLE);
+  const LONG_PTR wanted = allowed ? style | WS_TABSTOP : style & ~LONG_PTR{WS_TABSTOP};
+  if (wanted != style) ::SetWindowLongPtrW(handle_, GWL_STYLE, wanted);
+}
+
+void ControlView::useFont(HFONT font) {
+  ::SendMessageW(handle_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+}
+
+void ControlView::showCaption() {
+  showText(handle_, control_.caption());
+}
+
+std::optional<forms::PropertyValue> ControlView::shown(Property property) const {
+  if (handle_ == nullptr) return std::nullopt;
+  // What the parents are would count too if the system were asked in another way.
+  const LONG_PTR style = ::GetWindowLongPtrW(handle_, GWL_STYLE);
+  switch (property) {
+    case Property::Enabled:
+      return (style & WS_DISABLED) == 0;
+    case Property::Visible:
+      return (style & WS_VISIBLE) != 0;
+    case Property::ToolTip:
+      return window_.toolTipOf(handle_);
+    default:
+      return std::nullopt;
+  }
+}
+
+std::u16string textOf(HWND window) {
+  std::u16string text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, u'\0');
+  text.resize(static_cast<std::size_t>(
+      ::GetWindowTextW(window, text::wide(text.data()), static_cast<int>(text.size()))));
+  return text;
+}
+
+void showText(HWND window, const std::u16string& text) {
+  // The system's texts end at the first NUL.
+  if (textOf(window) != text.c_str()) ::SetWindowTextW(window, text::wide(text));
+}
+
+std::optional<MouseButton> pressedButton(UINT message) {
+  switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+      return MouseButton::Left;
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONDBLCLK:
+      return MouseButton::Middle;
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONDBLCLK:
+      return MouseButton::Right;
+    default:
+      return std::nullopt;
+  }
+}
+
+std::optional<MouseButton> releasedButton(UINT message) {
+  switch (message) {
+    case WM_LBUTTONUP:
+      return MouseButton::Left;
+    case WM_MBUTTONUP:
+      return MouseButton::Middle;
+    case WM_RBUTTONUP:
+      return MouseButton::Right;
+    default:
+      return std::nullopt;
+  }
+}
+
+bool isInside(HWND window, LPARAM where) {
+  RECT inside{};
+  ::GetClientRect(window, &inside);
+  return ::PtInRect(&inside, {GET_X_LPARAM(where), GET_Y_LPARAM(where)}) != FALSE;
+}
+
+}  // namespace kvrnstep::windows

@@ -1,0 +1,113 @@
+#include "boxes.h"
+
+#include <utility>
+
+#include "user_input.h"
+
+namespace kvrnstep::windows {
+
+namespace {
+
+constexpr int kFileName = 0x0480;       // of the dialog's own line
+constexpr int kFileNameCombo = 0x047C;  // … and of the one with a list
+
+bool isDialog(HWND window) {
+  wchar_t name[8]{};
+  ::GetClassNameW(window, name, 8);
+  return ::lstrcmpW(name, L"#32770") == 0;
+}
+
+BOOL CALLBACK takeDialog(HWND window, LPARAM found) {
+  const bool waits = ::IsWindowVisible(window) != FALSE && ::IsWindowEnabled(window) != FALSE;
+  if (!waits || !isDialog(window)) return TRUE;
+  *reinterpret_cast<HWND*>(found) = window;
+  return FALSE;
+}
+
+/// The box that waits for its user; null while there is none.
+HWND openBox() {
+  HWND found = nullptr;
+  ::EnumThreadWindows(::GetCurrentThreadId(), takeDialog, reinterpret_cast<LPARAM>(&found));
+  return found;
+}
+
+HWND firstButton(HWND box) {
+  HWND button = nullptr;
+  do {
+    button = ::FindWindowExW(box, button, L"Button", nullptr);
+  } while (button != nullptr && ::IsWindowVisible(button) == FALSE);
+  return button;
+}
+
+/// The one that lets things take their course.
+void agree(HWND box) {
+  const HWND yes = ::GetDlgItem(box, IDYES);
+  const bool asks = yes != nullptr && ::IsWindowVisible(yes) != FALSE;
+  clickOn(asks ? yes : firstButton(box));
+}
+
+HWND lineOf(HWND fileBox) {
+  const HWND line = ::GetDlgItem(fileBox, kFileName);
+  if (line != nullptr) return line;
+  const HWND combo = ::GetDlgItem(fileBox, kFileNameCombo);
+  if (combo == nullptr) return nullptr;
+  const HWND inner = ::FindWindowExW(combo, nullptr, L"ComboBox", nullptr);
+  return ::FindWindowExW(inner != nullptr ? inner : combo, nullptr, L"Edit", nullptr);
+}
+
+void replaceText(HWND line, const std::u16string& text) {
+  clickOn(line);
+  pressKey(VK_HOME);
+  pressKey(VK_END, VK_SHIFT);
+  if (text.empty()) pressKey(VK_DELETE);
+  typeCharacters(text);
+}
+
+}  // namespace
+
+void MessageReader::act() {
+  const HWND box = openBox();
+  if (box == nullptr || box == read_) return;
+  read_ = box;
+  agree(box);
+}
+
+void QuestionAnswerer::act() {
+  const HWND box = openBox();
+  if (box == nullptr || answered_) return;
+  answered_ = true;
+  const auto answer = answer_();
+  if (!answer) {
+    clickOn(::GetDlgItem(box, IDCANCEL));
+    return;
+  }
+  // The proposal is marked and waits to be replaced.
+  if (answer->empty()) pressKey(VK_DELETE);
+  typeCharacters(*answer);
+  clickOn(::GetDlgItem(box, IDOK));
+}
+
+void FileNamer::act() {
+  const HWND box = openBox();
+  if (box == nullptr) return;
+  if (box_ == nullptr) {
+    box_ = box;
+    name();
+  } else if (box != box_) {
+    if (std::exchange(complaint_, box) != box) agree(box);
+  } else if (complaint_ != nullptr && !std::exchange(cancelled_, true)) {
+    clickOn(::GetDlgItem(box_, IDCANCEL));
+  }
+}
+
+void FileNamer::name() {
+  const auto answer = answer_();
+  if (!answer) {
+    clickOn(::GetDlgItem(box_, IDCANCEL));
+    return;
+  }
+  if (const HWND line = lineOf(box_)) replaceText(line, *answer);
+  clickOn(::GetDlgItem(box_, IDOK));
+}
+
+}  // namespace kvrnstep::windows

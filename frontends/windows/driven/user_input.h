@@ -1,0 +1,39 @@
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string_view>
+
+#include "forms/control.h"
+
+/// What comes from a mouse and a keyboard, handed to the system as their drivers do: the system
+/// finds the window, disabled ones get nothing. It is queued here and dealt with by whatever loop
+/// runs next.
+namespace kvrnstep::windows {
+
+enum class Presses { Once, Twice };
+
+/// A click at a point of the window. False: the window is hidden or disabled, or something else
+/// would get the click there; nothing was done.
+bool clickAt(HWND window, POINT inside, forms::MouseButton button = forms::MouseButton::Left,
+             Presses presses = Presses::Once);
+/// … at the middle of it, or of what is visible of it.
+bool clickOn(HWND window, forms::MouseButton button = forms::MouseButton::Left,
+             Presses presses = Presses::Once);
+/// … at a point of the screen, whatever is there.
+void clickOnScreen(POINT point);
+
+void moveMouse(POINT onScreen);
+void pressLeft();
+void releaseLeft();
+/// A point of the window's inside that the mouse can reach; nothing where something covers it.
+std::optional<POINT> reachablePoint(HWND window);
+
+/// A key, with another one held down meanwhile or with none.
+void pressKey(WORD key, WORD held = 0);
+/// The key that types this character.
+void pressCharacter(char16_t character);
+void typeCharacters(std::u16string_view text);
+
+}  // namespace kvrnstep::windows

@@ -1,0 +1,134 @@
+#include "edit.h"
+
+#include "control_view.h"
+#include "forms/user_actions.h"
+#include "guard.h"
+
+namespace kvrnstep::windows {
+
+using forms::Property;
+using forms::TextSelection;
+
+namespace {
+
+/// After these the caret or the mark may be elsewhere.
+bool movesCaret(UINT message) {
+  switch (message) {
+    case WM_KEYDOWN:
+    case WM_CHAR:
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+    case WM_LBUTTONDBLCLK:
+    case WM_MOUSEMOVE:
+    case WM_CUT:
+    case WM_PASTE:
+    case WM_CLEAR:
+    case WM_UNDO:
+    case EM_UNDO:
+    case EM_SETSEL:
+    case EM_REPLACESEL:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+Edit::~Edit() {
+  if (handle_ != nullptr) ::RemoveWindowSubclass(handle_, procedure, 0);
+}
+
+void Edit::adopt(HWND handle) {
+  handle_ = handle;
+  ::SetWindowSubclass(handle_, procedure, 0, reinterpret_cast<DWORD_PTR>(this));
+  ::SendMessageW(handle_, EM_SETLIMITTEXT, static_cast<WPARAM>(box_.row().maxLength), 0);
+}
+
+LRESULT CALLBACK Edit::procedure(HWND /*handle*/, UINT message, WPARAM wide, LPARAM longer,
+                                 UINT_PTR /*id*/, DWORD_PTR edit) {
+  return guarded([&] { return reinterpret_cast<Edit*>(edit)->received(message, wide, longer); });
+}
+
+LRESULT Edit::received(UINT message, WPARAM wide, LPARAM longer) {
+  if (message == WM_GETDLGCODE) return wantedKeys(wide, longer);
+  if (message == WM_CHAR && box_.onKeyPress &&
+      !forms::userPressedKey(box_, static_cast<char16_t>(wide))) {
+    return 0;
+  }
+  const LRESULT result = ::DefSubclassProc(handle_, message, wide, longer);
+  if (movesCaret(message)) reportSelection();
+  if (message == WM_KEYUP && box_.onKeyUp) forms::userReleasedKey(box_);
+  return result;
+}
+
+LRESULT Edit::wantedKeys(WPARAM wide, LPARAM longer) const {
+  const LRESULT wanted = ::DefSubclassProc(handle_, WM_GETDLGCODE, wide, longer);
+  const auto* message = reinterpret_cast<const MSG*>(longer);
+  const bool leads = message != nullptr && (wide == VK_TAB || wide == VK_ESCAPE);
+  // Several lines would take these keys for themselves: Tab leads on, and Escape closes nothing.
+  return leads ? wanted & ~LRESULT{DLGC_WANTALLKEYS | DLGC_WANTTAB} : wanted;
+}
+
+bool Edit::showsText() const {
+  // The system's texts end at the first NUL.
+  return textOf(handle_) == box_.text().c_str();
+}
+
+TextSelection Edit::selection() const {
+  DWORD start = 0;
+  DWORD end = 0;
+  ::SendMessageW(handle_, EM_GETSEL, reinterpret_cast<WPARAM>(&start),
+                 reinterpret_cast<LPARAM>(&end));
+  return {start, end - start};
+}
+
+void Edit::select(TextSelection selection) {
+  ::SendMessageW(handle_, EM_SETSEL, selection.start,
+                 static_cast<LPARAM>(selection.start + selection.length));
+  ::SendMessageW(handle_, EM_SCROLLCARET, 0, 0);
+}
+
+void Edit::edited() {
+  if (showing_ || showsText()) return;
+  forms::userEdited(box_, textOf(handle_), selection());
+}
+
+void Edit::reportSelection() {
+  // While a text is being replaced the caret is told of with the text.
+  if (showing_ || box_.window().unloaded() || selection() == box_.selection() || !showsText()) {
+    return;
+  }
+  forms::userSelected(box_, selection());
+  // The control may have moved an end, back to where it was before.
+  showSelection();
+}
+
+void Edit::showText() {
+  if (showsText()) return;
+  showing_ = true;
+  windows::showText(handle_, box_.text());
+  showing_ = false;
+}
+
+void Edit::showSelection() {
+  if (selection() == box_.selection()) return;
+  showing_ = true;
+  select(box_.selection());
+  showing_ = false;
+}
+
+std::optional<forms::PropertyValue> Edit::shown(Property property) const {
+  switch (property) {
+    case Property::Text:
+      return showsText() ? box_.text() : textOf(handle_);
+    case Property::SelStart:
+      return static_cast<double>(selection().start);
+    case Property::SelLength:
+      return static_cast<double>(selection().length);
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace kvrnstep::windows

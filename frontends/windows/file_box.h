@@ -1,0 +1,16 @@
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+
+#include "forms/toolkit.h"
+
+namespace kvrnstep::windows {
+
+/// The system's file dialogs. The full path; nothing when they were cancelled.
+std::optional<std::u16string> chooseFileToOpen(const forms::FileDialog& dialog, HWND owner);
+std::optional<std::u16string> chooseFileToSave(const forms::FileDialog& dialog, HWND owner);
+
+}  // namespace kvrnstep::windows

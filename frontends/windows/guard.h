@@ -1,0 +1,30 @@
+#pragma once
+
+#include <exception>
+#include <utility>
+
+namespace kvrnstep::windows {
+
+/// What went wrong in a window procedure of this thread. No exception may pass through the system
+/// that called the procedure; it is kept until our own code has control again.
+inline std::exception_ptr& keptFailure() {
+  static thread_local std::exception_ptr kept;
+  return kept;
+}
+
+template <class Action>
+auto guarded(Action action) -> decltype(action()) {
+  try {
+    return action();
+  } catch (...) {
+    keptFailure() = std::current_exception();
+    return {};
+  }
+}
+
+inline void raiseKeptFailure() {
+  if (keptFailure() == nullptr) return;
+  std::rethrow_exception(std::exchange(keptFailure(), nullptr));
+}
+
+}  // namespace kvrnstep::windows

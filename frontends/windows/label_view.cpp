@@ -1,0 +1,85 @@
+#include "label_view.h"
+
+#include <windowsx.h>
+
+#include <utility>
+
+#include "box_font.h"
+#include "forms/user_actions.h"
+#include "link_color.h"
+#include "resources.h"
+#include "window_view.h"
+
+namespace kvrnstep::windows {
+
+using forms::MouseButton;
+using forms::Property;
+
+LRESULT MouseView::received(UINT message, WPARAM wide, LPARAM longer) {
+  if (const auto button = pressedButton(message)) {
+    ::SetCapture(handle());
+    if (*button == MouseButton::Left) pressed();
+    return 0;
+  }
+  const auto button = releasedButton(message);
+  if (!button) return ControlView::received(message, wide, longer);
+  if (::GetCapture() != handle()) return 0;
+  ::ReleaseCapture();
+  const bool inside = isInside(handle(), longer);
+  POINT where{GET_X_LPARAM(longer), GET_Y_LPARAM(longer)};
+  ::ClientToScreen(handle(), &where);
+  if (inside) forms::userReleasedMouse(control(), *button);
+  if (inside && *button == MouseButton::Left) forms::userClicked(control());
+  if (*button == MouseButton::Left) released(where);
+  return 0;
+}
+
+LabelView::LabelView(WindowView& window, forms::Control& label) : MouseView(window, label) {
+  create(WC_STATICW, SS_LEFT | SS_NOTIFY | SS_CENTERIMAGE);
+}
+
+HBRUSH LabelView::colored(HDC context) {
+  if (!control().row().clickable) return nullptr;
+  ::SetTextColor(context, linkColor());
+  ::SetBkColor(context, ::GetSysColor(COLOR_BTNFACE));
+  return ::GetSysColorBrush(COLOR_BTNFACE);
+}
+
+void LabelView::apply(const Changes& changes) {
+  ControlView::apply(changes);
+  if (changes.has(Property::Caption)) showCaption();
+  if (!changes.has(Property::Caption) && !changes.has(Property::Width)) return;
+  const RECT room = place();
+  Font fitted = fittedFont(control().caption(), static_cast<int>(room.right - room.left),
+                           control().row().clickable, window().dpi());
+  useFont(fitted.get());
+  font_ = std::move(fitted);
+}
+
+LRESULT LabelView::received(UINT message, WPARAM wide, LPARAM longer) {
+  // With the mouse captured nobody asks for the cursor.
+  if (message == WM_MOUSEMOVE && dragged_) ::SetCursor(cursorOf(control().dragCursor()));
+  // Releasing the button ends the drag before the capture goes; here something took it away.
+  if (message == WM_CAPTURECHANGED && reinterpret_cast<HWND>(longer) != nullptr) dragged_ = false;
+  return MouseView::received(message, wide, longer);
+}
+
+void LabelView::pressed() {
+  if (!control().row().draggable) return;
+  dragged_ = true;
+  ::SetCursor(cursorOf(control().dragCursor()));
+}
+
+void LabelView::released(POINT onScreen) {
+  if (!std::exchange(dragged_, false)) return;
+  if (forms::Control* target = window().controlAt(onScreen)) {
+    forms::userDropped(control(), *target);
+  }
+}
+
+std::optional<forms::PropertyValue> LabelView::shown(Property property) const {
+  if (property == Property::Caption) return textOf(handle());
+  return ControlView::shown(property);
+}
+
+}  // namespace kvrnstep::windows

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "control_view.h"
+
+namespace kvrnstep::windows {
+
+/// What takes the mouse and no key: a button that is pressed and released over it counts.
+class MouseView : public ControlView {
+ public:
+  using ControlView::ControlView;
+
+ protected:
+  LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
+  /// The left button has gone down; it is held until it comes up or something takes it away.
+  virtual void pressed() {}
+  virtual void released(POINT /*onScreen*/) {}
+};
+
+/// A caption, plain, to be clicked or to be dragged. From the press of the left button to its
+/// release the mouse carries a label about; what is dragged never leaves the window, so no other
+/// program is told of it.
+class LabelView : public MouseView {
+ public:
+  LabelView(WindowView& window, forms::Control& label);
+
+  HBRUSH colored(HDC context) override;
+  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
+
+ protected:
+  void apply(const Changes& changes) override;
+  LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
+  void pressed() override;
+  void released(POINT onScreen) override;
+
+ private:
+  Font font_;
+  bool dragged_ = false;
+};
+
+}  // namespace kvrnstep::windows

@@ -1,0 +1,164 @@
+#include "list_view.h"
+
+#include <algorithm>
+
+#include "entries.h"
+#include "forms/user_actions.h"
+#include "window_view.h"
+
+namespace kvrnstep::windows {
+
+using forms::Property;
+
+namespace {
+
+/// What a change of entries comes down to: some go and others come at one place.
+struct Difference {
+  std::size_t place;
+  std::size_t removed;
+  std::size_t added;
+};
+
+Difference differenceOf(const std::vector<std::u16string>& before,
+                        const std::vector<std::u16string>& after) {
+  const auto [firstBefore, firstAfter] = std::ranges::mismatch(before, after);
+  const auto place = static_cast<std::size_t>(firstBefore - before.begin());
+  std::size_t behind = 0;
+  while (behind < before.size() - place && behind < after.size() - place &&
+         before[before.size() - 1 - behind] == after[after.size() - 1 - behind]) {
+    ++behind;
+  }
+  return {place, before.size() - place - behind, after.size() - place - behind};
+}
+
+}  // namespace
+
+ListView::ListView(WindowView& window, forms::ListBox& list) : ControlView(window, list) {
+  create(WC_LISTBOXW, WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+         WS_EX_CLIENTEDGE);
+}
+
+void ListView::commanded(int notification) {
+  if (applying()) return;
+  if (notification == LBN_SELCHANGE) {
+    // The control may refuse; a selection that was taken away comes back.
+    mark(Property::Index);
+    forms::userClickedEntry(list(), selected());
+  } else if (notification == LBN_DBLCLK) {
+    forms::userDoubleClickedEntry(list(), selected());
+  }
+}
+
+LRESULT ListView::received(UINT message, WPARAM wide, LPARAM longer) {
+  const LRESULT result = ControlView::received(message, wide, longer);
+  if (applying()) return result;
+  switch (message) {
+    case WM_VSCROLL:
+    case WM_MOUSEWHEEL:
+    case WM_KEYDOWN:
+    case WM_TIMER:
+    case LB_SETTOPINDEX:
+      reportScroll();
+      break;
+    default:
+      break;
+  }
+  if (const auto button = releasedButton(message); button && isInside(handle(), longer)) {
+    forms::userReleasedMouse(control(), *button);
+  }
+  return result;
+}
+
+void ListView::reportScroll() {
+  if (top() != std::min(list().topIndex(), lowestTop())) forms::userScrolled(list(), top());
+}
+
+RECT ListView::place() const {
+  RECT place = ControlView::place();
+  const LONG lowest = window().innerPixelHeight() - 1;
+  if (control().container() == nullptr && place.top < lowest) {
+    place.bottom = std::min(place.bottom, lowest);
+  }
+  return place;
+}
+
+int ListView::selected() const {
+  return static_cast<int>(::SendMessageW(handle(), LB_GETCURSEL, 0, 0));
+}
+
+int ListView::top() const {
+  return static_cast<int>(::SendMessageW(handle(), LB_GETTOPINDEX, 0, 0));
+}
+
+int ListView::lowestTop() const {
+  RECT inside{};
+  ::GetClientRect(handle(), &inside);
+  const auto line = static_cast<int>(::SendMessageW(handle(), LB_GETITEMHEIGHT, 0, 0));
+  const int lines = line > 0 ? static_cast<int>(inside.bottom) / line : 0;
+  return std::max(0, static_cast<int>(entries_.size()) - lines);
+}
+
+void ListView::apply(const Changes& changes) {
+  ControlView::apply(changes);
+  const bool newEntries = changes.has(Property::Items) && applyEntries();
+  // New entries begin at the top; what is selected then comes into view.
+  if (newEntries) applyTopIndex();
+  if (newEntries || changes.has(Property::Index)) applyIndex();
+  if (changes.has(Property::TopIndex)) {
+    applyTopIndex();
+  } else if (changes.has(Property::Index)) {
+    reportScroll();
+  }
+}
+
+bool ListView::applyEntries() {
+  const std::vector<std::u16string>& wanted = list().entries().all();
+  const Difference difference = differenceOf(entries_, wanted);
+  if (difference.removed == 0 && difference.added == 0) return false;
+  ::SendMessageW(handle(), WM_SETREDRAW, FALSE, 0);
+  if (difference.removed == entries_.size()) {
+    ::SendMessageW(handle(), LB_RESETCONTENT, 0, 0);
+    reserve(handle(), LB_INITSTORAGE, wanted);
+  } else {
+    for (std::size_t i = 0; i < difference.removed; ++i) {
+      ::SendMessageW(handle(), LB_DELETESTRING, difference.place, 0);
+    }
+  }
+  for (std::size_t i = difference.place; i < difference.place + difference.added; ++i) {
+    ::SendMessageW(handle(), LB_INSERTSTRING, i,
+                   reinterpret_cast<LPARAM>(text::wide(wanted[i])));
+  }
+  entries_ = wanted;
+  ::SendMessageW(handle(), WM_SETREDRAW, TRUE, 0);
+  ::InvalidateRect(handle(), nullptr, TRUE);
+  return true;
+}
+
+void ListView::applyIndex() {
+  const int index = list().entries().selected();
+  if (index != selected()) {
+    ::SendMessageW(handle(), LB_SETCURSEL, static_cast<WPARAM>(index), 0);
+  }
+}
+
+void ListView::applyTopIndex() {
+  ::SendMessageW(handle(), LB_SETTOPINDEX, static_cast<WPARAM>(list().topIndex()), 0);
+}
+
+std::optional<forms::PropertyValue> ListView::shown(Property property) const {
+  switch (property) {
+    case Property::Items:
+      return entriesOf(handle(), kListMessages);
+    case Property::Index:
+      return static_cast<double>(selected());
+    case Property::TopIndex: {
+      // Scrolled as far as the list reaches is as good as scrolled further.
+      const bool asFarAsItGoes = top() == std::min(list().topIndex(), lowestTop());
+      return static_cast<double>(asFarAsItGoes ? list().topIndex() : top());
+    }
+    default:
+      return ControlView::shown(property);
+  }
+}
+
+}  // namespace kvrnstep::windows

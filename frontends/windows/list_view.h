@@ -1,0 +1,37 @@
+#pragma once
+
+#include <vector>
+
+#include "control_view.h"
+
+namespace kvrnstep::windows {
+
+/// A list of entries of which one can be selected.
+class ListView : public ControlView {
+ public:
+  ListView(WindowView& window, forms::ListBox& list);
+
+  [[nodiscard]] bool takesFocus() const override { return true; }
+  void commanded(int notification) override;
+  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
+
+ protected:
+  void apply(const Changes& changes) override;
+  /// The list ends inside the window, wherever its own place ends.
+  [[nodiscard]] RECT place() const override;
+  LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
+
+ private:
+  bool applyEntries();
+  void applyIndex();
+  void applyTopIndex();
+  void reportScroll();
+  [[nodiscard]] int selected() const;
+  [[nodiscard]] int top() const;
+  [[nodiscard]] int lowestTop() const;
+  [[nodiscard]] forms::ListBox& list() const { return static_cast<forms::ListBox&>(control()); }
+
+  std::vector<std::u16string> entries_;  ///< as the window shows them
+};
+
+}  // namespace kvrnstep::windows

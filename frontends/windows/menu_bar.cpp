@@ -1,0 +1,196 @@
+#include "menu_bar.h"
+
+#include <algorithm>
+#include <string>
+
+#include "shortcut.h"
+#include "text/windows/wide.h"
+
+namespace kvrnstep::windows {
+
+using forms::Kind;
+using forms::MenuEntry;
+using forms::Property;
+
+namespace {
+
+constexpr UINT kFirstCommand = 1000;
+
+bool holdsEntries(const forms::Control& menu) {
+  return std::ranges::any_of(menu.window().controls(),
+                             [&](const auto& control) { return control->container() == &menu; });
+}
+
+/// The caption with the shortcut behind it, as menus show it.
+std::u16string labelOf(const MenuEntry& entry) {
+  const std::string_view keys = entry.row().shortcut;
+  std::u16string label = entry.caption();
+  if (!keys.empty()) label.append(u"\t").append(keys.begin(), keys.end());
+  return label;
+}
+
+UINT stateOf(const MenuEntry& entry) {
+  return (entry.enabled() ? MFS_ENABLED : MFS_DISABLED) |
+         (entry.checked() ? MFS_CHECKED : MFS_UNCHECKED);
+}
+
+/// What the system holds of an entry.
+struct ShownItem {
+  std::u16string label;
+  UINT type = 0;
+  UINT state = 0;
+};
+
+ShownItem shownItem(const MenuPlace& place) {
+  MENUITEMINFOW item{};
+  item.cbSize = sizeof item;
+  item.fMask = MIIM_FTYPE | MIIM_STATE | MIIM_STRING;
+  const auto position = static_cast<UINT>(place.position);
+  ::GetMenuItemInfoW(place.menu, position, TRUE, &item);
+  std::u16string label(item.cch + 1, u'\0');
+  item.dwTypeData = text::wide(label.data());
+  ++item.cch;
+  ::GetMenuItemInfoW(place.menu, position, TRUE, &item);
+  label.resize(item.cch);
+  return {std::move(label), item.fType, item.fState};
+}
+
+}  // namespace
+
+MenuBar::MenuBar(forms::Window& window) : window_(window) {
+  for (const auto& control : window.controls()) {
+    if (control->kind() != Kind::Menu) continue;
+    const auto command = kFirstCommand + static_cast<UINT>(items_.size());
+    items_.push_back({static_cast<MenuEntry*>(control.get()), command, nullptr});
+  }
+  if (items_.empty()) return;
+  if (window.hasMenuBar()) bar_.reset(::CreateMenu());
+  for (Item& item : items_) add(item);
+  makeAccelerators();
+}
+
+void MenuBar::add(Item& item) {
+  if (item.entry->container() == nullptr || holdsEntries(*item.entry)) {
+    item.menu.reset(::CreatePopupMenu());
+    item.opens = item.menu.get();
+  }
+  if (item.entry->visible()) insert(item);
+}
+
+HMENU MenuBar::parentOf(const forms::Control& entry) const {
+  return entry.container() == nullptr ? bar_.get() : menuOf(*entry.container());
+}
+
+void MenuBar::insert(Item& item) {
+  const HMENU parent = parentOf(*item.entry);
+  if (parent == nullptr) return;
+  std::u16string label = labelOf(*item.entry);
+  MENUITEMINFOW wanted{};
+  wanted.cbSize = sizeof wanted;
+  wanted.fMask = MIIM_FTYPE | MIIM_STATE | MIIM_ID | MIIM_STRING;
+  wanted.fType = item.entry->separator() ? MFT_SEPARATOR : MFT_STRING;
+  wanted.fState = stateOf(*item.entry);
+  wanted.wID = item.command;
+  wanted.dwTypeData = text::wide(label.data());
+  if (item.opens != nullptr) {
+    wanted.fMask |= MIIM_SUBMENU;
+    // The menu above frees it from now on.
+    wanted.hSubMenu = item.menu.release();
+  }
+  // Entries that are not shown leave no gap.
+  UINT position = 0;
+  for (const Item& other : items_) {
+    if (&other == &item) break;
+    if (other.entry->container() == item.entry->container() && placeOf(*other.entry)) ++position;
+  }
+  ::InsertMenuItemW(parent, position, TRUE, &wanted);
+}
+
+void MenuBar::makeAccelerators() {
+  std::vector<ACCEL> keys;
+  for (const Item& item : items_) {
+    if (const auto shortcut = shortcutOf(item.entry->row().shortcut)) {
+      keys.push_back({static_cast<BYTE>(FVIRTKEY | (shortcut->control ? FCONTROL : 0)),
+                      shortcut->key, static_cast<WORD>(item.command)});
+    }
+  }
+  if (keys.empty()) return;
+  accelerators_.reset(::CreateAcceleratorTableW(keys.data(), static_cast<int>(keys.size())));
+}
+
+const MenuBar::Item* MenuBar::itemOf(const forms::Control& entry) const {
+  const auto found = std::ranges::find(items_, &entry, &Item::entry);
+  return found == items_.end() ? nullptr : &*found;
+}
+
+HMENU MenuBar::menuOf(const forms::Control& entry) const {
+  const Item* item = itemOf(entry);
+  return item == nullptr ? nullptr : item->opens;
+}
+
+std::optional<MenuPlace> MenuBar::placeOf(const forms::Control& entry) const {
+  const Item* item = itemOf(entry);
+  const HMENU menu = parentOf(entry);
+  if (item == nullptr || menu == nullptr) return std::nullopt;
+  for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {
+    MENUITEMINFOW found{};
+    found.cbSize = sizeof found;
+    found.fMask = MIIM_ID;
+    if (::GetMenuItemInfoW(menu, static_cast<UINT>(i), TRUE, &found) != FALSE &&
+        found.wID == item->command) {
+      return MenuPlace{menu, i};
+    }
+  }
+  return std::nullopt;
+}
+
+MenuEntry* MenuBar::entryOf(UINT command) const {
+  const auto found = std::ranges::find(items_, command, &Item::command);
+  return found == items_.end() ? nullptr : found->entry;
+}
+
+bool MenuBar::apply(const forms::Control& entry) {
+  auto* item = const_cast<Item*>(itemOf(entry));
+  if (item == nullptr) return false;
+  auto place = placeOf(entry);
+  if (!item->entry->visible()) {
+    if (!place) return false;
+    ::RemoveMenu(place->menu, static_cast<UINT>(place->position), MF_BYPOSITION);
+    // Nothing above frees it any more.
+    item->menu.reset(item->opens);
+    return place->menu == bar_.get();
+  }
+  if (!place) {
+    insert(*item);
+    return entry.container() == nullptr;
+  }
+  std::u16string label = labelOf(*item->entry);
+  MENUITEMINFOW wanted{};
+  wanted.cbSize = sizeof wanted;
+  wanted.fMask = MIIM_STATE | MIIM_STRING;
+  wanted.fState = stateOf(*item->entry);
+  wanted.dwTypeData = text::wide(label.data());
+  ::SetMenuItemInfoW(place->menu, static_cast<UINT>(place->position), TRUE, &wanted);
+  return place->menu == bar_.get();
+}
+
+std::optional<forms::PropertyValue> MenuBar::shown(const forms::Control& entry,
+                                                   Property property) const {
+  const auto place = placeOf(entry);
+  if (property == Property::Visible) return place.has_value();
+  if (!place) return std::nullopt;
+  const ShownItem item = shownItem(*place);
+  switch (property) {
+    case Property::Caption:
+      if ((item.type & MFT_SEPARATOR) != 0) return u"-";
+      return item.label.substr(0, item.label.find(u'\t'));
+    case Property::Enabled:
+      return (item.state & MFS_DISABLED) == 0;
+    case Property::Checked:
+      return (item.state & MFS_CHECKED) != 0;
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace kvrnstep::windows

@@ -1,0 +1,23 @@
+#include "modality.h"
+
+namespace kvrnstep::windows {
+
+Modality::Modality(HWND window) : exempt_(window) {
+  ::EnumThreadWindows(::GetCurrentThreadId(), disable, reinterpret_cast<LPARAM>(this));
+}
+
+Modality::~Modality() {
+  for (const HWND window : disabled_) ::EnableWindow(window, TRUE);
+}
+
+BOOL CALLBACK Modality::disable(HWND window, LPARAM self) {
+  auto& modality = *reinterpret_cast<Modality*>(self);
+  const bool takesInput = ::IsWindowVisible(window) != FALSE && ::IsWindowEnabled(window) != FALSE;
+  if (takesInput && window != modality.exempt_) {
+    ::EnableWindow(window, FALSE);
+    modality.disabled_.push_back(window);
+  }
+  return TRUE;
+}
+
+}  // namespace kvrnstep::windows

@@ -1,0 +1,47 @@
+#include "picture_views.h"
+
+#include <algorithm>
+
+#include "resources.h"
+#include "window_view.h"
+
+namespace kvrnstep::windows {
+
+using forms::Property;
+
+ImageView::ImageView(WindowView& window, forms::Control& image) : MouseView(window, image) {
+  create(WC_STATICW, SS_OWNERDRAW | SS_NOTIFY);
+}
+
+int ImageView::size() const {
+  const RECT room = place();
+  return static_cast<int>(std::min(room.right - room.left, room.bottom - room.top));
+}
+
+void ImageView::apply(const Changes& changes) {
+  ControlView::apply(changes);
+  if (!changes.has(Property::Picture) && !changes.has(Property::Width)) return;
+  picture_ = loadPicture(control().picture(), size());
+  ::InvalidateRect(handle(), nullptr, TRUE);
+}
+
+void ImageView::drawn(const DRAWITEMSTRUCT& request) {
+  const RECT& room = request.rcItem;
+  ::FillRect(request.hDC, &room, ::GetSysColorBrush(COLOR_BTNFACE));
+  if (picture_ == nullptr) return;
+  const int left = static_cast<int>(room.left + (room.right - room.left - size()) / 2);
+  const int top = static_cast<int>(room.top + (room.bottom - room.top - size()) / 2);
+  ::DrawIconEx(request.hDC, left, top, picture_.get(), size(), size(), 0, nullptr, DI_NORMAL);
+}
+
+StatusBarView::StatusBarView(WindowView& window, forms::Control& bar) : ControlView(window, bar) {
+  create(STATUSCLASSNAMEW, SBARS_SIZEGRIP | CCS_NOPARENTALIGN | CCS_NORESIZE | CCS_NODIVIDER);
+}
+
+ContainerView::ContainerView(WindowView& window, forms::Control& container)
+    : ControlView(window, container) {
+  Receiver& receiver = window;
+  create(ownClass(), WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, &receiver);
+}
+
+}  // namespace kvrnstep::windows

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "control_view.h"
+#include "label_view.h"
+
+namespace kvrnstep::windows {
+
+/// A picture.
+class ImageView : public MouseView {
+ public:
+  ImageView(WindowView& window, forms::Control& image);
+
+  void drawn(const DRAWITEMSTRUCT& request) override;
+
+ protected:
+  void apply(const Changes& changes) override;
+
+ private:
+  [[nodiscard]] int size() const;
+
+  Icon picture_;
+};
+
+/// A strip along the window's bottom edge, with the grip for sizing the window.
+class StatusBarView : public ControlView {
+ public:
+  StatusBarView(WindowView& window, forms::Control& bar);
+};
+
+/// A frame or a panel: a plain ground for what it contains.
+class ContainerView : public ControlView {
+ public:
+  ContainerView(WindowView& window, forms::Control& container);
+};
+
+}  // namespace kvrnstep::windows

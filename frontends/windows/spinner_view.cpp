@@ -1,0 +1,38 @@
+#include "spinner_view.h"
+
+#include "forms/user_actions.h"
+#include "window_view.h"
+
+namespace kvrnstep::windows {
+
+SpinnerView::SpinnerView(WindowView& window, forms::Spinner& spinner)
+    : ControlView(window, spinner) {
+  create(UPDOWN_CLASSW, UDS_ARROWKEYS);
+  // Kept in the middle, so that both arrows always have somewhere to go: the control knows where
+  // its range ends.
+  constexpr int kEnd = 100;
+  ::SendMessageW(handle(), UDM_SETRANGE32, 0, kEnd);
+  ::SendMessageW(handle(), UDM_SETPOS32, 0, kEnd / 2);
+}
+
+void SpinnerView::setBuddy(HWND box) {
+  ::SendMessageW(handle(), UDM_SETBUDDY, reinterpret_cast<WPARAM>(box), 0);
+}
+
+LRESULT SpinnerView::notified(const NMHDR& notification) {
+  constexpr LRESULT kRefused = 1;
+  if (notification.code != static_cast<UINT>(UDN_DELTAPOS)) return 0;
+  const int step = reinterpret_cast<const NMUPDOWN&>(notification).iDelta;
+  forms::userSpun(static_cast<forms::Spinner&>(control()), step > 0);
+  return kRefused;
+}
+
+LRESULT SpinnerView::received(UINT message, WPARAM wide, LPARAM longer) {
+  const LRESULT result = ControlView::received(message, wide, longer);
+  if (const auto button = releasedButton(message); button && isInside(handle(), longer)) {
+    forms::userReleasedMouse(control(), *button);
+  }
+  return result;
+}
+
+}  // namespace kvrnstep::windows

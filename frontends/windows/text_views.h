@@ -1,0 +1,30 @@
+#pragma once
+
+#include "control_view.h"
+#include "edit.h"
+
+namespace kvrnstep::windows {
+
+/// A box of one or several lines of text.
+class TextBoxView : public ControlView {
+ public:
+  TextBoxView(WindowView& window, forms::TextBox& box);
+
+  [[nodiscard]] bool takesFocus() const override { return true; }
+  void commanded(int notification) override;
+  HBRUSH colored(HDC context) override;
+  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
+
+ protected:
+  void apply(const Changes& changes) override;
+
+ private:
+  void applyFont();
+  [[nodiscard]] forms::TextBox& box() const { return static_cast<forms::TextBox&>(control()); }
+
+  Edit edit_;
+  Font font_;
+  Brush ground_;
+};
+
+}  // namespace kvrnstep::windows

@@ -1,0 +1,497 @@
+#include "window_view.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "box_font.h"
+#include "button_views.h"
+#include "combo_view.h"
+#include "forms/reading_order.h"
+#include "forms/user_actions.h"
+#include "label_view.h"
+#include "list_view.h"
+#include "picture_views.h"
+#include "resources.h"
+#include "scale.h"
+#include "spinner_view.h"
+#include "text/windows/wide.h"
+#include "text_views.h"
+
+namespace kvrnstep::windows {
+
+using forms::Chrome;
+using forms::Control;
+using forms::Kind;
+using forms::kTwipsPerPixel;
+using forms::Property;
+
+namespace {
+
+constexpr UINT kLater = WM_APP + 1;
+
+DWORD styleOf(const forms::WindowDesign& design) {
+  const DWORD frame = design.resizable ? WS_THICKFRAME : 0;
+  return WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN | frame;
+}
+
+/// Twips on the desktop as its pixels, and back.
+int desktopPixels(double twips) {
+  return toPixels(twips / kTwipsPerPixel, desktopDpi());
+}
+double desktopTwips(LONG pixels) {
+  return fromPixels(static_cast<int>(pixels), desktopDpi()) * kTwipsPerPixel;
+}
+
+HWND makeWindow(Receiver& receiver, DWORD style, HWND owner, HMENU menu) {
+  return ::CreateWindowExW(WS_EX_CONTROLPARENT, ownClass(), L"", style, 0, 0, 0, 0, owner, menu,
+                           thisModule(), &receiver);
+}
+
+bool isPushButton(HWND control) {
+  const auto code = ::SendMessageW(control, WM_GETDLGCODE, 0, 0);
+  return (code & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0;
+}
+
+/// What only decorates lies behind what is used.
+bool decorates(const Control& control) {
+  return control.kind() == Kind::Image || control.kind() == Kind::StatusBar;
+}
+
+}  // namespace
+
+WindowView::WindowView(forms::Window& window, HWND owner)
+    : window_(window),
+      menus_(window),
+      style_(styleOf(window.design())),
+      handle_(makeWindow(*this, style_, owner, menus_.bar())),
+      dpi_(dpiOf(handle_)),
+      captionFont_(windows::captionFont(dpi_)),
+      tips_(handle_) {
+  build();
+  changes_.addAll();
+  for (const auto& view : views_) view->markAll();
+  update();
+}
+
+WindowView::~WindowView() {
+  views_.clear();
+  ::SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
+  ::DestroyWindow(handle_);
+}
+
+void WindowView::build() {
+  for (const auto& control : window_.controls()) {
+    if (control->kind() == Kind::Menu) continue;
+    views_.push_back(makeView(*control));
+    ControlView& view = *views_.back();
+    byControl_.emplace(control.get(), &view);
+    byHandle_.emplace(view.handle(), &view);
+    if (!control->row().toolTip.empty()) tips_.add(view.handle(), control->row().toolTip);
+  }
+  connectSpinners();
+}
+
+std::unique_ptr<ControlView> WindowView::makeView(Control& control) {
+  switch (control.kind()) {
+    case Kind::Button:
+      return std::make_unique<PushButtonView>(*this, control);
+    case Kind::CheckBox:
+      return std::make_unique<CheckBoxView>(*this, static_cast<forms::CheckBox&>(control));
+    case Kind::OptionButton:
+      return std::make_unique<OptionButtonView>(*this, static_cast<forms::OptionButton&>(control));
+    case Kind::ComboBox:
+      return std::make_unique<ComboView>(*this, static_cast<forms::ComboBox&>(control));
+    case Kind::TextBox:
+      return std::make_unique<TextBoxView>(*this, static_cast<forms::TextBox&>(control));
+    case Kind::Spinner:
+      return std::make_unique<SpinnerView>(*this, static_cast<forms::Spinner&>(control));
+    case Kind::ListBox:
+      return std::make_unique<ListView>(*this, static_cast<forms::ListBox&>(control));
+    case Kind::Label:
+      return std::make_unique<LabelView>(*this, control);
+    case Kind::Image:
+      return std::make_unique<ImageView>(*this, control);
+    case Kind::StatusBar:
+      return std::make_unique<StatusBarView>(*this, control);
+    case Kind::Frame:
+    case Kind::Panel:
+    case Kind::Menu:
+      break;
+  }
+  return std::make_unique<ContainerView>(*this, control);
+}
+
+void WindowView::connectSpinners() {
+  for (const auto& view : views_) {
+    const forms::ControlRow& row = view->control().row();
+    if (row.kind != Kind::Spinner) continue;
+    if (const Control* box = window_.find(row.buddy, row.buddyIndex)) {
+      static_cast<SpinnerView&>(*view).setBuddy(viewOf(*box).keyTarget());
+    }
+  }
+}
+
+ControlView& WindowView::viewOf(const Control& control) const {
+  return *byControl_.at(&control);
+}
+
+std::optional<forms::PropertyValue> WindowView::shown(const Control& control,
+                                                      Property property) const {
+  if (control.kind() == Kind::Menu) return menus_.shown(control, property);
+  return viewOf(control).shown(property);
+}
+
+ControlView* WindowView::viewAt(HWND window) const {
+  const auto found = byHandle_.find(window);
+  return found == byHandle_.end() ? nullptr : found->second;
+}
+
+HWND WindowView::parentFor(const Control& control) const {
+  return control.container() == nullptr ? handle_ : viewOf(*control.container()).handle();
+}
+
+int WindowView::pixels(double units) const {
+  return toPixels(units * window_.design().twipsPerUnit / kTwipsPerPixel, dpi_);
+}
+
+RECT WindowView::pixelPlace(const Control& control) const {
+  const forms::Rect& place = control.place();
+  return {pixels(place.left), pixels(place.top), pixels(place.left + place.width),
+          pixels(place.top + place.height)};
+}
+
+SIZE WindowView::inside() const {
+  return {pixels(window_.innerWidth()), pixels(window_.innerHeight())};
+}
+
+int WindowView::innerPixelHeight() const {
+  return pixels(window_.innerHeight());
+}
+
+Control* WindowView::controlAt(POINT onScreen) const {
+  for (HWND hit = ::WindowFromPoint(onScreen); hit != nullptr; hit = ::GetParent(hit)) {
+    if (const ControlView* view = viewAt(hit)) return &view->control();
+  }
+  return nullptr;
+}
+
+void WindowView::later(ControlView& view) {
+  ::PostMessageW(handle_, kLater, 0, reinterpret_cast<LPARAM>(&view));
+}
+
+void WindowView::show() {
+  ::ShowWindow(handle_, SW_SHOW);
+  ::SetForegroundWindow(handle_);
+}
+
+void WindowView::setBusy(bool busy) {
+  busy_ = busy;
+  // The cursor under a mouse that does not move is asked for by nobody.
+  POINT mouse{};
+  ::GetCursorPos(&mouse);
+  ::SetCursorPos(mouse.x, mouse.y);
+}
+
+bool WindowView::translates(MSG& message) {
+  if (message.hwnd != handle_ && ::IsChild(handle_, message.hwnd) == FALSE) return false;
+  if (menus_.accelerators() != nullptr &&
+      ::TranslateAcceleratorW(handle_, menus_.accelerators(), &message) != 0) {
+    return true;
+  }
+  // Enter presses the button that has the focus, and no other one.
+  if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN && isPushButton(message.hwnd)) {
+    ::SendMessageW(message.hwnd, BM_CLICK, 0, 0);
+    return true;
+  }
+  return ::IsDialogMessageW(handle_, &message) != FALSE;
+}
+
+LRESULT WindowView::received(HWND window, UINT message, WPARAM wide, LPARAM longer) {
+  if (const auto answer = reflected(message, wide, longer)) return *answer;
+  // The grounds of containers have nothing of their own to say.
+  if (handle_ != nullptr && window != handle_) {
+    return ::DefWindowProcW(window, message, wide, longer);
+  }
+  handle_ = window;
+  return receivedByWindow(message, wide, longer);
+}
+
+/// What controls tell their parent goes back to their views.
+std::optional<LRESULT> WindowView::reflected(UINT message, WPARAM wide, LPARAM longer) {
+  switch (message) {
+    case WM_COMMAND:
+      if (ControlView* view = viewAt(reinterpret_cast<HWND>(longer))) {
+        view->commanded(HIWORD(wide));
+        return 0;
+      }
+      break;
+    case WM_NOTIFY: {
+      const auto& notification = *reinterpret_cast<const NMHDR*>(longer);
+      if (ControlView* view = viewAt(notification.hwndFrom)) return view->notified(notification);
+      break;
+    }
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORSTATIC:
+      if (ControlView* view = viewAt(reinterpret_cast<HWND>(longer))) {
+        const HBRUSH brush = view->colored(reinterpret_cast<HDC>(wide));
+        if (brush != nullptr) return reinterpret_cast<LRESULT>(brush);
+      }
+      break;
+    case WM_DRAWITEM: {
+      const auto& request = *reinterpret_cast<const DRAWITEMSTRUCT*>(longer);
+      if (ControlView* view = viewAt(request.hwndItem)) {
+        view->drawn(request);
+        return TRUE;
+      }
+      break;
+    }
+    default:
+      break;
+  }
+  return std::nullopt;
+}
+
+LRESULT WindowView::receivedByWindow(UINT message, WPARAM wide, LPARAM longer) {
+  switch (message) {
+    case WM_COMMAND:
+      commanded(LOWORD(wide));
+      return 0;
+    case WM_CLOSE:
+      forms::userClosed(window_);
+      return 0;
+    case WM_ACTIVATE:
+      if (HIWORD(wide) == 0) activated(LOWORD(wide) != WA_INACTIVE);
+      return 0;
+    case WM_MOVE:
+      reportMove();
+      return 0;
+    case WM_SIZE:
+      reportSize(wide);
+      return 0;
+    case WM_GETMINMAXINFO:
+      limitSize(*reinterpret_cast<MINMAXINFO*>(longer));
+      return 0;
+    case WM_SETCURSOR:
+      if (!busy_) break;
+      ::SetCursor(::LoadCursorW(nullptr, IDC_WAIT));
+      return TRUE;
+    case WM_DPICHANGED:
+      rescale(HIWORD(wide), *reinterpret_cast<const RECT*>(longer));
+      return 0;
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+      recolor(message, wide, longer);
+      break;
+    case kLater:
+      reinterpret_cast<ControlView*>(longer)->afterwards();
+      return 0;
+    default:
+      break;
+  }
+  return ::DefWindowProcW(handle_, message, wide, longer);
+}
+
+void WindowView::commanded(UINT command) {
+  if (forms::MenuEntry* entry = menus_.entryOf(command)) forms::userClicked(*entry);
+}
+
+void WindowView::changed(Control& control, Property property) {
+  if (control.kind() == Kind::Menu) {
+    changedEntries_.insert(&control);
+    return;
+  }
+  viewOf(control).mark(property);
+  const bool leadsTab = control.kind() == Kind::OptionButton && property == Property::Value;
+  arrangementChanged_ = arrangementChanged_ || leadsTab || property == Property::Left ||
+                        property == Property::Width || property == Property::Visible ||
+                        property == Property::Enabled;
+}
+
+void WindowView::changed(Property property) {
+  changes_.add(property);
+  arrangementChanged_ = true;
+  if (property != Property::Height) return;
+  // What a list may take of the window depends on the window's height.
+  for (const auto& view : views_) {
+    if (view->control().kind() == Kind::ListBox) view->mark(Property::Width);
+  }
+}
+
+void WindowView::update() {
+  if (unloaded_ || updating_) return;
+  updating_ = true;
+  const HWND focus = ::GetFocus();
+  for (const auto& view : views_) view->applyChanges();
+  applyMenus();
+  // A window that is minimized takes its new size when it comes back.
+  if (!window_.minimized()) applyWindow(std::exchange(changes_, Changes()));
+  if (std::exchange(arrangementChanged_, false)) arrange();
+  giveFocus(focus);
+  updating_ = false;
+}
+
+void WindowView::applyMenus() {
+  bool barChanged = false;
+  for (const Control* entry : std::exchange(changedEntries_, {})) {
+    barChanged = menus_.apply(*entry) || barChanged;
+  }
+  if (barChanged) ::DrawMenuBar(handle_);
+}
+
+void WindowView::applyWindow(const Changes& changes) {
+  if (changes.has(Property::Caption)) showText(handle_, window_.caption());
+  if (changes.has(Property::Width) || changes.has(Property::Height)) applySize();
+  if (changes.has(Property::Left) || changes.has(Property::Top)) applyPosition();
+}
+
+void WindowView::applySize() {
+  const SIZE wanted = inside();
+  SIZE outside = outsideOf(wanted, style_, menus_.bar() != nullptr, dpi_);
+  const auto resize = [&] {
+    ::SetWindowPos(handle_, nullptr, 0, 0, outside.cx, outside.cy,
+                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  };
+  resize();
+  RECT now{};
+  ::GetClientRect(handle_, &now);
+  if (now.bottom == wanted.cy) return;
+  // The menu bar needs more lines than one, or the frame is another one than was foretold.
+  outside.cy += wanted.cy - now.bottom;
+  resize();
+}
+
+void WindowView::applyPosition() {
+  position_ = {desktopPixels(window_.place().left), desktopPixels(window_.place().top)};
+  ::SetWindowPos(handle_, nullptr, position_.x, position_.y, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void WindowView::arrange() {
+  const std::vector<Control*> order = forms::tabOrder(window_);
+  for (const Control* control : order) {
+    ControlView& view = viewOf(*control);
+    view.allowTab(view.takesFocus() && control->reachable());
+  }
+  arrangeDepth(order);
+}
+
+/// The system leads Tab from the front to the back, so what lies in front is what comes first.
+void WindowView::arrangeDepth(const std::vector<Control*>& order) {
+  std::vector<Control*> sorted = order;
+  std::ranges::stable_sort(sorted, {}, [](const Control* control) {
+    if (decorates(*control)) return 1;
+    return control->reachable() ? 0 : 2;
+  });
+  std::vector<HWND> depth;
+  for (const Control* control : sorted) depth.push_back(viewOf(*control).handle());
+  if (depth_ == depth) return;
+  depth_ = std::move(depth);
+  std::unordered_map<HWND, HWND> lastIn;
+  for (const HWND control : depth_) {
+    HWND& last = lastIn[::GetParent(control)];
+    ::SetWindowPos(control, last == nullptr ? HWND_TOP : last, 0, 0, 0, 0,
+                   SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    last = control;
+  }
+}
+
+void WindowView::setFocus(Control& control) {
+  focus_ = &control;
+}
+
+bool WindowView::holdsKeys(HWND control) const {
+  return control != nullptr && ::IsChild(handle_, control) != FALSE &&
+         ::IsWindowVisible(control) != FALSE && ::IsWindowEnabled(control) != FALSE;
+}
+
+HWND WindowView::firstStop(HWND after) const {
+  const bool known = after != nullptr && ::IsChild(handle_, after) != FALSE;
+  return ::GetNextDlgTabItem(handle_, known ? after : nullptr, FALSE);
+}
+
+void WindowView::giveFocus(HWND before) {
+  if (const Control* control = std::exchange(focus_, nullptr)) {
+    lastFocus_ = viewOf(*control).keyTarget();
+    if (::GetActiveWindow() == handle_) ::SetFocus(lastFocus_);
+    return;
+  }
+  // Keys must not go to what has just been disabled or hidden.
+  if (::GetActiveWindow() == handle_ && !holdsKeys(::GetFocus())) ::SetFocus(firstStop(before));
+}
+
+void WindowView::unloaded() {
+  unloaded_ = true;
+  // Wakes the loop that waits for this.
+  ::PostMessageW(handle_, WM_NULL, 0, 0);
+}
+
+void WindowView::activated(bool active) {
+  if (!active) {
+    lastFocus_ = ::GetFocus();
+  } else {
+    ::SetFocus(holdsKeys(lastFocus_) ? lastFocus_ : firstStop(nullptr));
+  }
+}
+
+void WindowView::reportMove() {
+  if (updating_ || unloaded_ || ::IsWindowVisible(handle_) == FALSE ||
+      ::IsIconic(handle_) != FALSE) {
+    return;
+  }
+  RECT now{};
+  ::GetWindowRect(handle_, &now);
+  if (now.left == position_.x && now.top == position_.y) return;
+  position_ = {now.left, now.top};
+  forms::userMoved(window_, desktopTwips(now.left), desktopTwips(now.top));
+}
+
+void WindowView::reportSize(WPARAM kind) {
+  if (unloaded_ || ::IsWindowVisible(handle_) == FALSE) return;
+  const bool minimized = kind == SIZE_MINIMIZED;
+  if (minimized != window_.minimized()) forms::userMinimized(window_, minimized);
+  if (!minimized) reportResize();
+}
+
+void WindowView::reportResize() {
+  if (updating_ || !window_.design().resizable) return;
+  RECT now{};
+  ::GetClientRect(handle_, &now);
+  const SIZE wanted = inside();
+  if (now.right == wanted.cx && now.bottom == wanted.cy) return;
+  const double menuBar = window_.hasMenuBar() ? Chrome::kMenuBar : 0;
+  forms::userResized(
+      window_, fromPixels(static_cast<int>(now.right), dpi_) * kTwipsPerPixel + Chrome::kSides,
+      fromPixels(static_cast<int>(now.bottom), dpi_) * kTwipsPerPixel + Chrome::kTitleAndBorders +
+          menuBar);
+}
+
+void WindowView::limitSize(MINMAXINFO& limits) const {
+  const forms::WindowDesign& design = window_.design();
+  if (!design.resizable) return;
+  const SIZE smallest{
+      toPixels((design.minimumWidth - Chrome::kSides) / kTwipsPerPixel, dpi_),
+      toPixels((design.minimumHeight - Chrome::kTitleAndBorders) / kTwipsPerPixel, dpi_)};
+  const SIZE outside = outsideOf(smallest, style_, menus_.bar() != nullptr, dpi_);
+  limits.ptMinTrackSize = {outside.cx, outside.cy};
+}
+
+void WindowView::rescale(int dpi, const RECT& proposed) {
+  dpi_ = dpi;
+  // The old font is in use until all have the new one.
+  const Font before = std::exchange(captionFont_, windows::captionFont(dpi_));
+  for (const auto& view : views_) view->rescale();
+  changes_.add(Property::Width);
+  ::SetWindowPos(handle_, nullptr, proposed.left, proposed.top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  update();
+}
+
+void WindowView::recolor(UINT message, WPARAM wide, LPARAM longer) {
+  for (const auto& view : views_) {
+    ::SendMessageW(view->handle(), message, wide, longer);
+    view->mark(Property::BackColor);
+  }
+  update();
+}
+
+}  // namespace kvrnstep::windows

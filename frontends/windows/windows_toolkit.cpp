@@ -1,0 +1,186 @@
+#include "windows_toolkit.h"
+
+#include <mmsystem.h>
+
+#include <algorithm>
+
+#include "ansi.h"
+#include "clipboard.h"
+#include "file_box.h"
+#include "forms/user_actions.h"
+#include "guard.h"
+#include "modality.h"
+#include "native_look.h"
+#include "printing.h"
+#include "question_box.h"
+#include "scale.h"
+#include "text/windows/wide.h"
+
+namespace kvrnstep::windows {
+
+using forms::kTwipsPerPixel;
+
+namespace {
+
+/// Tells the attendant that a box is about to open, and when it has closed.
+class Attended {
+ public:
+  template <class Opens>
+  Attended(Attendant* attendant, Opens opens) : attendant_(attendant) {
+    if (attendant_ != nullptr) opens(*attendant_);
+  }
+  ~Attended() {
+    if (attendant_ != nullptr) attendant_->boxClosed();
+  }
+  Attended(const Attended&) = delete;
+  Attended& operator=(const Attended&) = delete;
+
+ private:
+  Attendant* attendant_;
+};
+
+double screenTwips(int metric) {
+  return fromPixels(::GetSystemMetrics(metric), desktopDpi()) * kTwipsPerPixel;
+}
+
+}  // namespace
+
+HWND WindowsToolkit::owner() {
+  for (WindowView* view : open_) view->update();
+  return open_.empty() ? nullptr : open_.back()->handle();
+}
+
+void WindowsToolkit::runModal(forms::Window& window) {
+  const NativeLook look;
+  WindowView view(window, owner());
+  open_.push_back(&view);
+  window.attach(&view);
+  {
+    const Modality modality(view.handle());
+    view.setBusy(busy_ > 0);
+    view.show();
+    waitUntilUnloaded(view);
+  }
+  window.attach(nullptr);
+  open_.pop_back();
+}
+
+void WindowsToolkit::waitUntilUnloaded(WindowView& view) {
+  while (view.open()) {
+    if (dealWithOne()) continue;
+    if (attendant_ != nullptr) {
+      attendant_->windowIdle(view);
+    } else {
+      ::WaitMessage();
+    }
+  }
+}
+
+bool WindowsToolkit::dealWithOne() {
+  MSG message{};
+  if (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) return false;
+  if (message.message == WM_QUIT) {
+    quit(static_cast<int>(message.wParam));
+  } else if (open_.empty() || !open_.back()->translates(message)) {
+    ::TranslateMessage(&message);
+    ::DispatchMessageW(&message);
+  }
+  raiseKeptFailure();
+  return true;
+}
+
+/// The host wants to end: our window closes, and the host's own loop hears of it too.
+void WindowsToolkit::quit(int status) {
+  if (!open_.empty()) forms::userClosed(open_.back()->window());
+  ::PostQuitMessage(status);
+}
+
+void WindowsToolkit::showMessage(const forms::Message& message) {
+  const NativeLook look;
+  const HWND over = owner();
+  const Attended attended(attendant_, [](Attendant& attendant) { attendant.messageOpens(); });
+  const UINT icon = message.icon == forms::MessageIcon::Information ? MB_ICONINFORMATION
+                                                                    : MB_ICONEXCLAMATION;
+  ::MessageBoxW(over, text::wide(message.text), text::wide(message.title),
+                MB_OK | icon | (over == nullptr ? MB_TASKMODAL : MB_APPLMODAL));
+}
+
+std::optional<std::u16string> WindowsToolkit::ask(const forms::Question& question) {
+  const NativeLook look;
+  const HWND over = owner();
+  const Attended attended(attendant_, [](Attendant& attendant) { attendant.questionOpens(); });
+  return QuestionBox(question).ask(over);
+}
+
+std::optional<std::u16string> WindowsToolkit::askFileToOpen(const forms::FileDialog& dialog) {
+  const NativeLook look;
+  const HWND over = owner();
+  const Attended attended(attendant_, [](Attendant& attendant) { attendant.fileBoxOpens(); });
+  return chooseFileToOpen(dialog, over);
+}
+
+std::optional<std::u16string> WindowsToolkit::askFileToSave(const forms::FileDialog& dialog) {
+  const NativeLook look;
+  const HWND over = owner();
+  const Attended attended(attendant_, [](Attendant& attendant) { attendant.fileBoxOpens(); });
+  return chooseFileToSave(dialog, over);
+}
+
+void WindowsToolkit::popUp(forms::MenuEntry& menu) {
+  WindowView* view = viewOf(menu.window());
+  if (view == nullptr) return;
+  view->update();
+  POINT mouse{};
+  ::GetCursorPos(&mouse);
+  UINT picked = 0;
+  {
+    const Attended attended(attendant_,
+                            [&](Attendant& attendant) { attendant.popUpOpens(*view, menu); });
+    picked = static_cast<UINT>(::TrackPopupMenu(view->menus().menuOf(menu),
+                                                TPM_RETURNCMD | TPM_RIGHTBUTTON, mouse.x, mouse.y,
+                                                0, view->handle(), nullptr));
+  }
+  if (forms::MenuEntry* entry = view->menus().entryOf(picked)) forms::userClicked(*entry);
+}
+
+void WindowsToolkit::print(const std::u16string& text) {
+  printText(text);
+}
+
+void WindowsToolkit::setBusy(bool busy) {
+  busy_ += busy ? 1 : -1;
+  for (WindowView* view : open_) view->setBusy(busy_ > 0);
+  ::SetCursor(::LoadCursorW(nullptr, busy_ > 0 ? IDC_WAIT : IDC_ARROW));
+}
+
+double WindowsToolkit::screenWidth() {
+  const NativeLook look;
+  return screenTwips(SM_CXSCREEN);
+}
+
+double WindowsToolkit::screenHeight() {
+  const NativeLook look;
+  return screenTwips(SM_CYSCREEN);
+}
+
+void WindowsToolkit::letEventsRun() {
+  // Nothing runs in between. What the user does meanwhile stays queued, so that a typed character
+  // never meets controls that are half refreshed, and what is drawn is drawn once, at the end.
+}
+
+void WindowsToolkit::setClipboard(const std::u16string& text) {
+  putOnClipboard(text, open_.empty() ? nullptr : open_.back()->handle());
+}
+
+void WindowsToolkit::playSound(const std::u16string& file, forms::SoundMode mode) {
+  const UINT giveWay = mode == forms::SoundMode::GiveWay ? SND_NOSTOP : 0;
+  ::sndPlaySoundA(toAnsi(file).c_str(), SND_ASYNC | SND_NODEFAULT | giveWay);
+}
+
+WindowView* WindowsToolkit::viewOf(const forms::Window& window) const {
+  const auto found = std::ranges::find_if(
+      open_, [&](const WindowView* view) { return &view->window() == &window; });
+  return found == open_.end() ? nullptr : *found;
+}
+
+}  // namespace kvrnstep::windows

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <vector>
+
+#include "forms/toolkit.h"
+#include "window_view.h"
+
+namespace kvrnstep::windows {
+
+/// Is told of what opens, before it waits for its user, and has the user's part.
+class Attendant {
+ public:
+  virtual ~Attendant() = default;
+  /// Nothing is waiting to be dealt with or drawn.
+  virtual void windowIdle(WindowView& view) = 0;
+  // Each of these comes before a box that waits in a loop of the system …
+  virtual void messageOpens() = 0;
+  virtual void questionOpens() = 0;
+  virtual void fileBoxOpens() = 0;
+  virtual void popUpOpens(WindowView& view, const forms::MenuEntry& menu) = 0;
+  // … and this one after it.
+  virtual void boxClosed() = 0;
+};
+
+/// Shows windows with the system's own.
+class WindowsToolkit final : public forms::Toolkit {
+ public:
+  explicit WindowsToolkit(Attendant* attendant = nullptr) : attendant_(attendant) {}
+
+  void runModal(forms::Window& window) override;
+  void showMessage(const forms::Message& message) override;
+  std::optional<std::u16string> ask(const forms::Question& question) override;
+  std::optional<std::u16string> askFileToOpen(const forms::FileDialog& dialog) override;
+  std::optional<std::u16string> askFileToSave(const forms::FileDialog& dialog) override;
+  void popUp(forms::MenuEntry& menu) override;
+  void print(const std::u16string& text) override;
+  void setBusy(bool busy) override;
+  double screenWidth() override;
+  double screenHeight() override;
+  void letEventsRun() override;
+  void setClipboard(const std::u16string& text) override;
+  void playSound(const std::u16string& file, forms::SoundMode mode) override;
+
+  /// Null for a window that is not open.
+  [[nodiscard]] WindowView* viewOf(const forms::Window& window) const;
+  /// Deals with one message that is waiting; false: there is none.
+  bool dealWithOne();
+
+ private:
+  /// The topmost open window, or null; all that has changed is drawn before another one comes to
+  /// lie over it.
+  HWND owner();
+  void waitUntilUnloaded(WindowView& view);
+  void quit(int status);
+
+  Attendant* attendant_;
+  std::vector<WindowView*> open_;
+  int busy_ = 0;
+};
+
+}  // namespace kvrnstep::windows
