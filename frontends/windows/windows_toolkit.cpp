@@ -99,8 +99,8 @@ void WindowsToolkit::showMessage(const forms::Message& message) {
   const NativeLook look;
   const HWND over = owner();
   const Attended attended(attendant_, [](Attendant& attendant) { attendant.messageOpens(); });
-  const UINT icon = message.icon == forms::MessageIcon::Information ? MB_ICONINFORMATION
-                                                                    : MB_ICONEXCLAMATION;
+  const UINT icon =
+      message.icon == forms::MessageIcon::Information ? MB_ICONINFORMATION : MB_ICONEXCLAMATION;
   ::MessageBoxW(over, text::wide(message.text), text::wide(message.title),
                 MB_OK | icon | (over == nullptr ? MB_TASKMODAL : MB_APPLMODAL));
 }
