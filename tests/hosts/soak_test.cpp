@@ -14,12 +14,19 @@
 
 #include "kvrnstep/driving.hpp"
 #include "kvrnstep/listwright.hpp"
+#ifdef WITH_QT
+#include <QPixmapCache>
+#endif
 
 namespace {
 
 namespace driving = kvrnstep::driving;
 
 constexpr int kSettled = 100;
+/// Less than the smallest object a time; a toolkit's hash tables change in size.
+constexpr std::size_t kBytesToSpare = 1024;
+/// The system counts pages in batches.
+constexpr std::size_t kPagesToSpare = 64;
 
 /// What the process holds, in bytes that are allocated and in pages.
 struct Memory {
@@ -40,7 +47,8 @@ void compare(const char* what, int times, const Memory& settled) {
   const Memory end = Memory::now();
   std::printf("%d %s: allocated %zu, then %zu bytes; resident %zu, then %zu pages\n", times, what,
               settled.allocated, end.allocated, settled.resident, end.resident);
-  failed = failed || end.allocated > settled.allocated || end.resident > settled.resident;
+  failed = failed || end.allocated > settled.allocated + kBytesToSpare ||
+           end.resident > settled.resident + kPagesToSpare;
 }
 
 /// What the user does in turn; between the editors' opening and closing they are on top.
@@ -65,6 +73,10 @@ class User : public driving::Player {
   std::optional<std::u16string> answer() override { return std::nullopt; }
 
   void act() override {
+#ifdef WITH_QT
+    // It fills up with pictures of scroll bars, to its limit of 10 MB.
+    QPixmapCache::setCacheLimit(0);
+#endif
     if (next_ == 0 && refreshes > 0) refresh();
     const std::u16string_view entry = next_ < kEditors.size() ? kEditors.at(next_++) : u"";
     if (entry.empty()) {
@@ -89,12 +101,12 @@ class User : public driving::Player {
     std::string reason;
     for (int i = 0; i < refreshes; ++i) {
       if (i == kSettled) settled = Memory::now();
-      stage->assign("txtBEndAt.text", i % 2 == 0 ? u"9" : u"99", reason);
+      stage->assign("txtEnd.text", i % 2 == 0 ? u"" : u"the last", reason);
     }
     compare("refreshes", refreshes, settled);
     driving::Value preview;
     stage->read("txtPreview.text", preview, reason);
-    failed = failed || std::get<std::u16string>(preview).find(u"99") == std::u16string::npos;
+    failed = failed || std::get<std::u16string>(preview).find(u"the last") == std::u16string::npos;
   }
 
   std::size_t next_ = 0;
