@@ -34,7 +34,7 @@ open_dialog() {
 close_dialog() {
   say 'click cmdCIC(0)' version
   hear 'version' || true
-  exec {drive[1]}>&-
+  eval "exec ${drive[1]}>&-"
   wait "$drive_id" || fail "status $? after $line"
 }
 # expect_begin COMMAND TEXT — what a command leaves in the box of the beginning
