@@ -1,0 +1,124 @@
+#!/bin/bash
+# Files that others change while the dialog is open, links, long names, and a folder that takes no
+# files from an ordinary user: changing_files_test.sh STEPDRIVE
+set -u
+stepdrive=$1
+work=$(mktemp -d)
+trap 'chmod -R u+w "$work"; rm -rf "$work"' EXIT
+cd "$work" || exit 1
+failed=0
+fail() {
+  echo "$*"
+  failed=1
+}
+
+# say LINE… — commands for the script that runs
+say() { printf '%s\n' "$@" >&"${drive[1]}"; }
+# hear START — waits for a line of the output that begins like this, and leaves it in $line
+hear() {
+  while IFS= read -r -u "${drive[0]}" line; do
+    [[ $line != "$1"* ]] || return 0
+    [[ $line != impossible* && $line != stepdrive:* ]] || fail "$line"
+  done
+  fail "the script ended before \"$1\""
+  return 1
+}
+# open_dialog [PROGRAM…] — starts the script, by way of a program if one is given
+open_dialog() {
+  coproc drive { exec timeout 60 "$@" "$stepdrive" - 2>&1; }
+  drive_id=$!
+  say 'arg sPthStepFolder steps' 'arg s_IniPathAndName steps.ini' call 'show lstStepf.items'
+  hear 'lstStepf.items'
+}
+# close_dialog — by Insert; the dialog must have gone on to here
+close_dialog() {
+  say 'click cmdCIC(0)' version
+  hear 'version' || true
+  eval "exec ${drive[1]}>&-"
+  wait "$drive_id" || fail "status $? after $line"
+}
+# expect_begin COMMAND TEXT — what a command leaves in the box of the beginning
+expect_begin() {
+  say "$1" 'show txtBegin.text'
+  hear 'txtBegin.text' && [ "$line" = "txtBegin.text = \"$2\"" ] || fail "$1: $line, not $2"
+}
+setup() { printf '0,"%s","","",".",0,1,5,0,0,1,0,0,0,0\r\n' "$1"; }
+
+long=$(printf 'n%.0s' $(seq 250))
+mkdir steps other
+for name in apart folder gone link real; do setup "$name" >"steps/$name.step"; done
+setup linked >other/linked
+ln -sf ../other/linked steps/link.step
+ln -s nowhere steps/dangling.step
+setup long >"steps/$long.step"
+printf '[Listwright]\nDisplay=Files\n' >steps.ini
+printf '[Mine]\nkept=1\n' >replacement.ini
+
+# Listed: files and links to files.
+open_dialog || exit 1
+[ "$line" = "lstStepf.items = \"apart folder gone link $long real\"" ] || fail "listed: $line"
+rm steps/gone.step steps/folder.step
+mkdir steps/folder.step
+ln -sf nobody steps/apart.step
+mv replacement.ini steps.ini
+expect_begin 'dblclick lstStepf 5' real
+expect_begin 'dblclick lstStepf 2' ''
+expect_begin 'dblclick lstStepf 3' linked
+expect_begin 'dblclick lstStepf 1' ''
+expect_begin 'dblclick lstStepf 0' ''
+expect_begin 'dblclick lstStepf 4' long
+# What has become a folder is not deleted.
+say 'click lstStepf 1' 'rightclick lstStepf' 'menu mnuHidd(2)' 'show lstStepf.items'
+hear 'lstStepf.items'
+[ -d steps/folder.step ] || fail 'a folder was deleted'
+# Saved: over a link, to a link that leads nowhere, under the longest name and one too long.
+for name in link dangling "$long" "n$long"; do say "answer $name.step" 'menu mnuFiles(1)'; done
+say 'show lstStepf.items'
+hear 'lstStepf.items'
+[ "$line" = "lstStepf.items = \"dangling link $long real\"" ] || fail "saved: $line"
+close_dialog
+for file in other/linked steps/nowhere "steps/$long.step"; do
+  grep -q '^0,"long"' "$file" || fail "not saved: $file"
+done
+[ -L steps/link.step ] && [ -L steps/dangling.step ] || fail 'a link was replaced'
+head -n 2 steps.ini | cmp -s - <(printf '[Mine]\nkept=1\n') || fail 'the new settings file was lost'
+grep -q '^\[Listwright\]' steps.ini || fail 'the settings were not stored in the new file'
+
+# The step folder and the settings go away, and come back as each other.
+rm -rf steps/folder.step
+open_dialog || exit 1
+mv steps was
+mv steps.ini steps
+mkdir steps.ini
+expect_begin 'dblclick lstStepf 0' ''
+say 'answer one.step' 'menu mnuFiles(1)' 'menu mnuOptions(0)' 'click lblD(5)' close 'click lblD(1)' \
+  'click cmdOK'
+close_dialog
+[ -f steps ] && [ -d steps.ini ] && [ -z "$(ls -A steps.ini)" ] || fail 'written to something else'
+rmdir steps.ini
+mv steps steps.ini
+mv was steps
+
+# An ordinary user in a folder that is only to be read.
+[ "$(id -u)" -ne 0 ] || as_user='setpriv --reuid=65534 --regid=65534 --clear-groups'
+chmod 755 "$work"
+chmod a-w steps .
+sum() { find . -type f -exec cksum {} + | sort; }
+before=$(sum)
+if ${as_user:-} test -x "$stepdrive" -a -x "$work"; then
+  # shellcheck disable=SC2086 # words
+  open_dialog ${as_user:-} && {
+    expect_begin 'dblclick lstStepf 3' real
+    say 'answer one.step' 'menu mnuFiles(1)' 'answer real.step' 'menu mnuFiles(1)' \
+      'menu mnuOptions(0)' 'click lblD(5)' 'type txtHold(0) x' close 'click lblD(0)' \
+      'type txtAdd x' 'click cmdAdd' 'click cmdOK' 'move 300 300'
+    close_dialog
+  }
+else
+  echo 'an ordinary user cannot run stepdrive here'
+fi
+chmod u+w steps .
+[ "$(sum)" = "$before" ] || fail "a folder to be read only was changed: $(sum | diff - <(echo "$before"))"
+
+[ -z "$(find . -name '.kvrnstep-*')" ] || fail 'a temporary file stays'
+exit "$failed"

@@ -1,0 +1,69 @@
+#include "plugin/host_context.h"
+
+#include <gtest/gtest.h>
+
+#include <barrier>
+#include <thread>
+
+#include "forms/stage.h"
+#include "headless_toolkit.h"
+#include "platform_temporary_folder.h"
+#include "plugin/listwright.h"
+
+namespace kvrnstep::plugin {
+
+namespace {
+
+/// One thread's call with a section, a folder and a settings file of its own.
+class Call : forms::Pilot, forms::Audience {
+ public:
+  /// @param meetings of the two threads: both dialogs are open, the first one has returned
+  Call(std::u16string section, bool first, std::barrier<>& meetings)
+      : section_(std::move(section)), first_(first), meetings_(meetings) {}
+
+  void run() {
+    forms::Stage stage(toolkit_, *this, *this);
+    stage_ = &stage;
+    std::u16string list;
+    Listwright::ShowListwrightDialog(&stage, list,
+                                     {.sPthStepFolder = folder_(""),
+                                      .SEC_APP_NAME = section_,
+                                      .s_IniPathAndName = folder_("steps.ini")});
+    EXPECT_EQ(hostContext().SEC_APP_NAME, u"");
+    if (first_) meetings_.arrive_and_wait();
+  }
+
+  [[nodiscard]] std::string settings() const { return folder_.get("steps.ini"); }
+
+ private:
+  void act() override {
+    meetings_.arrive_and_wait();
+    if (!first_) meetings_.arrive_and_wait();
+    EXPECT_EQ(hostContext().SEC_APP_NAME, section_);
+    stage_->closeTopmost();
+  }
+  std::optional<std::u16string> answer() override { return std::nullopt; }
+  void happened(std::string_view /*what*/, const std::vector<forms::Detail>& /*more*/) override {}
+
+  const tests::TemporaryFolder folder_;
+  const std::u16string section_;
+  const bool first_;
+  std::barrier<>& meetings_;
+  headless::HeadlessToolkit toolkit_;
+  forms::Stage* stage_ = nullptr;
+};
+
+TEST(HostContext, IsNotSharedByTwoThreads) {
+  std::barrier<> meetings(2);
+  Call first(u"First", true, meetings);
+  Call second(u"Second", false, meetings);
+  std::thread other([&] { first.run(); });
+  second.run();
+  other.join();
+  EXPECT_TRUE(first.settings().starts_with("[First]\r\nDisplay=")) << first.settings();
+  EXPECT_TRUE(second.settings().starts_with("[Second]\r\nDisplay=")) << second.settings();
+}
+
+}  // namespace
+
+}  // namespace kvrnstep::plugin
