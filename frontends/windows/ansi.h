@@ -14,8 +14,8 @@ namespace kvrnstep::windows {
 inline std::string toAnsi(std::u16string_view wide) {
   const std::u16string text(wide);
   const auto units = static_cast<int>(text.size());
-  const int size = ::WideCharToMultiByte(CP_ACP, 0, text::wide(text), units, nullptr, 0, nullptr,
-                                         nullptr);
+  const int size =
+      ::WideCharToMultiByte(CP_ACP, 0, text::wide(text), units, nullptr, 0, nullptr, nullptr);
   std::string result(static_cast<std::size_t>(size), '\0');
   ::WideCharToMultiByte(CP_ACP, 0, text::wide(text), units, result.data(), size, nullptr, nullptr);
   return result;

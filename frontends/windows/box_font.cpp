@@ -20,8 +20,8 @@ LOGFONTW description(std::u16string_view family, int height) {
   font.lfCharSet = DEFAULT_CHARSET;
   font.lfQuality = DEFAULT_QUALITY;
   constexpr std::size_t kLongestName = LF_FACESIZE - 1;
-  std::u16string(family.substr(0, kLongestName)).copy(
-      reinterpret_cast<char16_t*>(font.lfFaceName), kLongestName);
+  std::u16string(family.substr(0, kLongestName))
+      .copy(reinterpret_cast<char16_t*>(font.lfFaceName), kLongestName);
   return font;
 }
 

@@ -21,9 +21,9 @@ ControlView::~ControlView() {
 
 void ControlView::create(const wchar_t* className, DWORD style, DWORD extendedStyle,
                          void* parameter) {
-  handle_ = ::CreateWindowExW(extendedStyle, className, L"", WS_CHILD | WS_CLIPSIBLINGS | style, 0,
-                              0, 0, 0, window_.parentFor(control_), nullptr, thisModule(),
-                              parameter);
+  handle_ =
+      ::CreateWindowExW(extendedStyle, className, L"", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0,
+                        0, window_.parentFor(control_), nullptr, thisModule(), parameter);
   ::SetWindowSubclass(handle_, procedure, 0, reinterpret_cast<DWORD_PTR>(this));
   useFont(window_.captionFont());
 }

@@ -12,7 +12,8 @@
 namespace kvrnstep::windows {
 
 /// While it lives, nothing of a list is drawn: thousands of entries are in place at once. Some
-/// systems would go on drawing the scroll bar, for each of them, unless the window counts as hidden.
+/// systems would go on drawing the scroll bar, for each of them, unless the window counts as
+/// hidden.
 class Undrawn {
  public:
   explicit Undrawn(HWND list)

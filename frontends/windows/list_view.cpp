@@ -125,8 +125,7 @@ bool ListView::applyEntries() {
     }
   }
   for (std::size_t i = difference.place; i < difference.place + difference.added; ++i) {
-    ::SendMessageW(handle(), LB_INSERTSTRING, i,
-                   reinterpret_cast<LPARAM>(text::wide(wanted[i])));
+    ::SendMessageW(handle(), LB_INSERTSTRING, i, reinterpret_cast<LPARAM>(text::wide(wanted[i])));
   }
   entries_ = wanted;
   return true;

@@ -104,10 +104,10 @@ void QuestionBox::build(HWND box) {
 
 HWND QuestionBox::add(HWND box, const wchar_t* className, const std::u16string& text, DWORD style,
                       RECT place, int id) const {
-  const HWND control = ::CreateWindowExW(
-      0, className, text::wide(text), WS_CHILD | WS_VISIBLE | style, place.left, place.top,
-      place.right - place.left, place.bottom - place.top, box,
-      reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), thisModule(), nullptr);
+  const HWND control =
+      ::CreateWindowExW(0, className, text::wide(text), WS_CHILD | WS_VISIBLE | style, place.left,
+                        place.top, place.right - place.left, place.bottom - place.top, box,
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), thisModule(), nullptr);
   ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
   return control;
 }

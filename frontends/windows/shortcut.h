@@ -17,8 +17,8 @@ constexpr std::optional<Shortcut> shortcutOf(std::string_view keys) {
   constexpr std::string_view kControl = "Ctrl+";
   const bool control = keys.starts_with(kControl);
   if (control) keys.remove_prefix(kControl.size());
-  const bool named = keys.size() == 1 && ((keys[0] >= 'A' && keys[0] <= 'Z') ||
-                                          (keys[0] >= '0' && keys[0] <= '9'));
+  const bool named = keys.size() == 1 &&
+                     ((keys[0] >= 'A' && keys[0] <= 'Z') || (keys[0] >= '0' && keys[0] <= '9'));
   if (!named) return std::nullopt;
   return Shortcut{static_cast<WORD>(keys[0]), control};
 }

@@ -140,9 +140,8 @@ bool DrivenWindowsToolkit::minimize(Window& window, bool minimized) {
 }
 
 bool DrivenWindowsToolkit::close(Window& window) {
-  return onViewOf(window, [&](WindowView& view, const Settle& settle) {
-    return closeWindow(view, settle);
-  });
+  return onViewOf(
+      window, [&](WindowView& view, const Settle& settle) { return closeWindow(view, settle); });
 }
 
 std::optional<forms::PropertyValue> DrivenWindowsToolkit::shown(const Control& control,

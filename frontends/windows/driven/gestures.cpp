@@ -88,8 +88,8 @@ bool clickControl(WindowView& view, forms::Control& control, MouseButton button,
   }
   const HWND handle = view.viewOf(control).keyTarget();
   const Presses presses = twice ? Presses::Twice : Presses::Once;
-  const bool clicked = entry ? clickListEntry(handle, *entry, button, presses)
-                             : clickOn(handle, button, presses);
+  const bool clicked =
+      entry ? clickListEntry(handle, *entry, button, presses) : clickOn(handle, button, presses);
   settle();
   return clicked;
 }
@@ -178,8 +178,8 @@ bool pickEntry(WindowView& view, const forms::MenuEntry& entry, const Settle& se
   if (!place || entry.container() == nullptr || !isEnabled(view, entry)) return false;
   const auto opener = view.menus().placeOf(*entry.container());
   RECT title{};
-  if (!opener || ::GetMenuItemRect(view.handle(), opener->menu,
-                                   static_cast<UINT>(opener->position), &title) == FALSE) {
+  if (!opener || ::GetMenuItemRect(view.handle(), opener->menu, static_cast<UINT>(opener->position),
+                                   &title) == FALSE) {
     return false;
   }
   ::SetForegroundWindow(view.handle());
@@ -234,10 +234,9 @@ bool resizeWindow(WindowView& view, double width, double height, const Settle& s
   const int dpi = view.dpi();
   const SIZE wanted{toPixels((width - Chrome::kSides) / kTwipsPerPixel, dpi),
                     toPixels((height - Chrome::kTitleAndBorders) / kTwipsPerPixel, dpi)};
-  ::SetWindowPos(view.handle(), nullptr, 0, 0,
-                 wanted.cx + outside.right - outside.left - inside.right,
-                 wanted.cy + outside.bottom - outside.top - inside.bottom,
-                 SWP_NOMOVE | SWP_NOZORDER);
+  ::SetWindowPos(
+      view.handle(), nullptr, 0, 0, wanted.cx + outside.right - outside.left - inside.right,
+      wanted.cy + outside.bottom - outside.top - inside.bottom, SWP_NOMOVE | SWP_NOZORDER);
   settle();
   if (!view.open()) return true;
   ::GetClientRect(view.handle(), &inside);
