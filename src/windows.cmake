@@ -15,9 +15,10 @@ add_custom_command(OUTPUT ${type_library}
 
 set(resources ${CMAKE_CURRENT_SOURCE_DIR}/component/windows/kvrnstep.rc)
 file(GLOB pictures CONFIGURE_DEPENDS
-  ${PROJECT_SOURCE_DIR}/assets/icons/*.ico ${PROJECT_SOURCE_DIR}/assets/cursors/*.cur)
+  ${PROJECT_SOURCE_DIR}/assets/icons/*.ico ${PROJECT_SOURCE_DIR}/assets/cursors/*.cur
+  ${PROJECT_SOURCE_DIR}/assets/pictures/*.ico)
 set_source_files_properties(${resources} PROPERTIES
-  INCLUDE_DIRECTORIES "${CMAKE_CURRENT_BINARY_DIR};${CMAKE_CURRENT_SOURCE_DIR}/component/windows;${PROJECT_SOURCE_DIR}/assets"
+  INCLUDE_DIRECTORIES "${CMAKE_CURRENT_BINARY_DIR};${CMAKE_CURRENT_SOURCE_DIR}/component/windows;${PROJECT_SOURCE_DIR}/assets;${PROJECT_SOURCE_DIR}/frontends/windows"
   OBJECT_DEPENDS "${type_library};${pictures}")
 target_sources(kvrnstep PRIVATE ${resources} component/windows/kvrnstep.def)
 

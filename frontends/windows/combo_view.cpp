@@ -79,11 +79,10 @@ void ComboView::applyHeight() {
 void ComboView::applyEntries() {
   if (entries_ == combo().entries().all()) return;
   entries_ = combo().entries().all();
-  ::SendMessageW(handle(), WM_SETREDRAW, FALSE, 0);
+  const Undrawn undrawn(handle());
   ::SendMessageW(handle(), CB_RESETCONTENT, 0, 0);
   reserve(handle(), CB_INITSTORAGE, entries_);
   for (const std::u16string& entry : entries_) add(handle(), CB_ADDSTRING, entry);
-  ::SendMessageW(handle(), WM_SETREDRAW, TRUE, 0);
 }
 
 void ComboView::apply(const Changes& changes) {

@@ -115,7 +115,7 @@ bool ListView::applyEntries() {
   const std::vector<std::u16string>& wanted = list().entries().all();
   const Difference difference = differenceOf(entries_, wanted);
   if (difference.removed == 0 && difference.added == 0) return false;
-  ::SendMessageW(handle(), WM_SETREDRAW, FALSE, 0);
+  const Undrawn undrawn(handle());
   if (difference.removed == entries_.size()) {
     ::SendMessageW(handle(), LB_RESETCONTENT, 0, 0);
     reserve(handle(), LB_INITSTORAGE, wanted);
@@ -128,8 +128,6 @@ bool ListView::applyEntries() {
     ::SendMessageW(handle(), LB_INSERTSTRING, i, reinterpret_cast<LPARAM>(text::wide(wanted[i])));
   }
   entries_ = wanted;
-  ::SendMessageW(handle(), WM_SETREDRAW, TRUE, 0);
-  ::InvalidateRect(handle(), nullptr, TRUE);
   return true;
 }
 

@@ -2,12 +2,13 @@
 
 namespace kvrnstep::windows {
 
-Modality::Modality(HWND window) : exempt_(window) {
+Modality::Modality(HWND window) : exempt_(window), active_(::GetActiveWindow()) {
   ::EnumThreadWindows(::GetCurrentThreadId(), disable, reinterpret_cast<LPARAM>(this));
 }
 
 Modality::~Modality() {
   for (const HWND window : disabled_) ::EnableWindow(window, TRUE);
+  if (::IsWindow(active_) != FALSE) ::SetActiveWindow(active_);
 }
 
 BOOL CALLBACK Modality::disable(HWND window, LPARAM self) {

@@ -7,6 +7,7 @@
 namespace kvrnstep::windows {
 
 /// While it lives, all other windows of this thread, the host's too, take no input from the user.
+/// Afterwards the one that had the keyboard has it again.
 class Modality {
  public:
   /// `window` is the one that does; null for none.
@@ -19,6 +20,7 @@ class Modality {
   static BOOL CALLBACK disable(HWND window, LPARAM self);
 
   HWND exempt_;
+  HWND active_;
   std::vector<HWND> disabled_;
 };
 

@@ -259,8 +259,16 @@ LRESULT WindowView::receivedByWindow(UINT message, WPARAM wide, LPARAM longer) {
     case WM_CLOSE:
       forms::userClosed(window_);
       return 0;
+    case WM_ENDSESSION:
+      // The process may end as soon as this returns; what is to be kept is kept now.
+      if (wide != FALSE) forms::userClosed(window_);
+      return 0;
     case WM_ACTIVATE:
       if (HIWORD(wide) == 0) activated(LOWORD(wide) != WA_INACTIVE);
+      return 0;
+    case WM_NEXTDLGCTL:
+      // The arrow keys have found where they lead.
+      if (LOWORD(longer) != 0) ::SetFocus(reinterpret_cast<HWND>(wide));
       return 0;
     case WM_MOVE:
       reportMove();
@@ -404,9 +412,18 @@ bool WindowView::holdsKeys(HWND control) const {
          ::IsWindowVisible(control) != FALSE && ::IsWindowEnabled(control) != FALSE;
 }
 
-HWND WindowView::firstStop(HWND after) const {
-  const bool known = after != nullptr && ::IsChild(handle_, after) != FALSE;
-  return ::GetNextDlgTabItem(handle_, known ? after : nullptr, FALSE);
+/// Where Tab leads from a control, whether or not that can still be reached; from nowhere, to the
+/// first one.
+HWND WindowView::stopAfter(HWND before) const {
+  std::vector<Control*> order = forms::tabOrder(window_);
+  const auto held = std::ranges::find_if(order, [&](const Control* control) {
+    return before != nullptr && viewOf(*control).keyTarget() == before;
+  });
+  if (held != order.end()) std::ranges::rotate(order, held + 1);
+  const auto next = std::ranges::find_if(order, [&](const Control* control) {
+    return control->reachable() && viewOf(*control).takesFocus();
+  });
+  return next == order.end() ? nullptr : viewOf(**next).keyTarget();
 }
 
 void WindowView::giveFocus(HWND before) {
@@ -416,7 +433,7 @@ void WindowView::giveFocus(HWND before) {
     return;
   }
   // Keys must not go to what has just been disabled or hidden.
-  if (::GetActiveWindow() == handle_ && !holdsKeys(::GetFocus())) ::SetFocus(firstStop(before));
+  if (::GetActiveWindow() == handle_ && !holdsKeys(::GetFocus())) ::SetFocus(stopAfter(before));
 }
 
 void WindowView::unloaded() {
@@ -429,7 +446,7 @@ void WindowView::activated(bool active) {
   if (!active) {
     lastFocus_ = ::GetFocus();
   } else {
-    ::SetFocus(holdsKeys(lastFocus_) ? lastFocus_ : firstStop(nullptr));
+    ::SetFocus(holdsKeys(lastFocus_) ? lastFocus_ : stopAfter(nullptr));
   }
 }
 

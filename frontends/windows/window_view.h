@@ -76,7 +76,7 @@ class WindowView final : public forms::View, public Receiver {
   void arrangeDepth(const std::vector<forms::Control*>& order);
   void giveFocus(HWND before);
   [[nodiscard]] bool holdsKeys(HWND control) const;
-  [[nodiscard]] HWND firstStop(HWND after) const;
+  [[nodiscard]] HWND stopAfter(HWND before) const;
 
   void activated(bool active);
   void reportMove();

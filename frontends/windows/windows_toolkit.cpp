@@ -39,6 +39,26 @@ class Attended {
   Attendant* attendant_;
 };
 
+/// Has a window drawn by its view, as long as both live.
+class Attached {
+ public:
+  Attached(forms::Window& window, WindowView& view, std::vector<WindowView*>& open)
+      : window_(window), open_(open) {
+    window_.attach(&view);
+    open_.push_back(&view);
+  }
+  ~Attached() {
+    open_.pop_back();
+    window_.attach(nullptr);
+  }
+  Attached(const Attached&) = delete;
+  Attached& operator=(const Attached&) = delete;
+
+ private:
+  forms::Window& window_;
+  std::vector<WindowView*>& open_;
+};
+
 double screenTwips(int metric) {
   return fromPixels(::GetSystemMetrics(metric), desktopDpi()) * kTwipsPerPixel;
 }
@@ -53,16 +73,11 @@ HWND WindowsToolkit::owner() {
 void WindowsToolkit::runModal(forms::Window& window) {
   const NativeLook look;
   WindowView view(window, owner());
-  open_.push_back(&view);
-  window.attach(&view);
-  {
-    const Modality modality(view.handle());
-    view.setBusy(busy_ > 0);
-    view.show();
-    waitUntilUnloaded(view);
-  }
-  window.attach(nullptr);
-  open_.pop_back();
+  const Attached attached(window, view, open_);
+  const Modality modality(view.handle());
+  view.setBusy(busy_ > 0);
+  view.show();
+  waitUntilUnloaded(view);
 }
 
 void WindowsToolkit::waitUntilUnloaded(WindowView& view) {

@@ -1,0 +1,201 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "driven/user_input.h"
+#include "forms/window.h"
+#include "windows_toolkit.h"
+
+// What scripts cannot say: the keyboard leads about in a window, and the window behaves towards its
+// host. The mouse and the keyboard are the system's own.
+namespace kvrnstep::windows {
+namespace {
+
+using forms::ControlRow;
+using enum forms::Kind;
+
+constexpr auto kControls = std::to_array<ControlRow>({
+    {.kind = TextBox, .name = "text", .place = {10, 10, 150, 60}, .multiLine = true},
+    {.kind = Button, .name = "first", .place = {10, 80, 80, 23}, .caption = u"&First"},
+    {.kind = Button, .name = "second", .place = {100, 80, 80, 23}, .caption = u"&Second"},
+    {.kind = Panel, .name = "group", .place = {10, 110, 150, 60}},
+    {.kind = OptionButton, .name = "option", .index = 0, .in = "group", .place = {0, 0, 150, 20},
+     .caption = u"One"},
+    {.kind = OptionButton, .name = "option", .index = 1, .in = "group", .place = {0, 20, 150, 20},
+     .caption = u"Two", .checked = true},
+    {.kind = OptionButton, .name = "option", .index = 2, .in = "group", .place = {0, 40, 150, 20},
+     .caption = u"Three"},
+    {.kind = ComboBox, .name = "combo", .place = {10, 180, 150, 21}},
+    {.kind = Menu, .name = "menu", .caption = u"&Menu"},
+    {.kind = Menu, .name = "entry", .in = "menu", .caption = u"&Entry", .shortcut = "Ctrl+E"},
+});
+
+constexpr forms::WindowDesign kDesign{
+    .name = "window",
+    .caption = u"Window",
+    .place = {1500, 1500, 4500, 4500},
+    .twipsPerUnit = forms::kTwipsPerPixel,
+    .controls = kControls,
+};
+
+class TestWindow : public forms::Window {
+ public:
+  TestWindow() : Window(kDesign) {}
+
+  forms::Control& at(std::string_view name, int index = -1) { return *find(name, index); }
+  template <class T>
+  T& as(std::string_view name, int index = -1) {
+    return static_cast<T&>(at(name, index));
+  }
+};
+
+/// Carries out one step each time the window has come to rest, and closes it after the last one.
+class Steps final : public Attendant {
+ public:
+  using Step = std::function<void(WindowView&)>;
+  explicit Steps(std::vector<Step> steps) : steps_(std::move(steps)) {}
+
+  void windowIdle(WindowView& view) override {
+    if (next_ < steps_.size()) {
+      steps_[next_++](view);
+    } else {
+      ::PostMessageW(view.handle(), WM_CLOSE, 0, 0);
+    }
+  }
+  void messageOpens() override {}
+  void questionOpens() override {}
+  void fileBoxOpens() override {}
+  void popUpOpens(WindowView& /*view*/, const forms::MenuEntry& /*menu*/) override {}
+  void boxClosed() override {}
+
+  [[nodiscard]] bool allTaken() const { return next_ == steps_.size(); }
+
+ private:
+  std::vector<Step> steps_;
+  std::size_t next_ = 0;
+};
+
+void show(TestWindow& window, std::vector<Steps::Step> steps) {
+  Steps attendant(std::move(steps));
+  WindowsToolkit toolkit(&attendant);
+  window.showModal(toolkit);
+  EXPECT_TRUE(attendant.allTaken());
+}
+
+std::string focused(const WindowView& view) {
+  for (const auto& control : view.window().controls()) {
+    if (control->kind() == Menu) continue;
+    if (view.viewOf(*control).keyTarget() == ::GetFocus()) return control->scriptName();
+  }
+  return "nothing";
+}
+
+Steps::Step press(WORD key, WORD held = 0) {
+  return [=](WindowView& /*view*/) { pressKey(key, held); };
+}
+
+Steps::Step expectFocus(const char* name) {
+  return [=](WindowView& view) { EXPECT_EQ(focused(view), name); };
+}
+
+TEST(WindowsKeyboard, TabLeadsThroughTheWindowAndBack) {
+  TestWindow window;
+  window.at("second").setEnabled(false);
+  show(window, {expectFocus("text"), press(VK_TAB), expectFocus("first"), press(VK_TAB),
+                expectFocus("option(1)"), press(VK_TAB), expectFocus("combo"), press(VK_TAB),
+                expectFocus("text"), press(VK_TAB, VK_SHIFT), expectFocus("combo")});
+  // Several lines take neither Tab nor Escape for themselves.
+  EXPECT_EQ(window.as<forms::TextBox>("text").text(), u"");
+}
+
+TEST(WindowsKeyboard, ArrowKeysSelectAmongTheOptionsOfAGroup) {
+  TestWindow window;
+  int clicks = 0;
+  window.at("option", 2).onClick = [&](int /*index*/) { ++clicks; };
+  show(window, {[](WindowView& view) {
+                  view.window().setFocus(*view.window().find("option", 1));
+                  view.update();
+                },
+                press(VK_DOWN), expectFocus("option(2)"), press(VK_TAB), expectFocus("combo"),
+                press(VK_TAB, VK_SHIFT), expectFocus("option(2)")});
+  EXPECT_EQ(clicks, 1);
+  EXPECT_TRUE(window.as<forms::OptionButton>("option", 2).value());
+}
+
+TEST(WindowsKeyboard, EnterMnemonicsAndShortcutsReachTheirControls) {
+  TestWindow window;
+  std::string told;
+  window.at("first").onClick = [&](int /*index*/) { told += "first "; };
+  window.at("second").onClick = [&](int /*index*/) { told += "second "; };
+  window.at("entry").onClick = [&](int /*index*/) { told += "entry "; };
+  show(window, {press(VK_RETURN), press('E', VK_CONTROL), press(VK_TAB), press(VK_RETURN),
+                press('S', VK_MENU), expectFocus("second"), press(VK_ESCAPE), press(VK_RETURN)});
+  EXPECT_EQ(told, "entry first second second ");
+  EXPECT_EQ(window.as<forms::TextBox>("text").text(), u"\r\n");
+}
+
+TEST(WindowsKeyboard, LeavesWhatHasBeenDisabled) {
+  TestWindow window;
+  window.at("first").onClick = [&](int /*index*/) { window.at("first").setEnabled(false); };
+  show(window, {press(VK_TAB), press(VK_SPACE), expectFocus("second")});
+}
+
+TEST(WindowsHost, TakesNoInputMeanwhileAndHasTheKeyboardAgain) {
+  const HWND host = ::CreateWindowW(WC_STATICW, L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
+                                    200, 100, nullptr, nullptr, nullptr, nullptr);
+  ::SetForegroundWindow(host);
+  TestWindow window;
+  show(window, {[host](WindowView& view) {
+         EXPECT_FALSE(::IsWindowEnabled(host));
+         EXPECT_EQ(::GetWindow(view.handle(), GW_OWNER), nullptr);
+         EXPECT_EQ(::GetForegroundWindow(), view.handle());
+       }});
+  EXPECT_TRUE(::IsWindowEnabled(host));
+  EXPECT_EQ(::GetActiveWindow(), host);
+  ::DestroyWindow(host);
+}
+
+TEST(WindowsHost, HearsThatItShallEnd) {
+  constexpr int kStatus = 7;
+  TestWindow window;
+  show(window, {[](WindowView& /*view*/) { ::PostQuitMessage(kStatus); }});
+  EXPECT_TRUE(window.unloaded());
+  MSG message{};
+  ASSERT_TRUE(::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+  EXPECT_EQ(message.wParam, static_cast<WPARAM>(kStatus));
+}
+
+TEST(WindowsHost, GetsWhatAHandlerThrows) {
+  TestWindow window;
+  window.at("first").onClick = [](int /*index*/) { throw std::runtime_error("thrown"); };
+  Steps attendant({press(VK_TAB), press(VK_SPACE)});
+  WindowsToolkit toolkit(&attendant);
+  EXPECT_THROW(window.showModal(toolkit), std::runtime_error);
+}
+
+TEST(WindowsScale, FollowsTheMonitor) {
+  TestWindow window;
+  show(window, {[](WindowView& view) {
+         const auto sizes = [&view] {
+           RECT inside{};
+           ::GetClientRect(view.handle(), &inside);
+           RECT button{};
+           ::GetWindowRect(view.viewOf(*view.window().find("first", -1)).handle(), &button);
+           return std::array{inside.right, inside.bottom, button.right - button.left};
+         };
+         const auto before = sizes();
+         RECT proposed{};
+         ::GetWindowRect(view.handle(), &proposed);
+         const int twice = 2 * view.dpi();
+         ::SendMessageW(view.handle(), WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(twice, twice)),
+                        reinterpret_cast<LPARAM>(&proposed));
+         const auto after = sizes();
+         for (std::size_t i = 0; i < before.size(); ++i) EXPECT_EQ(after[i], 2 * before[i]) << i;
+       }});
+}
+
+}  // namespace
+}  // namespace kvrnstep::windows
