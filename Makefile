@@ -1,20 +1,24 @@
 # For people. Every target does what it needs first, on a fresh Debian 12 machine too.
-.PHONY: help setup build run test bench fuzz fuzz-check windows test-windows deb install format check clean
+.PHONY: help setup build run test test-sanitized bench fuzz fuzz-check windows test-windows deb install format check clean
 
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
 
 help:
-	@echo "make run      build and open the dialog; the list you insert is printed"
-	@echo "make test     build and run all tests"
-	@echo "make build    build into build/bin and build/lib"
-	@echo "make setup    install the Debian packages that are missing"
-	@echo "make bench    build and run the benchmarks"
-	@echo "make install  install below PREFIX ($(PREFIX)), DESTDIR is honoured"
-	@echo "make fuzz     look for faults with random input, SECONDS=60 for each target; needs clang"
-	@echo "make deb      Debian packages, in build-deb"
-	@echo "make check    formatting, g++ and clang++ without warnings, clang-tidy"
-	@echo "make format   format the sources"
+	@echo "make run             build and open the dialog; the list you insert is printed"
+	@echo "make test            build and run all tests"
+	@echo "make test-sanitized  the same, watched by the address, leak and undefined-behaviour sanitizers"
+	@echo "make test-windows    build for Windows and run all tests under Wine"
+	@echo "make fuzz            look for faults with random input, SECONDS=60 for each target"
+	@echo "make fuzz-check      a fixed number of such inputs, always the same"
+	@echo "make build           build into build/bin and build/lib"
+	@echo "make setup           install the Debian packages that are missing"
+	@echo "make bench           build and run the benchmarks"
+	@echo "make install         install below PREFIX ($(PREFIX)), DESTDIR is honoured"
+	@echo "make deb             Debian packages, in build-deb"
+	@echo "make windows         build for Windows, 64 and 32 bits"
+	@echo "make check           formatting, g++ and clang++ without warnings, clang-tidy"
+	@echo "make format          format the sources"
 
 setup:
 	@tools/setup
@@ -27,6 +31,10 @@ run: build
 
 test: build
 	@ctest --preset release --parallel $(JOBS)
+
+test-sanitized: setup
+	@tools/build asan
+	@ctest --preset asan --parallel $(JOBS)
 
 bench: build
 	@tools/bench
