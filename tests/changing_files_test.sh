@@ -118,7 +118,25 @@ else
   echo 'an ordinary user cannot run stepdrive here'
 fi
 chmod u+w steps .
-[ "$(sum)" = "$before" ] || fail "a folder to be read only was changed: $(sum | diff - <(echo "$before"))"
+unchanged() { [ "$(sum)" = "$before" ] || fail "$1: $(sum | diff - <(echo "$before"))"; }
+unchanged 'a folder to be read only was changed'
+
+# A disk with no room: no file takes more than 1 KiB, and all that are saved need more.
+much=$(printf 'm%.0s' $(seq 2000))
+setup "$much" >steps/real.step
+for name in Prefix_Step beginning_step begin_my_step; do printf '"%s"\r\n' "$much" >"steps/$name.dat"; done
+printf '\r\n' >steps/end_my_step.dat
+printf '[Mine]\nmuch=%s\n' "$much" >>steps.ini
+before=$(sum)
+# shellcheck disable=SC2016 # for the shell that it starts
+open_dialog bash -c 'trap "" XFSZ; ulimit -f 1; exec "$@"' limited && {
+  expect_begin 'dblclick lstStepf 3' "$much"
+  say 'answer real.step' 'menu mnuFiles(1)' 'menu mnuEdits(0)' 'type txtAdd x' 'click cmdAdd' \
+    'click cmdOK' 'menu mnuEdits(3)' 'type txtHold(0) x' close 'menu mnuOptions(0)' \
+    'menu mnuOptions(5)' 'move 300 300'
+  close_dialog
+}
+unchanged 'written to a full disk'
 
 [ -z "$(find . -name '.kvrnstep-*')" ] || fail 'a temporary file stays'
 exit "$failed"
