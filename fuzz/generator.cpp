@@ -2,80 +2,15 @@
 
 #include "generator/generator.h"
 
-#include <algorithm>
 #include <array>
 
 #include "fuzz.h"
-#include "generator/line_layout.h"
-#include "generator/numerals.h"
+#include "obvious_list.h"
 
 namespace {
 
 using namespace kvrnstep;
 using generator::ListSettings;
-
-std::u16string plainLabel(std::int16_t selection, int step) {
-  switch (selection) {
-    case generator::Numbered:
-      return generator::numberText(step);
-    case generator::Alphabetical:
-      return generator::ToStepLetters(step);
-    case generator::RomanNumeral:
-      return generator::ToRomanNumeral(step);
-    default:
-      return {};
-  }
-}
-
-/// As wide as the widest label from the first possible step on, wherever the list starts.
-std::size_t obviousWidth(const ListSettings& settings) {
-  std::size_t width = 1;
-  if (!settings.on(generator::RightAlign)) return width;
-  for (int step = 1; step <= settings.Count; ++step) {
-    width = std::max(width, plainLabel(settings.Selection, step).size());
-  }
-  return width;
-}
-
-std::u16string obviousLabel(const ListSettings& settings, int step, std::size_t width) {
-  if (settings.Selection < 0 || settings.Selection >= generator::PrefixSuffix) return {};
-  std::u16string label = plainLabel(settings.Selection, step);
-  const bool lowerCase =
-      settings.Selection != generator::Numbered && !settings.on(generator::UpperCase);
-  for (char16_t& c : label) {
-    if (lowerCase && c >= u'A' && c <= u'Z') c = static_cast<char16_t>(c + 32);
-  }
-  if (label.size() < width) label.insert(0, width - label.size(), u' ');
-  const bool ordinal =
-      settings.Selection == generator::Numbered && settings.on(generator::AppendOrdinal);
-  return ordinal ? label + generator::OrdinalSuffix(step) : label;
-}
-
-std::u16string obviousAffix(const ListSettings& settings, std::u16string text, int step) {
-  const bool wantsBlank = settings.on(generator::PreSufSpace) && !text.empty();
-  if (wantsBlank && text.back() != u' ') text += u' ';
-  return generator::withMacros(text, step);
-}
-
-std::u16string obviousList(const ListSettings& settings, std::size_t indentBlanks) {
-  const std::u16string indent(settings.on(generator::Indentation) ? indentBlanks : 0, u' ');
-  const bool filled = settings.on(generator::IndentSpacing);
-  std::u16string spacing;
-  if (settings.LineSpacing >= 0) spacing = u"\r\n";
-  for (int line = 0; line < std::min<int>(settings.LineSpacing, 9); ++line) {
-    spacing += (filled ? indent : std::u16string()) + u"\r\n";
-  }
-  std::u16string list;
-  const std::size_t width = obviousWidth(settings);
-  for (int step = settings.Start; step <= settings.Count; ++step) {
-    list += indent + obviousAffix(settings, settings.Prefix, step);
-    list += obviousLabel(settings, step, width);
-    list += obviousAffix(settings, settings.Suffix, step);
-    if (step < settings.Count || filled) list += spacing;
-  }
-  if (!settings.on(generator::AddBegEnd)) return list;
-  return settings.Beginning + list + settings.Ending;
-}
 
 /// A text in which macros are likely, and macros with another one in place of some characters.
 std::u16string affix(FuzzedDataProvider& input) {
@@ -117,7 +52,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   // Labels of more than 99 steps are not lined up.
   const bool ordinary =
       !settings.on(generator::RightAlign) || (settings.Count > 0 && settings.Count <= 99);
-  if (ordinary) fuzz::check(list == obviousList(settings, indent), "lines are put together so");
+  if (ordinary)
+    fuzz::check(list == judges::obviousList(settings, indent), "lines are put together so");
 
   if (settings.Start > settings.Count) {
     const std::size_t around = settings.Beginning.size() + settings.Ending.size();

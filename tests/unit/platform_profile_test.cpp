@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <random>
-#include <regex>
 #include <vector>
 
+#include "obvious_profile.h"
 #include "platform/files.h"
 #include "platform/profile.h"
 #include "platform_temporary_folder.h"
@@ -115,134 +115,6 @@ TEST(WithProfileValue, OddNamesAreFoundAgain) {
   }
 }
 
-// A second reading of the rules: line by line, by regular expressions, with copies of everything.
-namespace judge {
-
-struct Line {
-  std::string text, end;
-};
-
-std::vector<Line> lines(const std::string& bytes) {
-  std::vector<Line> all;
-  Line line;
-  for (std::size_t i = 0; i < bytes.size(); ++i) {
-    const bool pair = bytes.compare(i, 2, "\r\n") == 0;
-    if (bytes[i] != '\r' && bytes[i] != '\n') {
-      line.text += bytes[i];
-      continue;
-    }
-    line.end = pair ? "\r\n" : bytes.substr(i, 1);
-    i += pair ? 1 : 0;
-    all.push_back(line);
-    line = {};
-  }
-  if (!line.text.empty()) all.push_back(line);
-  return all;
-}
-
-std::string joined(const std::vector<Line>& all) {
-  std::string bytes;
-  for (const auto& line : all) bytes += line.text + line.end;
-  return bytes;
-}
-
-std::string lower(std::string name) {
-  for (auto& c : name) c = static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
-  return name;
-}
-
-const std::regex kSection(R"([ \t]*\[([^]*)\][^\]]*)");
-const std::regex kComment(R"(([ \t]*);[^]*)");
-const std::regex kKey(R"([ \t]*([^=]*?)[ \t]*=[^]*)");
-const std::regex kBlank(R"(([ \t]*))");
-const std::regex kValue(R"([ \t]*([^]*?)[ \t]*)");
-const std::regex kQuoted(R"((["'])([^]*)\1)");
-
-std::optional<std::string> matched(const Line& line, const std::regex& expression) {
-  std::smatch match;
-  if (!std::regex_match(line.text, match, expression)) return std::nullopt;
-  return lower(match[1].str());
-}
-
-std::optional<std::string> section(const Line& line) {
-  return matched(line, kSection);
-}
-
-std::optional<std::string> key(const Line& line) {
-  if (section(line) || matched(line, kComment)) return std::nullopt;
-  return matched(line, kKey);
-}
-
-using Number = std::optional<std::size_t>;
-
-/// Numbers of lines.
-struct Place {
-  Number section, key, last;
-};
-
-Place place(const std::vector<Line>& all, const std::string& sectionName,
-            const std::string& keyName) {
-  Place found;
-  for (std::size_t i = 0; i < all.size() && !found.section; ++i) {
-    if (section(all[i]) == lower(sectionName)) found.section = found.last = i;
-  }
-  for (std::size_t i = found.section.value_or(all.size()) + 1; i < all.size(); ++i) {
-    if (section(all[i])) break;
-    if (!found.key && key(all[i]) == lower(keyName)) found.key = i;
-    if (!matched(all[i], kBlank)) found.last = i;
-  }
-  return found;
-}
-
-std::string value(const Line& line) {
-  std::smatch match;
-  const auto after = line.text.substr(line.text.find('=') + 1);
-  std::regex_match(after, match, kValue);
-  const auto bare = match[1].str();
-  return std::regex_match(bare, match, kQuoted) ? match[2].str() : bare;
-}
-
-/// Adds a line before the line of a number, or at the end.
-void insert(std::vector<Line>& all, std::size_t number, const std::string& text) {
-  Line line{text, "\r\n"};
-  for (std::size_t i = 0; i < number; ++i) {
-    if (!all[i].end.empty()) line.end = all[i].end;
-  }
-  if (number > 0 && all[number - 1].end.empty()) std::swap(all[number - 1].end, line.end);
-  all.insert(all.begin() + static_cast<std::ptrdiff_t>(number), line);
-}
-
-struct File {
-  std::string mark;
-  std::vector<Line> all;
-
-  explicit File(const std::string& bytes)
-      : mark(bytes.substr(0, bytes.compare(0, 3, "\xEF\xBB\xBF") == 0 ? 3 : 0)),
-        all(lines(bytes.substr(mark.size()))) {}
-
-  std::optional<std::string> read(const std::string& sectionName, const std::string& keyName) {
-    const auto found = place(all, sectionName, keyName);
-    if (!found.key) return std::nullopt;
-    return value(all[*found.key]);
-  }
-
-  std::string written(const std::string& sectionName, const std::string& keyName,
-                      const std::string& newValue) {
-    const auto found = place(all, sectionName, keyName);
-    if (found.key) {
-      auto& text = all[*found.key].text;
-      text = text.substr(0, text.find('=') + 1) + newValue;
-      return mark + joined(all);
-    }
-    if (!found.section) insert(all, all.size(), "[" + sectionName + "]");
-    const auto last = found.last.value_or(all.size() - 1);
-    insert(all, last + 1, keyName + "=" + newValue);
-    return mark + joined(all);
-  }
-};
-
-}  // namespace judge
-
 class RandomProfile {
  public:
   explicit RandomProfile(unsigned seed) : random_(seed) {}
@@ -284,16 +156,17 @@ TEST(Profile, RandomFilesReadAndChangeAsTheRulesSay) {
   RandomProfile random(3);
   for (int round = 0; round < 4'000; ++round) {
     std::string bytes = random.file();
+    judges::ObviousProfile judge(bytes);
     for (int step = 0; step < 3; ++step) {
       const auto section = random.section();
       const auto key = random.key();
       const auto value = random.value();
       const auto read = profileValue(bytes, section, key);
-      ASSERT_EQ(read ? std::optional(std::string(*read)) : std::nullopt,
-                judge::File(bytes).read(section, key))
+      ASSERT_EQ(read ? std::optional(std::string(*read)) : std::nullopt, judge.value(section, key))
           << testing::PrintToString(bytes) << " in " << section << " of " << key;
       const auto written = withProfileValue(bytes, section, key, value);
-      ASSERT_EQ(written, judge::File(bytes).written(section, key, value))
+      judge.set(section, key, value);
+      ASSERT_EQ(written, judge.bytes())
           << testing::PrintToString(bytes) << " in " << section << " of " << key;
       bytes = written;
     }
