@@ -2,22 +2,30 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "text/windows/wide.h"
 
-/// For functions of the system that take the system's code page. What has no place there becomes
-/// something else, and names no file then.
+/// For functions of the system that take the system's code page.
 namespace kvrnstep::windows {
 
-inline std::string toAnsi(std::u16string_view wide) {
-  const std::u16string text(wide);
+/// Nothing when a character has no place of its own there: one that merely looks alike would name
+/// another file.
+inline std::optional<std::string> toAnsi(std::u16string_view text) {
   const auto units = static_cast<int>(text.size());
-  const int size =
-      ::WideCharToMultiByte(CP_ACP, 0, text::wide(text), units, nullptr, 0, nullptr, nullptr);
-  std::string result(static_cast<std::size_t>(size), '\0');
-  ::WideCharToMultiByte(CP_ACP, 0, text::wide(text), units, result.data(), size, nullptr, nullptr);
+  if (units == 0) return std::string();
+  const wchar_t* wide = reinterpret_cast<const wchar_t*>(text.data());
+  BOOL lost = FALSE;
+  const auto convert = [&](char* bytes, int room) {
+    return ::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide, units, bytes, room, nullptr,
+                                 &lost);
+  };
+  std::string result(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
+  if (convert(result.data(), static_cast<int>(result.size())) == 0 || lost != FALSE) {
+    return std::nullopt;
+  }
   return result;
 }
 

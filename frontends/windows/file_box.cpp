@@ -5,8 +5,10 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 #include "ansi.h"
+#include "text/windows/wide.h"
 
 namespace kvrnstep::windows {
 
@@ -14,10 +16,6 @@ namespace {
 
 constexpr DWORD kOpenFlags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY;
 constexpr DWORD kSaveFlags = OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY;
-
-/// The fields that the dialogs have had from the beginning: 76 bytes where pointers have 4.
-constexpr DWORD kRequestSize = offsetof(OPENFILENAMEA, pvReserved);
-static_assert(sizeof(void*) != 4 || kRequestSize == 76);
 
 /// The dialogs leave the process in the folder that the user went to; a host's own relative names
 /// must not change their meaning.
@@ -32,64 +30,107 @@ class KeptFolder {
   std::array<wchar_t, 0x8000> folder_{};
 };
 
-/// Display text and pattern in turn, each ended by a NUL, and two more behind the last one.
-std::string filterList(const forms::FileDialog& dialog) {
-  std::string list;
-  for (const forms::FileFilter& filter : dialog.filters) {
-    list += toAnsi(filter.text) + '\0' + toAnsi(filter.pattern) + '\0';
+/// The dialogs in the system's code page …
+struct InCodePage {
+  using Request = OPENFILENAMEA;
+  using Char = char;
+  /// Nothing for a text that has no place there.
+  static std::optional<std::string> converted(std::u16string_view text) { return toAnsi(text); }
+  static std::u16string restored(const char* path) { return fromAnsi(path); }
+  static BOOL open(Request* request) { return ::GetOpenFileNameA(request); }
+  static BOOL save(Request* request) { return ::GetSaveFileNameA(request); }
+};
+
+/// … and for all other texts.
+struct InUtf16 {
+  using Request = OPENFILENAMEW;
+  using Char = wchar_t;
+  static std::optional<std::wstring> converted(std::u16string_view text) {
+    return std::wstring(text.begin(), text.end());
   }
-  return list + '\0' + '\0';
+  static std::u16string restored(const wchar_t* path) { return text::utf16(path); }
+  static BOOL open(Request* request) { return ::GetOpenFileNameW(request); }
+  static BOOL save(Request* request) { return ::GetSaveFileNameW(request); }
+};
+
+/// The fields that the dialogs have had from the beginning: 76 bytes where pointers have 4.
+constexpr DWORD kRequestSize = offsetof(OPENFILENAMEA, pvReserved);
+static_assert(sizeof(void*) != 4 || kRequestSize == 76);
+static_assert(kRequestSize == offsetof(OPENFILENAMEW, pvReserved));
+
+/// Display text and pattern in turn, each ended by a NUL, and two more behind the last one.
+std::u16string filterList(const forms::FileDialog& dialog) {
+  std::u16string list;
+  for (const forms::FileFilter& filter : dialog.filters) {
+    for (const std::u16string_view part : {filter.text, filter.pattern}) {
+      list += part;
+      list += u'\0';
+    }
+  }
+  return list + u'\0' + u'\0';
 }
 
-/// The system takes no name with a character that no file name has.
-std::string proposedName(const forms::FileDialog& dialog, std::size_t room) {
-  return toAnsi(dialog.name).substr(0, room);
+/// The dialogs do not open at all with a name that holds what no file name may, or that is longer
+/// than their buffer.
+std::u16string proposedName(std::u16string name) {
+  static constexpr std::u16string_view kNeverInNames = u"<>:\"/\\|?*";
+  std::erase_if(name, [](char16_t character) {
+    return character < u' ' || kNeverInNames.find(character) != std::u16string_view::npos;
+  });
+  return name;
 }
 
 /// The dialogs begin in a folder only if it is named in full.
-std::string fullFolder(const forms::FileDialog& dialog) {
-  const std::string named = toAnsi(dialog.folder);
-  std::array<char, MAX_PATH> full{};
+std::u16string fullFolder(const std::u16string& folder) {
+  std::array<wchar_t, 0x8000> full{};
   const DWORD length =
-      ::GetFullPathNameA(named.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
-  return length == 0 || length >= full.size() ? named : std::string(full.data(), length);
+      ::GetFullPathNameW(text::wide(folder), static_cast<DWORD>(full.size()), full.data(), nullptr);
+  return length == 0 || length >= full.size() ? folder : text::utf16(full.data());
 }
 
-using Dialog = BOOL WINAPI(OPENFILENAMEA*);
+enum class Purpose : std::uint8_t { Open, Save };
 
-std::optional<std::u16string> choose(Dialog* show, DWORD flags, const forms::FileDialog& dialog,
-                                     HWND owner) {
-  const KeptFolder kept;
-  const std::string filters = filterList(dialog);
-  const std::string folder = fullFolder(dialog);
-  const std::string title = toAnsi(dialog.title);
-  const std::string extension = toAnsi(dialog.defaultExtension);
-  std::array<char, 260> path{};
-  proposedName(dialog, path.size() - 1).copy(path.data(), path.size() - 1);
+template <class Form>
+std::optional<std::u16string> choose(Purpose purpose, const forms::FileDialog& dialog, HWND owner) {
+  const auto filters = Form::converted(filterList(dialog));
+  const auto folder = Form::converted(fullFolder(dialog.folder));
+  const auto name = Form::converted(proposedName(dialog.name));
+  const auto title = Form::converted(dialog.title);
+  const auto extension = Form::converted(dialog.defaultExtension);
+  std::array<typename Form::Char, 260> path{};
+  name->copy(path.data(), path.size() - 1);
 
-  OPENFILENAMEA request{};
+  typename Form::Request request{};
   request.lStructSize = kRequestSize;
   request.hwndOwner = owner;
-  request.lpstrFilter = filters.c_str();
+  request.lpstrFilter = filters->c_str();
   request.nFilterIndex = 1;
   request.lpstrFile = path.data();
   request.nMaxFile = static_cast<DWORD>(path.size());
-  request.lpstrInitialDir = folder.c_str();
-  request.lpstrTitle = title.c_str();
-  request.Flags = flags;
-  if (!extension.empty()) request.lpstrDefExt = extension.c_str();
-  if (show(&request) == FALSE) return std::nullopt;
-  return fromAnsi(path.data());
+  request.lpstrInitialDir = folder->c_str();
+  request.lpstrTitle = title->c_str();
+  request.Flags = purpose == Purpose::Open ? kOpenFlags : kSaveFlags;
+  if (!extension->empty()) request.lpstrDefExt = extension->c_str();
+  const KeptFolder kept;
+  const BOOL chosen = purpose == Purpose::Open ? Form::open(&request) : Form::save(&request);
+  if (chosen == FALSE) return std::nullopt;
+  return Form::restored(path.data());
+}
+
+std::optional<std::u16string> choose(Purpose purpose, const forms::FileDialog& dialog, HWND owner) {
+  const bool fits = toAnsi(fullFolder(dialog.folder)) && toAnsi(dialog.name);
+  return fits ? choose<InCodePage>(purpose, dialog, owner)
+              : choose<InUtf16>(purpose, dialog, owner);
 }
 
 }  // namespace
 
 std::optional<std::u16string> chooseFileToOpen(const forms::FileDialog& dialog, HWND owner) {
-  return choose(::GetOpenFileNameA, kOpenFlags, dialog, owner);
+  return choose(Purpose::Open, dialog, owner);
 }
 
 std::optional<std::u16string> chooseFileToSave(const forms::FileDialog& dialog, HWND owner) {
-  return choose(::GetSaveFileNameA, kSaveFlags, dialog, owner);
+  return choose(Purpose::Save, dialog, owner);
 }
 
 }  // namespace kvrnstep::windows

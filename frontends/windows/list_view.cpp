@@ -86,6 +86,12 @@ int ListView::selected() const {
   return static_cast<int>(::SendMessageW(handle(), LB_GETCURSEL, 0, 0));
 }
 
+int ListView::find(const std::u16string& text) const {
+  constexpr auto kBeforeTheFirst = static_cast<WPARAM>(-1);
+  return static_cast<int>(::SendMessageW(handle(), LB_FINDSTRINGEXACT, kBeforeTheFirst,
+                                         reinterpret_cast<LPARAM>(text::wide(text))));
+}
+
 int ListView::top() const {
   return static_cast<int>(::SendMessageW(handle(), LB_GETTOPINDEX, 0, 0));
 }

@@ -14,6 +14,8 @@ class ListView : public ControlView {
   [[nodiscard]] bool takesFocus() const override { return true; }
   void commanded(int notification) override;
   [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
+  /// The first entry that equals a text but for letter case; −1 for none.
+  [[nodiscard]] int find(const std::u16string& text) const;
 
  protected:
   void apply(const Changes& changes) override;

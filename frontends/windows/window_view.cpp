@@ -203,7 +203,18 @@ bool WindowView::translates(MSG& message) {
     ::SendMessageW(message.hwnd, BM_CLICK, 0, 0);
     return true;
   }
-  return ::IsDialogMessageW(handle_, &message) != FALSE;
+  const HWND before = ::GetFocus();
+  const bool taken = ::IsDialogMessageW(handle_, &message) != FALSE;
+  if (taken && message.message == WM_KEYDOWN && ::GetFocus() != before) chooseFocusedOption();
+  return taken;
+}
+
+/// On some systems an arrow key leads to an option without choosing it.
+void WindowView::chooseFocusedOption() {
+  const ControlView* view = viewAt(::GetFocus());
+  if (view == nullptr || view->control().kind() != Kind::OptionButton) return;
+  auto& option = static_cast<forms::OptionButton&>(view->control());
+  if (!option.value()) forms::userClicked(option);
 }
 
 LRESULT WindowView::received(HWND window, UINT message, WPARAM wide, LPARAM longer) {
@@ -434,6 +445,12 @@ void WindowView::giveFocus(HWND before) {
   }
   // Keys must not go to what has just been disabled or hidden.
   if (::GetActiveWindow() == handle_ && !holdsKeys(::GetFocus())) ::SetFocus(stopAfter(before));
+}
+
+std::optional<int> WindowView::findEntry(const forms::ListBox& list, const std::u16string& text) {
+  auto& view = static_cast<ListView&>(viewOf(list));
+  view.applyChanges();
+  return view.find(text);
 }
 
 void WindowView::unloaded() {

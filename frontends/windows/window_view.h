@@ -55,6 +55,7 @@ class WindowView final : public forms::View, public Receiver {
   void changed(forms::Property property) override;
   void update() override;
   void setFocus(forms::Control& control) override;
+  std::optional<int> findEntry(const forms::ListBox& list, const std::u16string& text) override;
   void unloaded() override;
 
  private:
@@ -75,6 +76,7 @@ class WindowView final : public forms::View, public Receiver {
   void arrange();
   void arrangeDepth(const std::vector<forms::Control*>& order);
   void giveFocus(HWND before);
+  void chooseFocusedOption();
   [[nodiscard]] bool holdsKeys(HWND control) const;
   [[nodiscard]] HWND stopAfter(HWND before) const;
 

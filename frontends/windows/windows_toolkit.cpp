@@ -189,7 +189,12 @@ void WindowsToolkit::setClipboard(const std::u16string& text) {
 
 void WindowsToolkit::playSound(const std::u16string& file, forms::SoundMode mode) {
   const UINT giveWay = mode == forms::SoundMode::GiveWay ? SND_NOSTOP : 0;
-  ::sndPlaySoundA(toAnsi(file).c_str(), SND_ASYNC | SND_NODEFAULT | giveWay);
+  const UINT how = SND_ASYNC | SND_NODEFAULT | giveWay;
+  if (const auto name = toAnsi(file)) {
+    ::sndPlaySoundA(name->c_str(), how);
+  } else {
+    ::sndPlaySoundW(text::wide(file), how);
+  }
 }
 
 WindowView* WindowsToolkit::viewOf(const forms::Window& window) const {

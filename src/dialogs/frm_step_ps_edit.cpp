@@ -121,6 +121,7 @@ void frmStepPSEdit::lstEdit_Click() {
 }
 
 int frmStepPSEdit::findExact(const std::u16string& text) const {
+  if (const auto found = findEntry(lstEdit, text)) return *found;
   const auto& entries = lstEdit.entries().all();
   const auto found = std::ranges::find_if(
       entries, [&](const std::u16string& entry) { return equalIgnoringCase(entry, text); });

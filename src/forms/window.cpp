@@ -135,6 +135,10 @@ void Window::setFocus(Control& control) {
   if (view_ != nullptr) view_->setFocus(control);
 }
 
+std::optional<int> Window::findEntry(const ListBox& list, const std::u16string& text) const {
+  return view_ == nullptr ? std::nullopt : view_->findEntry(list, text);
+}
+
 std::optional<PropertyValue> Window::get(Property property) const {
   switch (property) {
     case Property::Caption:

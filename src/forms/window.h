@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -48,6 +49,11 @@ class View {
   /// The user's action has been dealt with: show all that has changed since the last update().
   virtual void update() = 0;
   virtual void setFocus(Control& control) = 0;
+  /// The first entry of a list that equals a text but for letter case, as the platform's lists
+  /// compare; −1 for none. Nothing where they do not search.
+  virtual std::optional<int> findEntry(const ListBox& /*list*/, const std::u16string& /*text*/) {
+    return std::nullopt;
+  }
   /// The window has been unloaded and must vanish.
   virtual void unloaded() = 0;
 };
@@ -85,6 +91,8 @@ class Window {
   void unload();
   [[nodiscard]] bool unloaded() const { return unloaded_; }
   void setFocus(Control& control);
+  /// As View::findEntry; nothing while no front end draws the window.
+  [[nodiscard]] std::optional<int> findEntry(const ListBox& list, const std::u16string& text) const;
 
   [[nodiscard]] std::optional<PropertyValue> get(Property property) const;
   bool set(Property property, const PropertyValue& value);

@@ -11,10 +11,11 @@
 ///     [Section]
 ///     Key=Value
 ///
-/// All text is 8-bit. Names are matched without regard to the case of A to Z; of equal names the
-/// first counts. Lines end at CR LF, LF or CR. Blanks and tabs around keys and values do not
-/// belong to them, nor does one pair of double or single quotes around a value. A line that
-/// begins with ";" is a comment. Keys before the first section are never found.
+/// All text is 8-bit. Names are matched without regard to the case of A to Z, and those of sections
+/// whichever of the encodings that `fromBytes` reads they are in; of equal names the first counts.
+/// Lines end at CR LF, LF or CR. Blanks and tabs around keys and values do not belong to them, nor
+/// does one pair of double or single quotes around a value. A line that begins with ";" is a
+/// comment. Keys before the first section are never found.
 namespace kvrnstep::platform {
 
 inline constexpr std::size_t kProfileBuffer = 255;

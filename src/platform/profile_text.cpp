@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <string>
 
 #include "platform/profile.h"
 #include "platform/profile_lines.h"
+#include "text/codepage.h"
 #include "text/text.h"
 
 namespace kvrnstep::platform {
@@ -15,13 +17,25 @@ struct Search {
   std::optional<ProfileLine> lastOfFile;      ///< known only where the section is missing
 };
 
+bool isAscii(std::string_view text) {
+  constexpr unsigned char kEndOfAscii = 0x80;
+  return std::ranges::all_of(text, [](unsigned char byte) { return byte < kEndOfAscii; });
+}
+
+/// Another system may have written the section, in its own encoding.
+bool isSameSection(std::string_view inFile, std::string_view section) {
+  if (text::equalIgnoringCase(inFile, section)) return true;
+  return !isAscii(inFile) && !isAscii(section) &&
+         text::fromBytes(inFile) == text::fromBytes(section);
+}
+
 Search search(std::string_view bytes, std::string_view section, std::string_view key) {
   Search found;
   ProfileLines lines(bytes);
   while (const auto line = lines.next()) {
     if (const auto name = sectionName(*line)) {
       if (found.lastOfSection) break;
-      if (text::equalIgnoringCase(*name, section)) found.lastOfSection = line;
+      if (isSameSection(*name, section)) found.lastOfSection = line;
     } else if (found.lastOfSection) {
       const auto entry = keyOf(*line);
       if (entry && text::equalIgnoringCase(entry->name, key)) {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/codepage.h"
+
 namespace kvrnstep::judges {
 
 namespace {
@@ -11,6 +13,10 @@ std::string lower(std::string text) {
     if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
   }
   return text;
+}
+
+bool isSame(const std::string& name, const std::string& section) {
+  return lower(name) == lower(section) || text::fromBytes(name) == text::fromBytes(section);
 }
 
 std::string trimmed(std::string text) {
@@ -68,7 +74,7 @@ ObviousProfile::Place ObviousProfile::find(const std::string& section,
     const std::string& text = lines_[i].text;
     if (const auto name = sectionOf(text)) {
       if (place.section) return place;
-      if (lower(*name) != lower(section)) continue;
+      if (!isSame(*name, section)) continue;
       place.section = i;
     } else if (!place.section || trimmed(text).empty()) {
       continue;

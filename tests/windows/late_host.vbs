@@ -1,7 +1,8 @@
 ' A script host: late binding, variables by reference, optional arguments left out and given.
 Option Explicit
-Dim listwright, icons, list, inserted, folder
-folder = CreateObject("Scripting.FileSystemObject").GetAbsolutePathName(".")
+Dim listwright, icons, files, list, inserted, folder, number, icon
+Set files = CreateObject("Scripting.FileSystemObject")
+folder = files.GetAbsolutePathName(".")
 Set listwright = CreateObject("kvrnstep.Listwright")
 WScript.Echo listwright.PlugNameVersion
 
@@ -14,5 +15,8 @@ If WScript.Arguments.Count > 0 Then
 End If
 
 Set icons = CreateObject("kvrnstep.cIcon")
-WScript.Echo Mid(icons.RequestProgramIcon(102), InStrRev(icons.RequestProgramIcon(102), "\"))
-WScript.Echo "no icon: " & icons.RequestProgramIcon(104)
+For number = 101 To 104
+  icon = icons.RequestProgramIcon(number)
+  WScript.Echo number & ": " & files.GetFileName(icon)
+  If icon <> "" Then files.CopyFile icon, folder & "\icon-" & number & ".ico"
+Next

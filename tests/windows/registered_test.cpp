@@ -2,6 +2,9 @@
 // its type library and its resources.
 
 #include <gtest/gtest.h>
+#include <windows.h>
+// After the other one.
+#include <sddl.h>
 
 #include <array>
 #include <cstring>
@@ -31,13 +34,20 @@ std::wstring taken(BSTR text) {
 /// Of a key of the system's or of another program's only the name counts.
 bool isOurs(const std::wstring& path) {
   for (const auto* part :
-       {L"\\kvrnstep", L"7C40F76B-", L"C333D121-", L"4FBFC97E-", L"29629AD9-", L"FF798F12-"}) {
+       {L"\\kvrnstep", L"7c40f76b-", L"c333d121-", L"4fbfc97e-", L"29629ad9-", L"ff798f12-"}) {
     if (path.find(part) != std::wstring::npos) return true;
   }
-  return path == L"\\CLSID" || path == L"\\Interface" || path == L"\\TypeLib";
+  return path == L"\\clsid" || path == L"\\interface" || path == L"\\typelib";
 }
 
-/// The keys below a key, by their paths, and the values and keys in those of ours.
+/// Without what other programs have beside it.
+template <class Map>
+Map ours(Map all) {
+  std::erase_if(all, [](const auto& entry) { return !isOurs(entry.first); });
+  return all;
+}
+
+/// The keys below a key, by their paths in small letters, and the values and keys in those of ours.
 void collect(HKEY key, const std::wstring& path, std::map<std::wstring, std::wstring>& all) {
   std::array<wchar_t, 512> name{};
   for (DWORD i = 0;; ++i) {
@@ -56,7 +66,7 @@ void collect(HKEY key, const std::wstring& path, std::map<std::wstring, std::wst
         ERROR_SUCCESS) {
       break;
     }
-    const std::wstring below = path + L"\\" + name.data();
+    const std::wstring below = path + L"\\" + ::CharLowerW(name.data());
     all[below];
     HKEY opened = nullptr;
     if (!isOurs(below) ||
@@ -123,14 +133,75 @@ TEST_F(Registered, ComesAndGoesWithoutATrace) {
   ASSERT_EQ(call("DllUnregisterServer"), S_OK);
   const auto before = classesOf(HKEY_LOCAL_MACHINE);
   EXPECT_EQ(call("DllUnregisterServer"), S_OK) << "what is not there is gone";
-  EXPECT_FALSE(before.contains(L"\\kvrnstep.Listwright"));
-  EXPECT_TRUE(registered.contains(L"\\kvrnstep.cIcon\\CLSID"));
+  EXPECT_FALSE(before.contains(L"\\kvrnstep.listwright"));
+  EXPECT_TRUE(registered.contains(L"\\kvrnstep.cicon\\clsid"));
   EXPECT_GT(registered.size(), before.size() + 20);
 
   ASSERT_EQ(call("DllRegisterServer"), S_OK);
   EXPECT_EQ(classesOf(HKEY_LOCAL_MACHINE), registered);
   ASSERT_EQ(call("DllUnregisterServer"), S_OK);
   EXPECT_EQ(classesOf(HKEY_LOCAL_MACHINE), before);
+}
+
+/// For this process, takes the place of the registry of all users as one who is no administrator
+/// sees it: what it holds cannot be written.
+class OthersRegistry {
+ public:
+  OthersRegistry() {
+    const std::wstring key = std::wstring(kPath) + L"\\Software\\Classes\\CLSID\\" + kClass;
+    const auto readOnly = descriptor(L"D:P(A;;KR;;;WD)");
+    HKEY leaf = nullptr;
+    EXPECT_EQ(::RegCreateKeyExW(HKEY_CURRENT_USER, key.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS,
+                                nullptr, &leaf, nullptr),
+              ERROR_SUCCESS);
+    EXPECT_EQ(::RegSetKeySecurity(leaf, DACL_SECURITY_INFORMATION, readOnly.get()), ERROR_SUCCESS);
+    ::RegCloseKey(leaf);
+    EXPECT_EQ(::RegOpenKeyExW(HKEY_CURRENT_USER, kPath, 0, KEY_ALL_ACCESS, &root_), ERROR_SUCCESS);
+    EXPECT_EQ(::RegOverridePredefKey(HKEY_LOCAL_MACHINE, root_), ERROR_SUCCESS);
+  }
+  ~OthersRegistry() {
+    ::RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
+    const std::wstring key = std::wstring(L"Software\\Classes\\CLSID\\") + kClass;
+    HKEY leaf = nullptr;
+    ::RegOpenKeyExW(root_, key.c_str(), 0, WRITE_DAC, &leaf);
+    ::RegSetKeySecurity(leaf, DACL_SECURITY_INFORMATION, descriptor(L"D:(A;;KA;;;WD)").get());
+    ::RegCloseKey(leaf);
+    ::RegCloseKey(root_);
+    EXPECT_EQ(::RegDeleteTreeW(HKEY_CURRENT_USER, kPath), ERROR_SUCCESS);
+  }
+  OthersRegistry(const OthersRegistry&) = delete;
+  OthersRegistry& operator=(const OthersRegistry&) = delete;
+
+ private:
+  struct Free {
+    using pointer = PSECURITY_DESCRIPTOR;
+    void operator()(PSECURITY_DESCRIPTOR memory) const { ::LocalFree(memory); }
+  };
+  static std::unique_ptr<void, Free> descriptor(const wchar_t* text) {
+    PSECURITY_DESCRIPTOR made = nullptr;
+    EXPECT_TRUE(::ConvertStringSecurityDescriptorToSecurityDescriptorW(text, SDDL_REVISION_1, &made,
+                                                                       nullptr));
+    return std::unique_ptr<void, Free>(made);
+  }
+
+  static constexpr const wchar_t* kPath = L"Software\\kvrnstep-test";
+  static constexpr const wchar_t* kClass = L"{C333D121-DF97-4586-8A86-2D28E755030D}";
+  HKEY root_ = nullptr;
+};
+
+TEST_F(Registered, ForOneUserWhereAllAreOutOfReach) {
+  const auto forAll = ours(classesOf(HKEY_LOCAL_MACHINE));
+  ASSERT_EQ(call("DllUnregisterServer"), S_OK);
+  const auto nobody = classesOf(HKEY_CURRENT_USER);
+  {
+    const OthersRegistry registry;
+    const auto before = classesOf(HKEY_LOCAL_MACHINE);
+    EXPECT_EQ(call("DllRegisterServer"), S_OK);
+    EXPECT_EQ(classesOf(HKEY_LOCAL_MACHINE), before);
+    EXPECT_EQ(ours(classesOf(HKEY_CURRENT_USER)), forAll);
+  }
+  ASSERT_EQ(call("DllUnregisterServer"), S_OK);
+  EXPECT_EQ(classesOf(HKEY_CURRENT_USER), nobody);
 }
 
 TEST_F(Registered, UnloadsWhenNobodyHoldsAnything) {

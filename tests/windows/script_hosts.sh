@@ -18,7 +18,7 @@ case $2 in
     printf '%s\n' 'True:     1. |    2. |    3. |' 'True:     I. |   II. |  III. |' >>expected
     ;;
 esac
-printf '%s\n' '\Stepicon.ico' 'no icon: ' >>expected
+printf '%s\n' '101: Stepicon.ico' '102: Stepicon.ico' '103: Stepicon.ico' '104: ' >>expected
 
 # Each build has its own kind of script host.
 system='C:\windows\system32'
@@ -31,7 +31,9 @@ fi
 $LAUNCHER "$system\\cscript.exe" //nologo late_host.vbs $dialog | tr -d '\r' >printed
 wait
 diff expected printed || failed=1
-cmp "$bin/Stepicon.ico" "$tests/../../assets/icons/icon-102.ico" || failed=1
+for icon in icon-101.ico icon-102.ico icon-103.ico; do
+  cmp "$icon" "$tests/../../assets/icons/$icon" || failed=1
+done
 rm -f "$bin/Stepicon.ico"
 
 # Once unregistered it cannot be created.

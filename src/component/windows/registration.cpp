@@ -82,6 +82,7 @@ class Writer {
     result_ =
         ::RegCreateKeyExW(root_, wide(key), 0, nullptr, 0, KEY_WRITE, nullptr, &opened, nullptr);
     if (result_ != ERROR_SUCCESS) return;
+    began_ = true;
     const auto size = static_cast<DWORD>((value.size() + 1) * sizeof(char16_t));
     result_ = ::RegSetValueExW(opened, name, 0, REG_SZ,
                                reinterpret_cast<const BYTE*>(value.c_str()), size);
@@ -89,10 +90,13 @@ class Writer {
   }
 
   [[nodiscard]] LSTATUS result() const { return result_; }
+  /// Whether anything may have been written.
+  [[nodiscard]] bool began() const { return began_; }
 
  private:
   HKEY root_;
   LSTATUS result_ = ERROR_SUCCESS;
+  bool began_ = false;
 };
 
 void writeClass(Writer& writer, const Class& one, const std::u16string& module) {
@@ -112,15 +116,13 @@ void writeClass(Writer& writer, const Class& one, const std::u16string& module) 
   writer.write(keyOfInterface(one) + u"\\TypeLib", kVersion, L"Version");
 }
 
-LSTATUS writeAll(HKEY root) {
+void writeAll(Writer& writer) {
   const std::u16string module = platform::modulePath();
-  Writer writer(root);
   for (const Class& one : kComponentClasses) writeClass(writer, one, module);
   writer.write(keyOfVersion(), u"kvrnstep");
   writer.write(joined({keyOfVersion(), u"\\409\\", kSystem}), module);
   writer.write(keyOfVersion() + u"\\FLAGS", u"0");
   writer.write(keyOfVersion() + u"\\HELPDIR", platform::moduleFolder());
-  return writer.result();
 }
 
 bool exists(HKEY root, const std::u16string& key, REGSAM view) {
@@ -151,6 +153,19 @@ class Eraser {
     if (!gone && result_ == ERROR_SUCCESS) result_ = result;
   }
 
+  /// For a key that may be there only because of those below it.
+  void eraseIfEmpty(std::u16string_view key) {
+    const std::u16string path = joined({kClasses, key});
+    HKEY opened = nullptr;
+    if (::RegOpenKeyExW(root_, wide(path), 0, KEY_READ, &opened) != ERROR_SUCCESS) return;
+    DWORD keys = 0;
+    DWORD values = 0;
+    const LSTATUS result = ::RegQueryInfoKeyW(opened, nullptr, nullptr, nullptr, &keys, nullptr,
+                                              nullptr, &values, nullptr, nullptr, nullptr, nullptr);
+    ::RegCloseKey(opened);
+    if (result == ERROR_SUCCESS && keys == 0 && values == 0) ::RegDeleteKeyW(root_, wide(path));
+  }
+
   [[nodiscard]] LSTATUS result() const { return result_; }
 
  private:
@@ -160,13 +175,17 @@ class Eraser {
 
 LSTATUS eraseAll(HKEY root) {
   Eraser eraser(root);
-  const bool shared = otherBuildIsRegistered(root);
   for (const Class& one : kComponentClasses) {
     eraser.erase(keyOfClass(one));
     eraser.erase(keyOfInterface(one));
+  }
+  // Only now, for there are systems on which both builds see the same keys.
+  const bool shared = otherBuildIsRegistered(root);
+  for (const Class& one : kComponentClasses) {
     if (!shared) eraser.erase(keyOfName(one));
   }
   eraser.erase(shared ? joined({keyOfVersion(), u"\\409\\", kSystem}) : keyOfLibrary());
+  for (const auto* parent : {u"CLSID", u"Interface", u"TypeLib"}) eraser.eraseIfEmpty(parent);
   return eraser.result();
 }
 
@@ -175,9 +194,11 @@ LSTATUS eraseAll(HKEY root) {
 HRESULT registerComponent() {
   LSTATUS result = ERROR_SUCCESS;
   for (const HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
-    result = writeAll(root);
+    Writer writer(root);
+    writeAll(writer);
+    result = writer.result();
     if (result == ERROR_SUCCESS) return S_OK;
-    eraseAll(root);
+    if (writer.began()) eraseAll(root);
     if (result != ERROR_ACCESS_DENIED) break;
   }
   return HRESULT_FROM_WIN32(result);

@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <memory>
 
 #include "platform/windows/handle.h"
 #include "platform/windows/native_path.h"
@@ -43,11 +42,6 @@ std::optional<std::string> readAll(HANDLE file, std::size_t size) {
   return bytes;
 }
 
-struct CloseSearch {
-  using pointer = HANDLE;
-  void operator()(HANDLE search) const { ::FindClose(search); }
-};
-
 }  // namespace
 
 bool isSeparator(char16_t character) {
@@ -77,21 +71,6 @@ bool pathExists(const std::u16string& path) {
 
 bool createFolder(const std::u16string& path) {
   return ::CreateDirectoryW(text::wide(nativePath(path)), nullptr) != FALSE;
-}
-
-std::vector<std::u16string> filesIn(const std::u16string& folder) {
-  std::vector<std::u16string> names;
-  if (folder.empty()) return names;
-  WIN32_FIND_DATAW found;
-  const std::u16string all = nativePath(folder + u"\\*");
-  const HANDLE first = ::FindFirstFileW(text::wide(all), &found);
-  if (first == INVALID_HANDLE_VALUE) return names;
-  const std::unique_ptr<HANDLE, CloseSearch> search(first);
-  do {
-    const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    if (!isFolder) names.emplace_back(text::utf16(&found.cFileName[0]));
-  } while (::FindNextFileW(search.get(), &found) != FALSE);
-  return names;
 }
 
 bool deleteFile(const std::u16string& path) {

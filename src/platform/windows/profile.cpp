@@ -31,6 +31,13 @@ bool survives(std::string_view bytes) {
   return text::toAnsi(text::fromAnsi(bytes)) == bytes;
 }
 
+/// A name with accents may be in the file in another encoding, of which the system's functions
+/// know nothing.
+bool isPlain(std::string_view section) {
+  constexpr unsigned char kEndOfAscii = 0x80;
+  return std::ranges::all_of(section, [](unsigned char byte) { return byte < kEndOfAscii; });
+}
+
 bool isReadOnly(const std::u16string& file) {
   const DWORD attributes = ::GetFileAttributesW(text::wide(nativePath(file)));
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
@@ -74,7 +81,7 @@ std::string getPrivateProfileString(std::string_view section, std::string_view k
                                     const std::u16string& file) {
   if (bufferSize == 0) return {};
   const auto path = profilePath(file);
-  if (!path || !survives(section) || !survives(key)) {
+  if (!path || !isPlain(section) || !survives(key)) {
     return readByRules(section, key, defaultValue, bufferSize, file);
   }
   return readBySystem(std::string(section), std::string(key), std::string(defaultValue), bufferSize,
@@ -85,7 +92,7 @@ bool writePrivateProfileString(std::string_view section, std::string_view key,
                                std::string_view value, const std::u16string& file) {
   if (!isProfileName(section, key) || isReadOnly(file)) return false;
   const auto path = profilePath(file);
-  if (!path || !survives(section) || !survives(key) || !survives(value)) {
+  if (!path || !isPlain(section) || !survives(key) || !survives(value)) {
     return writeByRules(section, key, value, file);
   }
   return ::WritePrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(),
