@@ -4,6 +4,7 @@
 #include <QMenuBar>
 #include <algorithm>
 
+#include "forms/keyboard.h"
 #include "forms/user_actions.h"
 #include "qt_fonts.h"
 #include "text.h"
@@ -51,7 +52,7 @@ void MenuView::apply(const Changes& changes) {
   if (changes.has(Property::Caption)) {
     action_->setSeparator(entry().separator());
     // Some styles would write the text of a separator.
-    action_->setText(entry().separator() ? QString() : toQt(entry().caption()));
+    action_->setText(entry().separator() ? QString() : toQt(forms::drawnCaption(entry())));
   }
   if (changes.has(Property::Enabled)) action_->setEnabled(entry().enabled());
   if (changes.has(Property::Visible)) action_->setVisible(entry().visible());

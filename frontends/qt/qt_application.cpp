@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "active_label.h"
 #include "display.h"
 #include "locale_guard.h"
 
@@ -78,6 +79,7 @@ bool provideApplication(std::string& problem) {
     if (!display) return false;
     createApplication(display->platform);
   }
+  announceActiveLabels();
   const auto* application = qobject_cast<QApplication*>(QCoreApplication::instance());
   if (application == nullptr) {
     problem = "the host's Qt application cannot show widgets";

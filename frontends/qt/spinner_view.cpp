@@ -4,7 +4,9 @@
 #include <QStyle>
 #include <QStyleOption>
 
+#include "forms/keyboard.h"
 #include "forms/user_actions.h"
+#include "text.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {
@@ -40,6 +42,9 @@ SpinnerView::SpinnerView(WindowView& window, forms::Spinner& spinner)
       up_(addArrow(true)),
       down_(addArrow(false)) {
   adopt(ground_);
+  for (const bool up : {true, false}) {
+    arrow(up).setAccessibleName(toQt(forms::accessibleArrowName(spinner, up)));
+  }
 }
 
 ArrowButton* SpinnerView::addArrow(bool up) {
