@@ -10,14 +10,12 @@ namespace kvrnstep::qt {
 
 namespace {
 
-QAccessible::Role roleOf(const ActiveLabel& label) {
-  return label.hasPicture() ? QAccessible::Button : QAccessible::Link;
-}
-
 class PressableLabel : public QAccessibleWidget {
  public:
+  using Relation = QPair<QAccessibleInterface*, QAccessible::Relation>;
+
   explicit PressableLabel(ActiveLabel& label)
-      : QAccessibleWidget(&label, roleOf(label)), label_(label) {}
+      : QAccessibleWidget(&label, label.role()), label_(label) {}
 
   [[nodiscard]] QStringList actionNames() const override {
     if (!label_.isEnabled()) return {};
@@ -25,7 +23,21 @@ class PressableLabel : public QAccessibleWidget {
   }
   void doAction(const QString& action) override {
     if (action != pressAction()) return QAccessibleWidget::doAction(action);
-    if (label_.isEnabled()) label_.onActivated();
+    // Whoever asked for it gets an answer first: what opens now may stay open for long.
+    QMetaObject::invokeMethod(
+        &label_,
+        [&label = label_] {
+          if (label.isEnabled()) label.activate();
+        },
+        Qt::QueuedConnection);
+  }
+  [[nodiscard]] QList<Relation> relations(QAccessible::Relation match) const override {
+    QList<Relation> all = QAccessibleWidget::relations(match);
+    QWidget* box = label_.buddy();
+    if (box != nullptr && match.testFlag(QAccessible::Labelled)) {
+      all.append({QAccessible::queryAccessibleInterface(box), QAccessible::Labelled});
+    }
+    return all;
   }
 
  private:
@@ -35,7 +47,7 @@ class PressableLabel : public QAccessibleWidget {
 QAccessibleInterface* describe(const QString& className, QObject* object) {
   if (className != QLatin1String("QLabel")) return nullptr;
   auto* label = dynamic_cast<ActiveLabel*>(object);
-  return label == nullptr || !label->onActivated ? nullptr : new PressableLabel(*label);
+  return label == nullptr || !label->canBeActivated() ? nullptr : new PressableLabel(*label);
 }
 
 }  // namespace
@@ -49,26 +61,28 @@ void ActiveLabel::showText(const QString& text) {
   setText(text);
   if (shortcut_ != 0) releaseShortcut(shortcut_);
   const QKeySequence mnemonic = QKeySequence::mnemonic(text);
-  shortcut_ = onActivated && !mnemonic.isEmpty() ? grabShortcut(mnemonic) : 0;
+  shortcut_ = action_ && !mnemonic.isEmpty() ? grabShortcut(mnemonic) : 0;
 }
 
-bool ActiveLabel::hasPicture() const {
-  return !pixmap(Qt::ReturnByValue).isNull();
+void ActiveLabel::activateBy(std::function<void()> action, QAccessible::Role role) {
+  action_ = std::move(action);
+  role_ = role;
+  setFocusPolicy(Qt::TabFocus);
 }
 
 bool ActiveLabel::event(QEvent* event) {
   if (event->type() == QEvent::Shortcut &&
       static_cast<QShortcutEvent*>(event)->shortcutId() == shortcut_ && shortcut_ != 0) {
-    onActivated();
+    action_();
     return true;
   }
   return MouseReleases<QLabel>::event(event);
 }
 
 void ActiveLabel::paintEvent(QPaintEvent* event) {
-  if (!onActivated) return MouseReleases<QLabel>::paintEvent(event);
+  if (!action_) return MouseReleases<QLabel>::paintEvent(event);
   QPainter painter(this);
-  if (hasPicture()) {
+  if (text().isEmpty()) {
     MouseReleases<QLabel>::paintEvent(event);
   } else {
     const int flags = static_cast<int>(alignment()) | Qt::TextShowMnemonic;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAccessible>
 #include <QLabel>
 #include <functional>
 
@@ -7,16 +8,19 @@
 
 namespace kvrnstep::qt {
 
-/// A text or a picture that the keyboard can come to. Without `onActivated` it is a plain label.
+/// A text or a picture; once it can be activated, the keyboard can come to it.
 class ActiveLabel : public MouseReleases<QLabel> {
  public:
   using MouseReleases<QLabel>::MouseReleases;
 
-  /// What a screen reader presses, and the text's mnemonic.
-  std::function<void()> onActivated;
+  /// What happens when a screen reader presses the label, which calls it by that role, and when
+  /// the text's mnemonic is pressed.
+  void activateBy(std::function<void()> action, QAccessible::Role role);
+  [[nodiscard]] bool canBeActivated() const { return bool(action_); }
+  void activate() { action_(); }
+  [[nodiscard]] QAccessible::Role role() const { return role_; }
   /// A text in which "&" marks the letter that activates the label.
   void showText(const QString& text);
-  [[nodiscard]] bool hasPicture() const;
 
  protected:
   bool event(QEvent* event) override;
@@ -25,6 +29,8 @@ class ActiveLabel : public MouseReleases<QLabel> {
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
+  std::function<void()> action_;
+  QAccessible::Role role_ = QAccessible::StaticText;
   int shortcut_ = 0;
 };
 

@@ -28,6 +28,7 @@ MenuView::MenuView(WindowView& window, forms::MenuEntry& entry, MenuView* parent
   if (parent == nullptr || holdsEntries(entry)) {
     menu_ = new QMenu(&window.topLevel());
     menu_->setFont(captionFont());
+    menu_->setAccessibleName(toQt(forms::accessibleName(entry)));
     action_ = menu_->menuAction();
   } else {
     action_ = new QAction(parent->menu());

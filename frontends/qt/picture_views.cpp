@@ -25,8 +25,9 @@ void connectUser(ActiveLabel& label, forms::Control& control) {
     if (button == MouseButton::Left) forms::userClicked(control);
   };
   if (!forms::takesKeyboard(control)) return;
-  label.onActivated = [&control] { forms::userActivated(control); };
-  label.setFocusPolicy(Qt::TabFocus);
+  const bool link = control.kind() == forms::Kind::Label && control.row().clickable;
+  label.activateBy([&control] { forms::userActivated(control); },
+                   link ? QAccessible::Link : QAccessible::Button);
 }
 
 }  // namespace
@@ -63,7 +64,7 @@ void LabelView::apply(const Changes& changes) {
   if (!changes.has(Property::Caption) && !changes.has(Property::Width)) return;
   // Without a buddy a plain label takes no mnemonic and would show its mark.
   const QString plain = withoutMnemonic(control().caption());
-  const bool marked = label_->buddy() != nullptr || label_->onActivated;
+  const bool marked = label_->buddy() != nullptr || label_->canBeActivated();
   drawn_ = marked ? toQt(forms::drawnCaption(control())) : plain;
   label_->showText(drawn_);
   QFont font = fitted(captionFont(), plain, label_->width());
