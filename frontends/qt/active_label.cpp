@@ -6,6 +6,8 @@
 #include <QStyle>
 #include <QStyleOptionFocusRect>
 
+#include "qt_colors.h"
+
 namespace kvrnstep::qt {
 
 namespace {
@@ -83,7 +85,7 @@ void ActiveLabel::paintEvent(QPaintEvent* event) {
   if (!action_) return MouseReleases<QLabel>::paintEvent(event);
   QPainter painter(this);
   if (text().isEmpty()) {
-    MouseReleases<QLabel>::paintEvent(event);
+    paintPicture(painter);
   } else {
     const int flags = static_cast<int>(alignment()) | Qt::TextShowMnemonic;
     style()->drawItemText(&painter, rect(), flags, palette(), isEnabled(), text(),
@@ -94,6 +96,14 @@ void ActiveLabel::paintEvent(QPaintEvent* event) {
   option.initFrom(this);
   option.backgroundColor = palette().color(QPalette::Window);
   style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+}
+
+/// The pictures are drawn for light windows: there a grey one steps back by itself.
+void ActiveLabel::paintPicture(QPainter& painter) {
+  constexpr double kFaded = 0.3;
+  if (!isEnabled() && isDark(palette())) painter.setOpacity(kFaded);
+  painter.drawPixmap(0, 0, pixmap(Qt::ReturnByValue));
+  painter.setOpacity(1);
 }
 
 // A plain label would begin to edit its text.

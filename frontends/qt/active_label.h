@@ -29,6 +29,8 @@ class ActiveLabel : public MouseReleases<QLabel> {
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
+  void paintPicture(QPainter& painter);
+
   std::function<void()> action_;
   QAccessible::Role role_ = QAccessible::StaticText;
   int shortcut_ = 0;

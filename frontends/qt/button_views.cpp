@@ -92,6 +92,13 @@ void PushButtonView::apply(const Changes& changes) {
   if (changes.has(Property::Picture)) button().setIcon(pictureIcon(control().picture()));
 }
 
+QRect PushButtonView::place() const {
+  const QRect place = ButtonView::place();
+  const forms::Control* container = control().container();
+  if (container == nullptr) return place;
+  return place & QRect(QPoint(0, 0), window().pixelPlace(*container).size());
+}
+
 CheckBoxView::CheckBoxView(WindowView& window, forms::CheckBox& box)
     : ButtonView(window, box, new WholePlace<QCheckBox>(window.parentFor(box))) {}
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "active_label.h"
+#include "color_scheme.h"
 #include "display.h"
 #include "locale_guard.h"
 
@@ -68,6 +69,8 @@ void createApplication(const std::string& platform) {
   // Never deleted: a later call needs it again, and Qt cannot be started twice reliably.
   new QApplication(arguments.count, arguments.values.data());
   QGuiApplication::setQuitOnLastWindowClosed(false);
+  // A host with Qt has chosen its colours itself.
+  QApplication::setPalette(desktopIsDark() ? darkPalette() : lightPalette());
   ours = true;
 }
 

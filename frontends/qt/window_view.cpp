@@ -8,6 +8,7 @@
 #include "artwork.h"
 #include "button_views.h"
 #include "combo_view.h"
+#include "compact_style.h"
 #include "forms/reading_order.h"
 #include "forms/user_actions.h"
 #include "host_window.h"
@@ -39,6 +40,7 @@ WindowView::WindowView(forms::Window& window, QWidget* owner)
   topLevel_.setFont(captionFont());
   topLevel_.setWindowIcon(windowIcon());
   build();
+  useCompactStyle(topLevel_);
   changes_.addAll();
   for (const auto& view : views_) view->markAll();
   focus_ = forms::firstFocus(window_);
