@@ -1,5 +1,5 @@
 # For people. Every target does what it needs first, on a fresh Debian 12 machine too.
-.PHONY: help setup build run test test-sanitized bench fuzz fuzz-check windows test-windows deb install format check clean
+.PHONY: help setup build run test test-sanitized screenshots bench fuzz fuzz-check windows test-windows deb install format check clean
 
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
@@ -13,6 +13,7 @@ help:
 	@echo "make fuzz-check      a fixed number of such inputs, always the same"
 	@echo "make build           build into build/bin and build/lib"
 	@echo "make setup           install the Debian packages that are missing"
+	@echo "make screenshots     draw all windows into docs/images; the tests compare them"
 	@echo "make bench           build and run the benchmarks"
 	@echo "make install         install below PREFIX ($(PREFIX)), DESTDIR is honoured"
 	@echo "make deb             Debian packages, in build-deb"
@@ -38,6 +39,10 @@ test-sanitized: setup
 
 bench: build
 	@tools/bench
+
+screenshots: build
+	@rm -f docs/images/*.png
+	@tools/screenshots build/bin/pictures docs/images
 
 install: build
 	@cmake --install build --prefix $(PREFIX)

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "forms/keyboard.h"
 #include "forms/user_actions.h"
 
 namespace kvrnstep::headless {
@@ -59,7 +60,11 @@ void typeCharacter(TextControl& box, char16_t character) {
     if (character == kBackspace) {
       eraseBeforeCaret(box);
     } else if (lineBreak) {
-      if (box.row().multiLine) replaceSelection(box, u"\r\n");
+      if (box.row().multiLine) {
+        replaceSelection(box, u"\r\n");
+      } else {
+        forms::userPressedCommandKey(box, forms::CommandKey::Enter);
+      }
     } else if (character >= u' ' && character != kDelete) {
       replaceSelection(box, std::u16string_view(&character, 1));
     }

@@ -7,6 +7,7 @@
 #include <QStyleOptionButton>
 
 #include "artwork.h"
+#include "forms/keyboard.h"
 #include "forms/user_actions.h"
 #include "qt_fonts.h"
 #include "text.h"
@@ -65,14 +66,18 @@ int ButtonView::captionWidth() const {
 void ButtonView::apply(const Changes& changes) {
   ControlView::apply(changes);
   if (!changes.has(Property::Caption) && !changes.has(Property::Width)) return;
-  const QString caption = toQt(control().caption());
+  const QString caption = toQt(forms::drawnCaption(control()));
   if (button_->text() != caption) button_->setText(caption);
   const QFont font = fitted(captionFont(), withoutMnemonic(control().caption()), captionWidth());
   if (button_->font() != font) button_->setFont(font);
 }
 
 std::optional<forms::PropertyValue> ButtonView::shown(Property property) const {
-  if (property == Property::Caption) return fromQt(button_->text());
+  if (property == Property::Caption) {
+    // The mark of a mnemonic that another control has is not drawn.
+    const std::u16string text = fromQt(button_->text());
+    return text == forms::drawnCaption(control()) ? control().caption() : text;
+  }
   return ControlView::shown(property);
 }
 
@@ -85,6 +90,13 @@ PushButtonView::PushButtonView(WindowView& window, forms::Control& control)
 void PushButtonView::apply(const Changes& changes) {
   ButtonView::apply(changes);
   if (changes.has(Property::Picture)) button().setIcon(pictureIcon(control().picture()));
+}
+
+QRect PushButtonView::place() const {
+  const QRect place = ButtonView::place();
+  const forms::Control* container = control().container();
+  if (container == nullptr) return place;
+  return place & QRect(QPoint(0, 0), window().pixelPlace(*container).size());
 }
 
 CheckBoxView::CheckBoxView(WindowView& window, forms::CheckBox& box)

@@ -31,6 +31,8 @@ class PushButtonView : public ButtonView {
 
  protected:
   void apply(const Changes& changes) override;
+  /// A button ends inside its container, or one of its borders would be cut off.
+  [[nodiscard]] QRect place() const override;
 };
 
 class CheckBoxView : public ButtonView {

@@ -40,6 +40,7 @@ ComboView::ComboView(WindowView& window, forms::ComboBox& combo)
   box_->setLineEdit(edit_);
   box_->setInsertPolicy(QComboBox::NoInsert);
   box_->setCompleter(nullptr);
+  edit_->setAccessibleName(box_->accessibleName());
   // Leaving the box with a text that is also an entry would count as choosing that entry.
   QObject::disconnect(edit_, SIGNAL(editingFinished()), box_, nullptr);
   QObject::connect(box_, &QComboBox::activated, box_, [this](int index) { chosen(index); });

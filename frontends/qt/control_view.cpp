@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "forms/keyboard.h"
 #include "text.h"
 #include "window_view.h"
 
@@ -13,6 +14,8 @@ void ControlView::adopt(QWidget* widget) {
   widget_ = widget;
   focusPolicy_ = widget->focusPolicy();
   widget_->setObjectName(QString::fromStdString(control_.scriptName()));
+  widget_->setAccessibleName(toQt(forms::accessibleName(control_)));
+  widget_->installEventFilter(&window_.commandKeys());
   if (!control_.row().toolTip.empty()) widget_->setToolTip(toQt(control_.row().toolTip));
 }
 
@@ -34,6 +37,10 @@ void ControlView::allowFocus(bool allowed) {
   // The option buttons of a group pass their turn on among themselves.
   if (control_.kind() == forms::Kind::OptionButton) return;
   widget_->setFocusPolicy(allowed ? focusPolicy_ : Qt::NoFocus);
+}
+
+QPoint ControlView::menuPlace() const {
+  return widget_->mapToGlobal(widget_->rect().center());
 }
 
 QRect ControlView::place() const {

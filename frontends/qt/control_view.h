@@ -44,6 +44,9 @@ class ControlView {
   /// Takes a control that nobody can see, or gives it back, its turn when Tab is pressed.
   void allowFocus(bool allowed);
 
+  /// Where on the screen a menu opens that the keyboard asked for.
+  [[nodiscard]] virtual QPoint menuPlace() const;
+
   /// What the widget really shows of a property; nothing where it does not tell.
   [[nodiscard]] virtual std::optional<forms::PropertyValue> shown(forms::Property property) const;
 

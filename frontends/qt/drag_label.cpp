@@ -17,14 +17,14 @@ void DragLabel::setDraggable(int cursor) {
 }
 
 void DragLabel::mousePressEvent(QMouseEvent* event) {
-  MouseReleases<QLabel>::mousePressEvent(event);
+  ActiveLabel::mousePressEvent(event);
   if (!draggable_ || dragged_ || event->button() != Qt::LeftButton) return;
   dragged_ = true;
   QGuiApplication::setOverrideCursor(cursorOf(dragCursor_, devicePixelRatioF()));
 }
 
 void DragLabel::mouseReleaseEvent(QMouseEvent* event) {
-  MouseReleases<QLabel>::mouseReleaseEvent(event);
+  ActiveLabel::mouseReleaseEvent(event);
   if (!dragged_ || event->button() != Qt::LeftButton) return;
   endDrag();
   if (onDropped) onDropped(event->globalPosition().toPoint());
@@ -32,7 +32,7 @@ void DragLabel::mouseReleaseEvent(QMouseEvent* event) {
 
 void DragLabel::hideEvent(QHideEvent* event) {
   endDrag();
-  MouseReleases<QLabel>::hideEvent(event);
+  ActiveLabel::hideEvent(event);
 }
 
 void DragLabel::endDrag() {

@@ -1,16 +1,14 @@
 #pragma once
 
-#include <QLabel>
-
-#include "mouse_releases.h"
+#include "active_label.h"
 
 namespace kvrnstep::qt {
 
 /// A label that may be dragged: from the press of the left button to its release the mouse carries
 /// it about. What is dragged never leaves the window, so no other program is told of it.
-class DragLabel : public MouseReleases<QLabel> {
+class DragLabel : public ActiveLabel {
  public:
-  explicit DragLabel(QWidget* parent) : MouseReleases<QLabel>(parent) {}
+  explicit DragLabel(QWidget* parent) : ActiveLabel(parent) {}
   ~DragLabel() override;
   DragLabel(const DragLabel&) = delete;
   DragLabel& operator=(const DragLabel&) = delete;

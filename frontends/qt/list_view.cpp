@@ -53,6 +53,13 @@ QRect ListView::place() const {
   return place;
 }
 
+/// Under the selected entry.
+QPoint ListView::menuPlace() const {
+  const QRect entry = widget_->visualRect(entries_->index(selectedRow()));
+  const QPoint below = entry.isValid() ? entry.bottomLeft() + QPoint(8, 0) : QPoint(8, 8);
+  return widget_->viewport()->mapToGlobal(below);
+}
+
 int ListView::selectedRow() const {
   const auto rows = widget_->selectionModel()->selectedRows();
   return rows.isEmpty() ? -1 : rows.front().row();

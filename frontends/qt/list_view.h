@@ -22,6 +22,7 @@ class ListView : public ControlView {
   ListView(WindowView& window, forms::ListBox& list);
 
   [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
+  [[nodiscard]] QPoint menuPlace() const override;
 
  protected:
   void apply(const Changes& changes) override;

@@ -4,6 +4,7 @@
 #include <QMenuBar>
 #include <algorithm>
 
+#include "forms/keyboard.h"
 #include "forms/user_actions.h"
 #include "qt_fonts.h"
 #include "text.h"
@@ -27,6 +28,7 @@ MenuView::MenuView(WindowView& window, forms::MenuEntry& entry, MenuView* parent
   if (parent == nullptr || holdsEntries(entry)) {
     menu_ = new QMenu(&window.topLevel());
     menu_->setFont(captionFont());
+    menu_->setAccessibleName(toQt(forms::accessibleName(entry)));
     action_ = menu_->menuAction();
   } else {
     action_ = new QAction(parent->menu());
@@ -51,7 +53,7 @@ void MenuView::apply(const Changes& changes) {
   if (changes.has(Property::Caption)) {
     action_->setSeparator(entry().separator());
     // Some styles would write the text of a separator.
-    action_->setText(entry().separator() ? QString() : toQt(entry().caption()));
+    action_->setText(entry().separator() ? QString() : toQt(forms::drawnCaption(entry())));
   }
   if (changes.has(Property::Enabled)) action_->setEnabled(entry().enabled());
   if (changes.has(Property::Visible)) action_->setVisible(entry().visible());

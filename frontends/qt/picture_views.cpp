@@ -3,6 +3,7 @@
 #include <QStatusBar>
 
 #include "artwork.h"
+#include "forms/keyboard.h"
 #include "forms/user_actions.h"
 #include "qt_colors.h"
 #include "qt_fonts.h"
@@ -16,22 +17,27 @@ using forms::Property;
 
 namespace {
 
-/// A released button over the control, and the click that the left one makes.
-void connectMouse(MouseReleases<QLabel>& label, forms::Control& control) {
+/// A released button over the control, the click that the left one makes, and what the keyboard
+/// does in its place.
+void connectUser(ActiveLabel& label, forms::Control& control) {
   label.onReleased = [&control](MouseButton button) {
     forms::userReleasedMouse(control, button);
     if (button == MouseButton::Left) forms::userClicked(control);
   };
+  if (!forms::takesKeyboard(control)) return;
+  const bool link = control.kind() == forms::Kind::Label && control.row().clickable;
+  label.activateBy([&control] { forms::userActivated(control); },
+                   link ? QAccessible::Link : QAccessible::Button);
 }
 
 }  // namespace
 
 LabelView::LabelView(WindowView& window, forms::Control& label)
     : ControlView(window, label), label_(new DragLabel(window.parentFor(label))) {
+  connectUser(*label_, label);
   adopt(label_);
   label_->setTextFormat(Qt::PlainText);
   label_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  connectMouse(*label_, label);
   label_->onDropped = [this](QPoint where) {
     if (forms::Control* target = this->window().controlAt(where)) {
       forms::userDropped(control(), *target);
@@ -56,9 +62,11 @@ void LabelView::apply(const Changes& changes) {
     if (control().row().draggable) label_->setDraggable(control().dragCursor());
   }
   if (!changes.has(Property::Caption) && !changes.has(Property::Width)) return;
-  // Without a buddy a label takes no mnemonic and would show its mark.
+  // Without a buddy a plain label takes no mnemonic and would show its mark.
   const QString plain = withoutMnemonic(control().caption());
-  label_->setText(label_->buddy() != nullptr ? toQt(control().caption()) : plain);
+  const bool marked = label_->buddy() != nullptr || label_->canBeActivated();
+  drawn_ = marked ? toQt(forms::drawnCaption(control())) : plain;
+  label_->showText(drawn_);
   QFont font = fitted(captionFont(), plain, label_->width());
   font.setUnderline(control().row().clickable);
   label_->setFont(font);
@@ -66,16 +74,13 @@ void LabelView::apply(const Changes& changes) {
 
 std::optional<forms::PropertyValue> LabelView::shown(Property property) const {
   if (property != Property::Caption) return ControlView::shown(property);
-  const std::u16string& caption = control().caption();
-  const bool whole = label_->buddy() != nullptr || label_->text() != withoutMnemonic(caption);
-  return whole ? fromQt(label_->text()) : caption;
+  return label_->text() == drawn_ ? control().caption() : fromQt(label_->text());
 }
 
 ImageView::ImageView(WindowView& window, forms::Control& image) : ControlView(window, image) {
-  auto* label = new MouseReleases<QLabel>(window.parentFor(image));
-  label_ = label;
-  adopt(label);
-  connectMouse(*label, image);
+  label_ = new ActiveLabel(window.parentFor(image));
+  connectUser(*label_, image);
+  adopt(label_);
 }
 
 void ImageView::apply(const Changes& changes) {

@@ -19,6 +19,7 @@ class LabelView : public ControlView {
 
  private:
   DragLabel* label_;
+  QString drawn_;
 };
 
 /// A picture.
@@ -30,7 +31,7 @@ class ImageView : public ControlView {
   void apply(const Changes& changes) override;
 
  private:
-  QLabel* label_;
+  ActiveLabel* label_;
 };
 
 /// A strip along the window's bottom edge, with the platform's grip for sizing the window.

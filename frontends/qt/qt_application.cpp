@@ -6,6 +6,8 @@
 #include <optional>
 #include <vector>
 
+#include "active_label.h"
+#include "color_scheme.h"
 #include "display.h"
 #include "locale_guard.h"
 
@@ -67,6 +69,8 @@ void createApplication(const std::string& platform) {
   // Never deleted: a later call needs it again, and Qt cannot be started twice reliably.
   new QApplication(arguments.count, arguments.values.data());
   QGuiApplication::setQuitOnLastWindowClosed(false);
+  // A host with Qt has chosen its colours itself.
+  QApplication::setPalette(desktopIsDark() ? darkPalette() : lightPalette());
   ours = true;
 }
 
@@ -78,6 +82,7 @@ bool provideApplication(std::string& problem) {
     if (!display) return false;
     createApplication(display->platform);
   }
+  announceActiveLabels();
   const auto* application = qobject_cast<QApplication*>(QCoreApplication::instance());
   if (application == nullptr) {
     problem = "the host's Qt application cannot show widgets";

@@ -63,11 +63,16 @@ QColor colorOf(std::int32_t color, const QPalette& palette) {
           static_cast<int>(bits >> 16 & 0xFFU)};
 }
 
+bool isDark(const QPalette& palette) {
+  constexpr double kMiddle = 0.18;
+  return luminance(palette.color(QPalette::Window)) < kMiddle;
+}
+
 QColor readableLink(const QPalette& palette) {
   constexpr double kReadable = 4.5;
   const QColor window = palette.color(QPalette::Window);
   QColor link = palette.color(QPalette::Link);
-  const bool dark = luminance(window) < 0.18;
+  const bool dark = isDark(palette);
   for (int step = 0; contrast(link, window) < kReadable && step < 20; ++step) {
     const QColor target = dark ? Qt::white : Qt::black;
     link.setRgb((link.red() * 4 + target.red()) / 5, (link.green() * 4 + target.green()) / 5,

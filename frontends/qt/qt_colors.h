@@ -10,6 +10,9 @@ namespace kvrnstep::qt {
 /// palette.
 QColor colorOf(std::int32_t color, const QPalette& palette);
 
+/// Whether windows of this palette are dark.
+bool isDark(const QPalette& palette);
+
 /// The palette's link colour, made lighter or darker until it can be read on the window.
 QColor readableLink(const QPalette& palette);
 

@@ -1,6 +1,5 @@
 #include "qt_toolkit.h"
 
-#include <QCursor>
 #include <QGuiApplication>
 #include <QPushButton>
 #include <QScreen>
@@ -77,7 +76,7 @@ void QtToolkit::popUp(forms::MenuEntry& menu) {
   view->update();
   QMenu* shown = static_cast<MenuView&>(view->viewOf(menu)).menu();
   if (attendant_ != nullptr) attendant_->popUpOpened(*shown);
-  shown->exec(QCursor::pos());
+  shown->exec(view->menuPlace());
 }
 
 void QtToolkit::print(const std::u16string& text) {

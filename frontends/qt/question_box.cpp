@@ -15,13 +15,15 @@ QuestionBox::QuestionBox(const forms::Question& question, QWidget* owner) : QDia
   setAttribute(Qt::WA_QuitOnClose, false);
   setFont(captionFont());
 
-  auto* prompt = new QLabel(toQt(question.prompt), this);
+  // The empty lines below a prompt would be a hole in the box.
+  auto* prompt = new QLabel(toQt(question.prompt).trimmed(), this);
   prompt->setTextFormat(Qt::PlainText);
   prompt->setWordWrap(true);
   line_ = new QLineEdit(toQt(question.proposal), this);
   line_->selectAll();
   line_->setMinimumWidth(kNarrowest);
   line_->setAccessibleName(prompt->text());
+  prompt->setBuddy(line_);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   ok_ = buttons->button(QDialogButtonBox::Ok);
   cancel_ = buttons->button(QDialogButtonBox::Cancel);

@@ -4,7 +4,9 @@
 #include <QStyle>
 #include <QStyleOption>
 
+#include "forms/keyboard.h"
 #include "forms/user_actions.h"
+#include "text.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {
@@ -40,6 +42,9 @@ SpinnerView::SpinnerView(WindowView& window, forms::Spinner& spinner)
       up_(addArrow(true)),
       down_(addArrow(false)) {
   adopt(ground_);
+  for (const bool up : {true, false}) {
+    arrow(up).setAccessibleName(toQt(forms::accessibleArrowName(spinner, up)));
+  }
 }
 
 ArrowButton* SpinnerView::addArrow(bool up) {
@@ -56,8 +61,10 @@ ArrowButton* SpinnerView::addArrow(bool up) {
 void SpinnerView::apply(const Changes& changes) {
   ControlView::apply(changes);
   const int height = widget()->height();
-  up_->setGeometry(0, 0, widget()->width(), height / 2);
-  down_->setGeometry(0, height / 2, widget()->width(), height - height / 2);
+  // One line between them, not two.
+  const int middle = height / 2;
+  up_->setGeometry(0, 0, widget()->width(), middle);
+  down_->setGeometry(0, middle - 1, widget()->width(), height - middle + 1);
 }
 
 }  // namespace kvrnstep::qt

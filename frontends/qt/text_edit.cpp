@@ -1,14 +1,36 @@
 #include "text_edit.h"
 
 #include <QMimeData>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <algorithm>
 #include <limits>
 
 #include "line_breaks.h"
 #include "text.h"
 
 namespace kvrnstep::qt {
+
+namespace {
+
+/// A scroll bar that leaves a small box room for its text.
+class SlimScrollBar : public QScrollBar {
+ public:
+  using QScrollBar::QScrollBar;
+  [[nodiscard]] QSize sizeHint() const override {
+    constexpr int kThickness = 12;
+    QSize size = QScrollBar::sizeHint();
+    if (orientation() == Qt::Vertical) {
+      size.setWidth(std::min(size.width(), kThickness));
+    } else {
+      size.setHeight(std::min(size.height(), kThickness));
+    }
+    return size;
+  }
+};
+
+}  // namespace
 
 TextEdit::TextEdit(forms::TextBox& box, QWidget* parent)
     : Typing<QPlainTextEdit>(parent), box_(box) {
@@ -17,6 +39,10 @@ TextEdit::TextEdit(forms::TextBox& box, QWidget* parent)
   const forms::ControlRow& row = box.row();
   if (row.readOnly) {
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  }
+  if (!row.readOnly) {
+    setVerticalScrollBar(new SlimScrollBar(Qt::Vertical, this));
+    setHorizontalScrollBar(new SlimScrollBar(Qt::Horizontal, this));
   }
   setTabChangesFocus(true);
   setLineWrapMode(row.horizontalScroll ? NoWrap : WidgetWidth);

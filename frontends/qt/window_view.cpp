@@ -1,12 +1,14 @@
 #include "window_view.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <algorithm>
 #include <utility>
 
 #include "artwork.h"
 #include "button_views.h"
 #include "combo_view.h"
+#include "compact_style.h"
 #include "forms/reading_order.h"
 #include "forms/user_actions.h"
 #include "host_window.h"
@@ -34,12 +36,14 @@ constexpr int kMenuBarHeight = static_cast<int>(Chrome::kMenuBar / kTwipsPerPixe
 }  // namespace
 
 WindowView::WindowView(forms::Window& window, QWidget* owner)
-    : window_(window), topLevel_(owner), ground_(new QWidget(&topLevel_)) {
+    : window_(window), topLevel_(owner), commandKeys_(*this), ground_(new QWidget(&topLevel_)) {
   topLevel_.setFont(captionFont());
   topLevel_.setWindowIcon(windowIcon());
   build();
+  useCompactStyle(topLevel_);
   changes_.addAll();
   for (const auto& view : views_) view->markAll();
+  focus_ = forms::firstFocus(window_);
   update();
 
   topLevel_.onMoved = [this] { reportMove(); };
@@ -56,12 +60,13 @@ void WindowView::build() {
     // The menus belong into the window, wherever the desktop would like to put them.
     menuBar_->setNativeMenuBar(false);
     menuBar_->setFont(captionFont());
+    menuBar_->setAccessibleName(QStringLiteral("Menu"));
   }
   for (const auto& control : window_.controls()) {
     views_.push_back(makeView(*control));
     byControl_.emplace(control.get(), views_.back().get());
   }
-  nameBoxes();
+  joinLabels();
 }
 
 std::unique_ptr<ControlView> WindowView::makeView(Control& control) {
@@ -101,24 +106,12 @@ std::unique_ptr<ControlView> WindowView::makeView(Control& control) {
   return std::make_unique<MenuView>(*this, static_cast<forms::MenuEntry&>(control), menu);
 }
 
-/// What a label leads to goes by the label's name, and so do the arrows beside it.
-void WindowView::nameBoxes() {
-  const auto buddyOf = [this](const Control& control) -> ControlView* {
-    const Control* buddy = window_.find(control.row().buddy, control.row().buddyIndex);
-    return buddy == nullptr ? nullptr : &viewOf(*buddy);
-  };
+void WindowView::joinLabels() {
   for (const auto& view : views_) {
     if (view->control().kind() != Kind::Label) continue;
-    ControlView* box = buddyOf(view->control());
-    if (box == nullptr) continue;
-    box->widget()->setAccessibleName(withoutMnemonic(view->control().caption()));
-    static_cast<LabelView&>(*view).setBuddy(box->widget());
-  }
-  for (const auto& view : views_) {
-    if (view->control().kind() != Kind::Spinner) continue;
-    if (const ControlView* box = buddyOf(view->control())) {
-      view->widget()->setAccessibleName(box->widget()->accessibleName());
-    }
+    const forms::ControlRow& row = view->control().row();
+    const Control* box = window_.find(row.buddy, row.buddyIndex);
+    if (box != nullptr) static_cast<LabelView&>(*view).setBuddy(viewOf(*box).widget());
   }
 }
 
@@ -153,6 +146,29 @@ Control* WindowView::controlAt(QPoint onScreen) const {
     if (view != views_.end()) return &(*view)->control();
   }
   return nullptr;
+}
+
+ControlView* WindowView::viewOf(const QWidget& widget) const {
+  const auto found =
+      std::ranges::find_if(views_, [&](const auto& view) { return view->widget() == &widget; });
+  return found == views_.end() ? nullptr : found->get();
+}
+
+bool WindowView::pressed(ControlView& view, forms::CommandKey key) {
+  menuPlace_ = view.menuPlace();
+  const bool dealtWith = forms::userPressedCommandKey(view.control(), key);
+  menuPlace_.reset();
+  return dealtWith;
+}
+
+bool WindowView::enterMenuBar() {
+  if (menuBar_ == nullptr) return false;
+  menuBar_->setActiveAction(menuBar_->actions().first());
+  return true;
+}
+
+QPoint WindowView::menuPlace() const {
+  return menuPlace_.value_or(QCursor::pos());
 }
 
 void WindowView::show() {

@@ -6,7 +6,9 @@
 #include <unordered_map>
 #include <vector>
 
+#include "command_keys.h"
 #include "control_view.h"
+#include "forms/keyboard.h"
 #include "forms/window.h"
 #include "top_level.h"
 
@@ -37,6 +39,15 @@ class WindowView final : public forms::View {
   [[nodiscard]] forms::Control* controlAt(QPoint onScreen) const;
   /// Null in a window without menus.
   [[nodiscard]] QMenuBar* menuBar() const { return menuBar_; }
+  [[nodiscard]] CommandKeys& commandKeys() { return commandKeys_; }
+  /// The view whose widget that is, or null.
+  [[nodiscard]] ControlView* viewOf(const QWidget& widget) const;
+  /// A key was pressed in a control. True: the widget must not see it.
+  bool pressed(ControlView& view, forms::CommandKey key);
+  /// False: there is none.
+  bool enterMenuBar();
+  /// Where on the screen a pop-up menu is to open.
+  [[nodiscard]] QPoint menuPlace() const;
   /// Marks a property of all controls of a kind.
   void markKind(forms::Kind kind, forms::Property property);
 
@@ -50,7 +61,7 @@ class WindowView final : public forms::View {
  private:
   void build();
   std::unique_ptr<ControlView> makeView(forms::Control& control);
-  void nameBoxes();
+  void joinLabels();
   void applyWindow(const Changes& changes);
   void applySize();
   void applyPosition();
@@ -67,6 +78,7 @@ class WindowView final : public forms::View {
 
   forms::Window& window_;
   TopLevel topLevel_;
+  CommandKeys commandKeys_;
   QMenuBar* menuBar_ = nullptr;
   QWidget* ground_;  ///< holds the controls, below the menu bar
   std::vector<std::unique_ptr<ControlView>> views_;
@@ -75,6 +87,7 @@ class WindowView final : public forms::View {
   QEventLoop loop_;
   QPoint position_;  ///< where the model has the frame
   forms::Control* focus_ = nullptr;
+  std::optional<QPoint> menuPlace_;
   bool arrangementChanged_ = true;
   bool updating_ = false;
   bool unloaded_ = false;

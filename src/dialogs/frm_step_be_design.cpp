@@ -36,7 +36,8 @@ constexpr ControlRow slotBox(int slot) {
           .multiLine = true,
           .horizontalScroll = true,
           .font = u"MS Sans Serif",
-          .tab = slot + 1};
+          .tab = 1 + 2 * slot,
+          .accessibleName = u"Text #"};
 }
 
 constexpr ControlRow slotPicture(int slot) {
@@ -46,20 +47,28 @@ constexpr ControlRow slotPicture(int slot) {
           .place = {1935 + column(slot), 90 + row(slot), 480, 480},
           .toolTip = u"Apply",
           .enabled = false,
-          .picture = Picture::ApplyInactive};
+          .clickable = true,
+          .picture = Picture::ApplyInactive,
+          .tab = 2 + 2 * slot,
+          .accessibleName = u"Apply text #"};
 }
 
 // Places are in twips.
 constexpr auto kControls = [] {
   std::array<ControlRow, 2 * kSlots + 2> rows{};
-  rows[0] = {
-      .kind = StatusBar, .name = "StatusBar1", .place = {0, kInnerHeight - 375, kInnerWidth, 375}};
+  rows[0] = {.kind = StatusBar,
+             .name = "StatusBar1",
+             .place = {0, kInnerHeight - 375, kInnerWidth, 375},
+             .accessibleName = u"Status"};
   for (std::size_t slot = 0; slot < kSlots; ++slot) {
     rows.at(1 + 2 * slot) = slotBox(static_cast<int>(slot));
     rows.at(2 + 2 * slot) = slotPicture(static_cast<int>(slot));
   }
-  rows.back() = {
-      .kind = Button, .name = "cmdOK", .place = {3510, 3570, 1200, 360}, .caption = u"&OK"};
+  rows.back() = {.kind = Button,
+                 .name = "cmdOK",
+                 .place = {3510, 3570, 1200, 360},
+                 .caption = u"&OK",
+                 .clickedByEscape = true};
   return rows;
 }();
 

@@ -69,7 +69,7 @@ struct ControlRow {
   bool checked = false;
   bool multiLine = false;           ///< text boxes
   bool horizontalScroll = false;    ///< multi-line text boxes; the vertical bar is always there
-  bool clickable = false;           ///< labels: underlined, reacts to the mouse
+  bool clickable = false;           ///< labels and images: react to mouse and keyboard
   bool draggable = false;           ///< labels: a drag begins as soon as they are pressed
   bool readOnly = false;            ///< text boxes: the user reads and copies only
   int maxLength = 0;                ///< text boxes: most characters a user can type; 0 is no limit
@@ -85,6 +85,11 @@ struct ControlRow {
   int tab = 0;                      ///< turn when Tab is pressed; 0: after those that have one, as
                                     ///< the eye reads
   std::string_view shortcut{};      ///< menu entries: "Ctrl+O"
+  char16_t accessKey = 0;           ///< labels: letter that activates them with Alt, in upper case
+  bool clickedByEnter = false;      ///< buttons: Enter in a box of one line clicks them
+  bool clickedByEscape = false;     ///< buttons: Escape clicks them, wherever the keyboard is
+  std::u16string_view accessibleName{};  ///< for screen readers, where no label and no caption is
+                                         ///< the name; "#" is the element's number, from 1
 };
 
 /// A control as a plain object. The window's code sets properties through the functions; the

@@ -74,6 +74,44 @@ void read(const Group& group, Group& order) {
   readPile(group, order);
 }
 
+/// What a label leads to; null for everything else.
+Control* boxOf(const Control& label) {
+  if (label.kind() != Kind::Label) return nullptr;
+  return label.window().find(label.row().buddy, label.row().buddyIndex);
+}
+
+Group withLabelsBeforeTheirBoxes(Group order) {
+  const Group read = order;
+  for (Control* label : read) {
+    Control* box = boxOf(*label);
+    if (box == nullptr || std::ranges::find(read, box) == read.end()) continue;
+    std::erase(order, label);
+    order.insert(std::ranges::find(order, box), label);
+  }
+  return order;
+}
+
+int turn(const Control& control) {
+  const Control* box = boxOf(control);
+  const int declared = std::max(control.row().tab, box == nullptr ? 0 : box->row().tab);
+  return declared > 0 ? declared : std::numeric_limits<int>::max();
+}
+
+bool takesInput(const Control& control) {
+  switch (control.kind()) {
+    case Kind::CheckBox:
+    case Kind::ComboBox:
+    case Kind::ListBox:
+      return true;
+    case Kind::OptionButton:
+      return static_cast<const OptionButton&>(control).value();
+    case Kind::TextBox:
+      return !control.row().readOnly;
+    default:
+      return false;
+  }
+}
+
 }  // namespace
 
 std::vector<Control*> readingOrder(const Window& window) {
@@ -83,12 +121,16 @@ std::vector<Control*> readingOrder(const Window& window) {
 }
 
 std::vector<Control*> tabOrder(const Window& window) {
-  Group order = readingOrder(window);
-  std::ranges::stable_sort(order, {}, [](const Control* control) {
-    const int declared = control->row().tab;
-    return declared > 0 ? declared : std::numeric_limits<int>::max();
-  });
+  Group order = withLabelsBeforeTheirBoxes(readingOrder(window));
+  std::ranges::stable_sort(order, {}, [](const Control* control) { return turn(*control); });
   return order;
+}
+
+Control* firstFocus(const Window& window) {
+  const Group order = tabOrder(window);
+  const auto found = std::ranges::find_if(
+      order, [](const Control* control) { return control->reachable() && takesInput(*control); });
+  return found == order.end() ? nullptr : *found;
 }
 
 }  // namespace kvrnstep::forms

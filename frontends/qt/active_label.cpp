@@ -1,0 +1,118 @@
+#include "active_label.h"
+
+#include <QAccessibleWidget>
+#include <QPainter>
+#include <QShortcutEvent>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
+
+#include "qt_colors.h"
+
+namespace kvrnstep::qt {
+
+namespace {
+
+class PressableLabel : public QAccessibleWidget {
+ public:
+  using Relation = QPair<QAccessibleInterface*, QAccessible::Relation>;
+
+  explicit PressableLabel(ActiveLabel& label)
+      : QAccessibleWidget(&label, label.role()), label_(label) {}
+
+  [[nodiscard]] QStringList actionNames() const override {
+    if (!label_.isEnabled()) return {};
+    return QStringList{pressAction()} + QAccessibleWidget::actionNames();
+  }
+  void doAction(const QString& action) override {
+    if (action != pressAction()) return QAccessibleWidget::doAction(action);
+    // Whoever asked for it gets an answer first: what opens now may stay open for long.
+    QMetaObject::invokeMethod(
+        &label_,
+        [&label = label_] {
+          if (label.isEnabled()) label.activate();
+        },
+        Qt::QueuedConnection);
+  }
+  [[nodiscard]] QList<Relation> relations(QAccessible::Relation match) const override {
+    QList<Relation> all = QAccessibleWidget::relations(match);
+    QWidget* box = label_.buddy();
+    if (box != nullptr && match.testFlag(QAccessible::Labelled)) {
+      all.append({QAccessible::queryAccessibleInterface(box), QAccessible::Labelled});
+    }
+    return all;
+  }
+
+ private:
+  ActiveLabel& label_;
+};
+
+QAccessibleInterface* describe(const QString& className, QObject* object) {
+  if (className != QLatin1String("QLabel")) return nullptr;
+  auto* label = dynamic_cast<ActiveLabel*>(object);
+  return label == nullptr || !label->canBeActivated() ? nullptr : new PressableLabel(*label);
+}
+
+}  // namespace
+
+void announceActiveLabels() {
+  // Qt takes the same factory once only.
+  QAccessible::installFactory(describe);
+}
+
+void ActiveLabel::showText(const QString& text) {
+  setText(text);
+  if (shortcut_ != 0) releaseShortcut(shortcut_);
+  const QKeySequence mnemonic = QKeySequence::mnemonic(text);
+  shortcut_ = action_ && !mnemonic.isEmpty() ? grabShortcut(mnemonic) : 0;
+}
+
+void ActiveLabel::activateBy(std::function<void()> action, QAccessible::Role role) {
+  action_ = std::move(action);
+  role_ = role;
+  setFocusPolicy(Qt::TabFocus);
+}
+
+bool ActiveLabel::event(QEvent* event) {
+  if (event->type() == QEvent::Shortcut &&
+      static_cast<QShortcutEvent*>(event)->shortcutId() == shortcut_ && shortcut_ != 0) {
+    action_();
+    return true;
+  }
+  return MouseReleases<QLabel>::event(event);
+}
+
+void ActiveLabel::paintEvent(QPaintEvent* event) {
+  if (!action_) return MouseReleases<QLabel>::paintEvent(event);
+  QPainter painter(this);
+  if (text().isEmpty()) {
+    paintPicture(painter);
+  } else {
+    const int flags = static_cast<int>(alignment()) | Qt::TextShowMnemonic;
+    style()->drawItemText(&painter, rect(), flags, palette(), isEnabled(), text(),
+                          QPalette::WindowText);
+  }
+  if (!hasFocus()) return;
+  QStyleOptionFocusRect option;
+  option.initFrom(this);
+  option.backgroundColor = palette().color(QPalette::Window);
+  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+}
+
+/// The pictures are drawn for light windows: there a grey one steps back by itself.
+void ActiveLabel::paintPicture(QPainter& painter) {
+  constexpr double kFaded = 0.3;
+  if (!isEnabled() && isDark(palette())) painter.setOpacity(kFaded);
+  painter.drawPixmap(0, 0, pixmap(Qt::ReturnByValue));
+  painter.setOpacity(1);
+}
+
+// A plain label would begin to edit its text.
+void ActiveLabel::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+}
+
+void ActiveLabel::focusOutEvent(QFocusEvent* event) {
+  QWidget::focusOutEvent(event);
+}
+
+}  // namespace kvrnstep::qt

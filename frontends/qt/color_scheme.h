@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QPalette>
+
+namespace kvrnstep::qt {
+
+/// Whether the desktop asks its programs for dark windows: by its portal, by GTK_THEME or in the
+/// settings of GTK. Needs the application; takes a fifth of a second at most.
+bool desktopIsDark();
+
+/// Colours for the style that Qt uses when no theme tells it otherwise.
+QPalette lightPalette();
+QPalette darkPalette();
+
+}  // namespace kvrnstep::qt

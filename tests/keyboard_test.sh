@@ -1,0 +1,101 @@
+#!/bin/bash
+# A person without a mouse: builds, saves, reopens and inserts a list, edits both lists of
+# favourites, stores and applies a beginning. keyboard_test.sh BIN
+set -u
+bin=$1 source=$(cd "$(dirname "$0")" && pwd)
+source "$source/desktop.bash"
+
+# times COUNT KEY
+times() {
+  local i
+  for ((i = 0; i < $1; ++i)); do keys "$2"; done
+}
+
+# open — the dialog, to be closed by "closed STATUS".
+open() {
+  "$bin/listwright" >out 2>err &
+  command=$!
+  await Listwright
+}
+closed() {
+  wait "$command"
+  local status=$?
+  [ "$status" -eq "$1" ] || fail "status $status, not $1: $(cat err)"
+}
+
+open
+# Roman numerals from 2 to 4: an arrow of the keyboard is an arrow of the spinner, and F4 asks.
+keys Down Down
+times 7 Tab
+keys Up Tab F4
+await 'Preset value'
+types 4
+keys Return
+await Listwright
+
+# "Prefix" is a link. Alt brings a macro into the box, and Enter adds what the box holds.
+times 2 Tab
+keys space
+await 'Edit Step - Prefixes'
+types 'No '
+keys alt+r Return
+types Step
+keys Return alt+o
+await Listwright
+# The first entry of the list, with the keyboard still on the link.
+keys Tab Down
+
+# The suffixes, by the menu: the last entry is deleted, the first one moved down. Space on a macro
+# puts it into the box, and the keyboard goes there.
+keys alt+e Down Return
+await 'Edit Step - Suffixes'
+for entry in ')' ':' '-'; do
+  types "$entry"
+  keys Return
+done
+keys Tab Tab space Tab Up
+times 9 Tab
+keys space
+times 4 shift+Tab
+keys space
+types =
+keys Return alt+o
+await Listwright
+
+# A beginning, stored in the second slot and applied by the picture beside it.
+keys alt+e Up Up Return
+await 'Beginning \(Storage\)'
+keys Tab
+types 'To do:'
+keys Return Tab space
+await Listwright
+
+# Alt+O is the menu's, not the Open button's. Both panels are shown, and the list is saved.
+keys alt+o Up Return alt+o Up Up Return ctrl+s
+await 'Save As'
+keys ctrl+a
+types mine
+keys Return
+await Listwright
+keys Escape
+closed 1
+
+# Shift+Tab leads from the kinds of list over the preview to the step files.
+open
+times 5 shift+Tab
+keys Down Return alt+i
+closed 0
+printf 'To do:\n    No II  II. \n    No III III. \n    No IV  IV. \n' | cmp - out || fail "$(cat out)"
+[ -f data/listwright/mine.step ] || fail 'the list was not saved'
+
+# The menu key opens the menu of the step files, Shift+F10 too.
+open
+times 5 shift+Tab
+keys Down shift+F10 Escape Menu Down Down Return F10 Escape ctrl+q
+closed 1
+[ ! -f data/listwright/mine.step ] || fail 'the step file was not deleted'
+
+printf 'No {STEP_R}\r\nStep\r\n' | cmp - data/listwright/Prefix_Step.dat || fail 'prefixes'
+printf ':\r\n)\r\n{STEP_L}=\r\n' | cmp - data/listwright/Suffix_Step.dat || fail 'suffixes'
+grep -q 'To do:' data/listwright/beginning_step.dat || fail 'the beginning was not stored'
+exit "$failed"

@@ -1,0 +1,77 @@
+#include "forms/keyboard.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "dialogs/frm_listwright.h"
+#include "dialogs/frm_step_be.h"
+#include "dialogs/frm_step_ps_edit.h"
+#include "forms/reading_order.h"
+
+namespace kvrnstep::forms {
+
+namespace {
+
+class InEachWindow : public testing::TestWithParam<const WindowDesign& (*)()> {
+ protected:
+  Window window{GetParam()()};
+};
+INSTANTIATE_TEST_SUITE_P(Keyboard, InEachWindow,
+                         testing::Values(dialogs::frmListwrightDesign, dialogs::frmStepPSEditDesign,
+                                         dialogs::frmStepBEDesign),
+                         [](const auto& design) { return std::string(design.param().name); });
+
+TEST_P(InEachWindow, EachLetterLeadsToOneControlAndIsDrawnThere) {
+  std::set<char16_t> letters;
+  for (const auto& control : window.controls()) {
+    const char16_t letter = mnemonicOf(*control);
+    EXPECT_EQ(drawnCaption(*control).find(u'&') != std::u16string::npos, letter != 0)
+        << control->scriptName();
+    const bool inMenu = control->kind() == Kind::Menu && control->container() != nullptr;
+    if (letter != 0 && !inMenu) {
+      EXPECT_TRUE(letters.insert(letter).second) << control->scriptName();
+    }
+  }
+  EXPECT_FALSE(letters.empty());
+}
+
+TEST_P(InEachWindow, EveryControlHasANameOfItsOwn) {
+  // What the window says when it opens.
+  if (Control* heading = window.find("lblDum", -1)) heading->setCaption(u"Prefixes");
+  std::set<std::u16string> names;
+  for (const auto& control : window.controls()) {
+    const std::u16string name = accessibleName(*control);
+    EXPECT_EQ(name.find_first_of(u"&#:"), std::u16string::npos) << control->scriptName();
+    // A label is called as what it leads to, and a menu entry may be called as a button.
+    if (control->kind() == Kind::Label || control->kind() == Kind::Menu ||
+        control->kind() == Kind::Spinner) {
+      EXPECT_FALSE(name.empty()) << control->scriptName();
+    } else {
+      EXPECT_TRUE(!name.empty() && names.insert(name).second) << control->scriptName();
+    }
+  }
+}
+
+TEST(Keyboard, TheMenuBarHasAltO) {
+  const Window window(dialogs::frmListwrightDesign());
+  EXPECT_EQ(mnemonicOf(*window.find("mnuOption", -1)), u'O');
+  EXPECT_EQ(drawnCaption(*window.find("cmdCIC", 5)), u"Open...");
+  EXPECT_EQ(drawnCaption(*window.find("cmdCIC", 3)), u"&Save As...");
+}
+
+TEST(Keyboard, TabLeadsFromEachLabelToItsBox) {
+  const Window window(dialogs::frmListwrightDesign());
+  std::string order;
+  for (const Control* control : tabOrder(window)) {
+    if (control->reachable() && (takesKeyboard(*control) || control->kind() == Kind::ComboBox)) {
+      order += control->scriptName() + " ";
+    }
+  }
+  EXPECT_EQ(order, "lblD(0) cboPreSuf(0) lblD(1) cboPreSuf(1) lblD(5) lblD(4) ");
+  EXPECT_EQ(firstFocus(window), window.find("optNA", 0));
+}
+
+}  // namespace
+
+}  // namespace kvrnstep::forms
