@@ -9,6 +9,12 @@ namespace {
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kBlanksAndTabs = " \t";
 
+/// The line end that a text ends with; empty if there is none.
+std::string_view endOf(std::string_view text) {
+  if (!text.ends_with('\r') && !text.ends_with('\n')) return {};
+  return text.substr(text.size() - (text.ends_with("\r\n") ? 2 : 1));
+}
+
 }  // namespace
 
 std::string_view trimBlanksAndTabs(std::string_view text) {
@@ -38,6 +44,15 @@ std::optional<ProfileLine> ProfileLines::next() {
   const ProfileLine line{bytes_.substr(at_, textEnd - at_), end, usedEnd_};
   at_ = textEnd + end.size();
   return line;
+}
+
+void ProfileLines::skipToBracket() {
+  std::string_view before = bytes_.substr(at_, bytes_.find('[', at_) - at_);
+  if (at_ + before.size() == bytes_.size()) before.remove_suffix(endOf(before).size());
+  while (!before.empty() && endOf(before).empty()) before.remove_suffix(1);
+  if (before.empty()) return;
+  usedEnd_ = endOf(before);
+  at_ += before.size();
 }
 
 std::optional<std::string_view> sectionName(const ProfileLine& line) {

@@ -18,6 +18,8 @@ class ProfileLines {
  public:
   explicit ProfileLines(std::string_view bytes);
   std::optional<ProfileLine> next();
+  /// Passes over lines that can be no section's, at most to the last line of the file.
+  void skipToBracket();
 
  private:
   [[nodiscard]] std::size_t lineEnd();

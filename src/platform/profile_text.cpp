@@ -32,6 +32,7 @@ bool isSameSection(std::string_view inFile, std::string_view section) {
 Search search(std::string_view bytes, std::string_view section, std::string_view key) {
   Search found;
   ProfileLines lines(bytes);
+  lines.skipToBracket();
   while (const auto line = lines.next()) {
     if (const auto name = sectionName(*line)) {
       if (found.lastOfSection) break;
@@ -45,6 +46,7 @@ Search search(std::string_view bytes, std::string_view section, std::string_view
       if (!trimBlanksAndTabs(line->text).empty()) found.lastOfSection = line;
     }
     found.lastOfFile = line;
+    if (!found.lastOfSection) lines.skipToBracket();
   }
   return found;
 }

@@ -30,7 +30,9 @@ bool writePrivateProfileString(std::string_view section, std::string_view key,
                                std::string_view value, const std::u16string& file) {
   if (!isProfileName(section, key)) return false;
   const auto bytes = bytesToChange(file);
-  return bytes && replaceFile(file, withProfileValue(*bytes, section, key, value));
+  if (!bytes) return false;
+  const std::string changed = withProfileValue(*bytes, section, key, value);
+  return changed == *bytes || overwriteFile(file, changed);
 }
 
 }  // namespace kvrnstep::platform

@@ -142,6 +142,11 @@ bool replaceTarget(const Target& target, std::string_view bytes) {
 
 }  // namespace
 
+bool overwriteFile(const std::u16string& path, std::string_view bytes) {
+  const auto target = targetOf(nativePath(path));
+  return target && mayBeWritten(*target) && replaceTarget(*target, bytes);
+}
+
 bool replaceFile(const std::u16string& path, std::string_view bytes) {
   const auto target = targetOf(nativePath(path));
   if (!target || !mayBeWritten(*target)) return false;

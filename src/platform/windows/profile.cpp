@@ -71,7 +71,9 @@ bool writeByRules(std::string_view section, std::string_view key, std::string_vi
                   const std::u16string& file) {
   auto bytes = readFile(file);
   if (!bytes && !pathExists(file)) bytes.emplace();
-  return bytes && replaceFile(file, withProfileValue(*bytes, section, key, value));
+  if (!bytes) return false;
+  const std::string changed = withProfileValue(*bytes, section, key, value);
+  return changed == *bytes || overwriteFile(file, changed);
 }
 
 }  // namespace
