@@ -6,6 +6,7 @@
 
 #include "forms/keyboard.h"
 #include "forms/user_actions.h"
+#include "text/characters.h"
 
 namespace kvrnstep::headless {
 
@@ -42,19 +43,27 @@ void replaceSelection(TextControl& box, std::u16string_view inserted) {
   }
 }
 
+/// Of the character that a text ends with: a line break and a pair of surrogates are one.
+std::size_t lengthOfLast(std::u16string_view text) {
+  if (text.size() < 2) return text.size();
+  const auto last = text.substr(text.size() - 2);
+  return last == u"\r\n" || text::isSurrogatePair(last) ? 2 : 1;
+}
+
 void eraseBeforeCaret(TextControl& box) {
   const TextSelection marked = box.selection();
   if (marked.length == 0 && marked.start == 0) return;
   if (marked.length == 0) {
-    const bool lineBreak = box.text().substr(0, marked.start).ends_with(u"\r\n");
-    const std::size_t erased = lineBreak ? 2 : 1;
+    const std::size_t erased =
+        lengthOfLast(std::u16string_view(box.text()).substr(0, marked.start));
     forms::userSelected(box, {marked.start - erased, erased});
   }
   replaceSelection(box, u"");
 }
 
-void typeCharacter(TextControl& box, char16_t character) {
+void typeCharacter(TextControl& box, std::u16string_view typed) {
   constexpr char16_t kDelete = 0x7f;
+  const char16_t character = typed.front();
   const bool lineBreak = character == u'\r' || character == u'\n';
   if (forms::userPressedKey(box, character) && !box.row().readOnly) {
     if (character == kBackspace) {
@@ -66,7 +75,7 @@ void typeCharacter(TextControl& box, char16_t character) {
         forms::userPressedCommandKey(box, forms::CommandKey::Enter);
       }
     } else if (character >= u' ' && character != kDelete) {
-      replaceSelection(box, std::u16string_view(&character, 1));
+      replaceSelection(box, typed);
     }
   }
   forms::userReleasedKey(box);
@@ -121,10 +130,13 @@ std::optional<std::u16string> HeadlessToolkit::askFileToOpen(const forms::FileDi
 
 std::optional<std::u16string> HeadlessToolkit::askFileToSave(const forms::FileDialog& dialog) {
   const auto named = pilot_->answer();
-  if (!named) return std::nullopt;
+  if (!named || named->empty()) return std::nullopt;
   return chosen([&] {
     std::filesystem::path path = inFolder(dialog, *named);
-    if (!path.has_extension()) path += u"." + std::u16string(dialog.defaultExtension);
+    // Any dot begins an extension, a first one too.
+    if (path.filename().u16string().find(u'.') == std::u16string::npos) {
+      path += u"." + std::u16string(dialog.defaultExtension);
+    }
     return path.u16string();
   });
 }
@@ -157,8 +169,9 @@ bool HeadlessToolkit::doubleClick(Control& control, std::optional<int> entry) {
 
 bool HeadlessToolkit::type(TextControl& box, std::u16string_view text) {
   forms::userSelected(box, {box.text().size(), 0});
-  for (const char16_t character : text) {
-    if (box.window().unloaded()) break;
+  while (!text.empty() && !box.window().unloaded()) {
+    const auto character = text::firstCharacter(text);
+    text.remove_prefix(character.size());
     typeCharacter(box, character);
   }
   return true;

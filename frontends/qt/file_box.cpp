@@ -1,6 +1,7 @@
 #include "file_box.h"
 
 #include <QDir>
+#include <QLineEdit>
 #include <QStringList>
 
 #include "text.h"
@@ -34,6 +35,10 @@ FileBox::FileBox(const forms::FileDialog& dialog, QFileDialog::AcceptMode mode, 
       if (toQt(filter.text) == text) setDefaultSuffix(extensionOf(filter));
     }
   });
+}
+
+void FileBox::accept() {
+  if (!findChild<QLineEdit*>()->text().isEmpty()) QFileDialog::accept();
 }
 
 std::optional<std::u16string> FileBox::choose() {

@@ -13,6 +13,10 @@ class FileBox : public QFileDialog {
 
   /// Lets the user choose; the full path, or nothing.
   std::optional<std::u16string> choose();
+
+ protected:
+  /// Qt would take a name that was cleared for that of a file called ".step".
+  void accept() override;
 };
 
 }  // namespace kvrnstep::qt

@@ -11,13 +11,18 @@ std::size_t unitsAt(std::u16string_view text, std::size_t place) {
   return text.substr(place, 2) == u"\r\n" ? 2 : 1;
 }
 
+/// The widget begins a new line at each of these.
+bool isBreak(char16_t unit) {
+  return unit == u'\r' || unit == u'\n' || QChar(unit) == QChar::ParagraphSeparator;
+}
+
 }  // namespace
 
 QString widgetLines(std::u16string_view text) {
   QString lines;
   lines.reserve(static_cast<qsizetype>(text.size()));
   for (std::size_t i = 0; i < text.size(); i += unitsAt(text, i)) {
-    lines += text[i] == u'\r' ? QChar(u'\n') : QChar(text[i]);
+    lines += isBreak(text[i]) ? QChar(u'\n') : QChar(text[i]);
   }
   return lines;
 }
@@ -30,6 +35,20 @@ std::u16string controlLines(const QString& text) {
     lines += unit.unicode();
   }
   return lines;
+}
+
+std::u16string withEdit(std::u16string_view text, const QString& edited) {
+  const QString before = widgetLines(text);
+  const auto atStart = std::ranges::mismatch(before, edited).in1 - before.begin();
+  const qsizetype most = std::min(before.size(), edited.size()) - atStart;
+  qsizetype atEnd = 0;
+  while (atEnd < most && before[before.size() - 1 - atEnd] == edited[edited.size() - 1 - atEnd]) {
+    ++atEnd;
+  }
+  std::u16string result(text.substr(0, controlPlace(text, static_cast<int>(atStart))));
+  result += controlLines(edited.mid(atStart, edited.size() - atStart - atEnd));
+  result += text.substr(controlPlace(text, static_cast<int>(before.size() - atEnd)));
+  return result;
 }
 
 int widgetPlace(std::u16string_view text, std::size_t place) {

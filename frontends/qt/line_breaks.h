@@ -9,10 +9,13 @@
 /// places in the text differ too.
 namespace kvrnstep::qt {
 
-/// CR LF, a lone CR and a lone LF all become LF.
+/// CR LF, a lone CR, a lone LF and a paragraph separator all become LF.
 QString widgetLines(std::u16string_view text);
 /// Every line break becomes CR LF.
 std::u16string controlLines(const QString& text);
+/// The control's text with what has been edited in the widget; line breaks elsewhere stay of their
+/// kind.
+std::u16string withEdit(std::u16string_view text, const QString& edited);
 
 /// The place in widgetLines(text) of a place in `text`, and back.
 int widgetPlace(std::u16string_view text, std::size_t place);

@@ -89,7 +89,7 @@ void TextEdit::select(forms::TextSelection selection) {
 
 void TextEdit::edited() {
   if (showing_ || showsText()) return;
-  std::u16string text = controlLines(lines());
+  std::u16string text = withEdit(box_.text(), lines());
   const QTextCursor cursor = textCursor();
   const std::size_t start = controlPlace(text, cursor.selectionStart());
   const std::size_t end = controlPlace(text, cursor.selectionEnd());

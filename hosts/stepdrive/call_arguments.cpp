@@ -26,6 +26,7 @@ struct Parameter {
 };
 
 constexpr auto kParameters = std::to_array<Parameter>({
+    {"theLwOutputString", Type::Text, false},
     {"iBuildStep", Type::Integer, false},
     {"BuMenuMode", Type::Boolean, false},
     {"bolIsSoundAvailable", Type::Boolean, false},
@@ -108,7 +109,7 @@ kvrnstep::VARIANT_BOOL CallArguments::truth(std::string_view name) const {
 }
 
 bool CallArguments::call(kvrnstep::_Listwright& listwright, std::u16string& list) const {
-  Bstr output(list);
+  Bstr output(text("theLwOutputString"));
   const Bstr alertSound(text("swavAlertQ"));
   const Bstr finishSound(text("swavFinishQ"));
   const Bstr stepFolder(text("sPthStepFolder"));

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "generator/numerals.h"
+#include "platform/letter_case.h"
 #include "text/numbers.h"
 #include "text/text.h"
 
@@ -17,9 +18,10 @@ constexpr std::u16string_view kNumberMacro = u"{STEP_#}";
 constexpr std::u16string_view kLettersMacro = u"{STEP_L}";
 constexpr std::u16string_view kRomanMacro = u"{STEP_R}";
 
-/// Labels have no letters but A to Z.
-constexpr char16_t smallLetter(char16_t c) {
-  return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c - u'A' + u'a') : c;
+/// Letters of steps beyond 99 leave the alphabet.
+char16_t smallLetter(char16_t c) {
+  if (c >= u'A' && c <= u'Z') return static_cast<char16_t>(c - u'A' + u'a');
+  return c < 0x80 ? c : platform::lowerCase(c);
 }
 
 /// The widest label up to a last step: the first row whose `upTo` is not passed gives the width.

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "stepfiles/step_record.h"
+#include "text/characters.h"
 #include "text/codepage.h"
 #include "text/numbers.h"
 #include "text/text.h"
@@ -23,8 +24,7 @@ std::u16string_view typeName(std::int16_t selection) {
 }
 
 bool endsInPair(std::u16string_view text) {
-  return text.size() > 1 && (text[text.size() - 2] & 0xFC00U) == 0xD800U &&
-         (text.back() & 0xFC00U) == 0xDC00U;
+  return text.size() > 1 && text::isSurrogatePair(text.substr(text.size() - 2));
 }
 
 void appendOption(std::u16string& name, const ListSettings& settings, generator::ListOption option,

@@ -10,8 +10,9 @@
 /// Step files: one list setup a file.
 namespace kvrnstep::stepfiles {
 
-/// A larger file is none of ours and is not read.
-inline constexpr std::size_t kLargestStepFile = std::size_t{1024} * 1024;
+/// A larger file is none of ours and is not read. The texts of a setup have no limit, but somebody
+/// has to have typed or pasted them.
+inline constexpr std::size_t kLargestStepFile = std::size_t{256} * 1024 * 1024;
 
 /// Marks the files of the step folder that hold a setup; letter case counts.
 inline constexpr std::u16string_view kStepExtension = u".step";

@@ -1,6 +1,7 @@
 #include "storage/settings_store.h"
 
 #include "platform/profile.h"
+#include "text/characters.h"
 #include "text/codepage.h"
 
 namespace kvrnstep::modSecns {
@@ -12,14 +13,10 @@ std::string argument(std::u16string_view text) {
   return text::toBytes(text.substr(0, text.find(u'\0')));
 }
 
-bool endsWithinPair(std::u16string_view text, std::size_t length) {
-  return length > 0 && length < text.size() && (text[length - 1] & 0xFC00U) == 0xD800U &&
-         (text[length] & 0xFC00U) == 0xDC00U;
-}
-
 std::u16string cut(std::u16string text) {
   if (text.size() <= kLongestValue) return text;
-  text.resize(endsWithinPair(text, kLongestValue) ? kLongestValue - 1 : kLongestValue);
+  const auto last = std::u16string_view(text).substr(kLongestValue - 1, 2);
+  text.resize(text::isSurrogatePair(last) ? kLongestValue - 1 : kLongestValue);
   return text;
 }
 

@@ -221,9 +221,10 @@ class Judge {
 };
 
 using Calls = std::set<std::string>;
-const Calls kByPath{"open", "opendir", "stat", "faccessat", "readlink", "rename"};
+const Calls kByPath{"open", "opendir", "faccessat", "readlink", "rename"};
 const Calls kNeedRoom{"open to write", "write", "mkdir"};
-const Calls kByFile{"close", "fchmod", "fchown", "fstat", "fstatat", "fsync", "read", "readdir"};
+const Calls kByFile{"close", "fchmod", "fchown",  "fstat", "fstatat",
+                    "fsync", "read",   "readdir", "stat"};
 /// Between two of these a killed process leaves the same files wherever it is killed.
 const Calls kChanging{"fchmod", "fchown", "fsync", "mkdir", "open to write", "rename", "write"};
 

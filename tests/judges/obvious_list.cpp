@@ -69,6 +69,16 @@ std::u16string affix(const ListSettings& settings, std::u16string text, int step
   return replaced(std::move(text), u"{STEP_R}", roman(step));
 }
 
+/// Of all letters that labels can have.
+char16_t smallLetter(char16_t c) {
+  constexpr std::u16string_view kCapitals = u"\u0152\u0160\u017D\u0178";
+  constexpr std::u16string_view kSmall = u"\u0153\u0161\u017E\u00FF";
+  const auto at = kCapitals.find(c);
+  if (at != std::u16string_view::npos) return kSmall[at];
+  const bool latin = c >= 0xC0 && c <= 0xDE && c != 0xD7;
+  return (c >= u'A' && c <= u'Z') || latin ? static_cast<char16_t>(c + 32) : c;
+}
+
 std::u16string bareLabel(const ListSettings& settings, int step) {
   switch (settings.Selection) {
     case 0:
@@ -99,9 +109,7 @@ std::u16string label(const ListSettings& settings, int step, std::size_t width) 
     if (settings.Option[6] == 1) text += ordinal(step);
     return text;
   }
-  for (char16_t& c : text) {
-    if (settings.Option[1] != 1 && c >= u'A' && c <= u'Z') c = static_cast<char16_t>(c + 32);
-  }
+  if (settings.Option[1] != 1) std::ranges::transform(text, text.begin(), smallLetter);
   return text;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/letter_case.h"
 #include "text/codepage.h"
 
 namespace kvrnstep::judges {
@@ -15,8 +16,13 @@ std::string lower(std::string text) {
   return text;
 }
 
+/// Sections may have been written on another system; their letters count, not their bytes.
 bool isSame(const std::string& name, const std::string& section) {
-  return lower(name) == lower(section) || text::fromBytes(name) == text::fromBytes(section);
+  if (lower(name) == lower(section)) return true;
+  const auto ascii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+  if (std::ranges::all_of(name, ascii) || std::ranges::all_of(section, ascii)) return false;
+  return std::ranges::equal(text::fromBytes(name), text::fromBytes(section), {},
+                            platform::lowerCase, platform::lowerCase);
 }
 
 std::string trimmed(std::string text) {

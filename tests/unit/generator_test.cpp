@@ -105,6 +105,9 @@ TEST(Generator, HoldsBeyondWhatTheDialogLetsIn) {
   settings = {.Selection = Alphabetical, .Option = {0, 0, 0, 0, 1}, .Start = 104, .Count = 105};
   EXPECT_EQ(generateList(settings, 4), u"zzzz\r\n[[[[") << "no padding above 99";
 
+  settings = {.Selection = Alphabetical, .Start = 152, .Count = 269};
+  EXPECT_EQ(generateList(settings, 4), judges::obviousList(settings, 4));
+
   settings = {.Start = -1, .Count = 1};
   EXPECT_EQ(generateList(settings, 4), u"-1\r\n \r\n1");
 

@@ -61,7 +61,7 @@ TEST(ProfileValue, FindsKeys) {
   }
   EXPECT_EQ(profileValue("[a]b]\nKey=v", "a]b", " Key\t"), "v");
   EXPECT_EQ(profileValue("[]\n=v", "", ""), "v");
-  EXPECT_EQ(profileValue("[Gr\xF6\xDF\x65]\nKey=v", "Größe", "Key"), "v") << "of another system";
+  EXPECT_EQ(profileValue("[GR\xD6\xDF\x45]\nKey=v", "Größe", "Key"), "v") << "of another system";
   EXPECT_EQ(profileValue("[Sec]\n;Key=v", "Sec", ";Key"), std::nullopt);
 }
 

@@ -25,13 +25,17 @@ void closeWith(QAbstractButton& button) {
   button.click();
 }
 
+void replaceText(QLineEdit& line, std::u16string_view text) {
+  line.setFocus();
+  line.selectAll();
+  if (text.empty()) pressKey(*line.window(), Qt::Key_Delete);
+  typeText(*line.window(), text, [] { return true; });
+}
+
 void answerQuestion(QuestionBox& box, const std::optional<std::u16string>& answer) {
   waitForUser(box);
   if (!answer) return closeWith(box.cancelButton());
-  box.line().setFocus();
-  box.line().selectAll();
-  if (answer->empty()) pressKey(box, Qt::Key_Delete);
-  for (const char16_t character : *answer) pressCharacter(box, character);
+  replaceText(box.line(), *answer);
   closeWith(box.okButton());
 }
 
@@ -56,9 +60,7 @@ void answerFileBox(FileBox& box, const std::optional<std::u16string>& answer) {
   auto& line = *box.findChild<QLineEdit*>();
   // Its proposals would lie over the button.
   line.setCompleter(nullptr);
-  line.setFocus();
-  line.selectAll();
-  for (const char16_t character : *answer) pressCharacter(box, character);
+  replaceText(line, *answer);
   answerComplaints(box);
   const bool saves = box.acceptMode() == QFileDialog::AcceptSave;
   click(*buttons.button(saves ? QDialogButtonBox::Save : QDialogButtonBox::Open));

@@ -108,10 +108,7 @@ bool clickControl(WindowView& view, forms::Control& control, MouseButton button,
 
 bool typeText(WindowView& view, forms::TextControl& box, std::u16string_view text) {
   if (!enterBox(view, box, {box.text().size(), 0})) return false;
-  for (const char16_t character : text) {
-    if (!view.open()) break;
-    pressCharacter(view.topLevel(), character);
-  }
+  typeText(view.topLevel(), text, [&] { return view.open(); });
   return true;
 }
 

@@ -4,6 +4,8 @@
 #include <QTest>
 #include <QWindow>
 
+#include "text/characters.h"
+
 namespace kvrnstep::qt {
 
 namespace {
@@ -44,6 +46,17 @@ Qt::Key keyOfControlCharacter(char16_t character) {
 
 bool typedWithControl(char16_t character) {
   return character < u' ' && keyOf(character) == static_cast<Qt::Key>(character);
+}
+
+/// The key that types this character.
+void pressCharacter(QWidget& window, std::u16string_view character) {
+  const bool control = typedWithControl(character[0]);
+  QTest::sendKeyEvent(
+      QTest::Click, window.windowHandle(),
+      control ? keyOfControlCharacter(character[0]) : keyOf(character[0]),
+      QString::fromUtf16(character.data(), static_cast<qsizetype>(character.size())),
+      control ? Qt::ControlModifier : Qt::NoModifier);
+  settle();
 }
 
 }  // namespace
@@ -104,12 +117,12 @@ void pressKey(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers) {
   settle();
 }
 
-void pressCharacter(QWidget& window, char16_t character) {
-  const bool control = typedWithControl(character);
-  QTest::sendKeyEvent(QTest::Click, window.windowHandle(),
-                      control ? keyOfControlCharacter(character) : keyOf(character),
-                      QString(QChar(character)), control ? Qt::ControlModifier : Qt::NoModifier);
-  settle();
+void typeText(QWidget& window, std::u16string_view text, const std::function<bool()>& more) {
+  while (!text.empty() && more()) {
+    const auto character = text::firstCharacter(text);
+    text.remove_prefix(character.size());
+    pressCharacter(window, character);
+  }
 }
 
 }  // namespace kvrnstep::qt

@@ -3,6 +3,8 @@
 #include <QPoint>
 #include <QString>
 #include <QWidget>
+#include <functional>
+#include <string_view>
 
 /// What comes from a mouse and a keyboard, handed to Qt as the window system does: the window
 /// finds the widget, modal windows block, shortcuts are looked up.
@@ -30,7 +32,7 @@ bool dragAndDrop(QWidget& source, QWidget& target);
 
 /// A key in the window that has the keyboard.
 void pressKey(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-/// The key that types this character.
-void pressCharacter(QWidget& window, char16_t character);
+/// The keys that type this text, as long as somebody wants more.
+void typeText(QWidget& window, std::u16string_view text, const std::function<bool()>& more);
 
 }  // namespace kvrnstep::qt

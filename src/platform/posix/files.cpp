@@ -35,7 +35,7 @@ bool createEmptyFile(const std::u16string& path) {
 }
 
 bool pathExists(const std::u16string& path) {
-  constexpr std::array kNothingThere{ENOENT, ENOTDIR, ELOOP, ENAMETOOLONG};
+  constexpr std::array kNothingThere{ENOENT, ENOTDIR, ELOOP, ENAMETOOLONG, EACCES};
   struct stat state {};
   return ::stat(nativePath(path).c_str(), &state) == 0 ||
          std::ranges::find(kNothingThere, errno) == kNothingThere.end();

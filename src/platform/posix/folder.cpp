@@ -7,6 +7,7 @@
 
 #include "platform/files.h"
 #include "platform/posix/native_path.h"
+#include "platform/posix/writable_file.h"
 #include "text/codepage.h"
 
 namespace kvrnstep::platform {
@@ -33,13 +34,20 @@ std::vector<std::u16string> filesIn(const std::u16string& folder) {
   const std::unique_ptr<DIR, CloseFolder> opened(::opendir(nativePath(folder).c_str()));
   if (!opened) return names;
   while (const dirent* entry = ::readdir(opened.get())) {
-    if (isFile(*opened, *entry)) names.push_back(text::fromBytes(&entry->d_name[0]));
+    if (!isFile(*opened, *entry)) continue;
+    auto name = text::fromBytes(&entry->d_name[0]);
+    // A name in another encoding could not be found again by its characters.
+    if (nativePath(name) == &entry->d_name[0]) names.push_back(std::move(name));
   }
   return names;
 }
 
 bool deleteFile(const std::u16string& path) {
-  return ::unlink(nativePath(path).c_str()) == 0;
+  const std::string native = nativePath(path);
+  struct stat state {};
+  // A link that leads nowhere may go.
+  if (::stat(native.c_str(), &state) == 0 && !isWritableFile(native, state)) return false;
+  return ::unlink(native.c_str()) == 0;
 }
 
 }  // namespace kvrnstep::platform

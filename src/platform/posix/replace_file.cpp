@@ -11,6 +11,7 @@
 #include "platform/posix/descriptor.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/read_file.h"
+#include "platform/posix/writable_file.h"
 
 namespace kvrnstep::platform {
 
@@ -57,12 +58,8 @@ std::optional<Target> targetOf(const std::string& path) {
   return Target{std::move(*real), std::nullopt};
 }
 
-/// The permission bits are looked at besides, because the system lets the superuser pass them.
 bool mayBeWritten(const Target& target) {
-  if (!target.state) return true;
-  const mode_t mode = target.state->st_mode;
-  return S_ISREG(mode) && (mode & (S_IWUSR | S_IWGRP | S_IWOTH)) != 0 &&
-         ::faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) == 0;
+  return !target.state || isWritableFile(target.path, *target.state);
 }
 
 bool holds(const Target& target, std::string_view bytes) {

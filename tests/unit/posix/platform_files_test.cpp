@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <csignal>
 
@@ -95,6 +96,24 @@ TEST(Files, CreatesEmptyFilesAndKeepsWhatIsThere) {
   EXPECT_FALSE(createEmptyFile(folder("")));
   EXPECT_EQ(folder.get("file"), "kept");
   EXPECT_EQ(folder.names(), (Names{"behind", "dangling", "file", "new"}));
+}
+
+TEST(Files, ListsAndDeletesWhatCanBeNamedAndWritten) {
+  const tests::TemporaryFolder folder;
+  for (const char* name : {"file", "kept", "\xC3\xA9"}) folder.put(name, "");
+  const int other = ::creat(folder.native("\xE9").c_str(), 0600);
+  ASSERT_GE(other, 0);
+  ::close(other);
+  folder.setMode("kept", 0444);
+  ASSERT_TRUE(createFolder(folder("folder")));
+  ASSERT_EQ(::symlink("nowhere", folder.native("dangling").c_str()), 0);
+  auto names = filesIn(folder(""));
+  std::ranges::sort(names);
+  EXPECT_EQ(names, (std::vector<std::u16string>{u"file", u"kept", u"é"}));
+  for (const char* name : {"kept", "folder", "missing"}) EXPECT_FALSE(deleteFile(folder(name)));
+  for (const char* name : {"file", "\xC3\xA9", "dangling"}) EXPECT_TRUE(deleteFile(folder(name)));
+  EXPECT_EQ(::access(folder.native("\xE9").c_str(), F_OK), 0);
+  EXPECT_EQ(::access(folder.native("kept").c_str(), F_OK), 0);
 }
 
 TEST_F(ReplaceFile, CreatesAndReplaces) {
