@@ -129,12 +129,12 @@ void ActiveLabel::paintPicture(QPainter& painter) {
 }
 
 // A plain label would begin to edit its text.
-void ActiveLabel::focusInEvent(QFocusEvent* event) {
-  QWidget::focusInEvent(event);
+void ActiveLabel::focusInEvent(QFocusEvent* /*event*/) {
+  update();
 }
 
-void ActiveLabel::focusOutEvent(QFocusEvent* event) {
-  QWidget::focusOutEvent(event);
+void ActiveLabel::focusOutEvent(QFocusEvent* /*event*/) {
+  update();
 }
 
 }  // namespace kvrnstep::qt
