@@ -48,7 +48,7 @@ check 2 '' '0 to 9' --list --end 3 --line-spacing 10
 check 2 '' '0 to 255' --list --end 3 --indent -1
 check 2 '' '1..99' --list --end
 check 2 '' 'numbered, alphabetical, roman and prefix-suffix' --list --end 3 --type Roman
-check 2 '' '--bogus' --bogus
+check 2 '' '--bogus; --help' --bogus
 check 2 '' '--prefix needs --list or --save' --prefix x
 check 2 '' 'libkvrnstep' --plugin /nowhere/libkvrnstep.so --list --end 3
 
@@ -58,10 +58,10 @@ check 0 'a "b"\na)\nb)\nc)' '' abc.step
 printf '0,"","","",".",0,0,2,0,0,1,0,0,0,0\n' >two.step
 echo 'Dear reader, 1, 2, 3' >file.step
 check 0 '  1.\n  2.\n  1.\n  2.' '' --indent 2 two.step two.step
-check 2 '' 'cannot read missing.step' missing.step
+check 2 '' 'cannot read missing.step: No such file' missing.step
 check 2 '' 'no step file: file.step' file.step
 check 2 'a "b"\na)\nb)\nc)' 'cannot read missing.step' missing.step abc.step
-check 2 '' 'cannot write no/abc.step' --save no/abc.step --end 3
+check 2 '' 'cannot write no/abc.step: there is no such folder' --save no/abc.step --end 3
 check 2 '' 'ends in .step' --save abc.txt --end 3
 check 2 '' '--save needs --end' --save abc.step
 check 2 '' 'FILE goes without' --list --end 3 abc.step

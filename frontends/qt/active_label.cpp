@@ -4,7 +4,6 @@
 #include <QPainter>
 #include <QShortcutEvent>
 #include <QStyle>
-#include <QStyleOptionFocusRect>
 
 #include "qt_colors.h"
 
@@ -52,6 +51,15 @@ QAccessibleInterface* describe(const QString& className, QObject* object) {
   return label == nullptr || !label->canBeActivated() ? nullptr : new PressableLabel(*label);
 }
 
+/// A frame inside the rectangle.
+void paintFrame(QPainter& painter, const QRect& rect, const QPen& pen, const QBrush& ground) {
+  constexpr double kRound = 2;
+  const double half = pen.widthF() / 2;
+  painter.setPen(pen);
+  painter.setBrush(ground);
+  painter.drawRoundedRect(QRectF(rect).adjusted(half, half, -half, -half), kRound, kRound);
+}
+
 }  // namespace
 
 void announceActiveLabels() {
@@ -91,11 +99,25 @@ void ActiveLabel::paintEvent(QPaintEvent* event) {
     style()->drawItemText(&painter, rect(), flags, palette(), isEnabled(), text(),
                           QPalette::WindowText);
   }
-  if (!hasFocus()) return;
-  QStyleOptionFocusRect option;
-  option.initFrom(this);
-  option.backgroundColor = palette().color(QPalette::Window);
-  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+  if (hasFocus()) paintFocus(painter);
+}
+
+void ActiveLabel::paintFocus(QPainter& painter) const {
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (text().isEmpty()) {
+    paintFrame(painter, rect(), QPen(palette().color(QPalette::WindowText), 2), Qt::NoBrush);
+    paintFrame(painter, rect().adjusted(2, 2, -2, -2), palette().color(QPalette::Base),
+               Qt::NoBrush);
+    return;
+  }
+  constexpr int kGap = 2;
+  constexpr float kFaint = 0.25F;
+  const QRect words = style()->itemTextRect(fontMetrics(), rect(), static_cast<int>(alignment()),
+                                            true, text().remove(u'&'));
+  const QColor line = palette().color(QPalette::Highlight);
+  QColor ground = line;
+  ground.setAlphaF(kFaint);
+  paintFrame(painter, words.adjusted(-kGap, 0, kGap, 0) & rect(), line, ground);
 }
 
 /// The pictures are drawn for light windows: there a grey one steps back by itself.
@@ -107,12 +129,12 @@ void ActiveLabel::paintPicture(QPainter& painter) {
 }
 
 // A plain label would begin to edit its text.
-void ActiveLabel::focusInEvent(QFocusEvent* event) {
-  QWidget::focusInEvent(event);
+void ActiveLabel::focusInEvent(QFocusEvent* /*event*/) {
+  update();
 }
 
-void ActiveLabel::focusOutEvent(QFocusEvent* event) {
-  QWidget::focusOutEvent(event);
+void ActiveLabel::focusOutEvent(QFocusEvent* /*event*/) {
+  update();
 }
 
 }  // namespace kvrnstep::qt

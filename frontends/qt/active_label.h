@@ -30,6 +30,7 @@ class ActiveLabel : public MouseReleases<QLabel> {
 
  private:
   void paintPicture(QPainter& painter);
+  void paintFocus(QPainter& painter) const;
 
   std::function<void()> action_;
   QAccessible::Role role_ = QAccessible::StaticText;

@@ -18,7 +18,7 @@ namespace kvrnstep::qt {
 namespace {
 
 constexpr const char* kNoDisplay =
-    "no display: neither DISPLAY nor WAYLAND_DISPLAY names one that answers";
+    "no display for the dialog: neither DISPLAY nor WAYLAND_DISPLAY names one that answers";
 
 using Connection = std::shared_ptr<xcb_connection_t>;
 

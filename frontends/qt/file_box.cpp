@@ -1,9 +1,12 @@
 #include "file_box.h"
 
+#include <QAbstractButton>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QLineEdit>
 #include <QStringList>
 
+#include "qt_fonts.h"
 #include "text.h"
 
 namespace kvrnstep::qt {
@@ -21,8 +24,10 @@ FileBox::FileBox(const forms::FileDialog& dialog, QFileDialog::AcceptMode mode, 
     : QFileDialog(owner, toQt(dialog.title), toQt(dialog.folder)) {
   setOption(QFileDialog::DontUseNativeDialog);
   setAttribute(Qt::WA_QuitOnClose, false);
+  setFont(captionFont());
   setAcceptMode(mode);
   setFileMode(mode == AcceptOpen ? ExistingFile : AnyFile);
+  for (QAbstractButton* button : findChild<QDialogButtonBox*>()->buttons()) button->setIcon({});
   QStringList filters;
   for (const forms::FileFilter& filter : dialog.filters) filters << toQt(filter.text);
   setNameFilters(filters);

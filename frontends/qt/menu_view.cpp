@@ -6,6 +6,7 @@
 
 #include "forms/keyboard.h"
 #include "forms/user_actions.h"
+#include "qt_colors.h"
 #include "qt_fonts.h"
 #include "text.h"
 #include "window_view.h"
@@ -21,6 +22,12 @@ bool holdsEntries(const forms::Control& menu) {
                              [&](const auto& control) { return control->container() == &menu; });
 }
 
+/// A dark menu on a dark list would have no edge.
+QPalette menuPalette(QPalette palette) {
+  if (isDark(palette)) palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+  return palette;
+}
+
 }  // namespace
 
 MenuView::MenuView(WindowView& window, forms::MenuEntry& entry, MenuView* parent)
@@ -29,6 +36,7 @@ MenuView::MenuView(WindowView& window, forms::MenuEntry& entry, MenuView* parent
     menu_ = new QMenu(&window.topLevel());
     menu_->setFont(captionFont());
     menu_->setAccessibleName(toQt(forms::accessibleName(entry)));
+    menu_->setPalette(menuPalette(menu_->palette()));
     action_ = menu_->menuAction();
   } else {
     action_ = new QAction(parent->menu());

@@ -77,8 +77,8 @@ std::optional<forms::PropertyValue> LabelView::shown(Property property) const {
   return label_->text() == drawn_ ? control().caption() : fromQt(label_->text());
 }
 
-ImageView::ImageView(WindowView& window, forms::Control& image) : ControlView(window, image) {
-  label_ = new ActiveLabel(window.parentFor(image));
+ImageView::ImageView(WindowView& window, forms::Control& image)
+    : ControlView(window, image), label_(new ActiveLabel(window.parentFor(image))) {
   connectUser(*label_, image);
   adopt(label_);
 }

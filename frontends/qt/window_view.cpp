@@ -36,14 +36,17 @@ constexpr int kMenuBarHeight = static_cast<int>(Chrome::kMenuBar / kTwipsPerPixe
 }  // namespace
 
 WindowView::WindowView(forms::Window& window, QWidget* owner)
-    : window_(window), topLevel_(owner), commandKeys_(*this), ground_(new QWidget(&topLevel_)) {
+    : window_(window),
+      topLevel_(owner),
+      commandKeys_(*this),
+      ground_(new QWidget(&topLevel_)),
+      focus_(forms::firstFocus(window)) {
   topLevel_.setFont(captionFont());
   topLevel_.setWindowIcon(windowIcon());
   build();
   useCompactStyle(topLevel_);
   changes_.addAll();
   for (const auto& view : views_) view->markAll();
-  focus_ = forms::firstFocus(window_);
   update();
 
   topLevel_.onMoved = [this] { reportMove(); };

@@ -49,6 +49,25 @@ kvrnstep::ListArguments listArguments(const Options& options) {
   };
 }
 
+std::filesystem::path pathOf(const std::string& file) {
+  return {hosts::fromUtf8(file)};
+}
+
+/// Why a step file that could not be read cannot be.
+std::string whyUnreadable(const std::string& name) {
+  std::error_code error;
+  const bool file = std::filesystem::is_regular_file(pathOf(name), error);
+  if (error) return error.message();
+  return file ? "no permission, or too large for a step file" : "it is no file";
+}
+
+std::string whyUnwritable(const std::string& file) {
+  const std::filesystem::path folder = std::filesystem::absolute(pathOf(file)).parent_path();
+  std::error_code error;
+  return std::filesystem::is_directory(folder, error) ? "no permission, or no room"
+                                                      : "there is no such folder";
+}
+
 ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options) {
   makeWritableFolder(options.stepFolder);
   const std::filesystem::path settings(hosts::fromUtf8(options.settingsFile));
@@ -72,7 +91,7 @@ ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options
 
 ExitStatus save(const kvrnstep::Listwright& plugin, const Options& options) {
   if (plugin.saveStepFile(options.save, listArguments(options)) != KVRNSTEP_DONE) {
-    throw std::runtime_error("cannot write " + options.save);
+    throw std::runtime_error("cannot write " + options.save + ": " + whyUnwritable(options.save));
   }
   return Printed;
 }
@@ -85,9 +104,10 @@ ExitStatus printFiles(const kvrnstep::Listwright& plugin, const Options& options
     std::string list;
     const int result = plugin.generateFromStepFile(file, options.indent, list);
     if (result != KVRNSTEP_DONE) {
-      const bool foreign = result == KVRNSTEP_FOREIGN;
-      std::fprintf(stderr, "listwright: %s %s\n", foreign ? "no step file:" : "cannot read",
-                   file.c_str());
+      const std::string problem = result == KVRNSTEP_FOREIGN
+                                      ? "no step file: " + file
+                                      : "cannot read " + file + ": " + whyUnreadable(file);
+      std::fprintf(stderr, "listwright: %s\n", problem.c_str());
       status = Failed;
       continue;
     }

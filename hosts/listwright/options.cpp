@@ -62,6 +62,8 @@ class CommandLine {
     } catch (const CLI::CallForHelp& help) {
       app_.exit(help);
       return false;
+    } catch (const CLI::ExtrasError& error) {
+      throw std::runtime_error(std::string(error.what()) + "; --help lists the options");
     }
     check();
     return true;
