@@ -1,70 +1,216 @@
-// From the call to the first paint and back: the dialog, against a bare one with as many widgets.
+// From the call to the first paint of the dialog, against bare dialogs: one with as many check
+// boxes as the dialog has widgets, and one with widgets of the same kinds in the same places.
 
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QToolButton>
 
 #include "kvrnstep/listwright.hpp"
 
 namespace {
 
-int widgetsOf(const QWidget& window) {
-  return static_cast<int>(window.findChildren<QWidget*>().size());
-}
-
-/// Closes the window that is open as soon as it has been painted.
-class Closer : public QObject {
+/// Closes the window that opens as soon as it has been painted, and tells how long that took.
+class Opening : public QObject {
  public:
-  Closer() { qApp->installEventFilter(this); }
+  Opening() { qApp->installEventFilter(this); }
 
-  int widgets = 0;
+  /// Seconds from the call to the first paint.
+  template <class Open>
+  double measure(Open open) {
+    painted_ = false;
+    timer_.start();
+    open();
+    return static_cast<double>(nanoseconds_) / 1e9;
+  }
+
+  std::function<void(QWidget&)> look = [](QWidget&) {};
 
   bool eventFilter(QObject* watched, QEvent* event) override {
     auto* widget = qobject_cast<QWidget*>(watched);
-    if (event->type() == QEvent::Paint && widget != nullptr && widget->isWindow()) {
+    if (event->type() == QEvent::Paint && widget != nullptr && widget->isWindow() && !painted_) {
+      painted_ = true;
       QTimer::singleShot(0, widget, [this, widget] {
-        widgets = widgetsOf(*widget);
+        nanoseconds_ = timer_.nsecsElapsed();
+        look(*widget);
         widget->close();
       });
     }
     return QObject::eventFilter(watched, event);
   }
+
+ private:
+  QElapsedTimer timer_;
+  qint64 nanoseconds_ = 0;
+  bool painted_ = false;
 };
 
-int dialogWidgets = 0;
+/// The dialog of the plug-in, opened again and again.
+class Dialog {
+ public:
+  void open() const {
+    std::string list;
+    plugin_.ShowListwrightDialog(list, {.sPthStepFolder = steps_,
+                                        .SEC_APP_NAME = "Listwright",
+                                        .s_IniPathAndName = steps_ + "/steps.ini"});
+  }
 
-void openDialog(benchmark::State& state) {
-  const auto plugin = kvrnstep::Listwright::load(PLUGIN_LIBRARY);
-  const QTemporaryDir folder;
-  const std::string steps = folder.path().toStdString();
-  const std::string settings = steps + "/steps.ini";
-  Closer closer;
-  const kvrnstep::DialogArguments arguments{
-      .sPthStepFolder = steps, .SEC_APP_NAME = "Listwright", .s_IniPathAndName = settings};
-  std::string list;
-  plugin.ShowListwrightDialog(list, arguments);  // the first one loads the front end
-  for (auto _ : state) plugin.ShowListwrightDialog(list, arguments);
-  dialogWidgets = closer.widgets;
+ private:
+  const kvrnstep::Listwright plugin_ = kvrnstep::Listwright::load(PLUGIN_LIBRARY);
+  const QTemporaryDir folder_;
+  const std::string steps_ = folder_.path().toStdString();
+};
+
+/// A widget of a bare dialog.
+struct Part {
+  using Maker = QWidget* (*)(QWidget* parent);
+
+  Maker make = nullptr;
+  QRect place;
+  bool hidden = false;
+  QString caption;
+  std::vector<Part> within;
+};
+
+/// Kinds whose own parts come with them.
+Part::Maker wholeKind(const QWidget& widget) {
+  if (widget.inherits("QComboBox")) {
+    return [](QWidget* parent) -> QWidget* {
+      auto* box = new QComboBox(parent);
+      box->setEditable(true);
+      return box;
+    };
+  }
+  if (widget.inherits("QPlainTextEdit")) {
+    return [](QWidget* parent) -> QWidget* { return new QPlainTextEdit(parent); };
+  }
+  if (widget.inherits("QListView")) {
+    return [](QWidget* parent) -> QWidget* { return new QListView(parent); };
+  }
+  if (widget.inherits("QLineEdit")) {
+    return [](QWidget* parent) -> QWidget* { return new QLineEdit(parent); };
+  }
+  return nullptr;
 }
-BENCHMARK(openDialog)->Unit(benchmark::kMillisecond);
 
-void openBareDialog(benchmark::State& state) {
-  const Closer closer;
-  for (auto _ : state) {
-    QDialog dialog;
-    for (int i = 0; i < dialogWidgets; ++i) {
-      auto* box = new QCheckBox("A caption", &dialog);
-      box->setGeometry(i % 4 * 66, i / 4 * 18, 64, 17);
-    }
-    dialog.setFixedSize(272, 321);
-    dialog.exec();
+Part::Maker makerOf(const QWidget& widget) {
+  if (const auto whole = wholeKind(widget)) return whole;
+  if (widget.inherits("QCheckBox")) {
+    return [](QWidget* parent) -> QWidget* { return new QCheckBox(parent); };
+  }
+  if (widget.inherits("QRadioButton")) {
+    return [](QWidget* parent) -> QWidget* { return new QRadioButton(parent); };
+  }
+  if (widget.inherits("QPushButton")) {
+    return [](QWidget* parent) -> QWidget* { return new QPushButton(parent); };
+  }
+  if (widget.inherits("QToolButton")) {
+    return [](QWidget* parent) -> QWidget* { return new QToolButton(parent); };
+  }
+  if (widget.inherits("QLabel")) {
+    return [](QWidget* parent) -> QWidget* { return new QLabel(parent); };
+  }
+  return [](QWidget* parent) { return new QWidget(parent); };
+}
+
+std::vector<Part> partsOf(const QWidget& widget) {
+  std::vector<Part> parts;
+  for (const QWidget* child : widget.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    if (child->isWindow() || child->inherits("QMenuBar")) continue;
+    parts.push_back({makerOf(*child),
+                     child->geometry(),
+                     child->isHidden(),
+                     child->property("text").toString(),
+                     {}});
+    if (wholeKind(*child) == nullptr) parts.back().within = partsOf(*child);
+  }
+  return parts;
+}
+
+/// What the dialog consists of.
+struct Design {
+  QSize size;
+  int widgets = 0;
+  int menus = 0;
+  std::vector<Part> parts;
+};
+
+const Design& design() {
+  static const Design kDesign = [] {
+    Design found;
+    Opening opening;
+    opening.look = [&](QWidget& window) {
+      found = {window.size(), static_cast<int>(window.findChildren<QWidget*>().size()),
+               static_cast<int>(window.findChildren<QMenu*>().size()), partsOf(window)};
+    };
+    const Dialog dialog;
+    opening.measure([&] { dialog.open(); });
+    return found;
+  }();
+  return kDesign;
+}
+
+void fill(QWidget& parent, const std::vector<Part>& parts) {
+  for (const Part& part : parts) {
+    QWidget* widget = part.make(&parent);
+    widget->setGeometry(part.place);
+    if (!part.caption.isEmpty()) widget->setProperty("text", part.caption);
+    if (part.hidden) widget->hide();
+    fill(*widget, part.within);
   }
 }
-BENCHMARK(openBareDialog)->Unit(benchmark::kMillisecond);
+
+void openDialog(benchmark::State& state) {
+  design();  // the first call loads the front end
+  const Dialog dialog;
+  Opening opening;
+  for (auto _ : state) state.SetIterationTime(opening.measure([&] { dialog.open(); }));
+}
+BENCHMARK(openDialog)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(50);
+
+void openBareDialog(benchmark::State& state) {
+  Opening opening;
+  for (auto _ : state) {
+    state.SetIterationTime(opening.measure([] {
+      QDialog dialog;
+      for (int i = 0; i < design().widgets; ++i) {
+        auto* box = new QCheckBox("A caption", &dialog);
+        box->setGeometry(i % 4 * 66, i / 4 * 18, 64, 17);
+      }
+      dialog.setFixedSize(design().size);
+      dialog.exec();
+    }));
+  }
+}
+BENCHMARK(openBareDialog)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(50);
+
+void openDialogOfSameKinds(benchmark::State& state) {
+  Opening opening;
+  for (auto _ : state) {
+    state.SetIterationTime(opening.measure([] {
+      QDialog dialog;
+      auto* bar = new QMenuBar(&dialog);
+      for (int i = 0; i < design().menus; ++i) bar->addMenu("Menu");
+      fill(dialog, design().parts);
+      dialog.setFixedSize(design().size);
+      dialog.exec();
+    }));
+  }
+}
+BENCHMARK(openDialogOfSameKinds)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(50);
 
 }  // namespace
 

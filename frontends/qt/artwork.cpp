@@ -68,8 +68,14 @@ QIcon pictureIcon(forms::Picture picture) {
 QCursor cursorOf(int resourceId, double pixelRatio) {
   const auto* found = std::ranges::find(kCursors, resourceId, &CursorFile::resourceId);
   if (found == kCursors.end()) return {};
-  const QPixmap drawn = iconFrom(found->file).pixmap(kCursorSize, pixelRatio);
-  return QCursor(drawn, found->hotSpot.x(), found->hotSpot.y());
+  static QHash<QPair<int, double>, QCursor> made;
+  auto known = made.find({resourceId, pixelRatio});
+  if (known == made.end()) {
+    const QPixmap drawn = iconFrom(found->file).pixmap(kCursorSize, pixelRatio);
+    known = made.insert({resourceId, pixelRatio},
+                        QCursor(drawn, found->hotSpot.x(), found->hotSpot.y()));
+  }
+  return *known;
 }
 
 void applyCursor(QWidget& widget, int resourceId) {

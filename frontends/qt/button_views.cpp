@@ -69,7 +69,7 @@ void ButtonView::apply(const Changes& changes) {
   const QString caption = toQt(forms::drawnCaption(control()));
   if (button_->text() != caption) button_->setText(caption);
   const QFont font = fitted(captionFont(), withoutMnemonic(control().caption()), captionWidth());
-  if (button_->font() != font) button_->setFont(font);
+  useFont(*button_, font);
 }
 
 std::optional<forms::PropertyValue> ButtonView::shown(Property property) const {

@@ -34,9 +34,8 @@ ComboView::ComboView(WindowView& window, forms::ComboBox& combo)
       entries_(new EntriesModel(box_)),
       edit_(new LineEdit(combo, box_)) {
   adopt(box_);
-  box_->setFont(captionFont());
+  useFont(*box_, captionFont());
   box_->setModel(entries_);
-  box_->setEditable(true);
   box_->setLineEdit(edit_);
   box_->setInsertPolicy(QComboBox::NoInsert);
   box_->setCompleter(nullptr);

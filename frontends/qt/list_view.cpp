@@ -26,7 +26,7 @@ ListView::ListView(WindowView& window, forms::ListBox& list)
       entries_(new EntriesModel(widget_)) {
   adopt(widget_);
   widget_->setModel(entries_);
-  widget_->setFont(captionFont());
+  useFont(*widget_, captionFont());
   widget_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   widget_->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
   widget_->setUniformItemSizes(true);

@@ -34,7 +34,7 @@ MenuView::MenuView(WindowView& window, forms::MenuEntry& entry, MenuView* parent
     : ControlView(window, entry), parent_(parent) {
   if (parent == nullptr || holdsEntries(entry)) {
     menu_ = new QMenu(&window.topLevel());
-    menu_->setFont(captionFont());
+    useFont(*menu_, captionFont());
     menu_->setAccessibleName(toQt(forms::accessibleName(entry)));
     menu_->setPalette(menuPalette(menu_->palette()));
     action_ = menu_->menuAction();

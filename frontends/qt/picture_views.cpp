@@ -69,7 +69,7 @@ void LabelView::apply(const Changes& changes) {
   label_->showText(drawn_);
   QFont font = fitted(captionFont(), plain, label_->width());
   font.setUnderline(control().row().clickable);
-  label_->setFont(font);
+  useFont(*label_, font);
 }
 
 std::optional<forms::PropertyValue> LabelView::shown(Property property) const {

@@ -87,6 +87,10 @@ QFont boxFont(std::u16string_view name, float points) {
   return font;
 }
 
+void useFont(QWidget& widget, const QFont& font) {
+  if (widget.font() != font) widget.setFont(font);
+}
+
 QFont fitted(QFont font, const QString& text, int width) {
   constexpr int kNarrowest = 70;
   constexpr int kSqueeze = 3;

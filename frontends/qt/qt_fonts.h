@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QString>
+#include <QWidget>
 #include <string_view>
 
 namespace kvrnstep::qt {
@@ -12,6 +13,9 @@ QFont captionFont();
 /// The font of a text box: the named one, or a close relative where it is not installed. Without
 /// a name it is the caption font; 0 points is the height of captions.
 QFont boxFont(std::u16string_view name, float points);
+
+/// Gives a widget a font unless it has inherited that one.
+void useFont(QWidget& widget, const QFont& font);
 
 /// The font in which the text is no wider than `width` pixels: squeezed first, then smaller.
 QFont fitted(QFont font, const QString& text, int width);

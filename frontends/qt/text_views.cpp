@@ -13,7 +13,7 @@ using forms::PropertyValue;
 void TextBoxView::apply(const Changes& changes) {
   ControlView::apply(changes);
   if (changes.has(Property::Font) || changes.has(Property::FontSize)) {
-    widget()->setFont(boxFont(box().font(), box().fontSize()));
+    useFont(*widget(), boxFont(box().font(), box().fontSize()));
   }
   if (changes.has(Property::BackColor) || changes.has(Property::ForeColor)) applyColors();
 }

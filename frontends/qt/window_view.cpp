@@ -62,7 +62,7 @@ void WindowView::build() {
     menuBar_ = new QMenuBar(&topLevel_);
     // The menus belong into the window, wherever the desktop would like to put them.
     menuBar_->setNativeMenuBar(false);
-    menuBar_->setFont(captionFont());
+    useFont(*menuBar_, captionFont());
     menuBar_->setAccessibleName(QStringLiteral("Menu"));
   }
   for (const auto& control : window_.controls()) {
