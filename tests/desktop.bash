@@ -24,8 +24,11 @@ openbox --sm-disable >/dev/null 2>&1 &
 manager=$!
 # The keeper of the clipboard ends with the display, which ends with the test.
 trap 'kill $manager; rm -rf "$work"' EXIT
-until xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; do
+# A window that opens while the window manager starts may be overlooked. It has started when it
+# does as it is told.
+until [ "$(xdotool get_num_desktops 2>/dev/null)" = 1 ]; do
   kill -0 $manager || exit 1
+  xdotool set_num_desktops 1 2>/dev/null
 done
 
 # await TITLE — until the window of that title has the keyboard, which the window manager gives it

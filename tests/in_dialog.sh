@@ -2,7 +2,7 @@
 # Runs a program that opens the dialog, on a display of its own, and presses a key in the dialog.
 # in_dialog.sh KEY PROGRAM ARGUMENT… — ends with the program's status; 77 where programs are missing.
 set -u
-for program in xvfb-run openbox xdotool xprop; do
+for program in xvfb-run openbox xdotool; do
   command -v "$program" >/dev/null || { echo "no $program"; exit 77; }
 done
 if [ -z "${IN_DIALOG:-}" ]; then
@@ -16,8 +16,10 @@ shift
 openbox --sm-disable >/dev/null 2>&1 &
 manager=$!
 trap 'kill "$manager" 2>/dev/null' EXIT
-until xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; do
+# It has started, and overlooks no window, when it does as it is told.
+until [ "$(xdotool get_num_desktops 2>/dev/null)" = 1 ]; do
   kill -0 "$manager" || exit 1
+  xdotool set_num_desktops 1 2>/dev/null
 done
 "$@" &
 program=$!

@@ -42,8 +42,8 @@ keys alt+r Return
 types Step
 keys Return alt+o
 await Listwright
-# The first entry of the list, with the keyboard still on the link.
-keys Tab Down
+# The first entry of the list, with the keyboard still on the link; Escape closes what drops down only.
+keys Tab alt+Down Escape Down
 
 # The suffixes, by the menu: the last entry is deleted, the first one moved down. Space on a macro
 # puts it into the box, and the keyboard goes there.

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QThread>
+#include <QToolTip>
 #include <array>
 #include <optional>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "color_scheme.h"
 #include "display.h"
 #include "locale_guard.h"
+#include "qt_fonts.h"
 
 namespace kvrnstep::qt {
 
@@ -71,6 +73,7 @@ void createApplication(const std::string& platform) {
   QGuiApplication::setQuitOnLastWindowClosed(false);
   // A host with Qt has chosen its colours itself.
   QApplication::setPalette(desktopIsDark() ? darkPalette() : lightPalette());
+  QToolTip::setFont(captionFont());
   ours = true;
 }
 
