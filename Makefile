@@ -57,7 +57,7 @@ windows:
 	@cmake --preset windows64 >/dev/null && cmake --build build-windows64
 	@cmake --preset windows32 >/dev/null && cmake --build build-windows32
 
-test-windows: windows
+test-windows: build windows
 	@tools/setup-windows run
 	@tools/test-windows
 
