@@ -1,5 +1,5 @@
 # For people. Every target does what it needs first, on a fresh Debian 12 machine too.
-.PHONY: help setup build run test test-sanitized bench fuzz fuzz-check windows test-windows deb install format check clean
+.PHONY: help setup build run test test-sanitized bench fuzz fuzz-check windows test-windows windows-zip deb install format check clean
 
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
@@ -17,6 +17,7 @@ help:
 	@echo "make install         install below PREFIX ($(PREFIX)), DESTDIR is honoured"
 	@echo "make deb             Debian packages, in build-deb"
 	@echo "make windows         build for Windows, 64 and 32 bits"
+	@echo "make windows-zip     pack both, with what registers them"
 	@echo "make check           formatting, g++ and clang++ without warnings, clang-tidy"
 	@echo "make format          format the sources"
 
@@ -51,7 +52,6 @@ fuzz-check: setup
 	@tools/install-missing clang libclang-rt-14-dev
 	@tools/fuzz check
 
-# The core, the component and the programs; the dialog for Windows is still to come.
 windows:
 	@tools/setup-windows
 	@cmake --preset windows64 >/dev/null && cmake --build build-windows64
@@ -60,6 +60,9 @@ windows:
 test-windows: build windows
 	@tools/setup-windows run
 	@tools/test-windows
+
+windows-zip: windows
+	@tools/zip-windows
 
 deb: setup
 	@packaging/build-deb
