@@ -26,6 +26,9 @@ printf 'kvrn Listwright\t2.0.0\n' >expected
 printf '%s\n' 'True:     1. |    2. |    3. |' 'True:     I. |   II. |  III. |' >>expected
 printf '%s\n' '101: Stepicon.ico' '102: Stepicon.ico' '103: Stepicon.ico' '104: ' >>expected
 
+# The script host enters itself into the registry when it first runs.
+: >nothing.vbs
+$LAUNCHER cscript //nologo nothing.vbs
 registry before
 register
 { $LAUNCHER "$press_insert" && $LAUNCHER "$press_insert"; } &
