@@ -1,5 +1,5 @@
 # For people. Every target does what it needs first, on a fresh Debian 12 machine too.
-.PHONY: help setup build run test test-sanitized bench fuzz fuzz-check windows test-windows windows-zip deb install format check clean
+.PHONY: help setup build run test test-sanitized bench fuzz fuzz-check windows test-windows deb install format check clean
 
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
@@ -61,6 +61,7 @@ test-windows: build windows
 	@tools/setup-windows run
 	@tools/test-windows
 
+.PHONY: windows-zip
 windows-zip: windows
 	@tools/zip-windows
 
