@@ -16,7 +16,7 @@ namespace kvrnstep::windows {
 inline std::optional<std::string> toAnsi(std::u16string_view text) {
   const auto units = static_cast<int>(text.size());
   if (units == 0) return std::string();
-  const wchar_t* wide = reinterpret_cast<const wchar_t*>(text.data());
+  const auto* wide = reinterpret_cast<const wchar_t*>(text.data());
   BOOL lost = FALSE;
   const auto convert = [&](char* bytes, int room) {
     return ::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide, units, bytes, room, nullptr,

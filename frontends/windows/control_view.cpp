@@ -120,7 +120,9 @@ std::u16string textOf(HWND window) {
 
 void showText(HWND window, const std::u16string& text) {
   // The system's texts end at the first NUL.
-  if (textOf(window) != text.c_str()) ::SetWindowTextW(window, text::wide(text));
+  if (textOf(window) != text.substr(0, text.find(u'\0'))) {
+    ::SetWindowTextW(window, text::wide(text));
+  }
 }
 
 std::optional<MouseButton> pressedButton(UINT message) {

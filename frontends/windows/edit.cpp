@@ -72,7 +72,7 @@ LRESULT Edit::wantedKeys(WPARAM wide, LPARAM longer) const {
 
 bool Edit::showsText() const {
   // The system's texts end at the first NUL.
-  return textOf(handle_) == box_.text().c_str();
+  return textOf(handle_) == box_.text().substr(0, box_.text().find(u'\0'));
 }
 
 TextSelection Edit::selection() const {

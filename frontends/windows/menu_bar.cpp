@@ -57,7 +57,7 @@ ShownItem shownItem(const MenuPlace& place) {
 
 }  // namespace
 
-MenuBar::MenuBar(forms::Window& window) : window_(window) {
+MenuBar::MenuBar(forms::Window& window) {
   for (const auto& control : window.controls()) {
     if (control->kind() != Kind::Menu) continue;
     const auto command = kFirstCommand + static_cast<UINT>(items_.size());
@@ -123,6 +123,11 @@ const MenuBar::Item* MenuBar::itemOf(const forms::Control& entry) const {
   return found == items_.end() ? nullptr : &*found;
 }
 
+MenuBar::Item* MenuBar::itemOf(const forms::Control& entry) {
+  const auto found = std::ranges::find(items_, &entry, &Item::entry);
+  return found == items_.end() ? nullptr : &*found;
+}
+
 HMENU MenuBar::menuOf(const forms::Control& entry) const {
   const Item* item = itemOf(entry);
   return item == nullptr ? nullptr : item->opens;
@@ -150,7 +155,7 @@ MenuEntry* MenuBar::entryOf(UINT command) const {
 }
 
 bool MenuBar::apply(const forms::Control& entry) {
-  auto* item = const_cast<Item*>(itemOf(entry));
+  auto* item = itemOf(entry);
   if (item == nullptr) return false;
   auto place = placeOf(entry);
   if (!item->entry->visible()) {

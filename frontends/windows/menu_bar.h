@@ -44,12 +44,12 @@ class MenuBar {
   };
 
   [[nodiscard]] const Item* itemOf(const forms::Control& entry) const;
+  [[nodiscard]] Item* itemOf(const forms::Control& entry);
   [[nodiscard]] HMENU parentOf(const forms::Control& entry) const;
   void add(Item& item);
   void insert(Item& item);
   void makeAccelerators();
 
-  forms::Window& window_;
   Menu bar_;
   std::vector<Item> items_;
   Accelerators accelerators_;

@@ -21,7 +21,7 @@ std::u16string defaultPrinter() {
   ::GetDefaultPrinterW(nullptr, &size);
   std::u16string name(size, u'\0');
   if (size == 0 || ::GetDefaultPrinterW(text::wide(name.data()), &size) == FALSE) return {};
-  return name.c_str();
+  return name.substr(0, name.find(u'\0'));
 }
 
 /// Lines go down the page; behind the last one that fits the next page begins.

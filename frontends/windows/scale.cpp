@@ -76,7 +76,7 @@ SetScaling* setScaling() {
 }  // namespace
 
 HANDLE scaleThreadByMonitor() {
-  const auto byMonitor = reinterpret_cast<HANDLE>(INT_PTR{-4});  // with title bar and menus
+  auto* const byMonitor = reinterpret_cast<HANDLE>(INT_PTR{-4});  // with title bar and menus
   return setScaling() == nullptr ? nullptr : setScaling()(byMonitor);
 }
 

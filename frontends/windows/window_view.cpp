@@ -430,7 +430,7 @@ HWND WindowView::stopAfter(HWND before) const {
   const auto held = std::ranges::find_if(order, [&](const Control* control) {
     return before != nullptr && viewOf(*control).keyTarget() == before;
   });
-  if (held != order.end()) std::ranges::rotate(order, held + 1);
+  if (held != order.end()) std::rotate(order.begin(), held + 1, order.end());
   const auto next = std::ranges::find_if(order, [&](const Control* control) {
     return control->reachable() && viewOf(*control).takesFocus();
   });

@@ -1,5 +1,7 @@
 #include "boxes.h"
 
+#include <array>
+#include <string_view>
 #include <utility>
 
 #include "user_input.h"
@@ -12,9 +14,10 @@ constexpr int kFileName = 0x0480;       // of the dialog's own line
 constexpr int kFileNameCombo = 0x047C;  // … and of the one with a list
 
 bool isDialog(HWND window) {
-  wchar_t name[8]{};
-  ::GetClassNameW(window, name, 8);
-  return ::lstrcmpW(name, L"#32770") == 0;
+  constexpr std::wstring_view kDialogClass = L"#32770";
+  std::array<wchar_t, kDialogClass.size() + 2> name{};
+  ::GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  return name.data() == kDialogClass;
 }
 
 BOOL CALLBACK takeDialog(HWND window, LPARAM found) {

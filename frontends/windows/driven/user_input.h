@@ -31,9 +31,9 @@ void releaseLeft();
 std::optional<POINT> reachablePoint(HWND window);
 
 /// A key, with another one held down meanwhile or with none.
-void pressKey(WORD key, WORD held = 0);
+void pressKey(WORD code, WORD held = 0);
 /// The key that types this character.
-void pressCharacter(char16_t character);
+void pressCharacter(char16_t code);
 void typeCharacters(std::u16string_view text);
 
 }  // namespace kvrnstep::windows
