@@ -18,6 +18,7 @@ help:
 	@echo "make install         install below PREFIX ($(PREFIX)), DESTDIR is honoured"
 	@echo "make deb             Debian packages, in build-deb"
 	@echo "make windows         build for Windows, 64 and 32 bits"
+	@echo "make windows-zip     pack both, with what registers them"
 	@echo "make check           formatting, g++ and clang++ without warnings, clang-tidy"
 	@echo "make format          format the sources"
 
@@ -56,15 +57,18 @@ fuzz-check: setup
 	@tools/install-missing clang libclang-rt-14-dev
 	@tools/fuzz check
 
-# The core, the component and the programs; the dialog for Windows is still to come.
 windows:
 	@tools/setup-windows
 	@cmake --preset windows64 >/dev/null && cmake --build build-windows64
 	@cmake --preset windows32 >/dev/null && cmake --build build-windows32
 
-test-windows: windows
+test-windows: build windows
 	@tools/setup-windows run
 	@tools/test-windows
+
+.PHONY: windows-zip
+windows-zip: windows
+	@tools/zip-windows
 
 deb: setup
 	@packaging/build-deb

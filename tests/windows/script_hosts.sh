@@ -1,42 +1,48 @@
 #!/bin/bash
-# Has a VBScript use the registered plug-in: script_hosts.sh BIN FRONTENDS. With the front end
-# "windows" among them it also shows the dialog, twice, and a program from outside clicks Insert.
+# What is packed works where it is unpacked: script_hosts.sh ZIP PRESS_INSERT. It is registered, a
+# VBScript shows its dialog, twice, while a program from outside clicks on Insert, and when it has
+# been taken out again the registry is what it was.
 set -u
-bin=$1
+zip=$1 press_insert=$2
 tests=$(cd "$(dirname "$0")" && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cp "$tests/late_host.vbs" "$work"
 cd "$work" || exit 1
+unzip -q "$zip"
+packed=$(basename "$zip" .zip)
 failed=0
 
+registry() {
+  for root in HKEY_LOCAL_MACHINE HKEY_CURRENT_USER; do
+    $LAUNCHER regedit /E "$1.$root" "$root\\Software\\Classes"
+  done
+}
+register() {
+  (cd "$packed" && $LAUNCHER cmd /c register.cmd "$@") || failed=1
+}
+
 printf 'kvrn Listwright\t2.0.0\n' >expected
-dialog=""
-case $2 in
-  *windows*)
-    dialog=dialog
-    printf '%s\n' 'True:     1. |    2. |    3. |' 'True:     I. |   II. |  III. |' >>expected
-    ;;
-esac
+printf '%s\n' 'True:     1. |    2. |    3. |' 'True:     I. |   II. |  III. |' >>expected
 printf '%s\n' '101: Stepicon.ico' '102: Stepicon.ico' '103: Stepicon.ico' '104: ' >>expected
 
-# Each build has its own kind of script host.
-system='C:\windows\system32'
-case $bin in *32/bin) system='C:\windows\syswow64' ;; esac
-module=$($LAUNCHER winepath -w "$bin/kvrnstep.dll" | tr -d '\r')
-$LAUNCHER "$system\\regsvr32.exe" /s "$module" || failed=1
-if [ -n "$dialog" ]; then
-  { $LAUNCHER "$bin/press_insert.exe" && $LAUNCHER "$bin/press_insert.exe"; } &
-fi
-$LAUNCHER "$system\\cscript.exe" //nologo late_host.vbs $dialog | tr -d '\r' >printed
+# The script host enters itself into the registry when it first runs.
+: >nothing.vbs
+$LAUNCHER cscript //nologo nothing.vbs
+registry before
+register
+{ $LAUNCHER "$press_insert" && $LAUNCHER "$press_insert"; } &
+$LAUNCHER cscript //nologo late_host.vbs dialog | tr -d '\r' >printed
 wait
 diff expected printed || failed=1
 for icon in icon-101.ico icon-102.ico icon-103.ico; do
   cmp "$icon" "$tests/../../assets/icons/$icon" || failed=1
 done
-rm -f "$bin/Stepicon.ico"
 
-# Once unregistered it cannot be created.
-$LAUNCHER "$system\\regsvr32.exe" /u /s "$module" || failed=1
-$LAUNCHER "$system\\cscript.exe" //nologo late_host.vbs 2>/dev/null | grep kvrn && failed=1
+register /u
+$LAUNCHER cscript //nologo late_host.vbs 2>/dev/null | grep kvrn && failed=1
+registry after
+for root in HKEY_LOCAL_MACHINE HKEY_CURRENT_USER; do
+  diff <(iconv -f UTF-16 "before.$root") <(iconv -f UTF-16 "after.$root") || failed=1
+done
 exit "$failed"

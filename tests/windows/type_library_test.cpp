@@ -5,6 +5,8 @@
 #define INITGUID
 #include <type_library.h>
 
+#include <filesystem>
+
 #include "kvrnstep/driving.hpp"
 #include "kvrnstep/library.hpp"
 #include "program.h"
@@ -51,12 +53,14 @@ TEST(TypeLibrary, LeadsToTheFunctions) {
   EXPECT_EQ(listwright->PlugNameVersion(&version), S_OK);
   EXPECT_STREQ(version, L"kvrn Listwright\t2.0.0");
   BSTR list = nullptr;
-  BSTR folder = SysAllocString(L".");
+  const auto scratch = std::filesystem::temp_directory_path() / "kvrnstep-type-library";
+  BSTR folder = SysAllocString(scratch.c_str());
+  BSTR settings = SysAllocString((scratch / "steps.ini").c_str());
   unsigned char blanks = 1;
   VARIANT_BOOL inserted = VARIANT_FALSE;
   EXPECT_EQ(listwright->ShowListwrightDialog(&list, 1, VARIANT_FALSE, VARIANT_FALSE, nullptr,
                                              nullptr, folder, nullptr, nullptr, nullptr, nullptr,
-                                             nullptr, nullptr, nullptr, &blanks, &inserted),
+                                             &settings, nullptr, nullptr, &blanks, &inserted),
             S_OK);
   EXPECT_EQ(inserted, VARIANT_TRUE);
   EXPECT_STREQ(list, L" A. \r\n B. \r\n C. \r\n");
@@ -68,8 +72,9 @@ TEST(TypeLibrary, LeadsToTheFunctions) {
   EXPECT_EQ(SysStringLen(none), 0U);
   EXPECT_EQ(icons->Release(), 0U);
 
-  for (BSTR text : {version, list, folder, none}) SysFreeString(text);
+  for (BSTR text : {version, list, folder, settings, none}) SysFreeString(text);
   kvrnstep::closeLibrary(library);
+  std::filesystem::remove_all(scratch);
 }
 
 }  // namespace
