@@ -65,7 +65,7 @@ void ButtonView::showMark(int mark) {
 }
 
 std::optional<forms::PropertyValue> ButtonView::shown(Property property) const {
-  if (property == Property::Caption) return textOf(handle());
+  if (property == Property::Caption) return shownCaption();
   return ControlView::shown(property);
 }
 

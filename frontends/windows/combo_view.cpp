@@ -64,6 +64,10 @@ RECT ComboView::place() const {
   return place;
 }
 
+bool ComboView::usesKeys() const {
+  return ::SendMessageW(handle(), CB_GETDROPPEDSTATE, 0, 0) != FALSE;
+}
+
 void ComboView::applyHeight() {
   const RECT wanted = ControlView::place();
   RECT now{};

@@ -12,6 +12,8 @@ class ComboView : public ControlView {
 
   [[nodiscard]] HWND keyTarget() const override { return edit_.handle(); }
   [[nodiscard]] bool takesFocus() const override { return true; }
+  /// An open list closes with Escape, and takes the arrows.
+  [[nodiscard]] bool usesKeys() const override;
   void commanded(int notification) override;
   void afterwards() override;
   [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;

@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "forms/keyboard.h"
 #include "guard.h"
 #include "resources.h"
 #include "text/windows/wide.h"
@@ -92,7 +93,12 @@ void ControlView::useFont(HFONT font) {
 }
 
 void ControlView::showCaption() {
-  showText(handle_, control_.caption());
+  showText(handle_, forms::drawnCaption(control_));
+}
+
+std::u16string ControlView::shownCaption() const {
+  const std::u16string shown = textOf(handle_);
+  return shown == forms::drawnCaption(control_) ? control_.caption() : shown;
 }
 
 std::optional<forms::PropertyValue> ControlView::shown(Property property) const {

@@ -50,6 +50,10 @@ class ControlView {
   /// Whether Tab leads to the control as long as it is reachable.
   [[nodiscard]] virtual bool takesFocus() const { return false; }
   void allowTab(bool allowed);
+  /// Whether the control has a use for all keys at the moment.
+  [[nodiscard]] virtual bool usesKeys() const { return false; }
+  /// Where on the screen a menu opens that the keyboard asks for; nothing: at the mouse.
+  [[nodiscard]] virtual std::optional<POINT> menuPlace() const { return std::nullopt; }
 
   // What the control tells the window that holds it.
   virtual void commanded(int /*notification*/) {}
@@ -76,6 +80,8 @@ class ControlView {
 
   void useFont(HFONT font);
   void showCaption();
+  /// The caption that the window shows, with its mark where the control's own has it.
+  [[nodiscard]] std::u16string shownCaption() const;
 
   /// While the program changes the window, what it tells is not the user's doing.
   [[nodiscard]] bool applying() const { return applying_; }

@@ -8,6 +8,7 @@
 #include "forms/user_actions.h"
 #include "link_color.h"
 #include "resources.h"
+#include "text/windows/wide.h"
 #include "window_view.h"
 
 namespace kvrnstep::windows {
@@ -16,6 +17,11 @@ using forms::MouseButton;
 using forms::Property;
 
 LRESULT MouseView::received(UINT message, WPARAM wide, LPARAM longer) {
+  // Tab passes over what calls itself a plain label.
+  if (message == WM_GETDLGCODE && takesFocus()) return DLGC_BUTTON;
+  if (message == WM_SETFOCUS || message == WM_KILLFOCUS) {
+    ::InvalidateRect(handle(), nullptr, TRUE);
+  }
   if (const auto button = pressedButton(message)) {
     ::SetCapture(handle());
     if (*button == MouseButton::Left) pressed();
@@ -61,7 +67,24 @@ LRESULT LabelView::received(UINT message, WPARAM wide, LPARAM longer) {
   if (message == WM_MOUSEMOVE && dragged_) ::SetCursor(cursorOf(control().dragCursor()));
   // Releasing the button ends the drag before the capture goes; here something took it away.
   if (message == WM_CAPTURECHANGED && reinterpret_cast<HWND>(longer) != nullptr) dragged_ = false;
-  return MouseView::received(message, wide, longer);
+  const LRESULT result = MouseView::received(message, wide, longer);
+  if (message == WM_PAINT && hasFocus()) drawFocus();
+  return result;
+}
+
+void LabelView::drawFocus() const {
+  const HDC context = ::GetDC(handle());
+  const HGDIOBJ before = ::SelectObject(context, font_.get());
+  RECT inside{};
+  ::GetClientRect(handle(), &inside);
+  RECT words = inside;
+  ::DrawTextW(context, text::wide(textOf(handle())), -1, &words, DT_CALCRECT | DT_SINGLELINE);
+  const LONG gap = (inside.bottom - words.bottom) / 2;
+  ::OffsetRect(&words, 0, gap);
+  ::IntersectRect(&words, &words, &inside);
+  ::DrawFocusRect(context, &words);
+  ::SelectObject(context, before);
+  ::ReleaseDC(handle(), context);
 }
 
 void LabelView::pressed() {
@@ -78,7 +101,7 @@ void LabelView::released(POINT onScreen) {
 }
 
 std::optional<forms::PropertyValue> LabelView::shown(Property property) const {
-  if (property == Property::Caption) return textOf(handle());
+  if (property == Property::Caption) return shownCaption();
   return ControlView::shown(property);
 }
 

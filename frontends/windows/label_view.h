@@ -1,19 +1,24 @@
 #pragma once
 
 #include "control_view.h"
+#include "forms/keyboard.h"
 
 namespace kvrnstep::windows {
 
-/// What takes the mouse and no key: a button that is pressed and released over it counts.
+/// What takes the mouse: a button that is pressed and released over it counts. What can be clicked
+/// or dragged takes the keyboard too.
 class MouseView : public ControlView {
  public:
   using ControlView::ControlView;
+
+  [[nodiscard]] bool takesFocus() const override { return forms::takesKeyboard(control()); }
 
  protected:
   LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
   /// The left button has gone down; it is held until it comes up or something takes it away.
   virtual void pressed() {}
   virtual void released(POINT /*onScreen*/) {}
+  [[nodiscard]] bool hasFocus() const { return ::GetFocus() == handle(); }
 };
 
 /// A caption, plain, to be clicked or to be dragged. From the press of the left button to its
@@ -33,6 +38,8 @@ class LabelView : public MouseView {
   void released(POINT onScreen) override;
 
  private:
+  void drawFocus() const;
+
   Font font_;
   bool dragged_ = false;
 };

@@ -86,6 +86,17 @@ int ListView::selected() const {
   return static_cast<int>(::SendMessageW(handle(), LB_GETCURSEL, 0, 0));
 }
 
+std::optional<POINT> ListView::menuPlace() const {
+  RECT entry{};
+  const auto index = static_cast<WPARAM>(std::max(selected(), top()));
+  ::SendMessageW(handle(), LB_GETITEMRECT, index, reinterpret_cast<LPARAM>(&entry));
+  RECT inside{};
+  ::GetClientRect(handle(), &inside);
+  POINT below{entry.left, std::clamp(entry.bottom, inside.top, inside.bottom)};
+  ::ClientToScreen(handle(), &below);
+  return below;
+}
+
 int ListView::find(const std::u16string& text) const {
   constexpr auto kBeforeTheFirst = static_cast<WPARAM>(-1);
   return static_cast<int>(::SendMessageW(handle(), LB_FINDSTRINGEXACT, kBeforeTheFirst,

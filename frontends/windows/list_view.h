@@ -12,6 +12,8 @@ class ListView : public ControlView {
   ListView(WindowView& window, forms::ListBox& list);
 
   [[nodiscard]] bool takesFocus() const override { return true; }
+  /// Below the selected entry.
+  [[nodiscard]] std::optional<POINT> menuPlace() const override;
   void commanded(int notification) override;
   [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
   /// The first entry that equals a text but for letter case; −1 for none.

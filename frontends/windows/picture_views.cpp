@@ -9,6 +9,17 @@ namespace kvrnstep::windows {
 
 using forms::Property;
 
+namespace {
+
+/// Two lines around the picture; one of dots would be lost in it.
+void drawFocus(HDC context, RECT room) {
+  ::FrameRect(context, &room, ::GetSysColorBrush(COLOR_WINDOWTEXT));
+  ::InflateRect(&room, -1, -1);
+  ::FrameRect(context, &room, ::GetSysColorBrush(COLOR_WINDOW));
+}
+
+}  // namespace
+
 ImageView::ImageView(WindowView& window, forms::Control& image) : MouseView(window, image) {
   create(WC_STATICW, SS_OWNERDRAW | SS_NOTIFY);
 }
@@ -32,6 +43,7 @@ void ImageView::drawn(const DRAWITEMSTRUCT& request) {
   const int left = static_cast<int>(room.left + (room.right - room.left - size()) / 2);
   const int top = static_cast<int>(room.top + (room.bottom - room.top - size()) / 2);
   ::DrawIconEx(request.hDC, left, top, picture_.get(), size(), size(), 0, nullptr, DI_NORMAL);
+  if (hasFocus()) drawFocus(request.hDC, room);
 }
 
 StatusBarView::StatusBarView(WindowView& window, forms::Control& bar) : ControlView(window, bar) {

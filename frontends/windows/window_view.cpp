@@ -6,6 +6,7 @@
 #include "box_font.h"
 #include "button_views.h"
 #include "combo_view.h"
+#include "command_keys.h"
 #include "forms/reading_order.h"
 #include "forms/user_actions.h"
 #include "label_view.h"
@@ -54,7 +55,8 @@ bool isPushButton(HWND control) {
 
 /// What only decorates lies behind what is used.
 bool decorates(const Control& control) {
-  return control.kind() == Kind::Image || control.kind() == Kind::StatusBar;
+  return control.kind() == Kind::StatusBar ||
+         (control.kind() == Kind::Image && !forms::takesKeyboard(control));
 }
 
 }  // namespace
@@ -68,6 +70,7 @@ WindowView::WindowView(forms::Window& window, HWND owner)
       captionFont_(windows::captionFont(dpi_)),
       tips_(handle_) {
   build();
+  focus_ = forms::firstFocus(window_);
   changes_.addAll();
   for (const auto& view : views_) view->markAll();
   update();
@@ -198,6 +201,7 @@ bool WindowView::translates(MSG& message) {
       ::TranslateAcceleratorW(handle_, menus_.accelerators(), &message) != 0) {
     return true;
   }
+  if (pressed(message)) return true;
   // Enter presses the button that has the focus, and no other one.
   if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN && isPushButton(message.hwnd)) {
     ::SendMessageW(message.hwnd, BM_CLICK, 0, 0);
@@ -207,6 +211,38 @@ bool WindowView::translates(MSG& message) {
   const bool taken = ::IsDialogMessageW(handle_, &message) != FALSE;
   if (taken && message.message == WM_KEYDOWN && ::GetFocus() != before) chooseFocusedOption();
   return taken;
+}
+
+/// Whether a key was a command, and has been carried out.
+bool WindowView::pressed(const MSG& message) {
+  if (const char16_t letter = letterWithAlt(message)) return activatedBy(letter);
+  const auto key = commandKeyOf(message);
+  const auto view = std::ranges::find_if(
+      views_, [&](const auto& each) { return each->keyTarget() == message.hwnd; });
+  if (!key || view == views_.end() || (*view)->usesKeys()) return false;
+  menuPlace_ = (*view)->menuPlace();
+  const bool dealtWith = forms::userPressedCommandKey((*view)->control(), *key);
+  menuPlace_.reset();
+  return dealtWith;
+}
+
+/// The system's labels lead on to the next control; ours are clicked.
+bool WindowView::activatedBy(char16_t letter) {
+  for (const auto& view : views_) {
+    Control& control = view->control();
+    if (!forms::takesKeyboard(control) || !control.reachable()) continue;
+    if (forms::mnemonicOf(control) != letter) continue;
+    forms::userActivated(control);
+    return true;
+  }
+  return false;
+}
+
+POINT WindowView::menuPlace() const {
+  if (menuPlace_) return *menuPlace_;
+  POINT mouse{};
+  ::GetCursorPos(&mouse);
+  return mouse;
 }
 
 /// On some systems an arrow key leads to an option without choosing it.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -47,6 +48,8 @@ class WindowView final : public forms::View, public Receiver {
   /// The control that a click at that point of the screen would meet, or null.
   [[nodiscard]] forms::Control* controlAt(POINT onScreen) const;
   [[nodiscard]] std::u16string toolTipOf(HWND control) const { return tips_.textFor(control); }
+  /// Where a pop-up menu opens: at the mouse, or where the keyboard has asked for it.
+  [[nodiscard]] POINT menuPlace() const;
   /// Calls the view's afterwards() when all that is under way has been dealt with.
   void later(ControlView& view);
 
@@ -77,6 +80,8 @@ class WindowView final : public forms::View, public Receiver {
   void arrangeDepth(const std::vector<forms::Control*>& order);
   void giveFocus(HWND before);
   void chooseFocusedOption();
+  bool pressed(const MSG& message);
+  bool activatedBy(char16_t letter);
   [[nodiscard]] bool holdsKeys(HWND control) const;
   [[nodiscard]] HWND stopAfter(HWND before) const;
 
@@ -104,6 +109,7 @@ class WindowView final : public forms::View, public Receiver {
   std::unordered_set<const forms::Control*> changedEntries_;
   std::vector<HWND> depth_;
   Changes changes_;
+  std::optional<POINT> menuPlace_;
   POINT position_{};  ///< where the model has the frame
   forms::Control* focus_ = nullptr;
   HWND lastFocus_ = nullptr;

@@ -145,14 +145,13 @@ void WindowsToolkit::popUp(forms::MenuEntry& menu) {
   WindowView* view = viewOf(menu.window());
   if (view == nullptr) return;
   view->update();
-  POINT mouse{};
-  ::GetCursorPos(&mouse);
+  const POINT place = view->menuPlace();
   UINT picked = 0;
   {
     const Attended attended(attendant_,
                             [&](Attendant& attendant) { attendant.popUpOpens(*view, menu); });
     picked = static_cast<UINT>(::TrackPopupMenu(view->menus().menuOf(menu),
-                                                TPM_RETURNCMD | TPM_RIGHTBUTTON, mouse.x, mouse.y,
+                                                TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x, place.y,
                                                 0, view->handle(), nullptr));
   }
   if (forms::MenuEntry* entry = view->menus().entryOf(picked)) forms::userClicked(*entry);

@@ -19,7 +19,11 @@ using enum forms::Kind;
 
 constexpr auto kControls = std::to_array<ControlRow>({
     {.kind = TextBox, .name = "text", .place = {10, 10, 150, 60}, .multiLine = true},
-    {.kind = Button, .name = "first", .place = {10, 80, 80, 23}, .caption = u"&First"},
+    {.kind = Button,
+     .name = "first",
+     .place = {10, 80, 80, 23},
+     .caption = u"&First",
+     .clickedByEscape = true},
     {.kind = Button, .name = "second", .place = {100, 80, 80, 23}, .caption = u"&Second"},
     {.kind = Panel, .name = "group", .place = {10, 110, 150, 60}},
     {.kind = OptionButton,
@@ -42,6 +46,12 @@ constexpr auto kControls = std::to_array<ControlRow>({
      .place = {0, 40, 150, 20},
      .caption = u"Three"},
     {.kind = ComboBox, .name = "combo", .place = {10, 180, 150, 21}},
+    {.kind = Label,
+     .name = "link",
+     .place = {10, 210, 150, 17},
+     .caption = u"Link",
+     .clickable = true,
+     .accessKey = u'L'},
     {.kind = Menu, .name = "menu", .caption = u"&Menu"},
     {.kind = Menu, .name = "entry", .in = "menu", .caption = u"&Entry", .shortcut = "Ctrl+E"},
 });
@@ -119,7 +129,8 @@ TEST(WindowsKeyboard, TabLeadsThroughTheWindowAndBack) {
   window.at("second").setEnabled(false);
   show(window, {expectFocus("text"), press(VK_TAB), expectFocus("first"), press(VK_TAB),
                 expectFocus("option(1)"), press(VK_TAB), expectFocus("combo"), press(VK_TAB),
-                expectFocus("text"), press(VK_TAB, VK_SHIFT), expectFocus("combo")});
+                expectFocus("link"), press(VK_TAB), expectFocus("text"), press(VK_TAB, VK_SHIFT),
+                expectFocus("link")});
   // Several lines take neither Tab nor Escape for themselves.
   EXPECT_EQ(window.as<forms::TextBox>("text").text(), u"");
 }
@@ -146,8 +157,18 @@ TEST(WindowsKeyboard, EnterMnemonicsAndShortcutsReachTheirControls) {
   window.at("entry").onClick = [&](int /*index*/) { told += "entry "; };
   show(window, {press(VK_RETURN), press('E', VK_CONTROL), press(VK_TAB), press(VK_RETURN),
                 press('S', VK_MENU), expectFocus("second"), press(VK_ESCAPE), press(VK_RETURN)});
-  EXPECT_EQ(told, "entry first second second ");
+  EXPECT_EQ(told, "entry first second first second ");
   EXPECT_EQ(window.as<forms::TextBox>("text").text(), u"\r\n");
+}
+
+TEST(WindowsKeyboard, ClicksOnLinks) {
+  TestWindow window;
+  int clicks = 0;
+  window.at("link").onClick = [&](int /*index*/) { ++clicks; };
+  show(window, {press('L', VK_MENU), expectFocus("text"), press(VK_TAB, VK_SHIFT), press(VK_SPACE),
+                press(VK_RETURN), expectFocus("link")});
+  EXPECT_EQ(clicks, 3);
+  EXPECT_EQ(window.as<forms::TextBox>("text").text(), u"");
 }
 
 TEST(WindowsKeyboard, LeavesWhatHasBeenDisabled) {
