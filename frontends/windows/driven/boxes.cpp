@@ -102,7 +102,8 @@ void FileNamer::act() {
 
 void FileNamer::name() {
   const auto answer = answer_();
-  if (!answer) {
+  // The box takes no empty name and says nothing: whoever has none leaves.
+  if (!answer || answer->empty()) {
     clickOn(::GetDlgItem(box_, IDCANCEL));
     return;
   }
