@@ -56,10 +56,22 @@ LRESULT Edit::received(UINT message, WPARAM wide, LPARAM longer) {
       !forms::userPressedKey(box_, static_cast<char16_t>(wide))) {
     return 0;
   }
+  if (message == WM_CHAR && wide == VK_BACK) markPair(true);
+  if (message == WM_KEYDOWN && wide == VK_DELETE) markPair(false);
   const LRESULT result = ::DefSubclassProc(handle_, message, wide, longer);
   if (movesCaret(message)) reportSelection();
   if (message == WM_KEYUP && box_.onKeyUp) forms::userReleasedKey(box_);
   return result;
+}
+
+/// A character of two units goes as a whole, which not every system sees to.
+void Edit::markPair(bool beforeCaret) {
+  const TextSelection caret = selection();
+  if (caret.length != 0 || (beforeCaret && caret.start < 2)) return;
+  const std::size_t at = beforeCaret ? caret.start - 2 : caret.start;
+  const std::u16string text = textOf(handle_);
+  if (at + 1 >= text.size() || !IS_SURROGATE_PAIR(text[at], text[at + 1])) return;
+  ::SendMessageW(handle_, EM_SETSEL, at, static_cast<LPARAM>(at + 2));
 }
 
 LRESULT Edit::wantedKeys(WPARAM wide, LPARAM longer) const {

@@ -65,50 +65,45 @@ void replaceText(HWND line, const std::u16string& text) {
 
 }  // namespace
 
+// A tick comes when all input before it has been dealt with. A box that is still open then has not
+// noticed its click, as happens while it opens, and is clicked on again.
+
 void MessageReader::act() {
-  const HWND box = openBox();
-  if (box == nullptr || box == read_) return;
-  read_ = box;
-  agree(box);
+  if (const HWND box = openBox()) agree(box);
 }
 
 void QuestionAnswerer::act() {
   const HWND box = openBox();
-  if (box == nullptr || answered_) return;
-  answered_ = true;
-  const auto answer = answer_();
-  if (!answer) {
-    clickOn(::GetDlgItem(box, IDCANCEL));
-    return;
+  if (box == nullptr) return;
+  if (!std::exchange(asked_, true)) {
+    const auto answer = answer_();
+    leaves_ = !answer;
+    // The proposal is marked and waits to be replaced.
+    if (answer && answer->empty()) pressKey(VK_DELETE);
+    if (answer) typeCharacters(*answer);
   }
-  // The proposal is marked and waits to be replaced.
-  if (answer->empty()) pressKey(VK_DELETE);
-  typeCharacters(*answer);
-  clickOn(::GetDlgItem(box, IDOK));
+  clickOn(::GetDlgItem(box, leaves_ ? IDCANCEL : IDOK));
 }
 
 void FileNamer::act() {
   const HWND box = openBox();
   if (box == nullptr) return;
-  if (box_ == nullptr) {
-    box_ = box;
-    name();
-  } else if (box != box_) {
-    if (std::exchange(complaint_, box) != box) agree(box);
-  } else if (complaint_ != nullptr && !std::exchange(cancelled_, true)) {
-    clickOn(::GetDlgItem(box_, IDCANCEL));
+  if (box_ == nullptr) name(box);
+  if (box == box_) {
+    clickOn(::GetDlgItem(box_, leaves_ ? IDCANCEL : IDOK));
+  } else {
+    leaves_ = true;
+    agree(box);
   }
 }
 
-void FileNamer::name() {
+void FileNamer::name(HWND box) {
+  box_ = box;
   const auto answer = answer_();
   // The box takes no empty name and says nothing: whoever has none leaves.
-  if (!answer || answer->empty()) {
-    clickOn(::GetDlgItem(box_, IDCANCEL));
-    return;
-  }
+  leaves_ = !answer || answer->empty();
+  if (leaves_) return;
   if (const HWND line = lineOf(box_)) replaceText(line, *answer);
-  clickOn(::GetDlgItem(box_, IDOK));
 }
 
 }  // namespace kvrnstep::windows

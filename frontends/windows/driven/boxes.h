@@ -15,10 +15,7 @@ using Answer = std::function<std::optional<std::u16string>()>;
 /// Presses the button that closes a message.
 class MessageReader {
  public:
-  void act();
-
- private:
-  HWND read_ = nullptr;
+  static void act();
 };
 
 /// Types the answer, or cancels.
@@ -29,7 +26,8 @@ class QuestionAnswerer {
 
  private:
   Answer answer_;
-  bool answered_ = false;
+  bool asked_ = false;
+  bool leaves_ = false;
 };
 
 /// Types the name of a file, and deals with what the dialog asks or says before it closes: it may
@@ -40,12 +38,11 @@ class FileNamer {
   void act();
 
  private:
-  void name();
+  void name(HWND box);
 
   Answer answer_;
   HWND box_ = nullptr;
-  HWND complaint_ = nullptr;
-  bool cancelled_ = false;
+  bool leaves_ = false;
 };
 
 }  // namespace kvrnstep::windows

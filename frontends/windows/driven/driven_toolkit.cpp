@@ -16,8 +16,7 @@ void DrivenWindowsToolkit::windowIdle(WindowView& view) {
 }
 
 void DrivenWindowsToolkit::messageOpens() {
-  const auto reader = std::make_shared<MessageReader>();
-  tickers_.push_back(std::make_unique<Ticker>([reader] { reader->act(); }));
+  tickers_.push_back(std::make_unique<Ticker>(MessageReader::act));
 }
 
 void DrivenWindowsToolkit::questionOpens() {
