@@ -182,6 +182,7 @@ void openDialog(benchmark::State& state) {
 BENCHMARK(openDialog)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(50);
 
 void openBareDialog(benchmark::State& state) {
+  design();
   Opening opening;
   for (auto _ : state) {
     state.SetIterationTime(opening.measure([] {
@@ -198,6 +199,7 @@ void openBareDialog(benchmark::State& state) {
 BENCHMARK(openBareDialog)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(50);
 
 void openDialogOfSameKinds(benchmark::State& state) {
+  design();
   Opening opening;
   for (auto _ : state) {
     state.SetIterationTime(opening.measure([] {

@@ -68,7 +68,11 @@ void announceActiveLabels() {
 }
 
 void ActiveLabel::showText(const QString& text) {
+  // A plain label that can have the focus would make an editor for its text.
+  const Qt::FocusPolicy policy = focusPolicy();
+  setFocusPolicy(Qt::NoFocus);
   setText(text);
+  setFocusPolicy(policy);
   if (shortcut_ != 0) releaseShortcut(shortcut_);
   const QKeySequence mnemonic = QKeySequence::mnemonic(text);
   shortcut_ = action_ && !mnemonic.isEmpty() ? grabShortcut(mnemonic) : 0;

@@ -68,7 +68,7 @@ void ButtonView::apply(const Changes& changes) {
   if (!changes.has(Property::Caption) && !changes.has(Property::Width)) return;
   const QString caption = toQt(forms::drawnCaption(control()));
   if (button_->text() != caption) button_->setText(caption);
-  const QFont font = fitted(captionFont(), withoutMnemonic(control().caption()), captionWidth());
+  const QFont font = fittedCaptionFont(withoutMnemonic(control().caption()), captionWidth());
   useFont(*button_, font);
 }
 

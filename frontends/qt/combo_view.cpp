@@ -1,7 +1,10 @@
 #include "combo_view.h"
 
+#include <QCompleter>
+#include <QCoreApplication>
 #include <QListView>
 
+#include "compact_style.h"
 #include "forms/user_actions.h"
 #include "qt_fonts.h"
 #include "text.h"
@@ -14,19 +17,34 @@ using forms::Property;
 
 namespace {
 
-/// A combo box that drops down a long list at once.
+/// Stands in for the completer that a box makes for an edit without one: it is of no use here, and
+/// takes as long to make as the box.
+QCompleter* placeholder() {
+  static auto* const completer = new QCompleter(QCoreApplication::instance());
+  return completer;
+}
+
+}  // namespace
+
+/// A combo box that drops down a long list at once. What drops down is not made before.
 class EntryCombo : public QComboBox {
  public:
   using QComboBox::QComboBox;
 
+  void takeEdit(QLineEdit* edit) {
+    edit->setCompleter(placeholder());
+    setLineEdit(edit);
+    edit->setCompleter(nullptr);
+  }
+
   void showPopup() override {
+    useFont(*view(), font());
+    useCompactStyle(*view()->window());
     // Otherwise every entry would be measured first.
     if (auto* list = qobject_cast<QListView*>(view())) list->setUniformItemSizes(true);
     QComboBox::showPopup();
   }
 };
-
-}  // namespace
 
 ComboView::ComboView(WindowView& window, forms::ComboBox& combo)
     : ControlView(window, combo),
@@ -35,10 +53,9 @@ ComboView::ComboView(WindowView& window, forms::ComboBox& combo)
       edit_(new LineEdit(combo, box_)) {
   adopt(box_);
   useFont(*box_, captionFont());
+  box_->takeEdit(edit_);
   box_->setModel(entries_);
-  box_->setLineEdit(edit_);
   box_->setInsertPolicy(QComboBox::NoInsert);
-  box_->setCompleter(nullptr);
   edit_->setAccessibleName(box_->accessibleName());
   // Leaving the box with a text that is also an entry would count as choosing that entry.
   QObject::disconnect(edit_, SIGNAL(editingFinished()), box_, nullptr);

@@ -8,6 +8,8 @@
 
 namespace kvrnstep::qt {
 
+class EntryCombo;
+
 /// A line of text with a drop-down list.
 class ComboView : public ControlView {
  public:
@@ -22,7 +24,7 @@ class ComboView : public ControlView {
   void chosen(int index);
   [[nodiscard]] forms::ComboBox& combo() const { return static_cast<forms::ComboBox&>(control()); }
 
-  QComboBox* box_;
+  EntryCombo* box_;
   EntriesModel* entries_;
   LineEdit* edit_;
 };

@@ -67,7 +67,7 @@ void LabelView::apply(const Changes& changes) {
   const bool marked = label_->buddy() != nullptr || label_->canBeActivated();
   drawn_ = marked ? toQt(forms::drawnCaption(control())) : plain;
   label_->showText(drawn_);
-  QFont font = fitted(captionFont(), plain, label_->width());
+  QFont font = fittedCaptionFont(plain, label_->width());
   font.setUnderline(control().row().clickable);
   useFont(*label_, font);
 }

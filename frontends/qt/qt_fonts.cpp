@@ -1,5 +1,6 @@
 #include "qt_fonts.h"
 
+#include <QCache>
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QHash>
@@ -72,6 +73,22 @@ bool fits(const QFont& font, const QString& text, int width) {
   return QFontMetrics(font).horizontalAdvance(text) <= width;
 }
 
+/// The caption font, squeezed first, then smaller, until the text fits.
+QFont squeezed(const QString& text, int width) {
+  constexpr int kNarrowest = 70;
+  constexpr int kSqueeze = 3;
+  constexpr int kSmallest = 6;
+  QFont font = captionFont();
+  for (int stretch = 100 - kSqueeze; !fits(font, text, width) && stretch >= kNarrowest;
+       stretch -= kSqueeze) {
+    font.setStretch(stretch);
+  }
+  while (!fits(font, text, width) && font.pixelSize() > kSmallest) {
+    font.setPixelSize(font.pixelSize() - 1);
+  }
+  return font;
+}
+
 }  // namespace
 
 QFont captionFont() {
@@ -91,17 +108,13 @@ void useFont(QWidget& widget, const QFont& font) {
   if (widget.font() != font) widget.setFont(font);
 }
 
-QFont fitted(QFont font, const QString& text, int width) {
-  constexpr int kNarrowest = 70;
-  constexpr int kSqueeze = 3;
-  constexpr int kSmallest = 6;
-  for (int stretch = 100 - kSqueeze; !fits(font, text, width) && stretch >= kNarrowest;
-       stretch -= kSqueeze) {
-    font.setStretch(stretch);
-  }
-  while (!fits(font, text, width) && font.pixelSize() > kSmallest) {
-    font.setPixelSize(font.pixelSize() - 1);
-  }
+QFont fittedCaptionFont(const QString& text, int width) {
+  constexpr int kMostKnown = 500;
+  static QCache<std::pair<QString, int>, QFont> known(kMostKnown);
+  const std::pair key(text, width);
+  if (const QFont* font = known.object(key)) return *font;
+  const QFont font = squeezed(text, width);
+  known.insert(key, new QFont(font));
   return font;
 }
 

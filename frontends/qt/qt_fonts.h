@@ -17,7 +17,8 @@ QFont boxFont(std::u16string_view name, float points);
 /// Gives a widget a font unless it has inherited that one.
 void useFont(QWidget& widget, const QFont& font);
 
-/// The font in which the text is no wider than `width` pixels: squeezed first, then smaller.
-QFont fitted(QFont font, const QString& text, int width);
+/// The caption font, made so narrow or small that the text is no wider than `width` pixels.
+/// Measuring takes long, so the answers are kept.
+QFont fittedCaptionFont(const QString& text, int width);
 
 }  // namespace kvrnstep::qt
