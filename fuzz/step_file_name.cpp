@@ -3,17 +3,17 @@
 #include "stepfiles/step_file_name.h"
 
 #include "fuzz.h"
-#include "stepfiles/step_record.h"
 #include "text/codepage.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace kvrnstep;
   FuzzedDataProvider input(data, size);
   auto settings = fuzz::anySettings(input, 200);
-  // Now and then a text as long as a step file can hold.
+  // Now and then a text that is far too long for a name.
   constexpr int kRarely = 100;
+  constexpr std::size_t kFarTooLong = 1U << 20U;
   if (input.ConsumeIntegralInRange(0, kRarely) == kRarely) {
-    settings.Prefix.append(stepfiles::kLargestStepFile, input.ConsumeIntegral<char16_t>());
+    settings.Prefix.append(kFarTooLong, input.ConsumeIntegral<char16_t>());
   }
   const std::u16string name = stepfiles::BuildStepFileName(settings);
   fuzz::check(name.find_first_of(u"\"?`!.'<>;:\\/\r\n\t ") == std::u16string::npos,
