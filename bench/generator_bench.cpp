@@ -5,10 +5,8 @@
 #include <cstring>
 #include <vector>
 
-#include "dialogs/frm_listwright.h"
-#include "forms/user_actions.h"
 #include "generator/generator.h"
-#include "headless_toolkit.h"
+#include "in_dialog.h"
 
 namespace {
 
@@ -43,48 +41,29 @@ void generator(benchmark::State& state) {
 }
 BENCHMARK(generator);
 
-/// Opens the dialog with the preview shown, and refreshes it again and again.
-class Refresher final : public kvrnstep::forms::Pilot {
- public:
-  Refresher(benchmark::State& state, kvrnstep::dialogs::frmListwright& dialog)
-      : state_(state), dialog_(dialog) {}
-
-  void act() override {
-    setUp();
-    for (auto _ : state_) dialog_.RefreshPreview();
-    kvrnstep::forms::userClosed(dialog_);
-  }
-  std::optional<std::u16string> answer() override { return std::nullopt; }
-
- private:
-  void setUp() {
-    using kvrnstep::forms::TextControl;
-    const auto put = [this](std::string_view name, int index, std::u16string text) {
-      static_cast<TextControl*>(dialog_.find(name, index))->setText(std::move(text));
-    };
-    const ListSettings settings = everyOption();
-    put("cboPreSuf", 0, settings.Prefix);
-    put("cboPreSuf", 1, settings.Suffix);
-    put("txtBEndAt", -1, u"99");
-    put("txtLS", -1, u"1");
-    put("txtBegin", -1, settings.Beginning);
-    put("txtEnd", -1, settings.Ending);
-    kvrnstep::forms::userClicked(*dialog_.find("chkLWO", 6));
-    kvrnstep::forms::userClicked(*dialog_.find("mnuOptions", 5));
-  }
-
-  benchmark::State& state_;
-  kvrnstep::dialogs::frmListwright& dialog_;
-};
+/// Puts the settings into the controls and shows the preview.
+void setUp(const kvrnstep::dialogs::frmListwright& dialog, const ListSettings& settings) {
+  using kvrnstep::forms::TextControl;
+  const auto put = [&](std::string_view name, int index, std::u16string text) {
+    static_cast<TextControl*>(dialog.find(name, index))->setText(std::move(text));
+  };
+  put("cboPreSuf", 0, settings.Prefix);
+  put("cboPreSuf", 1, settings.Suffix);
+  put("txtBEndAt", -1, u"99");
+  put("txtLS", -1, u"1");
+  put("txtBegin", -1, settings.Beginning);
+  put("txtEnd", -1, settings.Ending);
+  kvrnstep::forms::userClicked(*dialog.find("chkLWO", 6));
+  kvrnstep::forms::userClicked(*dialog.find("mnuOptions", 5));
+}
 
 void previewRefresh(benchmark::State& state) {
   kvrnstep::plugin::HostContext host;
   host.bytSpcCount = 4;
-  kvrnstep::headless::HeadlessToolkit toolkit;
-  kvrnstep::dialogs::frmListwright dialog(toolkit, host);
-  Refresher refresher(state, dialog);
-  toolkit.setPilot(refresher);
-  dialog.showModal(toolkit);
+  kvrnstep::bench::inDialog(host, [&](kvrnstep::dialogs::frmListwright& dialog) {
+    setUp(dialog, everyOption());
+    for (auto _ : state) dialog.RefreshPreview();
+  });
 }
 BENCHMARK(previewRefresh);
 

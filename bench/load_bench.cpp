@@ -42,7 +42,7 @@ void load(benchmark::State& state, const char* library) {
   }
 }
 
-BENCHMARK_CAPTURE(load, emptyLibrary, EMPTY_LIBRARY)->Iterations(200);
-BENCHMARK_CAPTURE(load, plugin, PLUGIN_LIBRARY)->Iterations(200);
+BENCHMARK_CAPTURE(load, emptyLibrary, EMPTY_LIBRARY)->Iterations(50)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(load, plugin, PLUGIN_LIBRARY)->Iterations(50)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "in_dialog.h"
 #include "stepfiles/step_folder.h"
 #include "text/codepage.h"
 
@@ -54,9 +55,16 @@ BENCHMARK(directoryLoop)->Unit(benchmark::kMicrosecond);
 
 void stepFileList(benchmark::State& state) {
   const auto folder = kvrnstep::text::fromBytes(folderOfStepFiles().string());
-  for (auto _ : state) {
-    benchmark::DoNotOptimize(kvrnstep::stepfiles::stepFileEntries(folder));
-  }
+  kvrnstep::plugin::HostContext host;
+  kvrnstep::bench::inDialog(host, [&](const kvrnstep::dialogs::frmListwright& dialog) {
+    auto& list = *static_cast<kvrnstep::forms::ListBox*>(dialog.find("lstStepf", -1));
+    for (auto _ : state) {
+      list.Clear();
+      for (auto& entry : kvrnstep::stepfiles::stepFileEntries(folder)) {
+        list.AddItem(std::move(entry));
+      }
+    }
+  });
 }
 BENCHMARK(stepFileList)->Unit(benchmark::kMicrosecond);
 

@@ -1,6 +1,8 @@
 #include "dialogs/list_sort.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <random>
 #include <utility>
 
@@ -12,6 +14,21 @@ using Item = std::u16string;
 /// A place among the items: they are moved about by assignment, out of one place and into another.
 using Place = Item*;
 
+/// Entries of one list often begin alike, so several units at a time are passed over.
+bool comesBefore(const Item& one, const Item& other) {
+  constexpr std::size_t kBlock = 4;
+  const std::size_t shorter = std::min(one.size(), other.size());
+  const char16_t* const units = one.data();
+  const char16_t* const others = other.data();
+  std::size_t i = 0;
+  while (i + kBlock <= shorter &&
+         std::memcmp(units + i, others + i, kBlock * sizeof(char16_t)) == 0) {
+    i += kBlock;
+  }
+  while (i < shorter && units[i] == others[i]) ++i;
+  return i < shorter ? units[i] < others[i] : one.size() < other.size();
+}
+
 // An item that has been moved out is a hole; its place is written before it is read again.
 // NOLINTBEGIN(clang-analyzer-cplusplus.Move)
 
@@ -20,13 +37,13 @@ constexpr std::ptrdiff_t kShort = 24;
 
 void insertionSort(Place first, Place last) {
   for (Place next = first + 1; next <= last; ++next) {
-    if (*next >= next[-1]) continue;
+    if (!comesBefore(*next, next[-1])) continue;
     Item item = std::move(*next);
     Place hole = next;
     do {
       *hole = std::move(hole[-1]);
       --hole;
-    } while (hole > first && item < hole[-1]);
+    } while (hole > first && comesBefore(item, hole[-1]));
     *hole = std::move(item);
   }
 }
@@ -58,12 +75,14 @@ class QuickSort {
       Item pivot = takePivot(first, last);
       if (floor != nullptr && pivot == *floor) {
         // What equals the floor, and so stands where it belongs, is not sorted again.
-        first = 1 + divide(first, last, std::move(pivot),
-                           [](const Item& item, const Item& value) { return item > value; });
+        first = 1 + divide(first, last, std::move(pivot), [](const Item& item, const Item& value) {
+                  return comesBefore(value, item);
+                });
         continue;
       }
-      Place middle = divide(first, last, std::move(pivot),
-                            [](const Item& item, const Item& value) { return item >= value; });
+      Place middle = divide(first, last, std::move(pivot), [](const Item& item, const Item& value) {
+        return !comesBefore(item, value);
+      });
       // The smaller part takes the stack, so that it stays low.
       if (middle - first < last - middle) {
         sort(first, middle - 1, floor);
