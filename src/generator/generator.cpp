@@ -30,16 +30,17 @@ std::u16string generateList(const ListSettings& settings, std::size_t indentBlan
   const bool fillSpacing = settings.on(IndentSpacing);
   const std::u16string spacing =
       BuildLineSpacing(kLineBreak, settings.LineSpacing, fillSpacing ? indent : std::u16string());
-  const LineLayout layout(settings, indent);
+  const LineLayout layout(settings, spacing + indent);
 
   const int steps = std::clamp(settings.Count - settings.Start + 1, 0, kMostExpectedSteps);
   TextBuilder list(settings.Beginning.size() + settings.Ending.size() +
-                   static_cast<std::size_t>(steps) * (layout.expectedSize() + spacing.size()));
+                   static_cast<std::size_t>(steps + 1) * layout.expectedSize());
   if (settings.on(AddBegEnd)) list.append(settings.Beginning);
   for (int step = settings.Start; step <= settings.Count; ++step) {
-    layout.appendLine(list, step);
-    if (step < settings.Count || fillSpacing) list.append(spacing);
+    // What lies between two lines belongs to the second one.
+    layout.appendLine(list, step, step == settings.Start ? spacing.size() : 0);
   }
+  if (steps > 0 && fillSpacing) list.append(spacing);
   if (settings.on(AddBegEnd)) list.append(settings.Ending);
   return list.take();
 }

@@ -66,82 +66,103 @@ std::u16string withMacros(std::u16string_view text, int step) {
   return text::ReplaceText(lettered, kRomanMacro, ToRomanNumeral(step));
 }
 
-Affix::Affix(std::u16string_view text, bool addBlank) : text_(text) {
-  if (addBlank && !text_.empty() && text_.back() != u' ') text_ += u' ';
-  cutAtMacros(text_);
-  // Letters hold one kind of brace at most, so what they complete has another one of its own.
-  nested_ = std::ranges::any_of(pieces_, &Piece::takesLetters) &&
-            std::ranges::any_of(pieces_, &Piece::holdsBrace);
+LineLayout::LineLayout(const ListSettings& settings, std::u16string start)
+    : pattern_(labelPattern(settings)),
+      selection_(settings.Selection),
+      ordinal_(settings.Selection == Numbered && settings.on(AppendOrdinal)) {
+  const bool addBlank = settings.on(PreSufSpace);
+  pieces_.back().text = std::move(start);
+  addAffix(settings.Prefix, addBlank);
+  add({{}, Filler::Label, {}});
+  addAffix(settings.Suffix, addBlank);
 }
 
-void Affix::cutAtMacros(std::u16string_view rest) {
-  static constexpr std::array<std::pair<std::u16string_view, Macro>, 3> kMacros{
-      {{kNumberMacro, Macro::Number},
-       {kLettersMacro, Macro::Letters},
-       {kRomanMacro, Macro::Roman}}};
+void LineLayout::addAffix(std::u16string affix, bool addBlank) {
+  if (addBlank && !affix.empty() && affix.back() != u' ') affix += u' ';
+  Pieces cut = cutAtMacros(affix);
+  if (lettersCompleteMacros(cut)) {
+    add({{}, Filler::Affix, std::move(affix)});
+    return;
+  }
+  for (Piece& piece : cut) add(std::move(piece));
+}
+
+void LineLayout::add(Piece piece) {
+  Piece& last = pieces_.back();
+  last.text += piece.text;
+  last.filler = piece.filler;
+  last.affix = std::move(piece.affix);
+  if (last.filler != Filler::None) pieces_.emplace_back();
+}
+
+LineLayout::Pieces LineLayout::cutAtMacros(std::u16string_view affix) {
+  static constexpr std::array<std::pair<std::u16string_view, Filler>, 3> kMacros{
+      {{kNumberMacro, Filler::Number},
+       {kLettersMacro, Filler::Letters},
+       {kRomanMacro, Filler::Roman}}};
+  Pieces pieces;
   std::size_t searchFrom = 0;
   while (true) {
-    const std::size_t brace = rest.find(u'{', searchFrom);
+    const std::size_t brace = affix.find(u'{', searchFrom);
     if (brace == std::u16string_view::npos) break;
     const auto* macro = std::ranges::find_if(
-        kMacros, [&](const auto& entry) { return rest.substr(brace).starts_with(entry.first); });
+        kMacros, [&](const auto& entry) { return affix.substr(brace).starts_with(entry.first); });
     if (macro == kMacros.end()) {
       searchFrom = brace + 1;
       continue;
     }
-    pieces_.push_back({std::u16string(rest.substr(0, brace)), macro->second});
-    rest.remove_prefix(brace + macro->first.size());
+    pieces.push_back({std::u16string(affix.substr(0, brace)), macro->second, {}});
+    affix.remove_prefix(brace + macro->first.size());
     searchFrom = 0;
   }
-  pieces_.push_back({std::u16string(rest), Macro::None});
+  pieces.push_back({std::u16string(affix), Filler::None, {}});
+  return pieces;
 }
 
-void Affix::appendTo(TextBuilder& line, int step) const {
-  if (nested_) {
-    line.append(withMacros(text_, step));
-    return;
-  }
+/// Whether letters put in for a macro can complete another macro. They hold one kind of brace at
+/// most, so what they complete has another one of its own.
+bool LineLayout::lettersCompleteMacros(const Pieces& affix) {
+  return std::ranges::any_of(affix, [](const Piece& p) { return p.filler == Filler::Letters; }) &&
+         std::ranges::any_of(affix, [](const Piece& p) {
+           return p.text.find_first_of(u"{}") != std::u16string::npos;
+         });
+}
+
+void LineLayout::appendLine(TextBuilder& list, int step, std::size_t skip) const {
   for (const Piece& piece : pieces_) {
-    line.append(piece.text);
-    switch (piece.macro) {
-      case Macro::Number:
-        appendNumber(line, step);
-        break;
-      case Macro::Letters:
-        appendLetters(line, step);
-        break;
-      case Macro::Roman:
-        appendRoman(line, step);
-        break;
-      case Macro::None:
-        break;
-    }
+    list.append(std::u16string_view(piece.text).substr(skip));
+    skip = 0;
+    appendFiller(list, piece, step);
   }
 }
 
-std::size_t Affix::expectedSize() const {
-  constexpr std::size_t kNumeral = 4;
-  return text_.size() + pieces_.size() * kNumeral;
-}
-
-LineLayout::LineLayout(const ListSettings& settings, std::u16string indent)
-    : indent_(std::move(indent)),
-      prefix_(settings.Prefix, settings.on(PreSufSpace)),
-      suffix_(settings.Suffix, settings.on(PreSufSpace)),
-      pattern_(labelPattern(settings)),
-      selection_(settings.Selection),
-      ordinal_(settings.Selection == Numbered && settings.on(AppendOrdinal)) {}
-
-void LineLayout::appendLine(TextBuilder& list, int step) const {
-  list.append(indent_);
-  prefix_.appendTo(list, step);
-  appendLabel(list, step);
-  suffix_.appendTo(list, step);
+void LineLayout::appendFiller(TextBuilder& list, const Piece& piece, int step) const {
+  switch (piece.filler) {
+    case Filler::Label:
+      appendLabel(list, step);
+      break;
+    case Filler::Number:
+      appendNumber(list, step);
+      break;
+    case Filler::Letters:
+      appendLetters(list, step);
+      break;
+    case Filler::Roman:
+      appendRoman(list, step);
+      break;
+    case Filler::Affix:
+      list.append(withMacros(piece.affix, step));
+      break;
+    case Filler::None:
+      break;
+  }
 }
 
 std::size_t LineLayout::expectedSize() const {
-  constexpr std::size_t kLabel = 8;
-  return indent_.size() + prefix_.expectedSize() + kLabel + suffix_.expectedSize();
+  constexpr std::size_t kFiller = 5;
+  std::size_t size = 0;
+  for (const Piece& piece : pieces_) size += piece.text.size() + piece.affix.size() + kFiller;
+  return size;
 }
 
 void LineLayout::appendLabel(TextBuilder& list, int step) const {

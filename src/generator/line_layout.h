@@ -26,50 +26,37 @@ LabelPattern labelPattern(const ListSettings& settings);
 /// letters, then every "{STEP_R}" by its Roman numeral.
 std::u16string withMacros(std::u16string_view text, int step);
 
-/// A prefix or suffix, cut up once at its macros so that each line only fills in the numbers.
-class Affix {
- public:
-  /// With `addBlank`, a text that is not empty and ends in no blank gets one.
-  Affix(std::u16string_view text, bool addBlank);
-
-  /// Appends what withMacros() gives.
-  void appendTo(TextBuilder& line, int step) const;
-  /// Characters that are appended, about.
-  [[nodiscard]] std::size_t expectedSize() const;
-
- private:
-  enum class Macro : std::uint8_t { None, Number, Letters, Roman };
-  void cutAtMacros(std::u16string_view rest);
-
-  struct Piece {
-    std::u16string text;
-    Macro macro;  ///< follows the text
-
-    [[nodiscard]] bool takesLetters() const { return macro == Macro::Letters; }
-    [[nodiscard]] bool holdsBrace() const {
-      return text.find_first_of(u"{}") != std::u16string::npos;
-    }
-  };
-  std::u16string text_;
-  std::vector<Piece> pieces_;
-  bool nested_;  ///< letters put in for a macro can complete another macro
-};
-
-/// Lays out the lines of one list. A line carries no line break.
+/// Lays out the lines of one list. All that the lines have in common is put together once, so that
+/// each line only fills in what its step makes different.
 class LineLayout {
  public:
-  LineLayout(const ListSettings& settings, std::u16string indent);
+  /// @param start what each line begins with, before the prefix
+  LineLayout(const ListSettings& settings, std::u16string start);
 
-  void appendLine(TextBuilder& list, int step) const;
+  /// @param skip characters of the start that this line does without
+  void appendLine(TextBuilder& list, int step, std::size_t skip = 0) const;
   /// Characters of a line, about.
   [[nodiscard]] std::size_t expectedSize() const;
 
  private:
+  enum class Filler : std::uint8_t { None, Label, Number, Letters, Roman, Affix };
+
+  /// A part of all lines, and what a step puts behind it.
+  struct Piece {
+    std::u16string text;
+    Filler filler = Filler::None;
+    std::u16string affix;  ///< with Filler::Affix: its macros are looked for in each line
+  };
+  using Pieces = std::vector<Piece>;
+
+  static Pieces cutAtMacros(std::u16string_view affix);
+  static bool lettersCompleteMacros(const Pieces& affix);
+  void addAffix(std::u16string affix, bool addBlank);
+  void add(Piece piece);
+  void appendFiller(TextBuilder& list, const Piece& piece, int step) const;
   void appendLabel(TextBuilder& list, int step) const;
 
-  std::u16string indent_;
-  Affix prefix_;
-  Affix suffix_;
+  Pieces pieces_{1};  ///< only the last one has no filler
   LabelPattern pattern_;
   std::int16_t selection_;
   bool ordinal_;

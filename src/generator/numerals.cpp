@@ -17,7 +17,7 @@ std::u16string built(Append append, int number) {
   return text.take();
 }
 
-std::u16string_view ordinalSuffix(int number) {
+ShortPiece ordinalSuffix(int number) {
   const int lastTwo = number < 0 ? -(number % 100) : number % 100;
   if (lastTwo >= 11 && lastTwo <= 13) return u"th";
   switch (lastTwo % 10) {
@@ -58,13 +58,13 @@ void appendLetters(TextBuilder& text, int number) {
     code = number + 38;
   }
   if (code < 0 || code > 255) return;
-  text.append(repeats, text::fromWindows1252(static_cast<unsigned char>(code)));
+  text.append(ShortPiece(repeats, text::fromWindows1252(static_cast<unsigned char>(code))));
 }
 
 void appendRoman(TextBuilder& text, int number) {
   if (number < 1 || number > 3999) return;
-  using Digits = std::array<std::u16string_view, 10>;
-  static constexpr Digits kThousands{u"", u"M", u"MM", u"MMM"};
+  using Digits = std::array<ShortPiece, 10>;
+  static constexpr Digits kThousands{u"", u"M", u"MM", u"MMM", u"", u"", u"", u"", u"", u""};
   static constexpr Digits kHundreds{u"",  u"C",  u"CC",  u"CCC",  u"CD",
                                     u"D", u"DC", u"DCC", u"DCCC", u"CM"};
   static constexpr Digits kTens{u"",  u"X",  u"XX",  u"XXX",  u"XL",
