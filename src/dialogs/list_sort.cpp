@@ -1,10 +1,10 @@
 #include "dialogs/list_sort.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <cstring>
 #include <random>
 #include <utility>
+
+#include "text/characters.h"
 
 namespace kvrnstep::dialogs {
 
@@ -14,19 +14,10 @@ using Item = std::u16string;
 /// A place among the items: they are moved about by assignment, out of one place and into another.
 using Place = Item*;
 
-/// Entries of one list often begin alike, so several units at a time are passed over.
 bool comesBefore(const Item& one, const Item& other) {
-  constexpr std::size_t kBlock = 4;
-  const std::size_t shorter = std::min(one.size(), other.size());
-  const char16_t* const units = one.data();
-  const char16_t* const others = other.data();
-  std::size_t i = 0;
-  while (i + kBlock <= shorter &&
-         std::memcmp(units + i, others + i, kBlock * sizeof(char16_t)) == 0) {
-    i += kBlock;
-  }
-  while (i < shorter && units[i] == others[i]) ++i;
-  return i < shorter ? units[i] < others[i] : one.size() < other.size();
+  const std::size_t alike = text::lengthInCommon(one, other);
+  if (alike == other.size()) return false;
+  return alike == one.size() || one[alike] < other[alike];
 }
 
 // An item that has been moved out is a hole; its place is written before it is read again.

@@ -5,6 +5,7 @@
 #include "platform/files.h"
 #include "platform/letter_case.h"
 #include "stepfiles/step_record.h"
+#include "text/characters.h"
 #include "text/text.h"
 
 namespace kvrnstep::stepfiles {
@@ -22,7 +23,7 @@ bool isStepFile(std::u16string_view name) {
 /// equal.
 bool comesBefore(std::u16string_view one, std::u16string_view other) {
   const std::size_t shorter = std::min(one.size(), other.size());
-  for (std::size_t i = 0; i < shorter; ++i) {
+  for (std::size_t i = text::lengthInCommon(one, other); i < shorter; ++i) {
     if (one[i] == other[i]) continue;
     const char16_t inOne = platform::lowerCase(one[i]);
     const char16_t inOther = platform::lowerCase(other[i]);
