@@ -3,6 +3,7 @@
 #include "stepfiles/step_file_name.h"
 
 #include "fuzz.h"
+#include "stepfiles/step_record.h"
 #include "text/codepage.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
