@@ -20,6 +20,13 @@ void EntryList::mousePressEvent(QMouseEvent* event) {
   }
 }
 
+void EntryList::mouseDoubleClickEvent(QMouseEvent* event) {
+  const bool beside = !indexAt(event->position().toPoint()).isValid();
+  MouseReleases<QListView>::mouseDoubleClickEvent(event);
+  // The list itself tells of double clicks on entries only.
+  if (beside && event->button() == Qt::LeftButton) onDoubleClickedBesideEntries();
+}
+
 ListView::ListView(WindowView& window, forms::ListBox& list)
     : ControlView(window, list),
       widget_(new EntryList(window.parentFor(list))),
@@ -38,6 +45,9 @@ ListView::ListView(WindowView& window, forms::ListBox& list)
   QObject::connect(widget_, &QListView::doubleClicked, widget_, [this](const QModelIndex& entry) {
     forms::userDoubleClickedEntry(this->list(), entry.row());
   });
+  widget_->onDoubleClickedBesideEntries = [this] {
+    forms::userDoubleClickedEntry(this->list(), -1);
+  };
   QObject::connect(widget_->verticalScrollBar(), &QScrollBar::valueChanged, widget_,
                    [this](int value) {
                      if (!applying()) forms::userScrolled(this->list(), value);

@@ -13,8 +13,11 @@ class EntryList : public MouseReleases<QListView> {
  public:
   using MouseReleases<QListView>::MouseReleases;
 
+  std::function<void()> onDoubleClickedBesideEntries;
+
  protected:
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
 };
 
 class ListView : public ControlView {
