@@ -91,8 +91,17 @@ void ListView::apply(const Changes& changes) {
   if (changes.has(Property::TopIndex)) {
     applyTopIndex();
   } else if (changes.has(Property::Index)) {
-    forms::userScrolled(list(), widget_->verticalScrollBar()->value());
+    reportScroll();
   }
+}
+
+bool ListView::scrolledAsAsked() const {
+  const QScrollBar& bar = *widget_->verticalScrollBar();
+  return bar.value() == std::min(list().topIndex(), bar.maximum());
+}
+
+void ListView::reportScroll() {
+  if (!scrolledAsAsked()) forms::userScrolled(list(), widget_->verticalScrollBar()->value());
 }
 
 void ListView::applyIndex() {
@@ -117,12 +126,9 @@ std::optional<forms::PropertyValue> ListView::shown(Property property) const {
       return entries_->joined();
     case Property::Index:
       return static_cast<double>(selectedRow());
-    case Property::TopIndex: {
-      // Scrolled as far as the list reaches is as good as scrolled further.
-      const QScrollBar& bar = *widget_->verticalScrollBar();
-      const bool asFarAsItGoes = bar.value() == std::min(list().topIndex(), bar.maximum());
-      return static_cast<double>(asFarAsItGoes ? list().topIndex() : bar.value());
-    }
+    case Property::TopIndex:
+      return static_cast<double>(scrolledAsAsked() ? list().topIndex()
+                                                   : widget_->verticalScrollBar()->value());
     default:
       return ControlView::shown(property);
   }
