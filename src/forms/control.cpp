@@ -409,8 +409,7 @@ void ListBox::setIndex(int index) {
 }
 
 void ListBox::setTopIndex(int index) {
-  if (index < 0 || index >= ListCount()) return;
-  topIndex_ = index;
+  if (index >= 0 && index < ListCount()) topIndex_ = index;
   changed(Property::TopIndex);
 }
 

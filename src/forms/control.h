@@ -282,7 +282,7 @@ class ListBox : public Control {
   void setIndex(int index);
   [[nodiscard]] int topIndex() const { return topIndex_; }
   /// Scrolls so that the entry is the first visible one, as far as the list reaches. Where there
-  /// is no such entry nothing is scrolled.
+  /// is no such entry the list stays where it is, even if another one was selected just before.
   void setTopIndex(int index);
 
   [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
