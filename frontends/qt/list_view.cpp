@@ -84,10 +84,13 @@ void ListView::selected() {
 
 void ListView::apply(const Changes& changes) {
   ControlView::apply(changes);
-  const bool newEntries = changes.has(Property::Items) && entries_->show(list().entries());
-  // New entries begin at the top; what is selected then comes into view.
-  if (newEntries) applyTopIndex();
-  if (newEntries || changes.has(Property::Index)) applyIndex();
+  // Entries that were filled in anew, be they the same ones, are shown from the top unless the
+  // control says otherwise; what is selected then comes into view.
+  if (changes.has(Property::Items)) {
+    entries_->show(list().entries());
+    applyTopIndex();
+  }
+  if (changes.has(Property::Items) || changes.has(Property::Index)) applyIndex();
   if (changes.has(Property::TopIndex)) {
     applyTopIndex();
   } else if (changes.has(Property::Index)) {
