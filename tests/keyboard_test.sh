@@ -32,6 +32,8 @@ await 'Preset value'
 types 4
 keys Return
 await Listwright
+# A letter that a dead key makes is no digit.
+keys dead_acute e
 
 # "Prefix" is a link. Alt brings a macro into the box, and Enter adds what the box holds.
 times 2 Tab

@@ -4,12 +4,11 @@
 
 namespace kvrnstep::qt {
 
-bool EntriesModel::show(const forms::Entries& entries) {
-  if (texts_ == entries.all()) return false;
+void EntriesModel::show(const forms::Entries& entries) {
+  if (texts_ == entries.all()) return;
   beginResetModel();
   texts_ = entries.all();
   endResetModel();
-  return true;
 }
 
 std::u16string EntriesModel::joined() const {

@@ -13,8 +13,8 @@ class EntriesModel : public QAbstractListModel {
  public:
   using QAbstractListModel::QAbstractListModel;
 
-  /// Takes the entries over. False: they are what is shown.
-  bool show(const forms::Entries& entries);
+  /// Takes the entries over, if they are not what is shown already.
+  void show(const forms::Entries& entries);
   /// Separated by one blank.
   [[nodiscard]] std::u16string joined() const;
 

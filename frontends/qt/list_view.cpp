@@ -20,6 +20,13 @@ void EntryList::mousePressEvent(QMouseEvent* event) {
   }
 }
 
+void EntryList::mouseDoubleClickEvent(QMouseEvent* event) {
+  const bool beside = !indexAt(event->position().toPoint()).isValid();
+  MouseReleases<QListView>::mouseDoubleClickEvent(event);
+  // The list itself tells of double clicks on entries only.
+  if (beside && event->button() == Qt::LeftButton) onDoubleClickedBesideEntries();
+}
+
 ListView::ListView(WindowView& window, forms::ListBox& list)
     : ControlView(window, list),
       widget_(new EntryList(window.parentFor(list))),
@@ -38,6 +45,9 @@ ListView::ListView(WindowView& window, forms::ListBox& list)
   QObject::connect(widget_, &QListView::doubleClicked, widget_, [this](const QModelIndex& entry) {
     forms::userDoubleClickedEntry(this->list(), entry.row());
   });
+  widget_->onDoubleClickedBesideEntries = [this] {
+    forms::userDoubleClickedEntry(this->list(), -1);
+  };
   QObject::connect(widget_->verticalScrollBar(), &QScrollBar::valueChanged, widget_,
                    [this](int value) {
                      if (!applying()) forms::userScrolled(this->list(), value);
@@ -74,15 +84,27 @@ void ListView::selected() {
 
 void ListView::apply(const Changes& changes) {
   ControlView::apply(changes);
-  const bool newEntries = changes.has(Property::Items) && entries_->show(list().entries());
-  // New entries begin at the top; what is selected then comes into view.
-  if (newEntries) applyTopIndex();
-  if (newEntries || changes.has(Property::Index)) applyIndex();
+  // Entries that were filled in anew, be they the same ones, are shown from the top unless the
+  // control says otherwise; what is selected then comes into view.
+  if (changes.has(Property::Items)) {
+    entries_->show(list().entries());
+    applyTopIndex();
+  }
+  if (changes.has(Property::Items) || changes.has(Property::Index)) applyIndex();
   if (changes.has(Property::TopIndex)) {
     applyTopIndex();
   } else if (changes.has(Property::Index)) {
-    forms::userScrolled(list(), widget_->verticalScrollBar()->value());
+    reportScroll();
   }
+}
+
+bool ListView::scrolledAsAsked() const {
+  const QScrollBar& bar = *widget_->verticalScrollBar();
+  return bar.value() == std::min(list().topIndex(), bar.maximum());
+}
+
+void ListView::reportScroll() {
+  if (!scrolledAsAsked()) forms::userScrolled(list(), widget_->verticalScrollBar()->value());
 }
 
 void ListView::applyIndex() {
@@ -107,12 +129,9 @@ std::optional<forms::PropertyValue> ListView::shown(Property property) const {
       return entries_->joined();
     case Property::Index:
       return static_cast<double>(selectedRow());
-    case Property::TopIndex: {
-      // Scrolled as far as the list reaches is as good as scrolled further.
-      const QScrollBar& bar = *widget_->verticalScrollBar();
-      const bool asFarAsItGoes = bar.value() == std::min(list().topIndex(), bar.maximum());
-      return static_cast<double>(asFarAsItGoes ? list().topIndex() : bar.value());
-    }
+    case Property::TopIndex:
+      return static_cast<double>(scrolledAsAsked() ? list().topIndex()
+                                                   : widget_->verticalScrollBar()->value());
     default:
       return ControlView::shown(property);
   }

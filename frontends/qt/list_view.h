@@ -13,8 +13,11 @@ class EntryList : public MouseReleases<QListView> {
  public:
   using MouseReleases<QListView>::MouseReleases;
 
+  std::function<void()> onDoubleClickedBesideEntries;
+
  protected:
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
 };
 
 class ListView : public ControlView {
@@ -33,6 +36,9 @@ class ListView : public ControlView {
   void applyIndex();
   void applyTopIndex();
   void selected();
+  void reportScroll();
+  /// Scrolled as far as the list reaches is as good as scrolled further.
+  [[nodiscard]] bool scrolledAsAsked() const;
   [[nodiscard]] int selectedRow() const;
   [[nodiscard]] forms::ListBox& list() const { return static_cast<forms::ListBox&>(control()); }
 

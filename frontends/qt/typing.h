@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <functional>
 
@@ -10,6 +11,8 @@ namespace kvrnstep::qt {
 /// Whether the pressed key may reach the box: asks the control's handler, where it has one, about
 /// each character that the key types.
 bool mayType(forms::TextControl& box, const QKeyEvent& event);
+/// … about each character that dead keys or an input method have put together.
+bool mayType(forms::TextControl& box, const QString& characters);
 
 /// A text widget whose keys are asked about and whose released keys are told of.
 template <class Base>
@@ -18,6 +21,7 @@ class Typing : public Base {
   using Base::Base;
 
   std::function<bool(const QKeyEvent&)> onPressed;
+  std::function<bool(const QString&)> onComposed;
   std::function<void()> onReleased;
 
  protected:
@@ -27,6 +31,12 @@ class Typing : public Base {
     } else {
       Base::keyPressEvent(event);
     }
+  }
+  void inputMethodEvent(QInputMethodEvent* event) override {
+    // An empty one ends the composition.
+    QInputMethodEvent nothing;
+    const bool refused = onComposed && !onComposed(event->commitString());
+    Base::inputMethodEvent(refused ? &nothing : event);
   }
   void keyReleaseEvent(QKeyEvent* event) override {
     Base::keyReleaseEvent(event);
@@ -38,6 +48,7 @@ class Typing : public Base {
 template <class Base>
 void connectKeys(Typing<Base>& widget, forms::TextControl& box) {
   widget.onPressed = [&box](const QKeyEvent& event) { return mayType(box, event); };
+  widget.onComposed = [&box](const QString& characters) { return mayType(box, characters); };
   widget.onReleased = [&box] { forms::userReleasedKey(box); };
 }
 

@@ -117,10 +117,13 @@ int ListView::lowestTop() const {
 
 void ListView::apply(const Changes& changes) {
   ControlView::apply(changes);
-  const bool newEntries = changes.has(Property::Items) && applyEntries();
-  // New entries begin at the top; what is selected then comes into view.
-  if (newEntries) applyTopIndex();
-  if (newEntries || changes.has(Property::Index)) applyIndex();
+  // Entries that were filled in anew, be they the same ones, are shown from the top unless the
+  // control says otherwise; what is selected then comes into view.
+  if (changes.has(Property::Items)) {
+    applyEntries();
+    applyTopIndex();
+  }
+  if (changes.has(Property::Items) || changes.has(Property::Index)) applyIndex();
   if (changes.has(Property::TopIndex)) {
     applyTopIndex();
   } else if (changes.has(Property::Index)) {
@@ -128,10 +131,10 @@ void ListView::apply(const Changes& changes) {
   }
 }
 
-bool ListView::applyEntries() {
+void ListView::applyEntries() {
   const std::vector<std::u16string>& wanted = list().entries().all();
   const Difference difference = differenceOf(entries_, wanted);
-  if (difference.removed == 0 && difference.added == 0) return false;
+  if (difference.removed == 0 && difference.added == 0) return;
   const Undrawn undrawn(handle());
   if (difference.removed == entries_.size()) {
     ::SendMessageW(handle(), LB_RESETCONTENT, 0, 0);
@@ -145,7 +148,6 @@ bool ListView::applyEntries() {
     ::SendMessageW(handle(), LB_INSERTSTRING, i, reinterpret_cast<LPARAM>(text::wide(wanted[i])));
   }
   entries_ = wanted;
-  return true;
 }
 
 void ListView::applyIndex() {

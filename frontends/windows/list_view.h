@@ -26,7 +26,7 @@ class ListView : public ControlView {
   LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
 
  private:
-  bool applyEntries();
+  void applyEntries();
   void applyIndex();
   void applyTopIndex();
   void reportScroll();

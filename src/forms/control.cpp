@@ -45,6 +45,16 @@ std::size_t outOfLineBreak(std::u16string_view text, std::size_t position) {
   return within ? position + 1 : position;
 }
 
+/// Keeps no more than the first line of what went into a text, which ends at the caret.
+void dropFurtherLines(std::u16string_view before, std::u16string& text, TextSelection& caret) {
+  const auto same = std::ranges::mismatch(before, text).in2 - text.begin();
+  const std::size_t lineBreak = text.find_first_of(u"\r\n", static_cast<std::size_t>(same));
+  const std::size_t end = std::min(caret.start + caret.length, text.size());
+  if (lineBreak >= end) return;
+  text.erase(lineBreak, end - lineBreak);
+  caret = {lineBreak, 0};
+}
+
 std::u16string joined(const Entries& entries) {
   std::u16string result;
   for (const auto& entry : entries.all()) {
@@ -211,6 +221,7 @@ void TextControl::setText(std::u16string text) {
 }
 
 void TextControl::textByUser(std::u16string text, TextSelection selection) {
+  if (!row().multiLine) dropFurtherLines(text_, text, selection);
   text_ = std::move(text);
   selection_ = selection;
   changed(Property::Text);
@@ -398,8 +409,7 @@ void ListBox::setIndex(int index) {
 }
 
 void ListBox::setTopIndex(int index) {
-  if (index < 0 || index >= ListCount()) return;
-  topIndex_ = index;
+  if (index >= 0 && index < ListCount()) topIndex_ = index;
   changed(Property::TopIndex);
 }
 

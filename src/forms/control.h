@@ -182,7 +182,8 @@ class TextControl : public Control {
   [[nodiscard]] const std::u16string& text() const { return text_; }
   /// Puts the caret behind the text of a single line and before the text of several lines.
   void setText(std::u16string text);
-  /// The text and the caret as the user left them.
+  /// The text and the caret as the user left them. Of several lines that were pasted into a box of
+  /// one line only the first stays.
   void textByUser(std::u16string text, TextSelection selection);
   [[nodiscard]] TextSelection selection() const { return selection_; }
   /// Parts outside the text are cut off; an end between CR and LF goes behind both.
@@ -281,7 +282,7 @@ class ListBox : public Control {
   void setIndex(int index);
   [[nodiscard]] int topIndex() const { return topIndex_; }
   /// Scrolls so that the entry is the first visible one, as far as the list reaches. Where there
-  /// is no such entry nothing is scrolled.
+  /// is no such entry the list stays where it is, even if another one was selected just before.
   void setTopIndex(int index);
 
   [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;

@@ -133,6 +133,22 @@ TEST(Editors, OfOtherKinds) {
   EXPECT_EQ(folder.names(), (std::set<std::string>{"steps.ini", "ending_step.dat"}));
 }
 
+TEST(Editors, TakeOneLineOfWhatIsPastedIntoTheAddBox) {
+  headless::HeadlessToolkit toolkit;
+  const plugin::HostContext host;
+  frmStepPSEdit editor(toolkit, host);
+  auto& box = static_cast<forms::TextBox&>(*editor.find("txtAdd", -1));
+  forms::userEdited(box, u"one\r\ntwo", {8, 0});
+  EXPECT_EQ(box.text(), u"one");
+  forms::userEdited(box, u"on\n\ne", {4, 0});
+  EXPECT_EQ(box.text(), u"one");
+  EXPECT_EQ(box.selection(), (forms::TextSelection{2, 0}));
+  // A break that was there before, as in an entry of a list, stays.
+  box.setText(u"a\nb");
+  forms::userEdited(box, u"a\nbc", {4, 0});
+  EXPECT_EQ(box.text(), u"a\nbc");
+}
+
 TEST(Editors, DoNotReplaceWhatTheyCouldNotRead) {
   const TemporaryFolder folder;
   // A folder of that name can be read by nobody, not even by the superuser.
