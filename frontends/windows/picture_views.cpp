@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "accessible_names.h"
 #include "resources.h"
 #include "window_view.h"
 
@@ -54,6 +55,11 @@ ContainerView::ContainerView(WindowView& window, forms::Control& container)
     : ControlView(window, container) {
   Receiver& receiver = window;
   create(ownClass(), WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, &receiver);
+}
+
+void ContainerView::announce(AccessibleNames& names) const {
+  ControlView::announce(names);
+  names.setRole(handle(), Role::Group);
 }
 
 }  // namespace kvrnstep::windows
