@@ -49,6 +49,8 @@ void ImageView::drawn(const DRAWITEMSTRUCT& request) {
 
 StatusBarView::StatusBarView(WindowView& window, forms::Control& bar) : ControlView(window, bar) {
   create(STATUSCLASSNAMEW, SBARS_SIZEGRIP | CCS_NOPARENTALIGN | CCS_NORESIZE | CCS_NODIVIDER);
+  // A button lies on it; the frame of a text that is never there would run behind that.
+  ::SendMessageW(handle(), SB_SETTEXTW, SBT_NOBORDERS, reinterpret_cast<LPARAM>(L""));
 }
 
 ContainerView::ContainerView(WindowView& window, forms::Control& container)

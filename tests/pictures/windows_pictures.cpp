@@ -15,7 +15,6 @@
 #include <utility>
 
 #include "driven/ticker.h"
-#include "driven/user_input.h"
 #include "forms/user_actions.h"
 #include "scenes.h"
 #include "windows_toolkit.h"
@@ -145,8 +144,11 @@ struct Shown {
   void (*changeHost)(plugin::HostContext& host) = nullptr;
 };
 
-Step press(WORD key, WORD held) {
-  return [=](WindowView& /*view*/) { windows::pressKey(key, held); };
+/// The menu with that letter, as Alt opens it.
+Step openMenu(char letter) {
+  return [=](WindowView& view) {
+    ::PostMessageW(view.handle(), WM_SYSCOMMAND, SC_KEYMENU, static_cast<LPARAM>(letter));
+  };
 }
 
 Step click(const char* name, int index) {
@@ -185,10 +187,10 @@ void colorPreview(plugin::HostContext& host) {
 /// What only this front end draws in its own way.
 std::vector<Shown> ownScenes() {
   return {
-      {"file-menu", {press('F', VK_MENU)}},
-      {"edit-menu", {press('E', VK_MENU)}},
-      {"options-menu", {press('O', VK_MENU)}},
-      {"actions-menu", {press('A', VK_MENU)}},
+      {"file-menu", {openMenu('f')}},
+      {"edit-menu", {openMenu('e')}},
+      {"options-menu", {openMenu('o')}},
+      {"actions-menu", {openMenu('a')}},
       {"message", {clearCount, click("mnuOptions", 5)}},
       {"file-to-open", {click("mnuFiles", 0)}},
       {"suffixes", {dropDown}},
