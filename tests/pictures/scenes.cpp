@@ -11,8 +11,9 @@ namespace {
 
 std::filesystem::path newFolder() {
   const auto name = "listwright-pictures-" + std::to_string(std::random_device{}());
-  const auto folder = std::filesystem::temp_directory_path() / name;
-  std::filesystem::create_directory(folder);
+  // The last part can be seen in the box that asks for a file.
+  auto folder = std::filesystem::temp_directory_path() / name / "Steps";
+  std::filesystem::create_directories(folder);
   return folder;
 }
 
@@ -30,7 +31,7 @@ Folder::Folder() : folder_(newFolder()) {
 
 Folder::~Folder() {
   std::error_code ignored;
-  std::filesystem::remove_all(folder_, ignored);
+  std::filesystem::remove_all(folder_.parent_path(), ignored);
 }
 
 void Folder::write(const std::u16string& name, const std::u16string& text) {
