@@ -26,7 +26,7 @@ void renewFrame(HWND edit) {
 
 LONG lineHeight(HWND edit) {
   const HDC context = ::GetDC(edit);
-  const auto font = reinterpret_cast<HFONT>(::SendMessageW(edit, WM_GETFONT, 0, 0));
+  auto* const font = reinterpret_cast<HFONT>(::SendMessageW(edit, WM_GETFONT, 0, 0));
   const HGDIOBJ before = ::SelectObject(context, font);
   TEXTMETRICW metrics{};
   ::GetTextMetricsW(context, &metrics);
@@ -65,7 +65,7 @@ void fillBands(HWND edit) {
   ::OffsetRect(&area, -whole.left, -whole.top);
   ::OffsetRect(&inside, -whole.left, -whole.top);
   const HDC context = ::GetWindowDC(edit);
-  const auto ground = reinterpret_cast<HBRUSH>(
+  auto* const ground = reinterpret_cast<HBRUSH>(
       ::SendMessageW(::GetParent(edit), takesText(edit) ? WM_CTLCOLOREDIT : WM_CTLCOLORSTATIC,
                      reinterpret_cast<WPARAM>(context), reinterpret_cast<LPARAM>(edit)));
   const RECT above{area.left, area.top, area.right, inside.top};

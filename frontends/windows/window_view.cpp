@@ -68,9 +68,9 @@ WindowView::WindowView(forms::Window& window, HWND owner)
       handle_(makeWindow(*this, style_, owner, menus_.bar())),
       dpi_(dpiOf(handle_)),
       captionFont_(windows::captionFont(dpi_)),
-      tips_(handle_) {
+      tips_(handle_),
+      focus_(forms::firstFocus(window)) {
   build();
-  focus_ = forms::firstFocus(window_);
   changes_.addAll();
   for (const auto& view : views_) view->markAll();
   update();
@@ -443,6 +443,7 @@ void WindowView::arrangeDepth(const std::vector<Control*>& order) {
     return control->reachable() ? 0 : 2;
   });
   std::vector<HWND> depth;
+  depth.reserve(sorted.size());
   for (const Control* control : sorted) depth.push_back(viewOf(*control).handle());
   if (depth_ == depth) return;
   depth_ = std::move(depth);

@@ -113,7 +113,7 @@ class WindowView final : public forms::View, public Receiver {
   Changes changes_;
   std::optional<POINT> menuPlace_;
   POINT position_{};  ///< where the model has the frame
-  forms::Control* focus_ = nullptr;
+  forms::Control* focus_;
   HWND lastFocus_ = nullptr;
   bool arrangementChanged_ = true;
   bool updating_ = false;
