@@ -1,5 +1,5 @@
 # For people. Every target does what it needs first, on a fresh Debian 12 machine too.
-.PHONY: help setup build run test test-sanitized screenshots bench fuzz fuzz-check windows test-windows deb install format check clean
+.PHONY: help setup build run test test-sanitized screenshots bench fuzz fuzz-check windows test-windows deb install format check clean screenshots-windows
 
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
@@ -14,6 +14,7 @@ help:
 	@echo "make build           build into build/bin and build/lib"
 	@echo "make setup           install the Debian packages that are missing"
 	@echo "make screenshots     draw all windows into docs/images; the tests compare them"
+	@echo "make screenshots-windows  the same for Windows, in build-windows64/pictures"
 	@echo "make bench           build and run the benchmarks"
 	@echo "make install         install below PREFIX ($(PREFIX)), DESTDIR is honoured"
 	@echo "make deb             Debian packages, in build-deb"
@@ -44,6 +45,14 @@ bench: build
 screenshots: build
 	@rm -f docs/images/*.png
 	@tools/screenshots build/bin/pictures docs/images
+
+screenshots-windows:
+	@tools/setup-windows run
+	@tools/install-missing fonts-wine fonts-liberation optipng
+	@cmake --preset windows64 >/dev/null && cmake --build build-windows64 --target pictures
+	@tools/screenshots-windows build-windows64/bin/pictures.exe build-windows64/pictures
+	@cd docs/images/windows && for kept in *.png; do \
+	  cp ../../../build-windows64/pictures/$$kept . && optipng -quiet $$kept; done
 
 install: build
 	@cmake --install build --prefix $(PREFIX)

@@ -20,7 +20,9 @@ file(GLOB pictures CONFIGURE_DEPENDS
 set_source_files_properties(${resources} PROPERTIES
   INCLUDE_DIRECTORIES "${CMAKE_CURRENT_BINARY_DIR};${CMAKE_CURRENT_SOURCE_DIR}/component/windows;${PROJECT_SOURCE_DIR}/assets;${PROJECT_SOURCE_DIR}/frontends/windows"
   OBJECT_DEPENDS "${type_library};${pictures}")
-target_sources(kvrnstep PRIVATE ${resources} component/windows/kvrnstep.def)
+add_library(kvrnstep_resources OBJECT ${resources})
+target_sources(kvrnstep PRIVATE $<TARGET_OBJECTS:kvrnstep_resources>
+  component/windows/kvrnstep.def)
 
 target_link_libraries(kvrnstep PRIVATE kvrnstep_headless ole32 oleaut32 uuid)
 if(EXISTS ${PROJECT_SOURCE_DIR}/frontends/windows/CMakeLists.txt)

@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "accessible_names.h"
 #include "forms/keyboard.h"
 #include "guard.h"
 #include "resources.h"
@@ -86,6 +87,14 @@ void ControlView::allowTab(bool allowed) {
   const LONG_PTR style = ::GetWindowLongPtrW(handle_, GWL_STYLE);
   const LONG_PTR wanted = allowed ? style | WS_TABSTOP : style & ~LONG_PTR{WS_TABSTOP};
   if (wanted != style) ::SetWindowLongPtrW(handle_, GWL_STYLE, wanted);
+}
+
+void ControlView::announce(AccessibleNames& names) const {
+  // The system reads captions out itself, those too that change.
+  if (control_.row().accessibleName.empty() && !control_.caption().empty()) return;
+  const std::u16string name = forms::accessibleName(control_);
+  names.setName(handle_, name);
+  if (keyTarget() != handle_) names.setName(keyTarget(), name);
 }
 
 void ControlView::useFont(HFONT font) {

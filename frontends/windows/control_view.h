@@ -12,6 +12,7 @@
 
 namespace kvrnstep::windows {
 
+class AccessibleNames;
 class WindowView;
 
 /// Properties that have changed since they were last drawn.
@@ -54,6 +55,9 @@ class ControlView {
   [[nodiscard]] virtual bool usesKeys() const { return false; }
   /// Where on the screen a menu opens that the keyboard asks for; nothing: at the mouse.
   [[nodiscard]] virtual std::optional<POINT> menuPlace() const { return std::nullopt; }
+
+  /// Says for screen readers what the system cannot know.
+  virtual void announce(AccessibleNames& names) const;
 
   // What the control tells the window that holds it.
   virtual void commanded(int /*notification*/) {}

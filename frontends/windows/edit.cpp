@@ -1,5 +1,6 @@
 #include "edit.h"
 
+#include "centred_line.h"
 #include "control_view.h"
 #include "forms/user_actions.h"
 #include "guard.h"
@@ -42,6 +43,7 @@ Edit::~Edit() {
 void Edit::adopt(HWND handle) {
   handle_ = handle;
   ::SetWindowSubclass(handle_, procedure, 0, reinterpret_cast<DWORD_PTR>(this));
+  if (!box_.row().multiLine) centreLine(handle_);
   ::SendMessageW(handle_, EM_SETLIMITTEXT, static_cast<WPARAM>(box_.row().maxLength), 0);
 }
 

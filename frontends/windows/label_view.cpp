@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "accessible_names.h"
 #include "box_font.h"
 #include "forms/user_actions.h"
 #include "link_color.h"
@@ -15,6 +16,16 @@ namespace kvrnstep::windows {
 
 using forms::MouseButton;
 using forms::Property;
+
+void MouseView::announce(AccessibleNames& names) const {
+  ControlView::announce(names);
+  const bool label = control().kind() == forms::Kind::Label;
+  if (takesFocus()) {
+    names.setRole(handle(), label && control().row().clickable ? Role::Link : Role::Button);
+  } else if (!label) {
+    names.setRole(handle(), Role::Picture);
+  }
+}
 
 LRESULT MouseView::received(UINT message, WPARAM wide, LPARAM longer) {
   // Tab passes over what calls itself a plain label.

@@ -12,6 +12,7 @@ class MouseView : public ControlView {
   using ControlView::ControlView;
 
   [[nodiscard]] bool takesFocus() const override { return forms::takesKeyboard(control()); }
+  void announce(AccessibleNames& names) const override;
 
  protected:
   LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;

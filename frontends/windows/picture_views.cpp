@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "accessible_names.h"
 #include "resources.h"
 #include "window_view.h"
 
@@ -48,12 +49,19 @@ void ImageView::drawn(const DRAWITEMSTRUCT& request) {
 
 StatusBarView::StatusBarView(WindowView& window, forms::Control& bar) : ControlView(window, bar) {
   create(STATUSCLASSNAMEW, SBARS_SIZEGRIP | CCS_NOPARENTALIGN | CCS_NORESIZE | CCS_NODIVIDER);
+  // A button lies on it; the frame of a text that is never there would run behind that.
+  ::SendMessageW(handle(), SB_SETTEXTW, SBT_NOBORDERS, reinterpret_cast<LPARAM>(L""));
 }
 
 ContainerView::ContainerView(WindowView& window, forms::Control& container)
     : ControlView(window, container) {
   Receiver& receiver = window;
   create(ownClass(), WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, &receiver);
+}
+
+void ContainerView::announce(AccessibleNames& names) const {
+  ControlView::announce(names);
+  names.setRole(handle(), Role::Group);
 }
 
 }  // namespace kvrnstep::windows

@@ -31,6 +31,8 @@ class StatusBarView : public ControlView {
 class ContainerView : public ControlView {
  public:
   ContainerView(WindowView& window, forms::Control& container);
+
+  void announce(AccessibleNames& names) const override;
 };
 
 }  // namespace kvrnstep::windows

@@ -3,6 +3,7 @@
 // After the other one.
 #include <commctrl.h>
 
+#include "centred_line.h"
 #include "control_view.h"
 #include "guard.h"
 #include "resources.h"
@@ -83,8 +84,9 @@ void QuestionBox::build(HWND box) {
   add(box, WC_STATICW, question_.prompt, SS_LEFT | SS_NOPREFIX, {margin, top, right, top + height},
       -1);
   top += height + margin;
-  const HWND line = add(box, WC_EDITW, question_.proposal, WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL,
+  const HWND line = add(box, WC_EDITW, question_.proposal, WS_TABSTOP | ES_AUTOHSCROLL,
                         {margin, top, right, top + scaled(kLineHeight)}, kLine);
+  centreLine(line);
   top += scaled(kLineHeight) + margin;
   const int cancel = right - scaled(kButtonWidth);
   const int ok = cancel - margin - scaled(kButtonWidth);
@@ -104,10 +106,11 @@ void QuestionBox::build(HWND box) {
 
 HWND QuestionBox::add(HWND box, const wchar_t* className, const std::u16string& text, DWORD style,
                       RECT place, int id) const {
-  const HWND control =
-      ::CreateWindowExW(0, className, text::wide(text), WS_CHILD | WS_VISIBLE | style, place.left,
-                        place.top, place.right - place.left, place.bottom - place.top, box,
-                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), thisModule(), nullptr);
+  const bool framed = id == kLine;
+  const HWND control = ::CreateWindowExW(
+      framed ? WS_EX_CLIENTEDGE : 0, className, text::wide(text), WS_CHILD | WS_VISIBLE | style,
+      place.left, place.top, place.right - place.left, place.bottom - place.top, box,
+      reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), thisModule(), nullptr);
   ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
   return control;
 }

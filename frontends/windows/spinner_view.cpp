@@ -1,5 +1,7 @@
 #include "spinner_view.h"
 
+#include "accessible_names.h"
+#include "forms/keyboard.h"
 #include "forms/user_actions.h"
 #include "window_view.h"
 
@@ -17,6 +19,15 @@ SpinnerView::SpinnerView(WindowView& window, forms::Spinner& spinner)
 
 void SpinnerView::setBuddy(HWND box) {
   ::SendMessageW(handle(), UDM_SETBUDDY, reinterpret_cast<WPARAM>(box), 0);
+}
+
+void SpinnerView::announce(AccessibleNames& names) const {
+  constexpr DWORD kUp = 1;
+  constexpr DWORD kDown = 2;
+  ControlView::announce(names);
+  const auto& spinner = static_cast<const forms::Spinner&>(control());
+  names.setName(handle(), forms::accessibleArrowName(spinner, true), kUp);
+  names.setName(handle(), forms::accessibleArrowName(spinner, false), kDown);
 }
 
 LRESULT SpinnerView::notified(const NMHDR& notification) {

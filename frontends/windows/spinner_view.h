@@ -10,6 +10,7 @@ class SpinnerView : public ControlView {
  public:
   SpinnerView(WindowView& window, forms::Spinner& spinner);
 
+  void announce(AccessibleNames& names) const override;
   LRESULT notified(const NMHDR& notification) override;
   /// The box whose arrow keys turn the value too.
   void setBuddy(HWND box);

@@ -68,15 +68,16 @@ WindowView::WindowView(forms::Window& window, HWND owner)
       handle_(makeWindow(*this, style_, owner, menus_.bar())),
       dpi_(dpiOf(handle_)),
       captionFont_(windows::captionFont(dpi_)),
-      tips_(handle_) {
+      tips_(handle_),
+      focus_(forms::firstFocus(window)) {
   build();
-  focus_ = forms::firstFocus(window_);
   changes_.addAll();
   for (const auto& view : views_) view->markAll();
   update();
 }
 
 WindowView::~WindowView() {
+  names_.reset();
   views_.clear();
   ::SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
   ::DestroyWindow(handle_);
@@ -92,6 +93,7 @@ void WindowView::build() {
     if (!control->row().toolTip.empty()) tips_.add(view.handle(), control->row().toolTip);
   }
   connectSpinners();
+  for (const auto& view : views_) view->announce(*names_);
 }
 
 std::unique_ptr<ControlView> WindowView::makeView(Control& control) {
@@ -159,8 +161,11 @@ int WindowView::pixels(double units) const {
 
 RECT WindowView::pixelPlace(const Control& control) const {
   const forms::Rect& place = control.place();
-  return {pixels(place.left), pixels(place.top), pixels(place.left + place.width),
-          pixels(place.top + place.height)};
+  RECT inPixels{pixels(place.left), pixels(place.top), pixels(place.left + place.width),
+                pixels(place.top + place.height)};
+  // What begins outside of its container would be shown without its edge.
+  if (control.container() != nullptr) inPixels.top = std::max<LONG>(inPixels.top, 0);
+  return inPixels;
 }
 
 SIZE WindowView::inside() const {
@@ -438,6 +443,7 @@ void WindowView::arrangeDepth(const std::vector<Control*>& order) {
     return control->reachable() ? 0 : 2;
   });
   std::vector<HWND> depth;
+  depth.reserve(sorted.size());
   for (const Control* control : sorted) depth.push_back(viewOf(*control).handle());
   if (depth_ == depth) return;
   depth_ = std::move(depth);

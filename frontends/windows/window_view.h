@@ -6,6 +6,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "accessible_names.h"
 #include "control_view.h"
 #include "forms/window.h"
 #include "menu_bar.h"
@@ -103,6 +104,7 @@ class WindowView final : public forms::View, public Receiver {
   int dpi_;
   Font captionFont_;
   ToolTips tips_;
+  std::optional<AccessibleNames> names_{std::in_place};
   std::vector<std::unique_ptr<ControlView>> views_;
   std::unordered_map<const forms::Control*, ControlView*> byControl_;
   std::unordered_map<HWND, ControlView*> byHandle_;
@@ -111,7 +113,7 @@ class WindowView final : public forms::View, public Receiver {
   Changes changes_;
   std::optional<POINT> menuPlace_;
   POINT position_{};  ///< where the model has the frame
-  forms::Control* focus_ = nullptr;
+  forms::Control* focus_;
   HWND lastFocus_ = nullptr;
   bool arrangementChanged_ = true;
   bool updating_ = false;

@@ -6,46 +6,20 @@
 /// Scale and colours come from the environment, as for every program with Qt.
 #include <QApplication>
 #include <QDir>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
 
-#include "dialogs/frm_listwright.h"
-#include "forms/user_actions.h"
 #include "menu_view.h"
 #include "qt_application.h"
 #include "qt_toolkit.h"
-#include "storage/text_file.h"
-#include "text.h"
+#include "scenes.h"
 
 using kvrnstep::dialogs::frmListwright;
 using namespace kvrnstep;
 
 namespace {
-
-/// A folder with a few files of each kind, for windows that have something to show.
-class Folder {
- public:
-  Folder() {
-    for (const char16_t* name : {u"Numbered list", u"Chapters in Roman numerals", u"Questions"}) {
-      write(std::u16string(name) + u".step", u"");
-    }
-    write(u"Prefix_Step.dat", u"Step\r\nChapter\r\nNo. {STEP_R}\r\n§\r\n");
-    write(u"Suffix_Step.dat", u".\r\n)\r\n:\r\n");
-    write(u"beginning_step.dat",
-          u"\"What to do when the alarm rings:\"\r\n\"\"\r\n\"Agenda\r\n======\"\r\n");
-  }
-  [[nodiscard]] std::u16string path() const { return qt::fromQt(folder_.path()); }
-
- private:
-  void write(const std::u16string& name, const std::u16string& text) {
-    storage::WriteTextFile(path() + u'/' + name, text);
-  }
-
-  QTemporaryDir folder_;
-};
 
 /// Takes a picture of what opens last and closes everything again.
 class Photographer : public qt::Attendant {
@@ -91,69 +65,11 @@ class Photographer : public qt::Attendant {
   bool taken_ = false;
 };
 
-struct Scene {
-  const char* name;
-  void (*prepare)(forms::Window& window);
-};
-
-void click(forms::Window& window, std::string_view name, int index) {
-  forms::userClicked(*window.find(name, index));
-}
-
-void writeList(forms::Window& window) {
-  const auto text = [&window](const char* name, int index, const char16_t* value) {
-    window.find(name, index)->set(forms::Property::Text, std::u16string(value));
-  };
-  click(window, "optNA", 2);
-  text("cboPreSuf", 0, u"Step");
-  text("cboPreSuf", 1, u")");
-  text("txtBEndAt", -1, u"8");
-  text("txtBegin", -1, u"What to do when the alarm rings:\r\n");
-}
-
-constexpr std::array kScenes{
-    Scene{"compact", [](forms::Window& /*window*/) {}},
-    Scene{"preview",
-          [](forms::Window& window) {
-            writeList(window);
-            click(window, "mnuOptions", 5);
-          }},
-    Scene{"files", [](forms::Window& window) { click(window, "mnuOptions", 4); }},
-    Scene{"files-and-preview",
-          [](forms::Window& window) {
-            writeList(window);
-            click(window, "mnuOptions", 4);
-            click(window, "mnuOptions", 5);
-            forms::userClickedEntry(static_cast<forms::ListBox&>(*window.find("lstStepf", -1)), 1);
-          }},
-    Scene{"prefixes", [](forms::Window& window) { click(window, "mnuEdits", 0); }},
-    Scene{"beginnings", [](forms::Window& window) { click(window, "mnuEdits", 3); }},
-    Scene{"question",
-          [](forms::Window& window) {
-            forms::userReleasedMouse(*window.find("updBEndAt", -1), forms::MouseButton::Right);
-          }},
-    Scene{"step-file-menu",
-          [](forms::Window& window) {
-            click(window, "mnuOptions", 4);
-            auto& list = static_cast<forms::ListBox&>(*window.find("lstStepf", -1));
-            forms::userClickedEntry(list, 0);
-            forms::userReleasedMouse(list, forms::MouseButton::Right);
-          }},
-};
-
-void draw(const Scene& scene, const Folder& folder, const QString& file) {
+void draw(const pictures::Scene& scene, const pictures::Folder& folder, const QString& file) {
   Photographer photographer(file);
   photographer.prepare = scene.prepare;
   qt::QtToolkit toolkit(&photographer);
-  plugin::HostContext host;
-  host.SEC_APP_NAME = u"Listwright";
-  host.sPthStepFolder = folder.path();
-  host.s_IniPathAndName = folder.path() + u"/steps.ini";
-  host.s_EditorFont = u"Courier New";
-  host.i_EditorSize = 9;
-  host.bytSpcCount = 4;
-  host.l_EditorBColor = static_cast<std::int32_t>(0x80000005);
-  host.l_EditorFColor = static_cast<std::int32_t>(0x80000008);
+  const plugin::HostContext host = pictures::hostOf(folder);
   frmListwright dialog(toolkit, host);
   dialog.showModal(toolkit);
 }
@@ -164,9 +80,9 @@ int drawAll(const QString& folder, const QString& suffix) {
     std::fprintf(stderr, "%s\n", problem.c_str());
     return 2;
   }
-  for (const Scene& scene : kScenes) {
-    const Folder files;
-    draw(scene, files, folder + '/' + scene.name + '-' + suffix + ".png");
+  for (const pictures::Scene& scene : pictures::scenes()) {
+    const pictures::Folder files;
+    draw(scene, files, folder + '/' + scene.name.c_str() + '-' + suffix + ".png");
   }
   return 0;
 }
