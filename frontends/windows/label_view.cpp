@@ -9,6 +9,7 @@
 #include "forms/user_actions.h"
 #include "link_color.h"
 #include "resources.h"
+#include "scale.h"
 #include "text/windows/wide.h"
 #include "window_view.h"
 
@@ -71,6 +72,15 @@ void LabelView::apply(const Changes& changes) {
                            control().row().clickable, window().dpi());
   useFont(fitted.get());
   font_ = std::move(fitted);
+}
+
+RECT LabelView::place() const {
+  RECT place = ControlView::place();
+  // Those that are dragged stand in one row and have room between them. Without some of it, some
+  // would be squeezed and others not.
+  constexpr int kSpare = 4;
+  if (control().row().draggable) place.right += toPixels(kSpare, window().dpi());
+  return place;
 }
 
 LRESULT LabelView::received(UINT message, WPARAM wide, LPARAM longer) {

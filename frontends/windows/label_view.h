@@ -34,6 +34,7 @@ class LabelView : public MouseView {
 
  protected:
   void apply(const Changes& changes) override;
+  [[nodiscard]] RECT place() const override;
   LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
   void pressed() override;
   void released(POINT onScreen) override;
