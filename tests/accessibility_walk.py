@@ -32,6 +32,8 @@ WANTED = {
         ("Step Files", "list"),
         ("Insert", "push button"),
         ("Options", "menu item"),
+        ("Listing Type", "panel"),
+        ("Actions", "panel"),
     },
     "Edit Step - Prefixes": {
         ("Prefixes", "list"),

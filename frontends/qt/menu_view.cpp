@@ -36,7 +36,6 @@ MenuView::MenuView(WindowView& window, forms::MenuEntry& entry, MenuView* parent
     menu_ = new QMenu(&window.topLevel());
     useFont(*menu_, captionFont());
     menu_->setAccessibleName(toQt(forms::accessibleName(entry)));
-    menu_->setPalette(menuPalette(menu_->palette()));
     action_ = menu_->menuAction();
   } else {
     action_ = new QAction(parent->menu());
@@ -58,6 +57,10 @@ void MenuView::triggered() {
 }
 
 void MenuView::apply(const Changes& changes) {
+  if (changes.has(Property::ForeColor) && menu_ != nullptr) {
+    menu_->setPalette(QPalette());
+    menu_->setPalette(menuPalette(menu_->palette()));
+  }
   if (changes.has(Property::Caption)) {
     action_->setSeparator(entry().separator());
     // Some styles would write the text of a separator.

@@ -1,5 +1,6 @@
 #include "picture_views.h"
 
+#include <QAccessibleWidget>
 #include <QStatusBar>
 
 #include "artwork.h"
@@ -17,6 +18,17 @@ using forms::Property;
 
 namespace {
 
+/// Screen readers are told of it as of a group of controls.
+class Group : public QWidget {
+ public:
+  using QWidget::QWidget;
+};
+
+QAccessibleInterface* describe(const QString& className, QObject* object) {
+  auto* group = className == QLatin1String("QWidget") ? dynamic_cast<Group*>(object) : nullptr;
+  return group == nullptr ? nullptr : new QAccessibleWidget(group, QAccessible::Grouping);
+}
+
 /// A released button over the control, the click that the left one makes, and what the keyboard
 /// does in its place.
 void connectUser(ActiveLabel& label, forms::Control& control) {
@@ -32,6 +44,11 @@ void connectUser(ActiveLabel& label, forms::Control& control) {
 
 }  // namespace
 
+void announceGroups() {
+  // Qt takes the same factory once only.
+  QAccessible::installFactory(describe);
+}
+
 LabelView::LabelView(WindowView& window, forms::Control& label)
     : ControlView(window, label), label_(new DragLabel(window.parentFor(label))) {
   connectUser(*label_, label);
@@ -43,11 +60,6 @@ LabelView::LabelView(WindowView& window, forms::Control& label)
       forms::userDropped(control(), *target);
     }
   };
-  if (label.row().clickable) {
-    QPalette palette = label_->palette();
-    palette.setColor(QPalette::WindowText, readableLink(palette));
-    label_->setPalette(palette);
-  }
 }
 
 void LabelView::setBuddy(QWidget* buddy) {
@@ -55,8 +67,16 @@ void LabelView::setBuddy(QWidget* buddy) {
   mark(Property::Caption);
 }
 
+void LabelView::applyLinkColor() {
+  label_->setPalette(QPalette());
+  QPalette palette = label_->palette();
+  palette.setColor(QPalette::WindowText, readableLink(palette));
+  label_->setPalette(palette);
+}
+
 void LabelView::apply(const Changes& changes) {
   ControlView::apply(changes);
+  if (changes.has(Property::ForeColor) && control().row().clickable) applyLinkColor();
   if (changes.has(Property::Cursor)) {
     applyCursor(*label_, control().cursor());
     if (control().row().draggable) label_->setDraggable(control().dragCursor());
@@ -97,7 +117,7 @@ StatusBarView::StatusBarView(WindowView& window, forms::Control& bar) : ControlV
 
 ContainerView::ContainerView(WindowView& window, forms::Control& container)
     : ControlView(window, container) {
-  auto* ground = new QWidget(window.parentFor(container));
+  auto* ground = new Group(window.parentFor(container));
   adopt(ground);
   // Controls that stand behind a container do not show through.
   ground->setAutoFillBackground(true);

@@ -18,6 +18,8 @@ class LabelView : public ControlView {
   void apply(const Changes& changes) override;
 
  private:
+  void applyLinkColor();
+
   DragLabel* label_;
   QString drawn_;
 };
@@ -45,5 +47,8 @@ class ContainerView : public ControlView {
  public:
   ContainerView(WindowView& window, forms::Control& container);
 };
+
+/// Has screen readers told of containers as of groups of controls.
+void announceGroups();
 
 }  // namespace kvrnstep::qt

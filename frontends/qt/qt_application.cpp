@@ -11,6 +11,7 @@
 #include "color_scheme.h"
 #include "display.h"
 #include "locale_guard.h"
+#include "picture_views.h"
 #include "qt_fonts.h"
 
 namespace kvrnstep::qt {
@@ -86,6 +87,7 @@ bool provideApplication(std::string& problem) {
     createApplication(display->platform);
   }
   announceActiveLabels();
+  announceGroups();
   const auto* application = qobject_cast<QApplication*>(QCoreApplication::instance());
   if (application == nullptr) {
     problem = "the host's Qt application cannot show widgets";

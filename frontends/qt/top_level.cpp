@@ -27,6 +27,7 @@ void TopLevel::resizeEvent(QResizeEvent* event) {
 void TopLevel::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::WindowStateChange && onStateChanged) onStateChanged();
+  if (event->type() == QEvent::PaletteChange && onColorsChanged) onColorsChanged();
 }
 
 void TopLevel::closeEvent(QCloseEvent* event) {

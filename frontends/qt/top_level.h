@@ -15,6 +15,7 @@ class TopLevel : public QWidget {
   std::function<void()> onResized;
   std::function<void()> onStateChanged;
   std::function<void()> onCloseBox;
+  std::function<void()> onColorsChanged;
 
  protected:
   void moveEvent(QMoveEvent* event) override;

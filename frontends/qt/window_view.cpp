@@ -53,6 +53,7 @@ WindowView::WindowView(forms::Window& window, QWidget* owner)
   topLevel_.onResized = [this] { reportResize(); };
   topLevel_.onStateChanged = [this] { reportState(); };
   topLevel_.onCloseBox = [this] { forms::userClosed(window_); };
+  topLevel_.onColorsChanged = [this] { followColors(); };
 }
 
 WindowView::~WindowView() = default;
@@ -301,6 +302,16 @@ void WindowView::reportResize() {
 void WindowView::reportState() {
   const bool minimized = topLevel_.isMinimized();
   if (!unloaded_ && minimized != window_.minimized()) forms::userMinimized(window_, minimized);
+}
+
+/// What is computed from the desktop's colours is computed anew. The window hears of new colours
+/// before its controls have them.
+void WindowView::followColors() {
+  const auto recolor = [this] {
+    for (const auto& view : views_) view->mark(Property::ForeColor);
+    update();
+  };
+  QMetaObject::invokeMethod(&topLevel_, recolor, Qt::QueuedConnection);
 }
 
 }  // namespace kvrnstep::qt

@@ -71,6 +71,7 @@ class WindowView final : public forms::View {
   void reportMove();
   void reportResize();
   void reportState();
+  void followColors();
 
   [[nodiscard]] int pixels(double units) const;
   [[nodiscard]] QSize frameless() const;

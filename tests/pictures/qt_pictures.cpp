@@ -1,6 +1,7 @@
 /// Draws every window, layout and box of the plug-in with Qt, and compares such pictures:
 ///
 ///     pictures draw FOLDER SUFFIX     writes FOLDER/NAME-SUFFIX.png for each of them
+///     pictures darken FOLDER SUFFIX   the same, with the desktop turning dark while it is open
 ///     pictures compare KEPT DRAWN     ends with 1 where the pictures in two folders differ
 ///
 /// Scale and colours come from the environment, as for every program with Qt.
@@ -11,6 +12,7 @@
 #include <cstdlib>
 #include <functional>
 
+#include "color_scheme.h"
 #include "menu_view.h"
 #include "qt_application.h"
 #include "qt_toolkit.h"
@@ -28,6 +30,7 @@ class Photographer : public qt::Attendant {
 
   /// What to do with the dialog before it is taken.
   std::function<void(forms::Window&)> prepare;
+  bool darken = false;
 
   void windowOpened(qt::WindowView& view) override {
     QTimer::singleShot(0, &view.topLevel(), [this, &view] {
@@ -57,7 +60,10 @@ class Photographer : public qt::Attendant {
   /// Only the first one: what is closed uncovers what lies below.
   void take(QWidget& widget) {
     if (std::exchange(taken_, true)) return;
+    if (darken) QApplication::setPalette(qt::darkPalette());
     QApplication::processEvents();
+    // What windows do about new colours, they do when they are back in their loop.
+    QApplication::sendPostedEvents();
     if (!widget.grab().save(file_)) std::exit(2);
   }
 
@@ -65,8 +71,10 @@ class Photographer : public qt::Attendant {
   bool taken_ = false;
 };
 
-void draw(const pictures::Scene& scene, const pictures::Folder& folder, const QString& file) {
+void draw(const pictures::Scene& scene, const pictures::Folder& folder, const QString& file,
+          bool darken) {
   Photographer photographer(file);
+  photographer.darken = darken;
   photographer.prepare = scene.prepare;
   qt::QtToolkit toolkit(&photographer);
   const plugin::HostContext host = pictures::hostOf(folder);
@@ -74,15 +82,17 @@ void draw(const pictures::Scene& scene, const pictures::Folder& folder, const QS
   dialog.showModal(toolkit);
 }
 
-int drawAll(const QString& folder, const QString& suffix) {
+int drawAll(const QString& folder, const QString& suffix, bool darken) {
   std::string problem;
   if (!qt::provideApplication(problem)) {
     std::fprintf(stderr, "%s\n", problem.c_str());
     return 2;
   }
+  const QPalette atFirst = QApplication::palette();
   for (const pictures::Scene& scene : pictures::scenes()) {
     const pictures::Folder files;
-    draw(scene, files, folder + '/' + scene.name.c_str() + '-' + suffix + ".png");
+    QApplication::setPalette(atFirst);
+    draw(scene, files, folder + '/' + scene.name.c_str() + '-' + suffix + ".png", darken);
   }
   return 0;
 }
@@ -127,6 +137,6 @@ int compare(const QDir& kept, const QDir& drawn) {
 int main(int argc, char** argv) {
   const std::vector<QString> words(argv + 1, argv + argc);
   if (words.size() != 3) return 2;
-  if (words[0] == "draw") return drawAll(words[1], words[2]);
+  if (words[0] != "compare") return drawAll(words[1], words[2], words[0] == "darken");
   return compare(QDir(words[1]), QDir(words[2]));
 }
