@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <barrier>
+#include <condition_variable>
+#include <mutex>
 #include <thread>
 
 #include "forms/stage.h"
@@ -14,11 +15,29 @@ namespace kvrnstep::plugin {
 
 namespace {
 
+/// Where two threads wait for each other, more than once. std::barrier of the cross compiler for
+/// Windows hangs now and then.
+class Meetings {
+ public:
+  void arriveAndWait() {
+    std::unique_lock lock(mutex_);
+    const int complete = arrived_ / 2 * 2 + 2;
+    ++arrived_;
+    bothAreThere_.notify_one();
+    bothAreThere_.wait(lock, [&] { return arrived_ >= complete; });
+  }
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable bothAreThere_;
+  int arrived_ = 0;
+};
+
 /// One thread's call with a section, a folder and a settings file of its own.
 class Call : forms::Pilot, forms::Audience {
  public:
   /// @param meetings of the two threads: both dialogs are open, the first one has returned
-  Call(std::u16string section, bool first, std::barrier<>& meetings)
+  Call(std::u16string section, bool first, Meetings& meetings)
       : section_(std::move(section)), first_(first), meetings_(meetings) {}
 
   void run() {
@@ -30,15 +49,15 @@ class Call : forms::Pilot, forms::Audience {
                                       .SEC_APP_NAME = section_,
                                       .s_IniPathAndName = folder_("steps.ini")});
     EXPECT_EQ(hostContext().SEC_APP_NAME, u"");
-    if (first_) meetings_.arrive_and_wait();
+    if (first_) meetings_.arriveAndWait();
   }
 
   [[nodiscard]] std::string settings() const { return folder_.get("steps.ini"); }
 
  private:
   void act() override {
-    meetings_.arrive_and_wait();
-    if (!first_) meetings_.arrive_and_wait();
+    meetings_.arriveAndWait();
+    if (!first_) meetings_.arriveAndWait();
     EXPECT_EQ(hostContext().SEC_APP_NAME, section_);
     stage_->closeTopmost();
   }
@@ -48,13 +67,13 @@ class Call : forms::Pilot, forms::Audience {
   const tests::TemporaryFolder folder_;
   const std::u16string section_;
   const bool first_;
-  std::barrier<>& meetings_;
+  Meetings& meetings_;
   headless::HeadlessToolkit toolkit_;
   forms::Stage* stage_ = nullptr;
 };
 
 TEST(HostContext, IsNotSharedByTwoThreads) {
-  std::barrier<> meetings(2);
+  Meetings meetings;
   Call first(u"First", true, meetings);
   Call second(u"Second", false, meetings);
   std::thread other([&] { first.run(); });
