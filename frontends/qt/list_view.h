@@ -5,13 +5,14 @@
 #include "control_view.h"
 #include "entries_model.h"
 #include "mouse_releases.h"
+#include "sharp_frame.h"
 
 namespace kvrnstep::qt {
 
 /// A list of entries of which one can be selected, with the left button only.
-class EntryList : public MouseReleases<QListView> {
+class EntryList : public SharpFrame<MouseReleases<QListView>> {
  public:
-  using MouseReleases<QListView>::MouseReleases;
+  using SharpFrame::SharpFrame;
 
   std::function<void()> onDoubleClickedBesideEntries;
 

@@ -6,6 +6,7 @@
 
 #include "forms/keyboard.h"
 #include "forms/user_actions.h"
+#include "sharp_frame.h"
 #include "text.h"
 #include "window_view.h"
 
@@ -21,8 +22,7 @@ void ArrowButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const QPalette& colors = palette();
   painter.fillRect(rect(), colors.color(isDown() ? QPalette::Mid : QPalette::Button));
-  painter.setPen(colors.color(QPalette::Mid).darker(120));
-  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  drawSharpFrame(painter, *this);
 
   const QPointF middle = QRectF(rect()).center();
   const double towards = up_ ? -1 : 1;

@@ -32,8 +32,7 @@ class SlimScrollBar : public QScrollBar {
 
 }  // namespace
 
-TextEdit::TextEdit(forms::TextBox& box, QWidget* parent)
-    : Typing<QPlainTextEdit>(parent), box_(box) {
+TextEdit::TextEdit(forms::TextBox& box, QWidget* parent) : SharpFrame(parent), box_(box) {
   constexpr double kMargin = 2;
   connectKeys(*this, box);
   const forms::ControlRow& row = box.row();

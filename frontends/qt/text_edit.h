@@ -2,12 +2,13 @@
 
 #include <QPlainTextEdit>
 
+#include "sharp_frame.h"
 #include "typing.h"
 
 namespace kvrnstep::qt {
 
 /// Several lines of text. All that happens to them by the user's doing is passed on.
-class TextEdit : public Typing<QPlainTextEdit> {
+class TextEdit : public SharpFrame<Typing<QPlainTextEdit>> {
  public:
   TextEdit(forms::TextBox& box, QWidget* parent);
 
