@@ -3,6 +3,7 @@
 #include <QAbstractScrollArea>
 #include <QEvent>
 #include <QPainter>
+#include <type_traits>
 
 namespace kvrnstep::qt {
 
