@@ -80,7 +80,7 @@ void DrivenQtToolkit::actSoon(WindowView& view) {
     settle();
     if (!view.open()) return;
     view.topLevel().repaint();
-    pilot_->act();
+    pilot().act();
     if (view.open()) actSoon(view);
   });
 }
@@ -90,11 +90,11 @@ void DrivenQtToolkit::messageOpened(QMessageBox& box) {
 }
 
 void DrivenQtToolkit::questionOpened(QuestionBox& box) {
-  QTimer::singleShot(0, &box, [this, &box] { answerQuestion(box, pilot_->answer()); });
+  QTimer::singleShot(0, &box, [this, &box] { answerQuestion(box, pilot().answer()); });
 }
 
 void DrivenQtToolkit::fileBoxOpened(FileBox& box) {
-  QTimer::singleShot(0, &box, [this, &box] { answerFileBox(box, pilot_->answer()); });
+  QTimer::singleShot(0, &box, [this, &box] { answerFileBox(box, pilot().answer()); });
 }
 
 void DrivenQtToolkit::popUpOpened(QMenu& menu) {
@@ -106,7 +106,7 @@ void DrivenQtToolkit::actInPopUp(QMenu& menu) {
   QTimer::singleShot(0, &menu, [this, &menu] {
     settle();
     if (!menu.isVisible()) return;
-    pilot_->act();
+    pilot().act();
     if (menu.isVisible()) actInPopUp(menu);
   });
 }
@@ -143,7 +143,7 @@ bool DrivenQtToolkit::select(forms::TextControl& box, forms::TextSelection selec
 }
 
 bool DrivenQtToolkit::press(Window& window, std::string_view keys) {
-  WindowView* view = toolkit_.viewOf(window);
+  WindowView* view = native().viewOf(window);
   return view != nullptr && pressShortcut(*view, keys);
 }
 
@@ -168,22 +168,22 @@ bool DrivenQtToolkit::pick(forms::MenuEntry& entry) {
 }
 
 bool DrivenQtToolkit::move(Window& window, double left, double top) {
-  WindowView* view = toolkit_.viewOf(window);
+  WindowView* view = native().viewOf(window);
   return view != nullptr && moveWindow(*view, left, top);
 }
 
 bool DrivenQtToolkit::resize(Window& window, double width, double height) {
-  WindowView* view = toolkit_.viewOf(window);
+  WindowView* view = native().viewOf(window);
   return view != nullptr && resizeWindow(*view, width, height);
 }
 
 bool DrivenQtToolkit::minimize(Window& window, bool minimized) {
-  WindowView* view = toolkit_.viewOf(window);
+  WindowView* view = native().viewOf(window);
   return view != nullptr && minimizeWindow(*view, minimized);
 }
 
 bool DrivenQtToolkit::close(Window& window) {
-  WindowView* view = toolkit_.viewOf(window);
+  WindowView* view = native().viewOf(window);
   return view != nullptr && closeWindow(*view);
 }
 

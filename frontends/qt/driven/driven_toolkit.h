@@ -2,39 +2,15 @@
 
 #include <QPointer>
 
-#include "forms/driven_toolkit.h"
+#include "forms/driven_over.h"
 #include "qt_toolkit.h"
 
 namespace kvrnstep::qt {
 
 /// The toolkit that people use, with a pilot in the place of its user.
-class DrivenQtToolkit final : public forms::DrivenToolkit, private Attendant {
+class DrivenQtToolkit final : public forms::DrivenOver<QtToolkit>, private Attendant {
  public:
-  DrivenQtToolkit() : toolkit_(this) {}
-
-  void runModal(forms::Window& window) override { toolkit_.runModal(window); }
-  void showMessage(const forms::Message& message) override { toolkit_.showMessage(message); }
-  std::optional<std::u16string> ask(const forms::Question& question) override {
-    return toolkit_.ask(question);
-  }
-  std::optional<std::u16string> askFileToOpen(const forms::FileDialog& dialog) override {
-    return toolkit_.askFileToOpen(dialog);
-  }
-  std::optional<std::u16string> askFileToSave(const forms::FileDialog& dialog) override {
-    return toolkit_.askFileToSave(dialog);
-  }
-  void popUp(forms::MenuEntry& menu) override { toolkit_.popUp(menu); }
-  void print(const std::u16string& text) override { toolkit_.print(text); }
-  void setBusy(bool busy) override { toolkit_.setBusy(busy); }
-  double screenWidth() override { return toolkit_.screenWidth(); }
-  double screenHeight() override { return toolkit_.screenHeight(); }
-  void letEventsRun() override { toolkit_.letEventsRun(); }
-  void setClipboard(const std::u16string& text) override { toolkit_.setClipboard(text); }
-  void playSound(const std::u16string& file, forms::SoundMode mode) override {
-    toolkit_.playSound(file, mode);
-  }
-
-  void setPilot(forms::Pilot& pilot) override { pilot_ = &pilot; }
+  DrivenQtToolkit() : DrivenOver(static_cast<Attendant*>(this)) {}
 
   bool click(forms::Control& control, forms::MouseButton button, std::optional<int> entry) override;
   bool doubleClick(forms::Control& control, std::optional<int> entry) override;
@@ -67,11 +43,9 @@ class DrivenQtToolkit final : public forms::DrivenToolkit, private Attendant {
   void actInPopUp(QMenu& menu);
   /// The open view of the window, or null.
   [[nodiscard]] WindowView* viewOf(const forms::Control& control) const {
-    return toolkit_.viewOf(control.window());
+    return native().viewOf(control.window());
   }
 
-  QtToolkit toolkit_;
-  forms::Pilot* pilot_ = nullptr;
   QPointer<QMenu> popUp_;
 };
 

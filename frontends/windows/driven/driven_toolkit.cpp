@@ -12,7 +12,7 @@ using forms::Window;
 void DrivenWindowsToolkit::windowIdle(WindowView& view) {
   // What has been drawn is on the screen before anybody looks at it.
   ::UpdateWindow(view.handle());
-  pilot_->act();
+  pilot().act();
 }
 
 void DrivenWindowsToolkit::messageOpens() {
@@ -20,12 +20,12 @@ void DrivenWindowsToolkit::messageOpens() {
 }
 
 void DrivenWindowsToolkit::questionOpens() {
-  const auto answerer = std::make_shared<QuestionAnswerer>([this] { return pilot_->answer(); });
+  const auto answerer = std::make_shared<QuestionAnswerer>([this] { return pilot().answer(); });
   tickers_.push_back(std::make_unique<Ticker>([answerer] { answerer->act(); }));
 }
 
 void DrivenWindowsToolkit::fileBoxOpens() {
-  const auto namer = std::make_shared<FileNamer>([this] { return pilot_->answer(); });
+  const auto namer = std::make_shared<FileNamer>([this] { return pilot().answer(); });
   tickers_.push_back(std::make_unique<Ticker>([namer] { namer->act(); }));
 }
 
@@ -40,11 +40,11 @@ void DrivenWindowsToolkit::boxClosed() {
 }
 
 void DrivenWindowsToolkit::actInPopUp() {
-  if (popUp_ && !popUp_->leaving && popUpIsShown(*popUp_->view, *popUp_->menu)) pilot_->act();
+  if (popUp_ && !popUp_->leaving && popUpIsShown(*popUp_->view, *popUp_->menu)) pilot().act();
 }
 
 void DrivenWindowsToolkit::settle() {
-  while (toolkit_.dealWithOne()) {
+  while (native().dealWithOne()) {
   }
 }
 

@@ -3,40 +3,16 @@
 #include <memory>
 #include <vector>
 
-#include "forms/driven_toolkit.h"
+#include "forms/driven_over.h"
 #include "ticker.h"
 #include "windows_toolkit.h"
 
 namespace kvrnstep::windows {
 
 /// The toolkit that people use, with a pilot in the place of its user.
-class DrivenWindowsToolkit final : public forms::DrivenToolkit, private Attendant {
+class DrivenWindowsToolkit final : public forms::DrivenOver<WindowsToolkit>, private Attendant {
  public:
-  DrivenWindowsToolkit() : toolkit_(this) {}
-
-  void runModal(forms::Window& window) override { toolkit_.runModal(window); }
-  void showMessage(const forms::Message& message) override { toolkit_.showMessage(message); }
-  std::optional<std::u16string> ask(const forms::Question& question) override {
-    return toolkit_.ask(question);
-  }
-  std::optional<std::u16string> askFileToOpen(const forms::FileDialog& dialog) override {
-    return toolkit_.askFileToOpen(dialog);
-  }
-  std::optional<std::u16string> askFileToSave(const forms::FileDialog& dialog) override {
-    return toolkit_.askFileToSave(dialog);
-  }
-  void popUp(forms::MenuEntry& menu) override { toolkit_.popUp(menu); }
-  void print(const std::u16string& text) override { toolkit_.print(text); }
-  void setBusy(bool busy) override { toolkit_.setBusy(busy); }
-  double screenWidth() override { return toolkit_.screenWidth(); }
-  double screenHeight() override { return toolkit_.screenHeight(); }
-  void letEventsRun() override { toolkit_.letEventsRun(); }
-  void setClipboard(const std::u16string& text) override { toolkit_.setClipboard(text); }
-  void playSound(const std::u16string& file, forms::SoundMode mode) override {
-    toolkit_.playSound(file, mode);
-  }
-
-  void setPilot(forms::Pilot& pilot) override { pilot_ = &pilot; }
+  DrivenWindowsToolkit() : DrivenOver(static_cast<Attendant*>(this)) {}
 
   bool click(forms::Control& control, forms::MouseButton button, std::optional<int> entry) override;
   bool doubleClick(forms::Control& control, std::optional<int> entry) override;
@@ -69,12 +45,12 @@ class DrivenWindowsToolkit final : public forms::DrivenToolkit, private Attendan
   void settle();
   /// The open view of the window, or null.
   [[nodiscard]] WindowView* viewOf(const forms::Control& control) const {
-    return toolkit_.viewOf(control.window());
+    return native().viewOf(control.window());
   }
   /// Carries out a gesture on the window that shows the control.
   template <class Gesture>
   bool onViewOf(const forms::Window& window, Gesture gesture) {
-    WindowView* view = toolkit_.viewOf(window);
+    WindowView* view = native().viewOf(window);
     return view != nullptr && gesture(*view, [this] { settle(); });
   }
 
@@ -85,8 +61,6 @@ class DrivenWindowsToolkit final : public forms::DrivenToolkit, private Attendan
     bool leaving;
   };
 
-  WindowsToolkit toolkit_;
-  forms::Pilot* pilot_ = nullptr;
   std::vector<std::unique_ptr<Ticker>> tickers_;  ///< of the boxes that are open
   std::optional<PopUp> popUp_;
 };

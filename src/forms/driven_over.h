@@ -1,0 +1,50 @@
+#pragma once
+
+#include "forms/driven_toolkit.h"
+
+namespace kvrnstep::forms {
+
+/// A driven toolkit over the one that people use, which does all that is not a gesture.
+template <class Native>
+class DrivenOver : public DrivenToolkit {
+ public:
+  /// @param attendant is told by the toolkit of what it opens
+  template <class Attendant>
+  explicit DrivenOver(Attendant* attendant) : native_(attendant) {}
+
+  void runModal(Window& window) override { native_.runModal(window); }
+  void showMessage(const Message& message) override { native_.showMessage(message); }
+  std::optional<std::u16string> ask(const Question& question) override {
+    return native_.ask(question);
+  }
+  std::optional<std::u16string> askFileToOpen(const FileDialog& dialog) override {
+    return native_.askFileToOpen(dialog);
+  }
+  std::optional<std::u16string> askFileToSave(const FileDialog& dialog) override {
+    return native_.askFileToSave(dialog);
+  }
+  void popUp(MenuEntry& menu) override { native_.popUp(menu); }
+  void print(const std::u16string& text) override { native_.print(text); }
+  void setBusy(bool busy) override { native_.setBusy(busy); }
+  double screenWidth() override { return native_.screenWidth(); }
+  double screenHeight() override { return native_.screenHeight(); }
+  void letEventsRun() override { native_.letEventsRun(); }
+  void setClipboard(const std::u16string& text) override { native_.setClipboard(text); }
+  void playSound(const std::u16string& file, SoundMode mode) override {
+    native_.playSound(file, mode);
+  }
+
+  void setPilot(Pilot& pilot) override { pilot_ = &pilot; }
+
+ protected:
+  [[nodiscard]] const Native& native() const { return native_; }
+  [[nodiscard]] Native& native() { return native_; }
+  /// There is one before anything opens.
+  [[nodiscard]] Pilot& pilot() const { return *pilot_; }
+
+ private:
+  Native native_;
+  Pilot* pilot_ = nullptr;
+};
+
+}  // namespace kvrnstep::forms
