@@ -46,7 +46,8 @@ check 2 '' '1 to 99' --list --end 3 --start 1.5
 check 2 '' '1 to 99' --list --end 3 --start ''
 check 2 '' '0 to 9' --list --end 3 --line-spacing 10
 check 2 '' '0 to 255' --list --end 3 --indent -1
-check 2 '' '1..99' --list --end
+check 2 '' 'end takes exactly one value' --list --end
+check 2 '' 'end takes exactly one value' --list --end 3 --end 4
 check 2 '' 'numbered, alphabetical, roman and prefix-suffix' --list --end 3 --type Roman
 check 2 '' '--bogus; --help' --bogus
 check 2 '' '--prefix needs --list or --save' --prefix x

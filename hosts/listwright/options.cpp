@@ -62,6 +62,9 @@ class CommandLine {
     } catch (const CLI::CallForHelp& help) {
       app_.exit(help);
       return false;
+    } catch (const CLI::ArgumentMismatch& error) {
+      const std::string problem = error.what();
+      throw std::runtime_error(problem.substr(0, problem.find(':')) + " takes exactly one value");
     } catch (const CLI::ExtrasError& error) {
       throw std::runtime_error(std::string(error.what()) + "; --help lists the options");
     }
