@@ -6,9 +6,10 @@
 
 namespace stepdrive {
 
-Component::Component(const std::string& path) : library_(kvrnstep::openLibrary(path)) {
-  getClassObject_ =
-      reinterpret_cast<kvrnstep::GetClassObjectFunction>(symbol(kvrnstep::kGetClassObject));
+Component::Component(const std::string& path)
+    : library_(kvrnstep::openLibrary(path)),
+      getClassObject_(
+          reinterpret_cast<kvrnstep::GetClassObjectFunction>(symbol(kvrnstep::kGetClassObject))) {
   if (getClassObject_ == nullptr) throw std::runtime_error(path + " is no component");
 }
 
