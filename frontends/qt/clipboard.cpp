@@ -9,10 +9,15 @@
 
 #include <QByteArray>
 #include <QClipboard>
+#include <QEventLoop>
 #include <QGuiApplication>
+#include <QMimeData>
+#include <QPointer>
+#include <QTimer>
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <functional>
 #include <string>
 #include <utility>
 
@@ -28,6 +33,7 @@ namespace {
 
 constexpr const char* kKeeper = "kvrnstep-clipboard";
 constexpr int kReadyWithinMilliseconds = 2000;
+constexpr int kFetchedWithinMilliseconds = 300;
 
 bool writeAll(int file, const QByteArray& bytes) {
   qsizetype written = 0;
@@ -99,13 +105,43 @@ bool handToKeeper(const QString& text) {
   return becomesReadable(readEnd.number());
 }
 
+/// A text that tells when its bytes are fetched. Boxes of our own only look at it.
+class FetchedText : public QMimeData {
+ public:
+  explicit FetchedText(const QString& text) { setText(text); }
+
+  std::function<void()> onFetched;
+
+ protected:
+  QVariant retrieveData(const QString& format, QMetaType type) const override {
+    if (onFetched && type.id() == QMetaType::QByteArray) onFetched();
+    return QMimeData::retrieveData(format, type);
+  }
+};
+
+/// Offers the text, and waits until the desktop has its copy of it.
+void offerUntilFetched(const QString& text) {
+  QEventLoop waiting;
+  const QPointer<FetchedText> offered(new FetchedText(text));
+  QGuiApplication::clipboard()->setMimeData(offered);
+  if (!offered) return;
+  // Once it has been handed over, not before.
+  offered->onFetched = [&waiting] { QTimer::singleShot(0, &waiting, &QEventLoop::quit); };
+  QTimer::singleShot(kFetchedWithinMilliseconds, &waiting, &QEventLoop::quit);
+  waiting.exec(QEventLoop::ExcludeUserInputEvents);
+  if (offered) offered->onFetched = nullptr;
+}
+
 }  // namespace
 
 void putOnClipboard(const QString& text) {
-  // On X11 the owner of the clipboard has to answer whoever wants its contents. Where the
-  // application is the host's, its own event loop does that as long as it runs.
-  const bool needsKeeper = applicationIsOurs() && QGuiApplication::platformName() == "xcb";
-  if (needsKeeper && handToKeeper(text)) return;
+  // On X11 the owner of the clipboard has to answer whoever wants its contents, and on Wayland
+  // desktops fetch a copy that outlives the owner. Where the application is the host's, its own
+  // event loop sees to both as long as it runs.
+  if (applicationIsOurs()) {
+    if (QGuiApplication::platformName() == "xcb" && handToKeeper(text)) return;
+    if (isOnWayland()) return offerUntilFetched(text);
+  }
   QGuiApplication::clipboard()->setText(text);
 }
 

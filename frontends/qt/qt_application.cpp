@@ -104,4 +104,8 @@ bool applicationIsOurs() {
   return ours;
 }
 
+bool isOnWayland() {
+  return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
 }  // namespace kvrnstep::qt

@@ -12,4 +12,7 @@ bool provideApplication(std::string& problem);
 /// Whether the QApplication is our own, so that nobody runs its events between two dialogs.
 bool applicationIsOurs();
 
+/// Whether the QApplication shows its windows on a Wayland compositor.
+bool isOnWayland();
+
 }  // namespace kvrnstep::qt

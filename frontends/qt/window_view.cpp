@@ -284,6 +284,8 @@ void WindowView::unloaded() {
 }
 
 void WindowView::reportMove() {
+  // There nobody is told where windows are; Qt makes places up.
+  if (isOnWayland()) return;
   if (updating_ || unloaded_ || !topLevel_.isVisible() || topLevel_.isMinimized()) return;
   const QPoint now = topLevel_.pos();
   if (std::exchange(position_, now) == now) return;
