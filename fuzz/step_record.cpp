@@ -4,6 +4,7 @@
 
 #include "fuzz.h"
 #include "generator/generator.h"
+#include "stepfiles/quote_placeholder.h"
 
 namespace {
 
@@ -31,6 +32,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool listed = settings.Selection >= 0 && settings.Selection <= 3;
   fuzz::check(stepfiles::isStepRecord(written) == listed, "what was written is recognised");
   fuzz::check(listed || !stepfiles::isStepRecord(bytes), "no other listing type is recognised");
+
+  FuzzedDataProvider input(data, size);
+  auto any = fuzz::anySettings(input, 64);
+  const std::string record = stepfiles::formatStepRecord(any);
+  for (std::u16string* text : {&any.Beginning, &any.Ending, &any.Prefix, &any.Suffix}) {
+    // Who types the token that stands for a double quote gets a double quote back.
+    *text = stepfiles::withQuotes(*text);
+  }
+  fuzz::check(stepfiles::parseStepRecord(record) == any, "any setup comes back");
 
   const auto shown = stepfiles::withinRanges(settings);
   fuzz::check(shown == stepfiles::withinRanges(shown), "numbers in range stay");

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -21,49 +20,6 @@ void PrintTo(const ListSettings& settings, std::ostream* out) {
 }
 
 namespace {
-
-class Random {
- public:
-  int upTo(int most) { return std::uniform_int_distribution(0, most)(engine_); }
-
-  std::u16string text() {
-    static const std::vector<std::u16string> kPieces{
-        u"{STEP_#}", u"{STEP_L}", u"{STEP_R}", u"{step_#}", u"{STEP_", u"STEP_R}", u"}",
-        u" ",        u"Part",     u"\r\n",     u"é",        u")",      u"{",       u"."};
-    std::u16string result;
-    for (int pieces = upTo(5); pieces > 0; --pieces) {
-      result += kPieces[static_cast<std::size_t>(upTo(static_cast<int>(kPieces.size()) - 1))];
-    }
-    return result;
-  }
-
-  ListSettings settings() {
-    ListSettings result;
-    result.Selection = static_cast<std::int16_t>(upTo(3));
-    for (auto& option : result.Option) option = static_cast<std::int16_t>(upTo(2));
-    result.Prefix = text();
-    result.Suffix = text();
-    result.Start = static_cast<std::int16_t>(upTo(99));
-    result.Count = static_cast<std::int16_t>(1 + upTo(98));
-    result.LineSpacing = static_cast<std::int16_t>(upTo(9));
-    result.Beginning = text();
-    result.Ending = text();
-    return result;
-  }
-
- private:
-  std::mt19937 engine_{20261122};
-};
-
-TEST(Generator, AgreesWithASecondReadingOnRandomSettings) {
-  Random random;
-  for (int round = 0; round < 20000; ++round) {
-    const ListSettings settings = random.settings();
-    const auto blanks = static_cast<std::size_t>(random.upTo(255));
-    ASSERT_EQ(generateList(settings, blanks), judges::obviousList(settings, blanks))
-        << testing::PrintToString(settings);
-  }
-}
 
 TEST(Generator, LettersCompleteAMacroWhereverTheyStandInIt) {
   ListSettings settings;

@@ -1,9 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <random>
-#include <vector>
-
-#include "obvious_profile.h"
 #include "platform/files.h"
 #include "platform/profile.h"
 #include "platform_temporary_folder.h"
@@ -113,75 +109,6 @@ TEST(WithProfileValue, OddNamesAreFoundAgain) {
       EXPECT_EQ(profileValue(bytes, section, key), "v") << section << " and " << key;
       EXPECT_EQ(withProfileValue(bytes, section, key, "v"), bytes);
     }
-  }
-}
-
-class RandomProfile {
- public:
-  explicit RandomProfile(unsigned seed) : random_(seed) {}
-
-  std::string file() {
-    static const std::string kPieces[] = {
-        "[",  "]", "[A]", "[b]\n", "[a]\r\n", "[B]\r", "k",           "K",    "k=",
-        "l=", "=", ";",   " ",     "\t",      "\r",    "\n",          "\r\n", "\n\n",
-        "\"", "'", "v",   "'v'",   "\0"s,     "\xE9",  "\xEF\xBB\xBF"};
-    return of(kPieces, 25);
-  }
-  std::string section() { return pick({"a", "A", "B", "c"}); }
-  std::string key() { return pick({"k", "K", "L", "m"}); }
-  std::string value() {
-    static const std::string kPieces[] = {"v", " ", "\"", "'", "=", ";", "[", "]", "\0"s, "\xE9"};
-    return of(kPieces, 6);
-  }
-  std::string bytes(std::size_t most) {
-    std::string all(random_() % most, '\0');
-    for (auto& byte : all) byte = static_cast<char>(random_());
-    return all;
-  }
-
- private:
-  template <std::size_t Count>
-  std::string of(const std::string (&pieces)[Count], unsigned most) {
-    std::string all;
-    for (auto count = random_() % most; count > 0; --count) all += pieces[random_() % Count];
-    return all;
-  }
-  std::string pick(const std::vector<std::string>& names) {
-    return names[random_() % names.size()];
-  }
-
-  std::mt19937 random_;
-};
-
-TEST(Profile, RandomFilesReadAndChangeAsTheRulesSay) {
-  RandomProfile random(3);
-  for (int round = 0; round < 4'000; ++round) {
-    std::string bytes = random.file();
-    judges::ObviousProfile judge(bytes);
-    for (int step = 0; step < 3; ++step) {
-      const auto section = random.section();
-      const auto key = random.key();
-      const auto value = random.value();
-      const auto read = profileValue(bytes, section, key);
-      ASSERT_EQ(read ? std::optional(std::string(*read)) : std::nullopt, judge.value(section, key))
-          << testing::PrintToString(bytes) << " in " << section << " of " << key;
-      const auto written = withProfileValue(bytes, section, key, value);
-      judge.set(section, key, value);
-      ASSERT_EQ(written, judge.bytes())
-          << testing::PrintToString(bytes) << " in " << section << " of " << key;
-      bytes = written;
-    }
-  }
-}
-
-TEST(Profile, RandomBytesTakeAKeyAndKeepTheRest) {
-  RandomProfile random(4);
-  for (int round = 0; round < 3'000; ++round) {
-    const auto bytes = random.bytes(400);
-    const auto changed = withProfileValue(bytes, "Sec", "Key", "v");
-    ASSERT_EQ(profileValue(changed, "Sec", "Key"), "v");
-    ASSERT_EQ(withProfileValue(changed, "Sec", "Key", "v"), changed);
-    ASSERT_EQ(changed.compare(0, bytes.size(), bytes), 0);
   }
 }
 

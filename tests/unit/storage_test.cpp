@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "platform_temporary_folder.h"
 #include "storage/list_file.h"
 #include "storage/settings_store.h"
@@ -67,29 +65,6 @@ TEST(List, EmptyLinesCountAmongTheMostThatAreRead) {
   EXPECT_EQ(parseList(full + "\xE9").size(), 32'001U);
   // What is not read tells the encoding, too.
   EXPECT_EQ(parseList("\xC3\xA9\r\n" + full + "\xE9").front(), u"Ã©");
-}
-
-TEST(List, EntriesComeBack) {
-  std::mt19937 random(5);
-  const char16_t alphabet[] = {u'a', u' ', u'\n', u'"', 0xE9, 0x20AC, 0xD83D, 0xDE00, 0};
-  for (int round = 0; round < 2'000; ++round) {
-    Entries entries(random() % 5);
-    for (auto& entry : entries) {
-      entry.resize(1 + random() % 6);
-      for (auto& unit : entry) unit = alphabet[random() % std::size(alphabet)];
-    }
-    ASSERT_EQ(parseList(formatList(entries)), entries);
-  }
-}
-
-TEST(List, RandomBytesLoadAsWhatTheySaveAs) {
-  std::mt19937 random(6);
-  for (int round = 0; round < 5'000; ++round) {
-    std::string bytes(random() % 40, '\0');
-    for (auto& byte : bytes) byte = "ab\r\r\n\n\xC3\xA9"[random() % 8];
-    const auto entries = parseList(bytes);
-    ASSERT_EQ(parseList(formatList(entries)), entries) << testing::PrintToString(bytes);
-  }
 }
 
 TEST_F(ListFile, LoadsAndSaves) {

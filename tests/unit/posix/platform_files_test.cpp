@@ -1,13 +1,9 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <atomic>
-#include <csignal>
 
 #include "platform/files.h"
 #include "platform_temporary_folder.h"
@@ -266,70 +262,6 @@ TEST_F(ReplaceFile, PassesOverFilesThatAKilledProcessLeft) {
             }),
             0);
   EXPECT_EQ(folder.get("file"), "new");
-}
-
-constexpr std::size_t kRoomOnDisk = 64 << 10;
-
-/// As if the disk were full after so many bytes.
-void limitDisk() {
-  const rlimit limit{kRoomOnDisk, kRoomOnDisk};
-  ::setrlimit(RLIMIT_FSIZE, &limit);
-}
-
-TEST_F(ReplaceFile, AFullDiskLeavesTheOldFile) {
-  folder.put("file", "old");
-  EXPECT_EQ(inOtherProcess([&] {
-              ::signal(SIGXFSZ, SIG_IGN);
-              limitDisk();
-              return !replaceFile(folder("file"), std::string(2 * kRoomOnDisk, 'x')) &&
-                     folder.names() == Names{"file"};
-            }),
-            0);
-  EXPECT_EQ(folder.get("file"), "old");
-}
-
-TEST_F(ReplaceFile, KilledHalfwayLeavesTheOldFile) {
-  folder.put("file", "old");
-  const int status = inOtherProcess([&] {
-    ::signal(SIGXFSZ, SIG_DFL);
-    limitDisk();  // the system kills a process that goes beyond
-    return replaceFile(folder("file"), std::string(2 * kRoomOnDisk, 'x'));
-  });
-  EXPECT_TRUE(WIFSIGNALED(status));
-  EXPECT_EQ(folder.get("file"), "old");
-  EXPECT_EQ(folder.names().size(), 2U) << "the kill was to come while the bytes were written";
-}
-
-/// Saves the two contents in turn until it is killed, and tells of each save.
-[[noreturn]] void saveForever(const std::u16string& path, const std::string& one,
-                              const std::string& other, int pipe) {
-  for (;;) {
-    for (const auto* bytes : {&one, &other}) {
-      if (!replaceFile(path, *bytes) || ::write(pipe, "s", 1) != 1) ::_exit(1);
-    }
-  }
-}
-
-TEST_F(ReplaceFile, KilledAtAnyMomentLeavesOneWholeFile) {
-  const std::string one(700'000, '1');
-  const std::string other(900'000, '2');
-  for (unsigned round = 0; round < 24; ++round) {
-    int pipe[2];
-    ASSERT_EQ(::pipe(pipe), 0);
-    const pid_t child = ::fork();
-    if (child == 0) saveForever(folder("file"), one, other, pipe[1]);
-    ::close(pipe[1]);
-    char saved = 0;
-    for (unsigned i = 0; i <= round % 3; ++i) ASSERT_EQ(::read(pipe[0], &saved, 1), 1);
-    // Different kills reach different parts of the save that has begun by now.
-    for (std::atomic<unsigned> turns = round * 20'000; turns > 0; --turns) {
-    }
-    ::kill(child, SIGKILL);
-    ::waitpid(child, nullptr, 0);
-    ::close(pipe[0]);
-    const auto content = folder.get("file");
-    ASSERT_TRUE(content == one || content == other) << content.size() << " bytes";
-  }
 }
 
 }  // namespace
