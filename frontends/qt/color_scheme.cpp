@@ -20,6 +20,10 @@ bool sessionHasBus() {
   return !folder.isEmpty() && QFileInfo::exists(folder + "/bus");
 }
 
+constexpr const char* kPortal = "org.freedesktop.portal.Desktop";
+constexpr const char* kPortalPath = "/org/freedesktop/portal/desktop";
+constexpr const char* kSettings = "org.freedesktop.portal.Settings";
+
 /// What the portal hands out lies in as many variants as there were hands.
 QVariant unwrapped(QVariant value) {
   while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
@@ -32,9 +36,7 @@ std::optional<bool> darkByPortal() {
   constexpr unsigned kPrefersDark = 1;
   constexpr unsigned kPrefersLight = 2;
   if (!sessionHasBus()) return std::nullopt;
-  QDBusMessage question = QDBusMessage::createMethodCall("org.freedesktop.portal.Desktop",
-                                                         "/org/freedesktop/portal/desktop",
-                                                         "org.freedesktop.portal.Settings", "Read");
+  QDBusMessage question = QDBusMessage::createMethodCall(kPortal, kPortalPath, kSettings, "Read");
   question << "org.freedesktop.appearance"
            << "color-scheme";
   question.setAutoStartService(false);
@@ -76,6 +78,12 @@ bool desktopIsDark() {
   }
   if (const auto dark = darkByPortal()) return *dark;
   return darkByGtkSettings();
+}
+
+void ringWhenDesktopChanges(QTimer& bell) {
+  if (!sessionHasBus()) return;
+  QDBusConnection::sessionBus().connect(kPortal, kPortalPath, kSettings, "SettingChanged", &bell,
+                                        SLOT(start()));
 }
 
 QPalette lightPalette() {

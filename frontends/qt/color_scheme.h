@@ -1,12 +1,17 @@
 #pragma once
 
 #include <QPalette>
+#include <QTimer>
 
 namespace kvrnstep::qt {
 
 /// Whether the desktop asks its programs for dark windows: by its portal, by GTK_THEME or in the
 /// settings of GTK. Needs the application; takes a fifth of a second at most.
 bool desktopIsDark();
+
+/// Has the bell started whenever the desktop's portal tells of a changed setting. Nothing where no
+/// portal runs.
+void ringWhenDesktopChanges(QTimer& bell);
 
 /// Colours for the style that Qt uses when no theme tells it otherwise.
 QPalette lightPalette();

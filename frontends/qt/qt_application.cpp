@@ -55,6 +55,22 @@ struct Arguments {
   int count = 1;
 };
 
+/// In the desktop's colours, now and when they change. A host with Qt has chosen its own.
+void followDesktop(QObject* application) {
+  // Of the colours that Qt begins with.
+  const auto choose = [light = lightPalette()] {
+    QApplication::setPalette(desktopIsDark() ? darkPalette() : light);
+  };
+  choose();
+  // Several settings may change at once.
+  constexpr int kMilliseconds = 50;
+  auto* bell = new QTimer(application);
+  bell->setSingleShot(true);
+  bell->setInterval(kMilliseconds);
+  QObject::connect(bell, &QTimer::timeout, application, choose);
+  ringWhenDesktopChanges(*bell);
+}
+
 void createApplication(const std::string& platform) {
   static Arguments arguments;
   arguments.platform = platform;
@@ -70,10 +86,9 @@ void createApplication(const std::string& platform) {
   // that desktop's own toolkit.
   QGuiApplication::setDesktopSettingsAware(false);
   // Never deleted: a later call needs it again, and Qt cannot be started twice reliably.
-  new QApplication(arguments.count, arguments.values.data());
+  auto* application = new QApplication(arguments.count, arguments.values.data());
   QGuiApplication::setQuitOnLastWindowClosed(false);
-  // A host with Qt has chosen its colours itself.
-  QApplication::setPalette(desktopIsDark() ? darkPalette() : lightPalette());
+  followDesktop(application);
   QToolTip::setFont(captionFont());
   ours = true;
 }
