@@ -113,7 +113,7 @@ class FetchedText : public QMimeData {
   std::function<void()> onFetched;
 
  protected:
-  QVariant retrieveData(const QString& format, QMetaType type) const override {
+  [[nodiscard]] QVariant retrieveData(const QString& format, QMetaType type) const override {
     if (onFetched && type.id() == QMetaType::QByteArray) onFetched();
     return QMimeData::retrieveData(format, type);
   }
@@ -124,12 +124,12 @@ void offerUntilFetched(const QString& text) {
   QEventLoop waiting;
   const QPointer<FetchedText> offered(new FetchedText(text));
   QGuiApplication::clipboard()->setMimeData(offered);
-  if (!offered) return;
+  if (offered.isNull()) return;
   // Once it has been handed over, not before.
   offered->onFetched = [&waiting] { QTimer::singleShot(0, &waiting, &QEventLoop::quit); };
   QTimer::singleShot(kFetchedWithinMilliseconds, &waiting, &QEventLoop::quit);
   waiting.exec(QEventLoop::ExcludeUserInputEvents);
-  if (offered) offered->onFetched = nullptr;
+  if (!offered.isNull()) offered->onFetched = nullptr;
 }
 
 }  // namespace
