@@ -34,6 +34,12 @@ begin() {
   exec 3>orders
 }
 order() { printf '%s\n' "$@" >&3; }
+# played FREQUENCY ORDER… — the orders, until that tone has been heard to its end.
+played() {
+  order "${@:2}"
+  await hears "$1" 590
+  await quiet
+}
 end() {
   exec 3>&-
   wait "$player" || fail "the player ended with status $?"
@@ -60,36 +66,24 @@ head -c 44 1000.wav >header.wav
 mkdir folder
 
 begin
-order 0:1000.wav
-await hears 1000 590
-await quiet
-order '0:Glöckchen am Tor.wav'
-await hears 2000 590
-await quiet
+played 1000 0:1000.wav
+played 2000 '0:Glöckchen am Tor.wav'
 
 # The second one gives way to the first.
-order 0:3000.wav 1:4000.wav
-await hears 3000 590
-await quiet
+played 3000 0:3000.wav 1:4000.wav
 
 # The second one takes the place of the first, which would go on for a minute.
 order 0:5000.wav
 await hears 5000 100
-order 0:6000.wav
-await hears 6000 590
-await quiet
+played 6000 0:6000.wav
 
 # None of these is a sound that the last one would have to give way to.
-order 0:missing.wav 0:folder 0:text.wav 0:empty.wav 0:header.wav 0:pipe.wav 1:8000.wav
-await hears 8000 590
-await quiet
+played 8000 0:missing.wav 0:folder 0:text.wav 0:empty.wav 0:header.wav 0:pipe.wav 1:8000.wav
 
 # What is no sound ends the one that plays, too.
 order 0:7000.wav
 await hears 7000 100
-order 0:missing.wav 1:9000.wav
-await hears 9000 590
-await quiet
+played 9000 0:missing.wav 1:9000.wav
 
 for frequency in 1000 2000 3000 6000 8000 9000; do expect "$frequency" 590 610; done
 expect 4000 0 5
