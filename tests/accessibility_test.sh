@@ -2,17 +2,17 @@
 # The dialog as a screen reader finds it, in a session of its own: accessibility_test.sh BIN
 # Skipped (77) where the accessibility bus or its bindings for Python are missing.
 set -u
-bin=$1 source=$(cd "$(dirname "$0")" && pwd)
-command -v dbus-run-session >/dev/null || { echo 'no dbus-run-session'; exit 77; }
+bin=$1
+source "$(dirname "$0")/desktop.bash"
+need dbus-run-session
 /usr/bin/python3 -c 'import gi; gi.require_version("Atspi", "2.0"); from gi.repository import Atspi' ||
   { echo 'no AT-SPI for Python'; exit 77; }
-source "$source/desktop.bash"
 
 # The list of step files and the preview are to be met too.
 mkdir -p config/listwright
 printf '[Listwright]\nDisplay=FilesPreview\n' >config/listwright/steps.ini
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 QT_ACCESSIBILITY=1
 unset DBUS_SESSION_BUS_ADDRESS AT_SPI_BUS_ADDRESS
-dbus-run-session -- /usr/bin/python3 "$source/accessibility_walk.py" "$bin/listwright" ||
+dbus-run-session -- /usr/bin/python3 "$tests/accessibility_walk.py" "$bin/listwright" ||
   fail "the walk ended with $?"
 exit "$failed"

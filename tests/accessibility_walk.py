@@ -17,32 +17,24 @@ PATIENCE = 60  # seconds until something that must happen counts as not happenin
 # Parts of a control and grounds that group controls: the control itself has the name.
 PARTS = {"scroll bar", "filler", "list item", "separator", "viewport"}
 
-# What must be told of, by window: name and role.
+# What must be told of, by window: names by role.
 WANTED = {
     "Listwright": {
-        ("Preview", "text"),
-        ("Start", "text"),
-        ("Increase Start", "push button"),
-        ("Decrease Line Spacing", "push button"),
-        ("Numbered Listing", "radio button"),
-        ("Indentation", "check box"),
-        ("Prefix", "link"),
-        ("Prefix", "text"),
-        ("Beginning", "text"),
-        ("Step Files", "list"),
-        ("Insert", "push button"),
-        ("Options", "menu item"),
-        ("Listing Type", "panel"),
-        ("Actions", "panel"),
+        "text": ["Preview", "Start", "Prefix", "Beginning"],
+        "push button": ["Increase Start", "Decrease Line Spacing", "Insert"],
+        "radio button": ["Numbered Listing"],
+        "check box": ["Indentation"],
+        "link": ["Prefix"],
+        "list": ["Step Files"],
+        "menu item": ["Options"],
+        "panel": ["Listing Type", "Actions"],
     },
     "Edit Step - Prefixes": {
-        ("Prefixes", "list"),
-        ("Text to add", "text"),
-        ("Step Roman macro", "push button"),
-        ("Upper Case", "push button"),
-        ("Move up", "push button"),
+        "list": ["Prefixes"],
+        "text": ["Text to add"],
+        "push button": ["Step Roman macro", "Upper Case", "Move up"],
     },
-    "Beginning (Storage)": {("Text 15", "text"), ("Apply text 15", "push button"), ("OK", "push button")},
+    "Beginning (Storage)": {"text": ["Text 15"], "push button": ["Apply text 15", "OK"]},
 }
 
 problems = []
@@ -86,12 +78,8 @@ def is_shown(item):
 
 
 def window(title):
-    desktop = Atspi.get_desktop(0)
-    for application in children(desktop):
-        for frame in children(application):
-            if frame.get_name() == title and is_shown(frame):
-                return frame
-    return None
+    frames = (frame for each in children(Atspi.get_desktop(0)) for frame in children(each))
+    return next((frame for frame in frames if frame.get_name() == title and is_shown(frame)), None)
 
 
 def press(item, what):
@@ -117,8 +105,10 @@ def inspect(frame):
                 complain(f"{name!r} has no role")
             if not name:
                 complain(f"a {role} in {frame.get_name()!r} has no name")
-    for wanted in WANTED[frame.get_name()] - heard:
-        complain(f"{wanted} is missing in {frame.get_name()!r}")
+    for role, names in WANTED[frame.get_name()].items():
+        for name in names:
+            if (name, role) not in heard:
+                complain(f"the {role} {name} is missing in {frame.get_name()!r}")
 
 
 def open_and_inspect(title):

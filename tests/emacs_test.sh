@@ -1,12 +1,9 @@
-#!/bin/sh
+#!/bin/bash
 # The Emacs package in the real Emacs: emacs_test.sh LISTWRIGHT SOURCE — skipped (77) without Emacs.
 # shellcheck disable=SC1112,SC2016,SC2154 # real quotes; nothing to expand; variables of the cases
 set -u
-command -v emacs >/dev/null || { echo 'no emacs'; exit 77; }
-listwright=$(realpath "$1") source=$(realpath "$2")
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
-cd "$folder" && . "$source/tests/editor_cases.sh" || exit 1
+source "$(dirname "$0")/editor_cases.bash"
+need emacs
 batch() { run emacs --batch -Q "$@"; }
 edit() {
   printf '%s\n' '(with-current-buffer (find-file-noselect "text") (condition-case failure (progn' \

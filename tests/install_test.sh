@@ -4,14 +4,7 @@ set -u
 build=$(realpath "$1") source=$(realpath "$2")
 unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM LD_LIBRARY_PATH PKG_CONFIG_PATH
 export LC_ALL=C.UTF-8
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-cd "$work" || exit 1
-failed=0
-fail() {
-  echo "$*"
-  failed=1
-}
+source "$(dirname "$0")/common.bash"
 # same WHAT WANTED GOT
 same() {
   [ "$2" = "$3" ] || fail "$1:" "$(diff --label wanted --label got -u <(echo "$2") <(echo "$3"))"

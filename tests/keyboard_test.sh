@@ -2,8 +2,8 @@
 # A person without a mouse: builds, saves, reopens and inserts a list, edits both lists of
 # favourites, stores and applies a beginning. keyboard_test.sh BIN
 set -u
-bin=$1 source=$(cd "$(dirname "$0")" && pwd)
-source "$source/desktop.bash"
+bin=$1
+source "$(dirname "$0")/desktop.bash"
 
 # times COUNT KEY
 times() {
@@ -15,7 +15,7 @@ times() {
 open() {
   "$bin/listwright" >out 2>err &
   command=$!
-  await Listwright
+  await titled Listwright
 }
 closed() {
   wait "$command"
@@ -28,29 +28,29 @@ open
 keys Down Down
 times 7 Tab
 keys Up Tab F4
-await 'Preset value'
+await titled 'Preset value'
 types 4
 keys Return
-await Listwright
+await titled Listwright
 # A letter that a dead key makes is no digit.
 keys dead_acute e
 
 # "Prefix" is a link. Alt brings a macro into the box, and Enter adds what the box holds.
 times 2 Tab
 keys space
-await 'Edit Step - Prefixes'
+await titled 'Edit Step - Prefixes'
 types 'No '
 keys alt+r Return
 types Step
 keys Return alt+o
-await Listwright
+await titled Listwright
 # The first entry of the list, with the keyboard still on the link; Escape closes what drops down only.
 keys Tab alt+Down Escape Down
 
 # The suffixes, by the menu: the last entry is deleted, the first one moved down. Space on a macro
 # puts it into the box, and the keyboard goes there.
 keys alt+e Down Return
-await 'Edit Step - Suffixes'
+await titled 'Edit Step - Suffixes'
 for entry in ')' ':' '-'; do
   types "$entry"
   keys Return
@@ -62,23 +62,23 @@ times 4 shift+Tab
 keys space
 types =
 keys Return alt+o
-await Listwright
+await titled Listwright
 
 # A beginning, stored in the second slot and applied by the picture beside it.
 keys alt+e Up Up Return
-await 'Beginning \(Storage\)'
+await titled 'Beginning (Storage)'
 keys Tab
 types 'To do:'
 keys Return Tab space
-await Listwright
+await titled Listwright
 
 # Alt+O is the menu's, not the Open button's. Both panels are shown, and the list is saved.
 keys alt+o Up Return alt+o Up Up Return ctrl+s
-await 'Save As'
+await titled 'Save As'
 keys ctrl+a
 types mine
 keys Return
-await Listwright
+await titled Listwright
 keys Escape
 closed 1
 

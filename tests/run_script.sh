@@ -1,9 +1,9 @@
 #!/bin/bash
 # Runs one script test: run_script.sh STEPDRIVE FRONTEND FOLDER
 #
-# FOLDER holds `run.script` and `expected.txt` (what stepdrive must print); where they are wanted also
-# `status` (its exit status, 0 if missing), `errors` (its standard error), `before` (files that
-# are there when it starts) and `after` (files that must be there, byte for byte, when it has
+# FOLDER holds `run.script` and `expected.txt` (what stepdrive must print, which tells the exit status
+# too); where they are wanted also `errors` (the standard error of a wrong script), `before` (files
+# that are there when it starts) and `after` (files that must be there, byte for byte, when it has
 # ended). The script runs in a folder of its own; the step folder is "steps" by custom.
 # `after.windows` holds those files of `after` that Windows writes in its code page.
 #
@@ -48,7 +48,8 @@ status=$?
 failed=0
 diff -u --label expected --label printed "$folder/expected.txt" "$work/output" || failed=1
 wanted=0
-[ ! -f "$folder/status" ] || wanted=$(cat "$folder/status")
+! grep -qE '^(impossible|line) ' "$folder/expected.txt" || wanted=1
+[ ! -f "$folder/errors" ] || wanted=2
 if [ "$status" -ne "$wanted" ]; then
   echo "exit status $status, not $wanted"
   failed=1

@@ -4,30 +4,11 @@
 set -u
 play_sound=$(realpath "$1")/play_sound
 module=$(realpath "$2")/kvrnstep-sound.so
-for program in pulseaudio pactl parec sox; do
-  command -v "$program" >/dev/null || { echo "no $program"; exit 77; }
-done
-
-work=$(mktemp -d)
-trap 'kill $(jobs -p) 2>/dev/null; wait; rm -rf "$work"' EXIT
-cd "$work" || exit 1
+source "$(dirname "$0")/common.bash"
+need pulseaudio pactl parec sox
 export HOME=$work XDG_RUNTIME_DIR=$work XDG_CONFIG_HOME=$work PULSE_SERVER=unix:$work/server
 export QT_QPA_PLATFORM=offscreen
-failed=0
-fail() {
-  echo "$*"
-  failed=1
-}
 
-# await COMMAND… — asks until it succeeds, for 15 seconds.
-await() {
-  local last=$((SECONDS + 15))
-  until "$@" >/dev/null 2>&1; do
-    [ "$SECONDS" -lt "$last" ] || { fail "never: $*"; return 1; }
-    read -rt 0.02 <>pause
-  done
-  return 0
-}
 # heard FREQUENCY|all — for how many milliseconds the recording holds a tone of that frequency.
 heard() {
   local band=
@@ -53,20 +34,26 @@ begin() {
   exec 3>orders
 }
 order() { printf '%s\n' "$@" >&3; }
+# played FREQUENCY ORDER… — the orders, until that tone has been heard to its end.
+played() {
+  order "${@:2}"
+  await hears "$1" 590
+  await quiet
+}
 end() {
   exec 3>&-
   wait "$player" || fail "the player ended with status $?"
 }
 
-mkfifo pause orders pipe.wav
+mkfifo orders pipe.wav
 pulseaudio -n --use-pid-file=no --exit-idle-time=-1 --high-priority=no --log-target=null \
   -L 'module-null-sink sink_name=ear norewinds=1' \
   -L "module-native-protocol-unix auth-anonymous=1 socket=$work/server" 2>/dev/null &
 # It keeps what it has passed on, so that no beginning is missing from the recording.
-await pactl info || exit 1
+await pactl info
 parec --device=ear.monitor --raw --format=s16le --rate=44100 --channels=1 --latency-msec=5 \
   >recording 2>/dev/null &
-await test -s recording || exit 1
+await test -s recording
 
 tone() { sox -n -r 48000 "${@:3}" "$1.wav" synth "$2" sine "$1" vol 0.5; }
 for frequency in 1000 3000 4000 6000 8000 9000; do tone "$frequency" 0.6 -b 16; done
@@ -79,30 +66,24 @@ head -c 44 1000.wav >header.wav
 mkdir folder
 
 begin
-order 0:1000.wav
-await hears 1000 590 && await quiet
-order '0:Glöckchen am Tor.wav'
-await hears 2000 590 && await quiet
+played 1000 0:1000.wav
+played 2000 '0:Glöckchen am Tor.wav'
 
 # The second one gives way to the first.
-order 0:3000.wav 1:4000.wav
-await hears 3000 590 && await quiet
+played 3000 0:3000.wav 1:4000.wav
 
 # The second one takes the place of the first, which would go on for a minute.
 order 0:5000.wav
 await hears 5000 100
-order 0:6000.wav
-await hears 6000 590 && await quiet
+played 6000 0:6000.wav
 
 # None of these is a sound that the last one would have to give way to.
-order 0:missing.wav 0:folder 0:text.wav 0:empty.wav 0:header.wav 0:pipe.wav 1:8000.wav
-await hears 8000 590 && await quiet
+played 8000 0:missing.wav 0:folder 0:text.wav 0:empty.wav 0:header.wav 0:pipe.wav 1:8000.wav
 
 # What is no sound ends the one that plays, too.
 order 0:7000.wav
 await hears 7000 100
-order 0:missing.wav 1:9000.wav
-await hears 9000 590 && await quiet
+played 9000 0:missing.wav 1:9000.wav
 
 for frequency in 1000 2000 3000 6000 8000 9000; do expect "$frequency" 590 610; done
 expect 4000 0 5

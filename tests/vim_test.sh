@@ -1,12 +1,9 @@
-#!/bin/sh
+#!/bin/bash
 # The Vim plug-in in the real Vim: vim_test.sh LISTWRIGHT SOURCE — skipped (77) without Vim.
 # shellcheck disable=SC2016,SC2154 # nothing to expand in single quotes; variables of the cases
 set -u
-command -v vim >/dev/null || { echo 'no vim'; exit 77; }
-listwright=$(realpath "$1") source=$(realpath "$2")
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
-cd "$folder" && . "$source/tests/editor_cases.sh" || exit 1
+source "$(dirname "$0")/editor_cases.bash"
+need vim
 encoding=utf-8
 edit() {
   printf '%s\n' "$@" 'redir! > said' 'messages' 'redir END' 'silent wq!' >script.vim

@@ -172,12 +172,11 @@ class Listener final : public Attendant {
   Told told;
 
  private:
-  static BOOL CALLBACK take(HWND child, LPARAM self) {
-    reinterpret_cast<Listener*>(self)->hear(child);
-    return TRUE;
-  }
-
   void listen(const WindowView& view) {
+    const auto take = [](HWND child, LPARAM self) {
+      reinterpret_cast<Listener*>(self)->hear(child);
+      return TRUE;
+    };
     ::EnumChildWindows(view.handle(), take, reinterpret_cast<LPARAM>(this));
   }
 

@@ -38,9 +38,6 @@ menu mnuEdits(3)
 set txtHold(0).text "$accents\r\nsecond"
 set txtHold(14).text "$others"
 click cmdOK
-menu mnuEdits(4)
-set txtHold(1).text "$accents"
-click cmdOK
 END
 
 fields="txtBegin.text txtEnd.text cboPreSuf(0).text cboPreSuf(1).text"
@@ -48,10 +45,7 @@ cat >"$work/read" <<END
 $start
 show $fields cboPreSuf(0).items cboPreSuf(1).items lstStepf.items txtPreview.text
 menu mnuEdits(3)
-show txtHold(0).text txtHold(1).text txtHold(14).text
-click cmdOK
-menu mnuEdits(4)
-show txtHold(0).text txtHold(1).text
+show txtHold(0).text txtHold(14).text
 click cmdOK
 set txtBegin.text ""
 set cboPreSuf(0).text ""
@@ -60,20 +54,18 @@ dblclick lstStepf 0
 show $fields
 END
 
-# run SYSTEM SCRIPT: in the folder that we are in.
-run() {
-  case $1 in
-    here) "$here" "$work/$2" ;;
-    there) $LAUNCHER "$there" "$work/$2" ;;
-  esac
-}
+# Each in the folder that we are in.
+here() { "$here" "$work/$1"; }
+there() { $LAUNCHER "$there" "$work/$1"; }
 
 for writer in here there; do
   mkdir "$work/$writer"
-  (cd "$work/$writer" && run "$writer" write) >"$work/log" 2>&1 || { cat "$work/log"; exit 1; }
+  cd "$work/$writer"
+  $writer write >"$work/log" 2>&1 || { cat "$work/log"; exit 1; }
   for reader in here there; do
     cp -R "$work/$writer" "$work/$writer-$reader"
-    (cd "$work/$writer-$reader" && run "$reader" read) >"$work/$writer-$reader.printed" 2>&1 || true
+    cd "$work/$writer-$reader"
+    $reader read >"$work/$writer-$reader.printed" 2>&1 || true
   done
 done
 

@@ -1,16 +1,19 @@
 #!/bin/bash
-# Files that others change while the dialog is open, links, long names, and a folder that takes no
-# files from an ordinary user: changing_files_test.sh STEPDRIVE
+# Files that hurt: folders in their place, more than is read, a disk without room, files that others
+# change while the dialog is open, a folder that takes no files from an ordinary user. The dialog goes
+# on, and what was there stays: files_test.sh STEPDRIVE
 set -u
 stepdrive=$1
-work=$(mktemp -d)
-trap 'chmod -R u+w "$work"; rm -rf "$work"' EXIT
-cd "$work" || exit 1
-failed=0
-fail() {
-  echo "$*"
-  failed=1
+source "$(dirname "$0")/common.bash"
+
+# drive SETTINGS FOLDER [COMMAND…] — a whole script, which ends with Insert; its output goes to "out".
+drive() {
+  {
+    printf 'arg s_IniPathAndName "%s"\narg sPthStepFolder "%s"\ncall\n' "$1" "$2"
+    printf '%s\n' "${@:3}" 'click cmdCIC(0)'
+  } | timeout 60 "$stepdrive" - >out 2>err || fail "$*: status $?: $(cat err)"
 }
+inserts() { grep -q '^returned True "    1. \\r\\n    2. \\r\\n    3. \\r\\n"$' out || fail "$1: $(cat out)"; }
 
 # say LINE… — commands for the script that runs
 say() { printf '%s\n' "$@" >&"${drive[1]}"; }
@@ -23,7 +26,7 @@ hear() {
   fail "the script ended before \"$1\""
   return 1
 }
-# open_dialog [PROGRAM…] — starts the script, by way of a program if one is given
+# open_dialog [PROGRAM…] — starts a script, by way of a program if one is given
 open_dialog() {
   coproc drive { exec timeout 60 "$@" "$stepdrive" - 2>&1; }
   drive_id=$!
@@ -43,7 +46,50 @@ expect_begin() {
   hear 'txtBegin.text' && [ "$line" = "txtBegin.text = \"$2\"" ] || fail "$1: $line, not $2"
 }
 setup() { printf '0,"%s","","",".",0,1,5,0,0,1,0,0,0,0\r\n' "$1"; }
+sum() { find . -type f -exec cksum {} + | sort; }
+unchanged() { [ "$(sum)" = "$before" ] || fail "$1: $(sum | diff - <(echo "$before"))"; }
 
+# Folders that are not there, or files; settings and a list that are folders.
+mkdir -p settings.ini lists/Suffix_Step.dat
+echo keep >file
+drive missing/folder/steps.ini steps
+inserts 'settings in a missing folder'
+[ ! -e missing ] || fail 'a folder appeared'
+drive steps.ini file
+inserts 'a step folder that is a file'
+[ "$(cat file)" = keep ] || fail 'the file in place of the step folder was changed'
+drive settings.ini lists
+inserts 'settings and a list that are folders'
+
+# Files that may not be written, not even by root.
+printf '[Host]\nkeep=1\n' >readonly.ini
+printf 'A\r\n\r\nB\r\n' >steps/Prefix_Step.dat
+chmod a-w readonly.ini steps/Prefix_Step.dat
+drive readonly.ini steps
+inserts 'read-only files'
+[ "$(cat readonly.ini)" = $'[Host]\nkeep=1' ] || fail 'read-only settings were changed'
+[ "$(stat -c %s steps/Prefix_Step.dat)" -eq 8 ] || fail 'a read-only list was changed'
+
+# A list of more lines than are read stays whole.
+rm -f steps/Prefix_Step.dat
+seq 40000 | sed 's/$/\r/' >steps/Prefix_Step.dat
+cp steps/Prefix_Step.dat was.dat
+drive steps.ini steps 'choose cboPreSuf(0) 32000' 'show cboPreSuf(0).text' 'choose cboPreSuf(0) 0'
+grep -q '^cboPreSuf(0).text = "32001"$' out || fail 'a long list: not 32,001 lines'
+cmp -s steps/Prefix_Step.dat was.dat || fail 'a long list lost lines'
+
+# Anything at all under the name of a step file, and a long text.
+head -c 104857600 /dev/zero | tr '\0' '"' >steps/huge.step
+seq 1000 >steps/lines.step
+mkdir steps/folder.step
+long=$(printf 'p%.0s' $(seq 5000))
+drive steps.ini steps 'menu mnuOptions(4)' 'show lstStepf.items' 'dblclick lstStepf 0' \
+  'dblclick lstStepf 1' "set cboPreSuf(0).text \"$long\"" 'type cboPreSuf(0) x'
+grep -q '^lstStepf.items = "huge lines"$' out || fail "odd step files: $(head -n 3 out)"
+grep -q "^returned True \"${long}xa\"$" out || fail "odd step files: $(tail -n 1 out)"
+
+# Listed: files and links to files.
+rm -rf ./*
 long=$(printf 'n%.0s' $(seq 250))
 mkdir steps other
 for name in apart folder gone link real; do setup "$name" >"steps/$name.step"; done
@@ -53,10 +99,9 @@ ln -s nowhere steps/dangling.step
 setup long >"steps/$long.step"
 printf '[Listwright]\nDisplay=Files\n' >steps.ini
 printf '[Mine]\nkept=1\n' >replacement.ini
-
-# Listed: files and links to files.
 open_dialog || exit 1
 [ "$line" = "lstStepf.items = \"apart folder gone link $long real\"" ] || fail "listed: $line"
+# Others change them.
 rm steps/gone.step steps/folder.step
 mkdir steps/folder.step
 ln -sf nobody steps/apart.step
@@ -103,7 +148,6 @@ mv was steps
 [ "$(id -u)" -ne 0 ] || as_user='setpriv --reuid=65534 --regid=65534 --clear-groups'
 chmod 755 "$work"
 chmod a-w steps .
-sum() { find . -type f -exec cksum {} + | sort; }
 before=$(sum)
 if ${as_user:-} test -x "$stepdrive" -a -x "$work"; then
   # shellcheck disable=SC2086 # words
@@ -118,7 +162,6 @@ else
   echo 'an ordinary user cannot run stepdrive here'
 fi
 chmod u+w steps .
-unchanged() { [ "$(sum)" = "$before" ] || fail "$1: $(sum | diff - <(echo "$before"))"; }
 unchanged 'a folder to be read only was changed'
 
 # A disk with no room: no file takes more than 1 KiB, and all that are saved need more.

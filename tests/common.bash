@@ -1,0 +1,32 @@
+# What the tests in bash share: source it first. It leaves the test in an empty folder, which goes
+# when the test ends, as do the programs that it has started. $tests is the folder of the tests.
+tests=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+work=$(mktemp -d)
+trap 'kill $(jobs -p) 2>/dev/null; wait; chmod -R u+w "$work"; rm -rf "$work"' EXIT
+cd "$work" || exit 1
+mkfifo .pause
+failed=0
+fail() {
+  echo "$*"
+  failed=1
+}
+
+# need PROGRAM… — skips the test (77) where one is missing.
+need() {
+  local program
+  for program; do command -v "$program" >/dev/null || { echo "no $program"; exit 77; }; done
+}
+
+# await COMMAND… — asks until it succeeds, for a minute; nothing goes on without it.
+await() {
+  local last=$((SECONDS + 60))
+  until "$@" >/dev/null 2>&1; do
+    if [ "$SECONDS" -ge "$last" ]; then
+      echo "lines ${BASH_LINENO[*]}: never: $*"
+      tail -n 20 "$work"/*log
+      exit 1
+    fi
+    read -rt 0.02 <>"$work/.pause"
+  done
+  return 0
+}
