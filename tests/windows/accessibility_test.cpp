@@ -135,7 +135,7 @@ class Listener final : public Attendant {
     while (next_ < kEdits.size() && view.window().find("mnuEdits", 0) != nullptr) {
       forms::userClicked(*view.window().find("mnuEdits", kEdits.at(next_++)));
     }
-    listen(view);
+    ::EnumChildWindows(view.handle(), take, reinterpret_cast<LPARAM>(this));
     view.window().unload();
   }
   void messageOpens() override {}
@@ -148,12 +148,9 @@ class Listener final : public Attendant {
   Told told;
 
  private:
-  void listen(const WindowView& view) {
-    const auto take = [](HWND child, LPARAM self) {
-      reinterpret_cast<Listener*>(self)->hear(child);
-      return TRUE;
-    };
-    ::EnumChildWindows(view.handle(), take, reinterpret_cast<LPARAM>(this));
+  static BOOL CALLBACK take(HWND child, LPARAM self) {
+    reinterpret_cast<Listener*>(self)->hear(child);
+    return TRUE;
   }
 
   void hear(HWND window) {
