@@ -71,17 +71,6 @@ class Photographer : public qt::Attendant {
   bool taken_ = false;
 };
 
-void draw(const pictures::Scene& scene, const pictures::Folder& folder, const QString& file,
-          bool darken) {
-  Photographer photographer(file);
-  photographer.darken = darken;
-  photographer.prepare = scene.prepare;
-  qt::QtToolkit toolkit(&photographer);
-  const plugin::HostContext host = pictures::hostOf(folder);
-  frmListwright dialog(toolkit, host);
-  dialog.showModal(toolkit);
-}
-
 int drawAll(const QString& folder, const QString& suffix, bool darken) {
   std::string problem;
   if (!qt::provideApplication(problem)) {
@@ -92,7 +81,12 @@ int drawAll(const QString& folder, const QString& suffix, bool darken) {
   for (const pictures::Scene& scene : pictures::scenes()) {
     const pictures::Folder files;
     QApplication::setPalette(atFirst);
-    draw(scene, files, folder + '/' + scene.name.c_str() + '-' + suffix + ".png", darken);
+    Photographer photographer(folder + '/' + scene.name.c_str() + '-' + suffix + ".png");
+    photographer.darken = darken;
+    photographer.prepare = scene.prepare;
+    qt::QtToolkit toolkit(&photographer);
+    const plugin::HostContext host = pictures::hostOf(files);
+    frmListwright(toolkit, host).showModal(toolkit);
   }
   return 0;
 }

@@ -40,23 +40,11 @@ HWND shownWindow(const wchar_t* className) {
   return window != nullptr && ::IsWindowVisible(window) != FALSE ? window : nullptr;
 }
 
-class Png {
- public:
-  Png() { Gdiplus::GdiplusStartup(&token_, &input_, nullptr); }
-  ~Png() { Gdiplus::GdiplusShutdown(token_); }
-  Png(const Png&) = delete;
-  Png& operator=(const Png&) = delete;
-
-  static bool write(HBITMAP picture, const std::wstring& file) {
-    constexpr CLSID kEncoder{
-        0x557cf406, 0x1a04, 0x11d3, {0x9a, 0x73, 0x00, 0x00, 0xf8, 0x1e, 0xf3, 0x2e}};
-    return Gdiplus::Bitmap(picture, nullptr).Save(file.c_str(), &kEncoder, nullptr) == Gdiplus::Ok;
-  }
-
- private:
-  Gdiplus::GdiplusStartupInput input_;
-  ULONG_PTR token_ = 0;
-};
+bool writePng(HBITMAP picture, const std::wstring& file) {
+  constexpr CLSID kEncoder{
+      0x557cf406, 0x1a04, 0x11d3, {0x9a, 0x73, 0x00, 0x00, 0xf8, 0x1e, 0xf3, 0x2e}};
+  return Gdiplus::Bitmap(picture, nullptr).Save(file.c_str(), &kEncoder, nullptr) == Gdiplus::Ok;
+}
 
 bool photograph(const RECT& area, const std::wstring& file) {
   const int width = static_cast<int>(area.right - area.left);
@@ -67,7 +55,7 @@ bool photograph(const RECT& area, const std::wstring& file) {
   const HGDIOBJ before = ::SelectObject(memory, picture);
   ::BitBlt(memory, 0, 0, width, height, screen, area.left, area.top, SRCCOPY);
   ::SelectObject(memory, before);
-  const bool written = Png::write(picture, file);
+  const bool written = writePng(picture, file);
   ::DeleteObject(picture);
   ::DeleteDC(memory);
   ::ReleaseDC(nullptr, screen);
@@ -141,7 +129,6 @@ class Photographer final : public windows::Attendant {
 struct Shown {
   std::string name;
   Steps steps;
-  void (*changeHost)(plugin::HostContext& host) = nullptr;
 };
 
 /// The menu with that letter, as Alt opens it.
@@ -151,27 +138,27 @@ Step openMenu(char letter) {
   };
 }
 
-Step click(const char* name, int index) {
+Step change(std::function<void(forms::Window&)> window) {
   return [=](WindowView& view) {
-    pictures::click(view.window(), name, index);
+    window(view.window());
     view.update();
   };
+}
+
+Step click(const char* name, int index) {
+  return change([=](forms::Window& window) { pictures::click(window, name, index); });
 }
 
 Step focus(const char* name, int index) {
-  return [=](WindowView& view) {
-    view.window().setFocus(*view.window().find(name, index));
-    view.update();
-  };
+  return change([=](forms::Window& window) { window.setFocus(*window.find(name, index)); });
 }
 
-void selectSecond(WindowView& view) {
-  forms::userClickedEntry(static_cast<forms::ListBox&>(*view.window().find("lstEdit", -1)), 1);
-  view.update();
+void selectSecond(forms::Window& window) {
+  forms::userClickedEntry(static_cast<forms::ListBox&>(*window.find("lstEdit", -1)), 1);
 }
 
-void clearCount(WindowView& view) {
-  view.window().find("txtBEndAt", -1)->set(forms::Property::Text, std::u16string());
+void clearCount(forms::Window& window) {
+  window.find("txtBEndAt", -1)->set(forms::Property::Text, std::u16string());
 }
 
 void dropDown(WindowView& view) {
@@ -179,10 +166,7 @@ void dropDown(WindowView& view) {
   ::SendMessageW(combo.handle(), CB_SHOWDROPDOWN, TRUE, 0);
 }
 
-void colorPreview(plugin::HostContext& host) {
-  host.l_EditorBColor = 0x00D0F0FF;
-  host.l_EditorFColor = 0x00602000;
-}
+constexpr const char* kHostColors = "host-colours";
 
 /// What only this front end draws in its own way.
 std::vector<Shown> ownScenes() {
@@ -191,25 +175,20 @@ std::vector<Shown> ownScenes() {
       {"edit-menu", {openMenu('e')}},
       {"options-menu", {openMenu('o')}},
       {"actions-menu", {openMenu('a')}},
-      {"message", {clearCount, click("mnuOptions", 5)}},
+      {"message", {change(clearCount), click("mnuOptions", 5)}},
       {"file-to-open", {click("mnuFiles", 0)}},
       {"suffixes", {dropDown}},
       {"link-focus", {focus("lblD", 1)}},
-      {"prefix-selected", {click("mnuEdits", 0), selectSecond}},
+      {"prefix-selected", {click("mnuEdits", 0), change(selectSecond)}},
       {"beginning-focus", {click("mnuEdits", 3), focus("imgBE", 0)}},
-      {"host-colours",
-       {[](WindowView& view) { pictures::writeList(view.window()); }, click("mnuOptions", 5)},
-       colorPreview},
+      {kHostColors, {change(pictures::writeList), click("mnuOptions", 5)}},
   };
 }
 
 std::vector<Shown> allScenes() {
   std::vector<Shown> all;
   for (const pictures::Scene& scene : pictures::scenes()) {
-    all.push_back({scene.name, {[prepare = scene.prepare](WindowView& view) {
-                     prepare(view.window());
-                     view.update();
-                   }}});
+    all.push_back({scene.name, {change(scene.prepare)}});
   }
   for (Shown& scene : ownScenes()) all.push_back(std::move(scene));
   return all;
@@ -220,7 +199,10 @@ bool draw(const Shown& scene, const std::wstring& file) {
   Photographer photographer(file, scene.steps);
   windows::WindowsToolkit toolkit(&photographer);
   plugin::HostContext host = pictures::hostOf(folder);
-  if (scene.changeHost != nullptr) scene.changeHost(host);
+  if (scene.name == kHostColors) {
+    host.l_EditorBColor = 0x00D0F0FF;
+    host.l_EditorFColor = 0x00602000;
+  }
   dialogs::frmListwright dialog(toolkit, host);
   dialog.showModal(toolkit);
   return photographer.succeeded();
@@ -230,7 +212,9 @@ bool draw(const Shown& scene, const std::wstring& file) {
 
 int wmain(int count, wchar_t** words) {
   if (count != 3) return 2;
-  const Png png;
+  const Gdiplus::GdiplusStartupInput input;
+  ULONG_PTR token = 0;
+  Gdiplus::GdiplusStartup(&token, &input, nullptr);
   int status = 0;
   for (const Shown& scene : allScenes()) {
     const std::filesystem::path folder(words[1]);
@@ -239,5 +223,6 @@ int wmain(int count, wchar_t** words) {
     std::fprintf(stderr, "%s: no picture\n", scene.name.c_str());
     status = 1;
   }
+  Gdiplus::GdiplusShutdown(token);
   return status;
 }

@@ -126,30 +126,6 @@ class Annotations final : public IAccPropServices {
 /// Wine knows the roles of few controls; the others' are told of as this.
 constexpr LONG kAnyRole = ROLE_SYSTEM_CLIENT;
 
-struct Heard {
-  std::wstring name;
-  LONG role = 0;
-};
-
-Heard fromTheSystem(HWND window) {
-  void* found = nullptr;
-  if (FAILED(::AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
-                                          &found))) {
-    return {};
-  }
-  auto* const object = static_cast<IAccessible*>(found);
-  VARIANT self{};
-  self.vt = VT_I4;
-  Heard heard;
-  BSTR name = nullptr;
-  if (object->get_accName(self, &name) == S_OK && name != nullptr) heard.name = name;
-  ::SysFreeString(name);
-  VARIANT role{};
-  if (object->get_accRole(self, &role) == S_OK && role.vt == VT_I4) heard.role = role.lVal;
-  object->Release();
-  return heard;
-}
-
 using Told = std::set<std::tuple<std::wstring, LONG>>;
 
 class Listener final : public Attendant {
@@ -159,7 +135,7 @@ class Listener final : public Attendant {
     while (next_ < kEdits.size() && view.window().find("mnuEdits", 0) != nullptr) {
       forms::userClicked(*view.window().find("mnuEdits", kEdits.at(next_++)));
     }
-    listen(view);
+    ::EnumChildWindows(view.handle(), take, reinterpret_cast<LPARAM>(this));
     view.window().unload();
   }
   void messageOpens() override {}
@@ -172,20 +148,30 @@ class Listener final : public Attendant {
   Told told;
 
  private:
-  void listen(const WindowView& view) {
-    const auto take = [](HWND child, LPARAM self) {
-      reinterpret_cast<Listener*>(self)->hear(child);
-      return TRUE;
-    };
-    ::EnumChildWindows(view.handle(), take, reinterpret_cast<LPARAM>(this));
+  static BOOL CALLBACK take(HWND child, LPARAM self) {
+    reinterpret_cast<Listener*>(self)->hear(child);
+    return TRUE;
   }
 
   void hear(HWND window) {
-    Heard heard = fromTheSystem(window);
-    if (const auto name = annotations.name(window); !name.empty()) heard.name = name;
-    if (const LONG role = annotations.role(window); role != 0) heard.role = role;
-    EXPECT_FALSE(heard.name.empty() || heard.role == 0) << "window " << window;
-    told.insert({heard.name, heard.role});
+    std::wstring name = annotations.name(window);
+    LONG role = annotations.role(window);
+    // What the plug-in does not tell, the system does.
+    void* found = nullptr;
+    if (SUCCEEDED(::AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT),
+                                               IID_IAccessible, &found))) {
+      auto* const object = static_cast<IAccessible*>(found);
+      VARIANT self{};
+      self.vt = VT_I4;
+      VARIANT number{};
+      BSTR text = nullptr;
+      if (name.empty() && object->get_accName(self, &text) == S_OK && text != nullptr) name = text;
+      if (role == 0 && object->get_accRole(self, &number) == S_OK) role = number.lVal;
+      ::SysFreeString(text);
+      object->Release();
+    }
+    EXPECT_FALSE(name.empty() || role == 0) << "window " << window;
+    told.insert({name, role});
     for (const DWORD arrow : {1U, 2U}) told.insert({annotations.name(window, arrow), kAnyRole});
   }
 

@@ -324,36 +324,26 @@ TEST_F(Registered, MembersAsTheLibraryDescribesThem) {
   EXPECT_EQ(id, KVRNSTEP_REQUEST_PROGRAM_ICON);
 }
 
-/// The bytes of a resource from an offset on; null where there is none.
-const char* resource(HMODULE module, int number, LPWSTR type, std::size_t offset) {
-  const HRSRC found = ::FindResourceW(module, MAKEINTRESOURCEW(number), type);
-  if (found == nullptr || ::SizeofResource(module, found) <= offset) return nullptr;
-  return static_cast<const char*>(::LockResource(::LoadResource(module, found))) + offset;
-}
-
-template <class Struct>
-Struct valueAt(const char* bytes) {
-  Struct value{};
-  if (bytes != nullptr) std::memcpy(&value, bytes, sizeof(value));
-  return value;
-}
-
 TEST_F(Registered, CarriesItsResources) {
   auto* module = static_cast<HMODULE>(library_);
   for (const int number : {101, 102, 103}) {
-    EXPECT_NE(resource(module, number, RT_GROUP_ICON, 0), nullptr) << number;
+    EXPECT_NE(::LoadIconW(module, MAKEINTRESOURCEW(number)), nullptr) << number;
   }
-  for (const auto& [number, x, y] : {std::array{104, 10, 1}, {106, 16, 16}, {107, 16, 16}}) {
-    constexpr std::size_t kFirstImage = 6 + 12;  // behind the head, at the end of the first entry
-    const auto image = valueAt<WORD>(resource(module, number, RT_GROUP_CURSOR, kFirstImage));
-    const auto hotSpot = valueAt<std::array<WORD, 2>>(resource(module, image, RT_CURSOR, 0));
-    EXPECT_EQ(hotSpot[0], x) << number;
-    EXPECT_EQ(hotSpot[1], y) << number;
+  for (const auto& [number, x, y] : {std::array{104U, 10U, 1U}, {106, 16, 16}, {107, 16, 16}}) {
+    ICONINFO cursor{};
+    EXPECT_TRUE(::GetIconInfo(::LoadCursorW(module, MAKEINTRESOURCEW(number)), &cursor));
+    EXPECT_EQ(cursor.xHotspot, x) << number;
+    EXPECT_EQ(cursor.yHotspot, y) << number;
   }
-  EXPECT_NE(resource(module, 2, RT_MANIFEST, 0), nullptr);
+  EXPECT_NE(::FindResourceW(module, MAKEINTRESOURCEW(2), RT_MANIFEST), nullptr);
 
+  const HRSRC found = ::FindResourceW(module, MAKEINTRESOURCEW(1), RT_VERSION);
+  ASSERT_NE(found, nullptr);
   constexpr std::size_t kFixedInfo = 40;  // behind the head with its name
-  const auto version = valueAt<VS_FIXEDFILEINFO>(resource(module, 1, RT_VERSION, kFixedInfo));
+  VS_FIXEDFILEINFO version{};
+  std::memcpy(&version,
+              static_cast<const char*>(::LockResource(::LoadResource(module, found))) + kFixedInfo,
+              sizeof(version));
   EXPECT_EQ(version.dwSignature, 0xFEEF04BDU);
   EXPECT_EQ(version.dwFileVersionMS, 0x00020000U);
   EXPECT_EQ(version.dwFileVersionLS, 0U);
