@@ -38,14 +38,20 @@ void fill(HostContext& context, const ShowArguments& arguments) {
   context.swavFinishQ = arguments.swavFinishQ;
 }
 
-/// Empties the texts; numbers and truth values keep what the call brought.
-void emptyTexts(HostContext& context) {
-  for (std::u16string* text : {&context.SEC_APP_NAME, &context.SEC_APP_LWDR,
-                               &context.sPthStepFolder, &context.s_IniPathAndName,
-                               &context.s_EditorFont, &context.swavAlertQ, &context.swavFinishQ}) {
-    text->clear();
+/// Empties the texts when the call ends, by an exception too; numbers and truth values keep
+/// what the call brought.
+struct EmptiedTexts {
+  HostContext& context;
+
+  ~EmptiedTexts() {
+    for (std::u16string* text :
+         {&context.SEC_APP_NAME, &context.SEC_APP_LWDR, &context.sPthStepFolder,
+          &context.s_IniPathAndName, &context.s_EditorFont, &context.swavAlertQ,
+          &context.swavFinishQ}) {
+      text->clear();
+    }
   }
-}
+};
 
 }  // namespace
 
@@ -56,6 +62,7 @@ std::u16string Listwright::PlugNameVersion() {
 bool Listwright::ShowListwrightDialog(forms::Toolkit* toolkit, std::u16string& theLwOutputString,
                                       const ShowArguments& arguments) {
   HostContext& context = hostContext();
+  const EmptiedTexts emptied{context};
   fill(context, arguments);
   theLwOutputString.clear();
   bool selectionMade = false;
@@ -67,7 +74,6 @@ bool Listwright::ShowListwrightDialog(forms::Toolkit* toolkit, std::u16string& t
     selectionMade = dialog.LwSelectionMade();
     theLwOutputString = dialog.LwOutputString();
   }
-  emptyTexts(context);
   return selectionMade;
 }
 
