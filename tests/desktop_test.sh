@@ -32,7 +32,7 @@ for key in alt+F4 ctrl+q Escape; do use 1 "$key"; done
 
 # Enter inserts nothing by itself.
 use 1 Return alt+c
-printf '    1. \r\n    2. \r\n    3. \r\n' >wanted
+printf '    1. \n    2. \n    3. \n' >wanted
 keeps 'the list'
 keeps 'the list, asked for a second time,'
 
@@ -79,7 +79,7 @@ prefix=$(printf 'é%.0s' $(seq 5000))
 printf 'arg sPthStepFolder steps\narg s_IniPathAndName steps.ini\ncall\nset %s "%s"\nset %s\n%s\n' \
   'cboPreSuf(0).text' "$prefix" 'txtBEndAt.text 99' 'click cmdCIC(2)' |
   timeout 60 "$bin/stepdrive" --frontend qt - >out 2>err || fail "Copy of a long list: $(cat err)"
-"$bin/listwright" --list --crlf --end 99 --prefix "$prefix" --suffix . --indent-spacing \
+"$bin/listwright" --list --end 99 --prefix "$prefix" --suffix . --indent-spacing \
   --indentation --right-align --space >wanted
 keeps 'a long list'
 

@@ -20,7 +20,7 @@ keys alt+c
 wait "$command"
 status=$?
 [ "$status" -eq 1 ] && [ ! -s out ] || fail "Copy: status $status"
-printf '    1. \r\n    2. \r\n    3. \r\n' >wanted
+printf '    1. \n    2. \n    3. \n' >wanted
 timeout 20 wl-paste --no-newline | cmp - wanted || fail 'Copy: not on the clipboard'
 grep -q '^Listwright_LT=2400' config/listwright/steps.ini &&
   grep -q '^Listwright_TT=1500' config/listwright/steps.ini || fail 'the place was not kept'

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-/// A text of several lines breaks them with CR LF in a control and with LF alone in a widget, so
-/// places in the text differ too.
+/// A text of several lines breaks them with CR LF in a control and with LF alone in a widget and on
+/// the clipboard, so places in the text differ too.
 namespace kvrnstep::qt {
 
 /// CR LF, a lone CR, a lone LF and a paragraph separator all become LF.

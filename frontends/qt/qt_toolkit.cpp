@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "clipboard.h"
+#include "line_breaks.h"
 #include "locale_guard.h"
 #include "menu_view.h"
 #include "qt_fonts.h"
@@ -108,7 +109,7 @@ void QtToolkit::letEventsRun() {
 
 void QtToolkit::setClipboard(const std::u16string& text) {
   const LocaleGuard locale;
-  putOnClipboard(toQt(text));
+  putOnClipboard(widgetLines(text));
 }
 
 void QtToolkit::playSound(const std::u16string& file, forms::SoundMode mode) {
