@@ -136,8 +136,8 @@ class Session final : forms::Pilot, forms::Audience {
 
   void call() {
     dialogs::frmListwright dialog(stage_, host_);
-    dialog.LwStepStart = listingType_;
-    dialog.LwMenuMode = menuMode_;
+    dialog.LwStepStart(listingType_);
+    dialog.LwMenuMode(menuMode_);
     dialog_ = &dialog;
     dialog.showModal(stage_);
     dialog_ = nullptr;

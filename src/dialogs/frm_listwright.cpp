@@ -55,7 +55,6 @@ void frmListwright::assignHandlers() {
   onLoad = [this] { Form_Load(); };
   onQueryUnload = [this] { Form_QueryUnload(); };
 
-  const auto refresh = [this](int /*index*/) { RefreshPreview(); };
   for (auto* element : cmdCIC.all()) {
     element->onClick = [this](int index) { cmdCIC_Click(index); };
   }
@@ -66,11 +65,11 @@ void frmListwright::assignHandlers() {
     element->onClick = [this](int index) { optNA_Click(index); };
   }
   for (ComboBox* box : cboPreSuf.all()) {
-    box->onClick = refresh;
-    box->onKeyUp = refresh;
+    box->onClick = [this](int /*index*/) { cboPreSuf_Click(); };
+    box->onKeyUp = [this](int /*index*/) { cboPreSuf_KeyUp(); };
   }
-  txtBegin.onChange = refresh;
-  txtEnd.onChange = refresh;
+  txtBegin.onChange = [this](int /*index*/) { txtBegin_Change(); };
+  txtEnd.onChange = [this](int /*index*/) { txtEnd_Change(); };
 
   for (TextBox* box : {&txtBStart, &txtBEndAt, &txtLS}) {
     box->onKeyPress = [](int /*index*/, char16_t key) { return isDigitOrBackspace(key); };
@@ -89,8 +88,8 @@ void frmListwright::assignHandlers() {
     RefreshPreview();
   };
   for (Spinner* spinner : {&updBStart, &updBEndAt, &updLS}) {
-    spinner->onUpClick = refresh;
-    spinner->onDownClick = refresh;
+    spinner->onUpClick = [this](int /*index*/) { RefreshPreview(); };
+    spinner->onDownClick = spinner->onUpClick;
     spinner->onMouseUp = [this, spinner](int /*index*/, MouseButton button) {
       if (button != MouseButton::Right) return;
       AskSpinnerValue(*spinner, spinner->row().minimum, spinner->row().maximum, u"");
@@ -116,7 +115,7 @@ void frmListwright::assignHandlers() {
     element->onClick = [this](int index) { mnuOptions_Click(index); };
   }
   for (auto* element : mnuActions.all()) {
-    element->onClick = [this](int index) { cmdCIC_Click(index); };
+    element->onClick = [this](int index) { mnuActions_Click(index); };
   }
 }
 

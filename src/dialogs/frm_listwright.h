@@ -19,9 +19,11 @@ class frmListwright : public forms::Window {
   /// Both arguments must outlive the dialog.
   frmListwright(forms::Toolkit& toolkit, const plugin::HostContext& host);
 
-  std::int16_t LwStepStart = 0;  ///< listing type to begin with, 0 to 3
-  bool LwMenuMode = false;       ///< the host's listing type stands against stored defaults
-
+  /// Listing type to begin with, 0 to 3.
+  void LwStepStart(const std::int16_t& theLwStepStart) { lwStepStart_ = theLwStepStart; }
+  [[nodiscard]] std::int16_t LwStepStart() const { return lwStepStart_; }
+  /// Whether the host's listing type stands against stored defaults.
+  void LwMenuMode(const bool& theLwMenuMode) { lwMenuMode_ = theLwMenuMode; }
   [[nodiscard]] bool LwSelectionMade() const { return lwSelectionMade_; }
   [[nodiscard]] const std::u16string& LwOutputString() const { return lwOutputString_; }
 
@@ -79,6 +81,10 @@ class frmListwright : public forms::Window {
   void selectType(std::int16_t type);
   void optNA_Click(int index);
   void chkLWO_Click(int index);
+  void cboPreSuf_Click() { RefreshPreview(); }
+  void cboPreSuf_KeyUp() { RefreshPreview(); }
+  void txtBegin_Change() { RefreshPreview(); }
+  void txtEnd_Change() { RefreshPreview(); }
   [[nodiscard]] generator::ListSettings readSettings() const;
 
   // Numeric fields
@@ -95,6 +101,7 @@ class frmListwright : public forms::Window {
   void writeCountToEndBox();
   void BuildStepList();
   void cmdCIC_Click(int index);
+  void mnuActions_Click(int index) { cmdCIC_Click(index); }
   void insertList();
   void copyList();
   void printList();
@@ -145,6 +152,8 @@ class frmListwright : public forms::Window {
   forms::MenuEntry& mnuHid;
   Menus<3> mnuHidd;
 
+  std::int16_t lwStepStart_ = 0;
+  bool lwMenuMode_ = false;
   bool lwSelectionMade_ = false;
   std::u16string lwOutputString_;
   std::int16_t iListType = 0;

@@ -9,7 +9,7 @@ stepfiles::OpenDefaultsPlace frmListwright::openDefaultsPlace() const {
 
 void frmListwright::ApplyOpenDefaults() {
   const stepfiles::OpenDefaults defaults = stepfiles::readOpenDefaults(openDefaultsPlace());
-  if (!LwMenuMode && defaults.Selection) selectType(*defaults.Selection);
+  if (!lwMenuMode_ && defaults.Selection) selectType(*defaults.Selection);
   for (forms::CheckBox* box : chkLWO.all()) {
     const auto option = defaults.Option.at(static_cast<std::size_t>(box->index()));
     if (option) box->setValue(*option);

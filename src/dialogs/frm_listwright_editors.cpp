@@ -50,9 +50,9 @@ void frmListwright::editAffixes(int index) {
 
 void frmListwright::editStoredTexts(std::uint8_t kind, forms::TextBox& target) {
   frmStepBE editor(toolkit_, host_);
-  editor.DoBegEnd = kind;
+  editor.DoBegEnd(kind);
   editor.showModal(toolkit_);
-  if (!editor.IsBEBapplied.empty()) target.setText(editor.IsBEBapplied);
+  if (!editor.IsBEBapplied().empty()) target.setText(editor.IsBEBapplied());
 }
 
 }  // namespace kvrnstep::dialogs

@@ -38,7 +38,7 @@ void frmListwright::Form_Load() {
   for (const int label : kClickableLabels) lblD(label).setCursor(kLinkCursor);
   for (const forms::ComboBox* box : cboPreSuf.all()) loadAffixes(box->index());
   cboPreSuf(1).setText(readKey(u"Suffix", u"."));
-  selectType(LwStepStart);
+  selectType(LwStepStart());
   if (stepfiles::openDefaultsOn(openDefaultsPlace())) ApplyOpenDefaults();
   if (startAndEndValid()) SetActionsEnabled(true);
   restoreDisplay();

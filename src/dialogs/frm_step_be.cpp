@@ -47,13 +47,13 @@ frmStepBE::frmStepBE(forms::Toolkit& toolkit, const plugin::HostContext& host)
 }
 
 void frmStepBE::Form_Load() {
-  IsBEBapplied.clear();
+  IsBEBapplied(u"");
   for (Control* image : imgBE.all()) {
     image->setPicture(Picture::ApplyInactive);
     image->setCursor(kLinkCursor);
     image->setEnabled(false);
   }
-  setCaption(DoBegEnd == 0 ? u"Beginning (Storage)" : u"Ending (Storage)");
+  setCaption(DoBegEnd() == 0 ? u"Beginning (Storage)" : u"Ending (Storage)");
   LoadOrSaveSlots(false, storageFile());
   restoreGeometry();
 }
@@ -70,7 +70,7 @@ void frmStepBE::Form_QueryUnload() {
 std::u16string frmStepBE::storageFile() const {
   std::u16string path = host_.sPthStepFolder;
   path += platform::kSeparator;
-  path += stepfiles::storedTextsFile(DoBegEnd != 0);
+  path += stepfiles::storedTextsFile(DoBegEnd() != 0);
   return path;
 }
 
@@ -108,7 +108,7 @@ void frmStepBE::txtHold_Change(int Index) {
 }
 
 void frmStepBE::imgBE_Click(int Index) {
-  IsBEBapplied = txtHold(Index).text();
+  IsBEBapplied(txtHold(Index).text());
   unload();
 }
 

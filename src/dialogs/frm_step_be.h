@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "forms/toolkit.h"
 #include "forms/window.h"
@@ -18,8 +19,12 @@ class frmStepBE : public forms::Window {
   /// Both arguments must outlive the editor.
   frmStepBE(forms::Toolkit& toolkit, const plugin::HostContext& host);
 
-  std::uint8_t DoBegEnd = 0;    ///< 0 edits the beginnings, anything else the endings
-  std::u16string IsBEBapplied;  ///< the applied text; empty when none was
+  /// 0 edits the beginnings, anything else the endings.
+  void DoBegEnd(std::uint8_t vDBEValue) { doBegEnd_ = vDBEValue; }
+  [[nodiscard]] std::uint8_t DoBegEnd() const { return doBegEnd_; }
+  /// The applied text; empty when none was.
+  void IsBEBapplied(std::u16string vBEBValue) { isBEBapplied_ = std::move(vBEBValue); }
+  [[nodiscard]] const std::u16string& IsBEBapplied() const { return isBEBapplied_; }
 
  private:
   static constexpr int kSlots = static_cast<int>(stepfiles::kStoredTexts);
@@ -44,6 +49,8 @@ class frmStepBE : public forms::Window {
   forms::ControlArray<forms::TextBox, kSlots> txtHold;
   forms::ControlArray<forms::Control, kSlots> imgBE;
   forms::Control& cmdOK;
+  std::uint8_t doBegEnd_ = 0;
+  std::u16string isBEBapplied_;
   bool storageRead_ = false;  ///< the slots show what the file holds
 };
 

@@ -68,8 +68,8 @@ bool Listwright::ShowListwrightDialog(forms::Toolkit* toolkit, std::u16string& t
   bool selectionMade = false;
   if (toolkit != nullptr) {
     dialogs::frmListwright dialog(*toolkit, context);
-    dialog.LwStepStart = arguments.iBuildStep;
-    dialog.LwMenuMode = arguments.BuMenuMode;
+    dialog.LwStepStart(arguments.iBuildStep);
+    dialog.LwMenuMode(arguments.BuMenuMode);
     dialog.showModal(*toolkit);
     selectionMade = dialog.LwSelectionMade();
     theLwOutputString = dialog.LwOutputString();

@@ -109,17 +109,23 @@ class Closer : public forms::Pilot {
   const char* clicked_;
 };
 
+void select(frmStepPSEdit& editor, std::uint8_t kind) {
+  editor.PivitWhat = kind;
+}
+void select(frmStepBE& editor, std::uint8_t kind) {
+  editor.DoBegEnd(kind);
+}
+
 /// Shows an editor without a screen, with all of its files in the folder.
-template <class Editor, class Selector>
-void show(const TemporaryFolder& folder, Selector Editor::*selector, Selector value,
-          const char* clicked) {
+template <class Editor>
+void show(const TemporaryFolder& folder, std::uint8_t kind, const char* clicked) {
   headless::HeadlessToolkit toolkit;
   plugin::HostContext host;
   host.SEC_APP_NAME = u"Listwright";
   host.sPthStepFolder = folder("");
   host.s_IniPathAndName = folder("steps.ini");
   Editor editor(toolkit, host);
-  editor.*selector = value;
+  select(editor, kind);
   Closer closer(editor, clicked);
   toolkit.setPilot(closer);
   editor.showModal(toolkit);
@@ -127,9 +133,9 @@ void show(const TemporaryFolder& folder, Selector Editor::*selector, Selector va
 
 TEST(Editors, OfOtherKinds) {
   const TemporaryFolder folder;
-  show(folder, &frmStepPSEdit::PivitWhat, std::uint8_t{2}, "cmdOK");
+  show<frmStepPSEdit>(folder, 2, "cmdOK");
   EXPECT_EQ(folder.names(), (std::set<std::string>{"steps.ini"}));
-  show(folder, &frmStepBE::DoBegEnd, std::uint8_t{2}, nullptr);
+  show<frmStepBE>(folder, 2, nullptr);
   EXPECT_EQ(folder.names(), (std::set<std::string>{"steps.ini", "ending_step.dat"}));
 }
 
@@ -156,9 +162,9 @@ TEST(Editors, DoNotReplaceWhatTheyCouldNotRead) {
     std::filesystem::create_directory(folder.native(name));
   }
   folder.put("Suffix_Step.dat", std::string(40'000, '\r') + "last");
-  show(folder, &frmStepBE::DoBegEnd, std::uint8_t{0}, nullptr);
-  show(folder, &frmStepPSEdit::PivitWhat, std::uint8_t{0}, "cmdOK");
-  show(folder, &frmStepPSEdit::PivitWhat, std::uint8_t{1}, "cmdOK");
+  show<frmStepBE>(folder, 0, nullptr);
+  show<frmStepPSEdit>(folder, 0, "cmdOK");
+  show<frmStepPSEdit>(folder, 1, "cmdOK");
   EXPECT_TRUE(std::filesystem::is_directory(folder.native("Prefix_Step.dat")));
   EXPECT_TRUE(std::filesystem::is_directory(folder.native("beginning_step.dat")));
   EXPECT_TRUE(folder.get("Suffix_Step.dat").ends_with("last"));
