@@ -117,7 +117,7 @@ std::optional<std::u16string> HeadlessToolkit::ask(const forms::Question& /*ques
   return pilot_->answer();
 }
 
-std::optional<std::u16string> HeadlessToolkit::askFileToOpen(const forms::FileDialog& dialog) {
+std::optional<std::u16string> HeadlessToolkit::ShowOpenDialog(const forms::FileDialog& dialog) {
   const auto named = pilot_->answer();
   if (!named) return std::nullopt;
   return chosen([&]() -> std::optional<std::u16string> {
@@ -128,7 +128,7 @@ std::optional<std::u16string> HeadlessToolkit::askFileToOpen(const forms::FileDi
   });
 }
 
-std::optional<std::u16string> HeadlessToolkit::askFileToSave(const forms::FileDialog& dialog) {
+std::optional<std::u16string> HeadlessToolkit::ShowSaveDialog(const forms::FileDialog& dialog) {
   const auto named = pilot_->answer();
   if (!named || named->empty()) return std::nullopt;
   return chosen([&] {

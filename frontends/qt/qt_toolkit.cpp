@@ -55,11 +55,11 @@ std::optional<std::u16string> QtToolkit::ask(const forms::Question& question) {
   return fromQt(box.line().text());
 }
 
-std::optional<std::u16string> QtToolkit::askFileToOpen(const forms::FileDialog& dialog) {
+std::optional<std::u16string> QtToolkit::ShowOpenDialog(const forms::FileDialog& dialog) {
   return askFile(dialog, QFileDialog::AcceptOpen);
 }
 
-std::optional<std::u16string> QtToolkit::askFileToSave(const forms::FileDialog& dialog) {
+std::optional<std::u16string> QtToolkit::ShowSaveDialog(const forms::FileDialog& dialog) {
   return askFile(dialog, QFileDialog::AcceptSave);
 }
 

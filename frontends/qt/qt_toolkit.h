@@ -30,8 +30,8 @@ class QtToolkit final : public forms::Toolkit {
   void runModal(forms::Window& window) override;
   void showMessage(const forms::Message& message) override;
   std::optional<std::u16string> ask(const forms::Question& question) override;
-  std::optional<std::u16string> askFileToOpen(const forms::FileDialog& dialog) override;
-  std::optional<std::u16string> askFileToSave(const forms::FileDialog& dialog) override;
+  std::optional<std::u16string> ShowOpenDialog(const forms::FileDialog& dialog) override;
+  std::optional<std::u16string> ShowSaveDialog(const forms::FileDialog& dialog) override;
   void popUp(forms::MenuEntry& menu) override;
   void print(const std::u16string& text) override;
   void setBusy(bool busy) override;

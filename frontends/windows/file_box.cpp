@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "ansi.h"
+#include "text/text.h"
 #include "text/windows/wide.h"
 
 namespace kvrnstep::windows {
@@ -36,7 +37,7 @@ struct InCodePage {
   using Char = char;
   /// Nothing for a text that has no place there.
   static std::optional<std::string> converted(std::u16string_view text) { return toAnsi(text); }
-  static std::u16string restored(const char* path) { return fromAnsi(path); }
+  static std::u16string restored(std::string_view buffer) { return fromAnsi(buffer); }
   static BOOL open(Request* request) { return ::GetOpenFileNameA(request); }
   static BOOL save(Request* request) { return ::GetSaveFileNameA(request); }
 };
@@ -48,7 +49,9 @@ struct InUtf16 {
   static std::optional<std::wstring> converted(std::u16string_view text) {
     return std::wstring(text.begin(), text.end());
   }
-  static std::u16string restored(const wchar_t* path) { return text::utf16(path); }
+  static std::u16string restored(std::wstring_view buffer) {
+    return {buffer.begin(), buffer.end()};
+  }
   static BOOL open(Request* request) { return ::GetOpenFileNameW(request); }
   static BOOL save(Request* request) { return ::GetSaveFileNameW(request); }
 };
@@ -114,7 +117,7 @@ std::optional<std::u16string> choose(Purpose purpose, const forms::FileDialog& d
   const KeptFolder kept;
   const BOOL chosen = purpose == Purpose::Open ? Form::open(&request) : Form::save(&request);
   if (chosen == FALSE) return std::nullopt;
-  return Form::restored(path.data());
+  return std::u16string(text::StripAtNull(Form::restored({path.data(), path.size()})));
 }
 
 std::optional<std::u16string> choose(Purpose purpose, const forms::FileDialog& dialog, HWND owner) {
@@ -125,11 +128,11 @@ std::optional<std::u16string> choose(Purpose purpose, const forms::FileDialog& d
 
 }  // namespace
 
-std::optional<std::u16string> chooseFileToOpen(const forms::FileDialog& dialog, HWND owner) {
+std::optional<std::u16string> ShowOpenDialog(const forms::FileDialog& dialog, HWND owner) {
   return choose(Purpose::Open, dialog, owner);
 }
 
-std::optional<std::u16string> chooseFileToSave(const forms::FileDialog& dialog, HWND owner) {
+std::optional<std::u16string> ShowSaveDialog(const forms::FileDialog& dialog, HWND owner) {
   return choose(Purpose::Save, dialog, owner);
 }
 

@@ -127,18 +127,18 @@ std::optional<std::u16string> WindowsToolkit::ask(const forms::Question& questio
   return QuestionBox(question).ask(over);
 }
 
-std::optional<std::u16string> WindowsToolkit::askFileToOpen(const forms::FileDialog& dialog) {
+std::optional<std::u16string> WindowsToolkit::ShowOpenDialog(const forms::FileDialog& dialog) {
   const NativeLook look;
   const HWND over = owner();
   const Attended attended(attendant_, [](Attendant& attendant) { attendant.fileBoxOpens(); });
-  return chooseFileToOpen(dialog, over);
+  return windows::ShowOpenDialog(dialog, over);
 }
 
-std::optional<std::u16string> WindowsToolkit::askFileToSave(const forms::FileDialog& dialog) {
+std::optional<std::u16string> WindowsToolkit::ShowSaveDialog(const forms::FileDialog& dialog) {
   const NativeLook look;
   const HWND over = owner();
   const Attended attended(attendant_, [](Attendant& attendant) { attendant.fileBoxOpens(); });
-  return chooseFileToSave(dialog, over);
+  return windows::ShowSaveDialog(dialog, over);
 }
 
 void WindowsToolkit::popUp(forms::MenuEntry& menu) {

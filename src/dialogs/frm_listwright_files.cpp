@@ -67,7 +67,7 @@ generator::ListSettings frmListwright::settingsForFile() const {
 void frmListwright::OpenaStepFile(const std::u16string& sAltStepFile) {
   std::u16string path = sAltStepFile;
   if (path.empty()) {
-    const auto chosen = toolkit_.askFileToOpen(
+    const auto chosen = toolkit_.ShowOpenDialog(
         {.title = u"Open", .filters = kFiltersToOpen, .name = {}, .folder = host_.sPthStepFolder});
     if (!chosen) return;
     path = *chosen;
@@ -103,7 +103,7 @@ void frmListwright::put(forms::Spinner& spinner, forms::TextBox& box, std::int16
 }
 
 void frmListwright::SaveStepFileAs() {
-  const auto path = toolkit_.askFileToSave(
+  const auto path = toolkit_.ShowSaveDialog(
       {.title = u"Save As",
        .filters = kFiltersToSave,
        .name = stepfiles::fittingFileName(stepfiles::BuildStepFileName(settingsForFile())),

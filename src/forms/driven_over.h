@@ -17,11 +17,11 @@ class DrivenOver : public DrivenToolkit {
   std::optional<std::u16string> ask(const Question& question) override {
     return native_.ask(question);
   }
-  std::optional<std::u16string> askFileToOpen(const FileDialog& dialog) override {
-    return native_.askFileToOpen(dialog);
+  std::optional<std::u16string> ShowOpenDialog(const FileDialog& dialog) override {
+    return native_.ShowOpenDialog(dialog);
   }
-  std::optional<std::u16string> askFileToSave(const FileDialog& dialog) override {
-    return native_.askFileToSave(dialog);
+  std::optional<std::u16string> ShowSaveDialog(const FileDialog& dialog) override {
+    return native_.ShowSaveDialog(dialog);
   }
   void popUp(MenuEntry& menu) override { native_.popUp(menu); }
   void print(const std::u16string& text) override { native_.print(text); }

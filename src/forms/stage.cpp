@@ -363,14 +363,14 @@ std::optional<std::u16string> Stage::ask(const Question& question) {
   return toolkit_.ask(question);
 }
 
-std::optional<std::u16string> Stage::askFileToOpen(const FileDialog& dialog) {
+std::optional<std::u16string> Stage::ShowOpenDialog(const FileDialog& dialog) {
   audience_.happened("open-dialog", {std::u16string(dialog.title), dialog.name, dialog.folder});
-  return toolkit_.askFileToOpen(dialog);
+  return toolkit_.ShowOpenDialog(dialog);
 }
 
-std::optional<std::u16string> Stage::askFileToSave(const FileDialog& dialog) {
+std::optional<std::u16string> Stage::ShowSaveDialog(const FileDialog& dialog) {
   audience_.happened("save-dialog", {std::u16string(dialog.title), dialog.name, dialog.folder});
-  return toolkit_.askFileToSave(dialog);
+  return toolkit_.ShowSaveDialog(dialog);
 }
 
 void Stage::popUp(MenuEntry& menu) {

@@ -52,8 +52,8 @@ class Stage final : public Toolkit {
   void runModal(Window& window) override;
   void showMessage(const Message& message) override;
   std::optional<std::u16string> ask(const Question& question) override;
-  std::optional<std::u16string> askFileToOpen(const FileDialog& dialog) override;
-  std::optional<std::u16string> askFileToSave(const FileDialog& dialog) override;
+  std::optional<std::u16string> ShowOpenDialog(const FileDialog& dialog) override;
+  std::optional<std::u16string> ShowSaveDialog(const FileDialog& dialog) override;
   void popUp(MenuEntry& menu) override;
   void print(const std::u16string& text) override;
   void setBusy(bool busy) override { toolkit_.setBusy(busy); }

@@ -59,10 +59,10 @@ class Toolkit {
   /// Nothing when the question was cancelled.
   virtual std::optional<std::u16string> ask(const Question& question) = 0;
   /// The full path of a file that is there; nothing when the dialog was cancelled.
-  virtual std::optional<std::u16string> askFileToOpen(const FileDialog& dialog) = 0;
+  virtual std::optional<std::u16string> ShowOpenDialog(const FileDialog& dialog) = 0;
   /// The full path of a file to be written; the user has been asked before an existing one is
   /// named. Nothing when the dialog was cancelled.
-  virtual std::optional<std::u16string> askFileToSave(const FileDialog& dialog) = 0;
+  virtual std::optional<std::u16string> ShowSaveDialog(const FileDialog& dialog) = 0;
   /// Opens a pop-up menu of the window at the mouse and returns when it has closed; an entry that
   /// was picked has then been dealt with.
   virtual void popUp(MenuEntry& menu) = 0;

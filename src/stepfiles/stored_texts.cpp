@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "stepfiles/field_reader.h"
 #include "stepfiles/quote_placeholder.h"
+#include "storage/text_file.h"
 #include "text/codepage.h"
 
 namespace kvrnstep::stepfiles {
@@ -25,7 +26,7 @@ StoredTexts parseStoredTexts(std::string_view bytes) {
 }
 
 std::optional<StoredTexts> readStoredTexts(const std::u16string& path) {
-  if (!platform::pathExists(path)) {
+  if (!storage::FileExists(path)) {
     platform::createEmptyFile(path);
     return StoredTexts();
   }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/files.h"
+#include "storage/text_file.h"
 #include "text/codepage.h"
 
 namespace kvrnstep::storage {
@@ -51,7 +52,7 @@ std::string formatList(const std::vector<std::u16string>& entries) {
 }
 
 LoadedList readListFile(const std::u16string& path) {
-  if (!platform::pathExists(path)) platform::createEmptyFile(path);
+  if (!FileExists(path)) platform::createEmptyFile(path);
   const auto bytes = platform::readFile(path);
   return bytes ? parse(*bytes) : LoadedList();
 }

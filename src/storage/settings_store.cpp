@@ -3,6 +3,7 @@
 #include "platform/profile.h"
 #include "text/characters.h"
 #include "text/codepage.h"
+#include "text/text.h"
 
 namespace kvrnstep::modSecns {
 
@@ -10,7 +11,7 @@ namespace {
 
 /// The 8-bit text that the profile functions get: one that ends at its first NUL.
 std::string argument(std::u16string_view text) {
-  return text::toBytes(text.substr(0, text.find(u'\0')));
+  return text::toBytes(text::StripAtNull(text));
 }
 
 std::u16string cut(std::u16string text) {

@@ -18,6 +18,10 @@ std::u16string_view trimBlanks(std::u16string_view text) {
   return text.substr(first, text.find_last_not_of(u' ') - first + 1);
 }
 
+std::u16string_view StripAtNull(std::u16string_view text) {
+  return text.substr(0, text.find(u'\0'));
+}
+
 std::u16string ReplaceText(std::u16string_view sText, std::u16string_view sFind,
                            std::u16string_view sWith) {
   if (sFind.empty()) return std::u16string(sText);

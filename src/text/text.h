@@ -9,6 +9,9 @@ namespace kvrnstep::text {
 /// The text without the blanks (U+0020, nothing else) at both ends; a part of what was passed.
 std::u16string_view trimBlanks(std::u16string_view text);
 
+/// The text up to its first NUL, or all of it; a part of what was passed.
+std::u16string_view StripAtNull(std::u16string_view text);
+
 /// The text with every occurrence of `sFind` replaced, from left to right and without overlaps;
 /// letter case matters. An empty `sFind` changes nothing.
 std::u16string ReplaceText(std::u16string_view sText, std::u16string_view sFind,

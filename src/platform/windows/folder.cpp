@@ -26,7 +26,7 @@ struct CloseSearch {
 };
 
 /// A list box has no room for a long path.
-std::u16string shortPath(const std::u16string& folder) {
+std::u16string GetShortPath(const std::u16string& folder) {
   std::array<wchar_t, 255> path{};
   const DWORD length = ::GetShortPathNameW(text::wide(folder), path.data(), path.size());
   return length < path.size() ? std::u16string(text::utf16(path.data()), length) : u"";
@@ -44,7 +44,7 @@ std::u16string entryOf(HWND box, WPARAM index) {
 Names listedBySystem(const std::u16string& folder) {
   constexpr WPARAM kWhich = DDL_READONLY | DDL_HIDDEN | DDL_SYSTEM | DDL_ARCHIVE;
   Names names;
-  const std::u16string path = shortPath(folder);
+  const std::u16string path = GetShortPath(folder);
   if (path.empty()) return names;
   const Box box(::CreateWindowExW(0, L"LISTBOX", nullptr, WS_CHILD, 0, 0, 0, 0, HWND_MESSAGE,
                                   nullptr, nullptr, nullptr));
