@@ -20,26 +20,29 @@ check() {
 }
 
 check 0 '1.\r\n2.\r\n3.' '' --list --end 3 --suffix . --crlf
-check 0 'B\n    I)\n   II)\nE' '' --list --type roman --end 2 --upper-case --indentation --indent 2 \
+check 0 'B\n    I)\n   II)\nE' '' --list --type roman --end 2 --upper-case --indent 2 \
   --right-align --prefix ' ' --suffix ')' --beginning $'B\n' --ending $'\nE'
-check 0 'B\r\n1\r\nE' '' --list --end 1 --beginning $'B\r\n' --ending $'\nE' --crlf
-check 0 '98thof é, \r\n99thof é, ' '' --list --start 98 --end 99 --suffix 'of é,' --prefix '' \
-  --space --ordinal --line-spacing 0 --beginning '' --crlf
+check 0 'B\r\n1\r\nE\r\n' '' --list --end 1 --beginning=$'B\r\n' --ending $'\nE\r\n' --crlf
+check 0 '98thof é, \r\n99thof é, ' '' --list --start 98 --end 99 --prefix= --suffix 'of é,' \
+  --space --ordinal --line-spacing 0 --beginning= --ending '' --crlf
 check 0 'Part III (C)\n\nPart IV (D)' '' --list --type prefix-suffix --start 3 --end 4 \
   --prefix 'Part {STEP_R} (' --suffix '{STEP_L})' --line-spacing 1
-check 0 ' a\n' '' --list --type alphabetical --end 1 --indent 1 --indentation --indent-spacing
-check 0 '' '' --list --start 5 --end 4
-check 0 'kvrn Listwright\t2.0.0\n' '' --version
+check 0 '    --end=a--x=\n' '' --list --type alphabetical --end 1 --prefix --end= --suffix=--x= \
+  --indentation --indent-spacing
+check 0 'kvrn Listwright\t2.0.0\n' '' -V
 
 check 2 '' '1 to 99' --list
+check 2 '' '1 to 99' --list --end=
 check 2 '' '1 to 99' --list --end 0
 check 2 '' '1 to 99' --list --end 100
 check 2 '' '1 to 99' --list --end 99999999999999999999
 check 2 '' '1 to 99' --list --end 3 --start 1.5
+check 2 '' '--start 5, --end 3' --list --start 5 --end 3
 check 2 '' '0 to 9' --list --end 3 --line-spacing 10
 check 2 '' '0 to 255' --list --end 3 --indent -1
 check 2 '' 'end takes exactly one value' --list --end
 check 2 '' 'end takes exactly one value' --list --end 3 --end 4
+check 2 '' 'space takes no value' --list --end 3 --space=x
 check 2 '' 'numbered, alphabetical, roman and prefix-suffix' --list --end 3 --type Roman
 check 2 '' '--bogus; --help' --bogus
 check 2 '' '--prefix needs --list or --save' --prefix x
@@ -53,9 +56,11 @@ echo 'Dear reader, 1, 2, 3' >file.step
 check 0 '  1.\n  2.\n  1.\n  2.' '' --indent 2 two.step two.step
 check 2 '' 'cannot read missing.step: No such file' missing.step
 check 2 '' 'no step file: file.step' file.step
+check 2 '' 'cannot read [a,b]' '[a,b]'
 check 2 'a "b"\na)\nb)\nc)' 'cannot read missing.step' missing.step abc.step
 check 2 '' 'cannot write no/abc.step: there is no such folder' --save no/abc.step --end 3
 check 2 '' 'ends in .step' --save abc.txt --end 3
+check 2 '' 'needs a name' --save= --end 3
 check 2 '' '--save needs --end' --save abc.step
 check 2 '' 'FILE goes without' --list --end 3 abc.step
 

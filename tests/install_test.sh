@@ -115,7 +115,7 @@ same files $'a folder\na list.step' "$(completed listwright --crlf 'a ')"
 same folders 'a folder' "$(completed listwright --step-folder 'a ')"
 same type prefix-suffix "$(completed listwright --type = pre)"
 for type in $(completed listwright --type ''); do
-  silent "$prefix/bin/listwright" --list --end 1 --start 2 --type "$type"
+  silent "$prefix/bin/listwright" --save a.step --end 1 --type "$type"
 done
 same "front ends" qt "$(completed stepdrive --frontend q)"
 

@@ -50,7 +50,7 @@ class CommandLine {
         ->type_name("FILE");
     app_.add_option("FILE", options_.files, "step files whose lists are printed")->type_name("");
     app_.add_flag("--crlf", options_.crLf, "end lines with CR LF instead of LF");
-    app_.add_flag("--version", options_.version, "print name and version");
+    app_.add_flag("-V,--version", options_.version, "print name and version");
     describeList();
     describeDialog();
   }
@@ -58,7 +58,7 @@ class CommandLine {
   /// False when help was printed instead.
   bool parse(const hosts::Arguments& arguments) {
     try {
-      app_.parse(arguments.count(), arguments.values());
+      app_.parse(withoutFiles(arguments));
     } catch (const CLI::CallForHelp& help) {
       app_.exit(help);
       return false;
@@ -75,6 +75,44 @@ class CommandLine {
   [[nodiscard]] const Options& options() const { return options_; }
 
  private:
+  /// Whether an argument is an option that takes a value, which may be there already, behind "=".
+  /// @throws std::runtime_error for a value behind an option that takes none
+  [[nodiscard]] bool takesValue(const std::string& argument, std::size_t equals) const {
+    const std::string name = argument.substr(0, equals);
+    const CLI::Option* option = app_.get_option_no_throw(name);
+    if (option == nullptr) return false;
+    if (option->get_items_expected_max() > 0) return true;
+    if (equals == std::string::npos) return false;
+    throw std::runtime_error(name + " takes no value");
+  }
+
+  /// Takes the names of files, which the library would take apart where they have brackets.
+  /// @return the options as the library takes them, the last one first. It would look for an empty
+  /// value behind "=" in the next argument, so values become arguments of their own.
+  std::vector<std::string> withoutFiles(const hosts::Arguments& arguments) {
+    std::vector<std::string> options;
+    const auto* next = arguments.values() + 1;
+    const auto* end = arguments.values() + arguments.count();
+    while (next != end && std::string_view(*next) != "--") {
+      const std::string argument = *next++;
+      const std::size_t equals = argument.find('=');
+      if (!argument.starts_with('-')) {
+        options_.files.push_back(argument);
+      } else if (!takesValue(argument, equals)) {
+        options.push_back(argument);
+      } else {
+        options.push_back(argument.substr(0, equals));
+        if (equals != std::string::npos) {
+          options.push_back(argument.substr(equals + 1));
+        } else if (next != end) {
+          options.emplace_back(*next++);
+        }
+      }
+    }
+    if (next != end) options_.files.insert(options_.files.end(), next + 1, end);
+    return {options.rbegin(), options.rend()};
+  }
+
   void describeList() {
     static const std::array<const char*, 4> kTypes{"numbered", "alphabetical", "roman",
                                                    "prefix-suffix"};
@@ -85,14 +123,15 @@ class CommandLine {
               if (found == kTypes.end()) {
                 throw CLI::ValidationError("--type",
                                            "numbered, alphabetical, roman and "
-                                           "prefix-suffix are allowed, not " +
-                                               name);
+                                           "prefix-suffix are allowed, not \"" +
+                                               name + '"');
               }
               options_.type = static_cast<std::int16_t>(found - kTypes.begin());
             },
             "numbered (default), alphabetical, roman or prefix-suffix")
         ->type_name("TYPE");
-    addNumber("--indent", options_.indent, 0, 255, "blanks in one indentation (4)");
+    addNumber("--indent", options_.indent, 0, 255,
+              "blanks in one indentation (4); indents the steps of --list and --save");
 
     addNumber("--start", options_.start, 1, 99, "number of the first step (1)", kList);
     addNumber("--end", options_.end, 1, 99, "number of the last step; needed", kList);
@@ -101,7 +140,8 @@ class CommandLine {
     addText("--suffix", options_.suffix, "text after each label", kList);
     addText("--beginning", options_.beginning, "text before the first step", kList);
     addText("--ending", options_.ending, "text after the last step", kList);
-    addListFlag("--indent-spacing", 0, "blank lines carry the indentation");
+    addListFlag("--indent-spacing", 0,
+                "blank lines carry the indentation, and follow the last step too");
     addListFlag("--upper-case", 1, "letters and numerals in upper case");
     addListFlag("--indentation", 2, "indent every step");
     addListFlag("--add-beg-end", 3, "add beginning and ending; either option switches it on");
@@ -139,8 +179,8 @@ class CommandLine {
               const auto number = wholeNumber(text, least, most);
               if (!number) {
                 throw CLI::ValidationError(name, std::to_string(least) + " to " +
-                                                     std::to_string(most) + " is allowed, not " +
-                                                     text);
+                                                     std::to_string(most) + " is allowed, not \"" +
+                                                     text + '"');
               }
               target = *number;
             },
@@ -162,24 +202,37 @@ class CommandLine {
   }
 
   void check() {
-    if (app_.count("--beginning") + app_.count("--ending") > 0) options_.flags.at(3) = true;
-    const bool saves = !options_.save.empty();
-    if (options_.list || saves) {
-      if (!options_.files.empty()) throw std::runtime_error("FILE goes without --list and --save");
-      if (app_.count("--end") == 0) {
-        throw std::runtime_error(std::string(saves ? "--save" : "--list") +
-                                 " needs --end, the number of the last step: 1 to 99");
+    for (const char* name : {"--save", "--step-folder", "--settings", "--plugin"}) {
+      const CLI::Option* option = app_.get_option(name);
+      if (option->count() > 0 && option->as<std::string>().empty()) {
+        throw std::runtime_error(std::string(name) + " needs a name");
       }
-      if (saves && !options_.save.ends_with(".step")) {
-        throw std::runtime_error("--save: the name of a step file ends in .step");
-      }
-      return;
     }
+    const bool saves = app_.count("--save") > 0;
+    if (options_.list || saves) return checkList(saves);
     for (const CLI::Option* option : app_.get_options()) {
       if (option->get_group() == kList && option->count() > 0) {
         throw std::runtime_error(option->get_name() + " needs --list or --save");
       }
     }
+  }
+
+  void checkList(bool saves) {
+    if (!options_.files.empty()) throw std::runtime_error("FILE goes without --list and --save");
+    if (app_.count("--end") == 0) {
+      throw std::runtime_error(std::string(saves ? "--save" : "--list") +
+                               " needs --end, the number of the last step: 1 to 99");
+    }
+    if (options_.start > options_.end) {
+      throw std::runtime_error("the last step comes before the first: --start " +
+                               std::to_string(options_.start) + ", --end " +
+                               std::to_string(options_.end));
+    }
+    if (saves && !options_.save.ends_with(".step")) {
+      throw std::runtime_error("--save: the name of a step file ends in .step");
+    }
+    if (options_.indent > 0 && app_.count("--indent") > 0) options_.flags.at(2) = true;
+    if (app_.count("--beginning") + app_.count("--ending") > 0) options_.flags.at(3) = true;
   }
 
   inline static const std::string kList = "List (with --list or --save)";
