@@ -23,6 +23,8 @@ check 'in place of lines' 'a\r\nb\r\nc\r\nd\r\n' 'a\r\n1)\r\n2)\r\n        2.\r\
   "4,4Listwright ~/$long" '2,5Listwright short.step'
 check 'taken back at once' 'a\nb\n' 'a\nb\n' '' "%Listwright $long" 'silent normal! u'
 encoding=latin1
+check 'a readonly text' 'a\n' 'a\n1)\n2)\n' 'W10: Warning: Changing a readonly file' \
+  'set readonly' '.Listwright short.step' 'set noreadonly'
 check 'in another encoding' 'a\n' 'Dear \351:\n        1.\n        2.\n' '' \
   'set fileencoding=latin1' "%Listwright $long"
 encoding=utf-8

@@ -7,7 +7,7 @@ set cpo&vim
 " cursor without an address, below line {last} with one, in place of {first} to {last} with two.
 function! listwright#Insert(addresses, first, last, file) abort
   if !&modifiable
-    return s:Complain(["E21: Cannot make changes, 'modifiable' is off"])
+    return s:Say('ErrorMsg', ["E21: Cannot make changes, 'modifiable' is off"])
   endif
   let buffer = bufnr('%')
   let indent = ['--indent', min([shiftwidth(), 255])]
@@ -17,12 +17,15 @@ function! listwright#Insert(addresses, first, last, file) abort
       throw "listwright: another buffer has taken this one's place"
     endif
     if !empty(list)
-      call s:Put(list, a:addresses, a:first, a:last)
+      " Vim's warning about a 'readonly' buffer would name our functions.
+      let v:warningmsg = ''
+      silent call s:Put(list, a:addresses, a:first, a:last)
+      call s:Say('WarningMsg', split(v:warningmsg, '\n'))
     endif
   catch /^listwright: /
-    call s:Complain(split(v:exception, '\n'))
+    call s:Say('ErrorMsg', split(v:exception, '\n'))
   catch /^Vim\%((\a\+)\)\=:E/
-    call s:Complain([substitute(v:exception, '^Vim\%((\a\+)\)\=:', '', '')])
+    call s:Say('ErrorMsg', [substitute(v:exception, '^Vim\%((\a\+)\)\=:', '', '')])
   endtry
 endfunction
 
@@ -181,8 +184,8 @@ function! s:Put(list, addresses, first, last) abort
   endif
 endfunction
 
-function! s:Complain(lines) abort
-  echohl ErrorMsg
+function! s:Say(highlighting, lines) abort
+  execute 'echohl' a:highlighting
   for line in a:lines
     echomsg line
   endfor
