@@ -19,13 +19,13 @@ check() {
   fi
 }
 
-check 0 '1.\r\n2.\r\n3.' '' --list --end 3 --suffix . --crlf
-check 0 'B\n    I)\n   II)\nE' '' --list --type roman --end 2 --upper-case --indent 2 \
+check 0 '1.\r\n2.\r\n3.\r\n' '' --list --end 3 --suffix . --crlf
+check 0 'B\n    I)\n   II)\nE' '' --exact --list --type roman --end 2 --upper-case --indent 2 \
   --right-align --prefix ' ' --suffix ')' --beginning $'B\n' --ending $'\nE'
 check 0 'B\r\n1\r\nE\r\n' '' --list --end 1 --beginning=$'B\r\n' --ending $'\nE\r\n' --crlf
-check 0 '98thof é, \r\n99thof é, ' '' --list --start 98 --end 99 --prefix= --suffix 'of é,' \
+check 0 '98thof é, \r\n99thof é, \r\n' '' --list --start 98 --end 99 --prefix= --suffix 'of é,' \
   --space --ordinal --line-spacing 0 --beginning= --ending '' --crlf
-check 0 'Part III (C)\n\nPart IV (D)' '' --list --type prefix-suffix --start 3 --end 4 \
+check 0 'Part III (C)\n\nPart IV (D)\n' '' --list --type prefix-suffix --start 3 --end 4 \
   --prefix 'Part {STEP_R} (' --suffix '{STEP_L})' --line-spacing 1
 check 0 '    --end=a--x=\n' '' --list --type alphabetical --end 1 --prefix --end= --suffix=--x= \
   --indentation --indent-spacing
@@ -50,19 +50,25 @@ check 2 '' 'libkvrnstep' --plugin /nowhere/libkvrnstep.so --list --end 3
 
 # Step files.
 check 0 '' '' --save abc.step --type alphabetical --end 3 --suffix ')' --beginning $'a "b"\r\n'
-check 0 'a "b"\na)\nb)\nc)' '' abc.step
+check 0 'a "b"\na)\nb)\nc)\n' '' abc.step
 printf '0,"","","",".",0,0,2,0,0,1,0,0,0,0\n' >two.step
 echo 'Dear reader, 1, 2, 3' >file.step
-check 0 '  1.\n  2.\n  1.\n  2.' '' --indent 2 two.step two.step
+check 0 '  1.\n  2.\n  1.\n  2.' '' --exact --indent 2 two.step two.step
 check 2 '' 'cannot read missing.step: No such file' missing.step
 check 2 '' 'no step file: file.step' file.step
 check 2 '' 'cannot read [a,b]' '[a,b]'
-check 2 'a "b"\na)\nb)\nc)' 'cannot read missing.step' missing.step abc.step
+check 2 'a "b"\na)\nb)\nc)\n' 'cannot read missing.step' missing.step abc.step
 check 2 '' 'cannot write no/abc.step: there is no such folder' --save no/abc.step --end 3
 check 2 '' 'ends in .step' --save abc.txt --end 3
 check 2 '' 'needs a name' --save= --end 3
 check 2 '' '--save needs --end' --save abc.step
 check 2 '' 'FILE goes without' --list --end 3 abc.step
+
+# What would command a terminal.
+check 2 '' 'a^Jb^[: No such file' $'a\nb\e'
+export listwright prefix=$'\t\r\e\xc2\x9b\x7f\xe9'
+script -qec '"$listwright" --crlf --list --end 1 --prefix "$prefix"' typed >/dev/null
+grep -qxF $'\t^M^[<U+009B>^?é1\r\r' typed || fail "on a terminal: $(cat -A typed)"
 
 # A dialog that cannot be.
 touch file

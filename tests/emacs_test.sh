@@ -25,15 +25,15 @@ check 'a marked line, taken back' 'a\r\nb\r\nc\r\n' 'a\r\n1)\r\n2)\r\nc\r\na\r\n
   '(let ((list (buffer-string))) (primitive-undo 1 (cdr buffer-undo-list))' \
   '(goto-char 1) (insert list))'
 LC_ALL=C
-check 'indentation' '' '--indent\n3\n--indent\n255\n--step-folder\n/é/\n' '' "$args" \
+check 'indentation' '' '--exact\n--indent\n3\n--exact\n--indent\n255\n--step-folder\n/é/\n' '' "$args" \
   '(setq python-indent-guess-indent-offset nil) (python-mode) (setq python-indent-offset 3)' \
   '(listwright) (setq listwright-indentation 300 listwright-step-folder "/\303\251")' '(listwright)'
 LC_ALL=C.UTF-8
 
-check 'typing meanwhile' 'ab\n' 'y|ax--indent\n4\né\nb\n' '' "$args" \
+check 'typing meanwhile' 'ab\n' 'y|ax--exact\n--indent\n4\né\nb\n' '' "$args" \
   '(setq listwright-dialog-options (list "é")) (goto-char 2)' "$open" \
   '(insert "x") (goto-char 1) (insert "y")' "$await" '(insert "|")'
-check 'killed meanwhile' 'a\n' '--indent\n4\na\n' 'The buffer is gone; the list is in the kill ring' \
+check 'killed meanwhile' 'a\n' '--exact\n--indent\n4\na\n' 'The buffer is gone; the list is in the kill ring' \
   "$args" '(with-temp-buffer' "$open" ')' "$await" '(insert (current-kill 0))'
 
 STATUS=1

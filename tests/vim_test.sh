@@ -17,7 +17,7 @@ check 'at the cursor' 'one\nab\n' 'one\naDear é:!\n  1.\n  2.?b\n' '' \
   'set sw=2' 'normal! 2G$' "Listwright $long" 'normal! ma`]a?' 'normal! `aa!'
 check 'in Insert mode, from the step folder' 'ab\n' 'abx1)\n2)y\n' '' \
   'execute "normal! Ax\<Cmd>Listwright short.step\<CR>y"'
-check 'below a line' 'a\n' '--indent\n8\na\n1)\n2)\n' '' "$args" '0Listwright' \
+check 'below a line' 'a\n' '--exact\n--indent\n8\na\n1)\n2)\n' '' "$args" '0Listwright' \
   'let g:listwright_command = "listwright"' '$Listwright short.step'
 check 'in place of lines' 'a\r\nb\r\nc\r\nd\r\n' 'a\r\n1)\r\n2)\r\n        2.\r\n' '' \
   "4,4Listwright ~/$long" '2,5Listwright short.step'
@@ -28,7 +28,7 @@ check 'a readonly text' 'a\n' 'a\n1)\n2)\n' 'W10: Warning: Changing a readonly f
 check 'in another encoding' 'a\n' 'Dear \351:\n        1.\n        2.\n' '' \
   'set fileencoding=latin1' "%Listwright $long"
 encoding=utf-8
-check 'the dialog is told' 'a\n' '--indent\n255\n--type\nroman\n' '' "$args" 'set sw=300' \
+check 'the dialog is told' 'a\n' '--exact\n--indent\n255\n--type\nroman\n' '' "$args" 'set sw=300' \
   'let g:listwright_options = ["--type", "roman"]' '%Listwright'
 cp -r "$source/hosts/vim/doc" .
 check 'completion, help' 'a\n' '50%% é.step\nshort.step\n' '' 'helptags doc' \

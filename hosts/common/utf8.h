@@ -7,11 +7,6 @@ namespace hosts {
 
 namespace detail {
 
-struct Decoded {
-  char32_t point;
-  std::size_t length;  ///< in bytes
-};
-
 inline std::size_t lengthFromLead(unsigned char lead) {
   if (lead < 0x80) return 1;
   if (lead < 0xC0) return 0;
@@ -19,13 +14,24 @@ inline std::size_t lengthFromLead(unsigned char lead) {
   return lead < 0xF0 ? 3 : 4;
 }
 
+}  // namespace detail
+
+/// A character and the bytes that it takes.
+struct Decoded {
+  char32_t point;
+  std::size_t length;
+
+  /// Whether it stands for a byte that belongs to no character.
+  [[nodiscard]] bool broken() const { return point == 0xFFFD && length == 1; }
+};
+
 /// The character at the beginning of the bytes, of which there is at least one. A byte that
 /// belongs to no character is U+FFFD.
 inline Decoded decodeUtf8(std::string_view bytes) {
   constexpr Decoded kNone{0xFFFD, 1};
   constexpr char32_t kSmallestOfLength[] = {0, 0, 0x80, 0x800, 0x10000};
   const auto lead = static_cast<unsigned char>(bytes.front());
-  const std::size_t length = lengthFromLead(lead);
+  const std::size_t length = detail::lengthFromLead(lead);
   if (length == 0 || length > bytes.size()) return kNone;
   char32_t point = length == 1 ? lead : lead & (0x7FU >> length);
   for (const char byte : bytes.substr(1, length - 1)) {
@@ -37,13 +43,21 @@ inline Decoded decodeUtf8(std::string_view bytes) {
   return {point, length};
 }
 
-}  // namespace detail
+/// Whether all bytes belong to characters.
+inline bool isUtf8(std::string_view bytes) {
+  while (!bytes.empty()) {
+    const Decoded character = decodeUtf8(bytes);
+    if (character.broken()) return false;
+    bytes.remove_prefix(character.length);
+  }
+  return true;
+}
 
 /// UTF-16 from UTF-8. A byte that belongs to no character becomes U+FFFD.
 inline std::u16string fromUtf8(std::string_view bytes) {
   std::u16string text;
   while (!bytes.empty()) {
-    const auto [point, length] = detail::decodeUtf8(bytes);
+    const auto [point, length] = decodeUtf8(bytes);
     bytes.remove_prefix(length);
     if (point >= 0x10000) {
       text += static_cast<char16_t>(0xD7C0 + (point >> 10));

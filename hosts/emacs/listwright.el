@@ -100,7 +100,7 @@ its font by itself."
     (unless command
       (user-error "Cannot run `%s'; see the option `listwright-command'" listwright-command))
     (mapcar (lambda (argument) (encode-coding-string argument coding))
-            (cons command arguments))))
+            (append (list command "--exact") arguments))))
 
 (defun listwright--result (status output errors)
   "The list that the command printed, nil if it was told to insert none.

@@ -14,26 +14,6 @@ namespace {
 
 enum ExitStatus { Printed = 0, NotInserted = 1, Failed = 2 };
 
-/// Lines end as the user wants them, whatever ends them in the text.
-std::string withLineEnds(const std::string& text, bool crLf) {
-  std::string result;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool crLfHere = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
-    if (crLfHere) ++i;
-    if (text[i] == '\n' && crLf) result += '\r';
-    result += text[i];
-  }
-  return result;
-}
-
-/// The text goes out as it is, for editors to insert; only a terminal gets a line end of its own.
-void print(const std::string& list, bool crLf) {
-  std::string text = withLineEnds(list, crLf);
-  if (hosts::outputIsTerminal() && !text.empty() && !text.ends_with('\n')) text += '\n';
-  const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
-  if (!written || std::fflush(stdout) != 0) throw std::runtime_error("cannot write the list");
-}
-
 kvrnstep::ListArguments listArguments(const Options& options) {
   return {
       .Selection = options.type,
@@ -85,7 +65,7 @@ ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options
                                             .bytSpcCount = options.indent,
                                         });
   if (!inserted) return NotInserted;
-  print(list, options.crLf);
+  print(list, options.format);
   return Printed;
 }
 
@@ -100,6 +80,7 @@ ExitStatus save(const kvrnstep::Listwright& plugin, const Options& options) {
 ExitStatus printFiles(const kvrnstep::Listwright& plugin, const Options& options) {
   ExitStatus status = Printed;
   std::string all;
+  bool any = false;
   for (const std::string& file : options.files) {
     std::string list;
     const int result = plugin.generateFromStepFile(file, options.indent, list);
@@ -107,14 +88,15 @@ ExitStatus printFiles(const kvrnstep::Listwright& plugin, const Options& options
       const std::string problem = result == KVRNSTEP_FOREIGN
                                       ? "no step file: " + file
                                       : "cannot read " + file + ": " + whyUnreadable(file);
-      std::fprintf(stderr, "listwright: %s\n", problem.c_str());
+      complain(problem);
       status = Failed;
       continue;
     }
-    if (!all.empty() && !all.ends_with('\n')) all += "\r\n";
+    if (any && !all.ends_with('\n')) all += "\r\n";
     all += list;
+    any = true;
   }
-  print(all, options.crLf);
+  if (any) print(all, options.format);
   return status;
 }
 
@@ -129,7 +111,7 @@ ExitStatus run(const hosts::Arguments& arguments) {
   if (!options->save.empty()) return save(plugin, *options);
   if (!options->files.empty()) return printFiles(plugin, *options);
   if (!options->list) return showDialog(plugin, *options);
-  print(plugin.generateList(listArguments(*options)), options->crLf);
+  print(plugin.generateList(listArguments(*options)), options->format);
   return Printed;
 }
 
@@ -142,7 +124,7 @@ int main(int argc, char** argv) {
     hosts::prepareOutput();
     return listwright::run(hosts::Arguments(argc, argv));
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "listwright: %s\n", error.what());
+    listwright::complain(error.what());
     return listwright::Failed;
   }
 }

@@ -49,7 +49,8 @@ class CommandLine {
     app_.add_option("--save", options_.save, "write the options as a step file; no window")
         ->type_name("FILE");
     app_.add_option("FILE", options_.files, "step files whose lists are printed")->type_name("");
-    app_.add_flag("--crlf", options_.crLf, "end lines with CR LF instead of LF");
+    app_.add_flag("--crlf", options_.format.crLf, "end lines with CR LF instead of LF");
+    app_.add_flag("--exact", options_.format.exact, "no line end of its own behind the last line");
     app_.add_flag("-V,--version", options_.version, "print name and version");
     describeList();
     describeDialog();

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "printing.h"
 #include "program.h"
 
 namespace listwright {
@@ -15,7 +16,7 @@ struct Options {
   bool list = false;  ///< print the list that the options describe instead of opening the dialog
   std::string save;   ///< step file to write; empty: none
   std::vector<std::string> files;  ///< step files whose lists are printed
-  bool crLf = false;
+  PrintFormat format;
   bool version = false;
   std::int16_t type = 0;
   std::int16_t start = 1;

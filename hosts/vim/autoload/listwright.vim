@@ -101,7 +101,7 @@ function! s:Run(arguments) abort
   try
     " Neither the user's 'shell' nor its quoting has a say here, and messages stay apart from lists.
     let redirect = 'out=$1 err=$2; shift 2; exec "$@" </dev/null >"$out" 2>"$err"'
-    let status = s:Wait(['sh', '-c', redirect, 'sh', output, errors, command] + a:arguments)
+    let status = s:Wait(['sh', '-c', redirect, 'sh', output, errors, command, '--exact'] + a:arguments)
     if status == 0
       let text = iconv(join(readfile(output, 'b'), "\n"), 'utf-8', &encoding)
       return text ==# '' ? [] : split(text, '\r\n\|\r\|\n', 1)
