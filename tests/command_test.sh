@@ -1,7 +1,7 @@
 #!/bin/bash
 # The listwright command without a window: command_test.sh LISTWRIGHT
 set -u
-listwright=$1
+listwright=$(realpath "$1")
 source "$(dirname "$0")/common.bash"
 
 # check STATUS OUTPUT ERRORS ARGUMENTS… — output and errors with printf's escapes; errors must be
@@ -51,20 +51,29 @@ check 2 '' 'libkvrnstep' --plugin /nowhere/libkvrnstep.so --list --end 3
 # Step files.
 check 0 '' '' --save abc.step --type alphabetical --end 3 --suffix ')' --beginning $'a "b"\r\n'
 check 0 'a "b"\na)\nb)\nc)\n' '' abc.step
-printf '0,"","","",".",0,0,2,0,0,1,0,0,0,0\n' >two.step
-echo 'Dear reader, 1, 2, 3' >file.step
-check 0 '  1.\n  2.\n  1.\n  2.' '' --exact --indent 2 two.step two.step
-check 2 '' 'cannot read missing.step: No such file' missing.step
-check 2 '' 'no step file: file.step' file.step
-check 2 '' 'cannot read [a,b]' '[a,b]'
-check 2 'a "b"\na)\nb)\nc)\n' 'cannot read missing.step' missing.step abc.step
+mkdir -p steps abc data/listwright
+printf '0,"","","",".",0,0,2,0,0,1,0,0,0,0\n' >'steps/my list.step'
+cp steps/*.step data/listwright/x.step
+export XDG_DATA_HOME=$work/data
+check 0 '  1.\n  2.\n  1.\n  2.' '' --exact --indent 2 --step-folder steps 'my list' 'my list.step'
+check 0 'a "b"\na)\nb)\nc)\n    1.\n    2.\n' '' abc x
+echo 'Dear reader, 1, 2, 3' >-file.step
+check 2 '' '-file.step is no step file; one begins with a number' -- -file.step
+check 2 'a "b"\na)\nb)\nc)\n' "cannot read [a,b]: No such file or directory, nor in $work/data" \
+  '[a,b]' abc.step
 check 2 '' 'cannot write no/abc.step: there is no such folder' --save no/abc.step --end 3
 check 2 '' 'ends in .step' --save abc.txt --end 3
 check 2 '' 'needs a name' --save= --end 3
 check 2 '' '--save needs --end' --save abc.step
 check 2 '' 'FILE goes without' --list --end 3 abc.step
 
-# What would command a terminal.
+# Names that are not UTF-8, and what would command a terminal.
+sum=$(find . | sort)
+for arguments in "--save é.step --end 3" --settings=é --step-folder=é é; do
+  # shellcheck disable=SC2086 # words
+  check 2 '' '<E9>' ${arguments//é/$'\xe9'}
+done
+[ "$(find . | sort)" = "$sum" ] || fail "other files: $(find .)"
 check 2 '' 'a^Jb^[: No such file' $'a\nb\e'
 export listwright prefix=$'\t\r\e\xc2\x9b\x7f\xe9'
 script -qec '"$listwright" --crlf --list --end 1 --prefix "$prefix"' typed >/dev/null

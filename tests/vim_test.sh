@@ -18,7 +18,7 @@ check 'at the cursor' 'one\nab\n' 'one\naDear é:!\n  1.\n  2.?b\n' '' \
 check 'in Insert mode, from the step folder' 'ab\n' 'abx1)\n2)y\n' '' \
   'execute "normal! Ax\<Cmd>Listwright short.step\<CR>y"'
 check 'below a line' 'a\n' '--exact\n--indent\n8\na\n1)\n2)\n' '' "$args" '0Listwright' \
-  'let g:listwright_command = "listwright"' '$Listwright short.step'
+  'let g:listwright_command = "listwright"' '$Listwright short'
 check 'in place of lines' 'a\r\nb\r\nc\r\nd\r\n' 'a\r\n1)\r\n2)\r\n        2.\r\n' '' \
   "4,4Listwright ~/$long" '2,5Listwright short.step'
 check 'taken back at once' 'a\nb\n' 'a\nb\n' '' "%Listwright $long" 'silent normal! u'

@@ -1,12 +1,11 @@
 #include <cstdio>
 #include <exception>
-#include <filesystem>
 #include <stdexcept>
 
+#include "file_names.h"
 #include "kvrnstep/listwright.hpp"
 #include "options.h"
 #include "user_folders.h"
-#include "utf8.h"
 
 namespace listwright {
 
@@ -29,29 +28,11 @@ kvrnstep::ListArguments listArguments(const Options& options) {
   };
 }
 
-std::filesystem::path pathOf(const std::string& file) {
-  return {hosts::fromUtf8(file)};
-}
-
-/// Why a step file that could not be read cannot be.
-std::string whyUnreadable(const std::string& name) {
-  std::error_code error;
-  const bool file = std::filesystem::is_regular_file(pathOf(name), error);
-  if (error) return error.message();
-  return file ? "no permission, or too large for a step file" : "it is no file";
-}
-
-std::string whyUnwritable(const std::string& file) {
-  const std::filesystem::path folder = std::filesystem::absolute(pathOf(file)).parent_path();
-  std::error_code error;
-  return std::filesystem::is_directory(folder, error) ? "no permission, or no room"
-                                                      : "there is no such folder";
-}
-
 ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options) {
+  requireUtf8(options.stepFolder);
+  requireUtf8(options.settingsFile);
   makeWritableFolder(options.stepFolder);
-  const std::filesystem::path settings(hosts::fromUtf8(options.settingsFile));
-  makeWritableFolder(hosts::toUtf8(std::filesystem::absolute(settings).parent_path().u16string()));
+  makeWritableFolder(folderOf(options.settingsFile));
   std::string list;
   const bool inserted =
       plugin.ShowListwrightDialog(list, {
@@ -70,10 +51,28 @@ ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options
 }
 
 ExitStatus save(const kvrnstep::Listwright& plugin, const Options& options) {
+  requireUtf8(options.save);
   if (plugin.saveStepFile(options.save, listArguments(options)) != KVRNSTEP_DONE) {
     throw std::runtime_error("cannot write " + options.save + ": " + whyUnwritable(options.save));
   }
   return Printed;
+}
+
+/// The list of a step file.
+/// @throws std::runtime_error when it is none
+std::string listOf(const kvrnstep::Listwright& plugin, const std::string& name,
+                   const Options& options) {
+  const std::string file = foundStepFile(name, options.stepFolder);
+  requireUtf8(file);
+  std::string list;
+  const int result = plugin.generateFromStepFile(file, options.indent, list);
+  if (result == KVRNSTEP_DONE) return list;
+  if (result == KVRNSTEP_FOREIGN) {
+    throw std::runtime_error(file +
+                             " is no step file; one begins with a number from 0 to 3, four " +
+                             "texts and three numbers, with commas between them");
+  }
+  throw std::runtime_error("cannot read " + file + ": " + whyUnreadable(file, options.stepFolder));
 }
 
 /// Like cat: goes on after a file that is none, and fails at the end.
@@ -82,19 +81,15 @@ ExitStatus printFiles(const kvrnstep::Listwright& plugin, const Options& options
   std::string all;
   bool any = false;
   for (const std::string& file : options.files) {
-    std::string list;
-    const int result = plugin.generateFromStepFile(file, options.indent, list);
-    if (result != KVRNSTEP_DONE) {
-      const std::string problem = result == KVRNSTEP_FOREIGN
-                                      ? "no step file: " + file
-                                      : "cannot read " + file + ": " + whyUnreadable(file);
-      complain(problem);
+    try {
+      const std::string list = listOf(plugin, file, options);
+      if (any && !all.ends_with('\n')) all += "\r\n";
+      all += list;
+      any = true;
+    } catch (const std::runtime_error& problem) {
+      complain(problem.what());
       status = Failed;
-      continue;
     }
-    if (any && !all.ends_with('\n')) all += "\r\n";
-    all += list;
-    any = true;
   }
   if (any) print(all, options.format);
   return status;

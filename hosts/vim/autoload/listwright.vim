@@ -12,7 +12,7 @@ function! listwright#Insert(addresses, first, last, file) abort
   let buffer = bufnr('%')
   let indent = ['--indent', min([shiftwidth(), 255])]
   try
-    let list = s:Run(indent + (a:file ==# '' ? s:DialogOptions() : [s:Path(a:file)]))
+    let list = s:Run(indent + (a:file ==# '' ? s:DialogOptions() : s:StepFile(a:file)))
     if bufnr('%') != buffer
       throw "listwright: another buffer has taken this one's place"
     endif
@@ -56,13 +56,11 @@ function! s:Unescaped(name) abort
   return substitute(a:name, '\\ ', ' ', 'g')
 endfunction
 
-" In full, so that no name looks like an option. A file that is not there is looked for in the step
-" folder. No character but a leading ~ means anything: names of step files hold # and { freely.
-function! s:Path(name) abort
+" The command looks for the file, in the step folder too. No character but a leading ~ means
+" anything: names of step files hold # and { freely.
+function! s:StepFile(name) abort
   let name = s:Unescaped(trim(a:name))
-  let path = fnamemodify(name, ':p')
-  let stored = s:StepFolder() . '/' . name
-  return !filereadable(path) && filereadable(stored) ? stored : path
+  return s:FolderOption() + ['--', name =~# '^\~' ? fnamemodify(name, ':p') : name]
 endfunction
 
 " The folder that the dialog uses.
@@ -73,11 +71,12 @@ function! s:StepFolder() abort
   return ($XDG_DATA_HOME =~# '^/' ? $XDG_DATA_HOME : $HOME . '/.local/share') . '/listwright'
 endfunction
 
+function! s:FolderOption() abort
+  return get(g:, 'listwright_step_folder', '') ==# '' ? [] : ['--step-folder', s:StepFolder()]
+endfunction
+
 function! s:DialogOptions() abort
-  let options = copy(get(g:, 'listwright_options', []))
-  if get(g:, 'listwright_step_folder', '') !=# ''
-    let options += ['--step-folder', s:StepFolder()]
-  endif
+  let options = get(g:, 'listwright_options', []) + s:FolderOption()
   " A terminal has no font to tell; a GUI's is "Name 11" or "Name:h11".
   let font = has('gui_running') ? matchlist(&guifont, '^\([^,:]\{-1,}\)\%( \|:h\)\(\d\+\)') : []
   if !empty(font) && index(options, '--font') < 0

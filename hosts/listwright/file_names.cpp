@@ -1,0 +1,62 @@
+#include "file_names.h"
+
+#include <filesystem>
+#include <stdexcept>
+
+#include "utf8.h"
+
+namespace listwright {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The name is UTF-8 on Windows only; elsewhere its bytes are the path.
+fs::path pathOf(const std::string& name) {
+  return std::u8string(name.begin(), name.end());
+}
+
+std::string nameOf(const fs::path& path) {
+  const std::u8string name = path.u8string();
+  return {name.begin(), name.end()};
+}
+
+}  // namespace
+
+std::string foundStepFile(const std::string& name, const std::string& stepFolder) {
+  for (const fs::path& folder : {fs::path(), pathOf(stepFolder)}) {
+    for (const char* extension : {"", ".step"}) {
+      const fs::path file = folder / pathOf(name + extension);
+      std::error_code ignored;
+      if (fs::exists(file, ignored) && !fs::is_directory(file, ignored)) return nameOf(file);
+    }
+  }
+  return name;
+}
+
+void requireUtf8(const std::string& name) {
+  if (!hosts::isUtf8(name))
+    throw std::runtime_error("cannot use " + name + ": its name is not UTF-8");
+}
+
+std::string folderOf(const std::string& name) {
+  return nameOf(fs::absolute(pathOf(name)).parent_path());
+}
+
+std::string whyUnreadable(const std::string& name, const std::string& stepFolder) {
+  std::error_code error;
+  const bool file = fs::is_regular_file(pathOf(name), error);
+  if (error == std::errc::no_such_file_or_directory && pathOf(name).is_relative()) {
+    return error.message() + ", nor in " + stepFolder;
+  }
+  if (error) return error.message();
+  return file ? "no permission, or too large for a step file" : "it is no file";
+}
+
+std::string whyUnwritable(const std::string& name) {
+  std::error_code error;
+  return fs::is_directory(pathOf(folderOf(name)), error) ? "no permission, or no room"
+                                                         : "there is no such folder";
+}
+
+}  // namespace listwright

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+/// Names of files as the command line and the environment bring them.
+namespace listwright {
+
+/// The step file that a user means: named in full or as the dialog shows it, without ".step", here
+/// or in the step folder. What is nowhere keeps its name.
+std::string foundStepFile(const std::string& name, const std::string& stepFolder);
+
+/// The plug-in takes names in UTF-8 only: with any other one it would use another file.
+/// @throws std::runtime_error for such a name
+void requireUtf8(const std::string& name);
+
+/// The full path of the folder that a file is in.
+std::string folderOf(const std::string& name);
+
+/// Why a file cannot be read as a step file, or written.
+std::string whyUnreadable(const std::string& name, const std::string& stepFolder);
+std::string whyUnwritable(const std::string& name);
+
+}  // namespace listwright
