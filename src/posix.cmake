@@ -6,6 +6,8 @@ add_custom_command(OUTPUT ${icons_source}
     -P ${PROJECT_SOURCE_DIR}/cmake/embed_icons.cmake
   DEPENDS ${icons} ${PROJECT_SOURCE_DIR}/cmake/embed_icons.cmake)
 target_sources(kvrnstep_core PRIVATE ${icons_source})
+set_source_files_properties(platform/posix/module.cpp PROPERTIES
+  COMPILE_DEFINITIONS LISTWRIGHT_VERSION="${PROJECT_VERSION}")
 
 set_target_properties(kvrnstep PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
 # Few segments and nothing that nobody calls: a host that loads the plug-in pays for each page.

@@ -13,13 +13,20 @@ add_custom_command(OUTPUT ${type_library}
   COMMAND ${WIDL} -m${bits} -t -I ${WIDL_INCLUDE} -L ${WIDL_LIBRARIES} -o ${type_library} ${idl}
   DEPENDS ${idl})
 
+# The module's version, where the system and the module itself look for it.
+set(file_version
+  ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}.0.${PROJECT_VERSION_PATCH})
+string(REPLACE "." "," file_version_numbers ${file_version})
+configure_file(component/windows/version.h.in version.h @ONLY)
+configure_file(component/windows/kvrnstep.manifest.in kvrnstep.manifest @ONLY)
+
 set(resources ${CMAKE_CURRENT_SOURCE_DIR}/component/windows/kvrnstep.rc)
 file(GLOB pictures CONFIGURE_DEPENDS
   ${PROJECT_SOURCE_DIR}/assets/icons/*.ico ${PROJECT_SOURCE_DIR}/assets/cursors/*.cur
   ${PROJECT_SOURCE_DIR}/assets/pictures/*.ico)
 set_source_files_properties(${resources} PROPERTIES
   INCLUDE_DIRECTORIES "${CMAKE_CURRENT_BINARY_DIR};${CMAKE_CURRENT_SOURCE_DIR}/component/windows;${PROJECT_SOURCE_DIR}/assets;${PROJECT_SOURCE_DIR}/frontends/windows"
-  OBJECT_DEPENDS "${type_library};${pictures}")
+  OBJECT_DEPENDS "${type_library};${pictures};${CMAKE_CURRENT_BINARY_DIR}/version.h;${CMAKE_CURRENT_BINARY_DIR}/kvrnstep.manifest")
 add_library(kvrnstep_resources OBJECT ${resources})
 target_sources(kvrnstep PRIVATE $<TARGET_OBJECTS:kvrnstep_resources>
   component/windows/kvrnstep.def)

@@ -9,6 +9,9 @@ namespace kvrnstep::platform {
 /// at its end. Empty when the system does not tell.
 std::u16string moduleFolder();
 
+/// Major and minor version and revision of this plug-in: "2.0.0".
+std::u16string moduleVersion();
+
 /// Loads a module for the rest of the process's life.
 /// @param path full path; any other is refused, since the system would search for it
 /// @param problem set to the reason when the module cannot be loaded

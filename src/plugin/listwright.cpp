@@ -2,6 +2,7 @@
 
 #include "dialogs/frm_listwright.h"
 #include "platform/files.h"
+#include "platform/module.h"
 #include "plugin/host_context.h"
 #include "plugin/plugin_folder.h"
 #include "storage/text_file.h"
@@ -56,7 +57,7 @@ struct EmptiedTexts {
 }  // namespace
 
 std::u16string Listwright::PlugNameVersion() {
-  return u"kvrn Listwright\t2.0.0";
+  return u"kvrn Listwright\t" + platform::moduleVersion();
 }
 
 bool Listwright::ShowListwrightDialog(forms::Toolkit* toolkit, std::u16string& theLwOutputString,

@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "platform/posix/native_path.h"
 #include "text/codepage.h"
+#include "text/text.h"
 
 namespace kvrnstep::platform {
 
@@ -44,6 +45,10 @@ std::u16string moduleFolder() {
   if (path == nullptr) return {};
   const std::string folder = *path == '/' ? resolvedFolder(path) : folderOfRelativePath;
   return withoutTrailingSeparator(text::fromBytes(folder));
+}
+
+std::u16string moduleVersion() {
+  return text::fromAscii(LISTWRIGHT_VERSION);
 }
 
 void* loadModule(const std::u16string& path, std::string& problem) {

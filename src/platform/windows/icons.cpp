@@ -38,15 +38,6 @@ struct FileImage {
 };
 #pragma pack(pop)
 
-/// The bytes of a resource of this module; empty where there is none.
-std::string_view resource(int number, LPWSTR type) {
-  const HMODULE module = thisModule();
-  const HRSRC found = ::FindResourceW(module, MAKEINTRESOURCEW(number), type);
-  const HGLOBAL loaded = found != nullptr ? ::LoadResource(module, found) : nullptr;
-  if (loaded == nullptr) return {};
-  return {static_cast<const char*>(::LockResource(loaded)), ::SizeofResource(module, found)};
-}
-
 template <class Struct>
 void append(std::string& bytes, const Struct& value) {
   bytes.append(reinterpret_cast<const char*>(&value), sizeof(value));

@@ -1,11 +1,28 @@
 #include "platform/module.h"
 
+#include <array>
+#include <cstring>
+
 #include "platform/files.h"
 #include "platform/windows/native_path.h"
 #include "platform/windows/this_module.h"
+#include "text/numbers.h"
 #include "text/windows/wide.h"
 
 namespace kvrnstep::platform {
+
+namespace {
+
+/// What the system's resource of a version begins with.
+struct VersionResource {
+  WORD size;
+  WORD numbersSize;
+  WORD type;
+  std::array<wchar_t, sizeof("VS_VERSION_INFO")> key;
+  VS_FIXEDFILEINFO numbers;
+};
+
+}  // namespace
 
 HMODULE thisModule() {
   constexpr DWORD kHow =
@@ -13,6 +30,14 @@ HMODULE thisModule() {
   HMODULE module = nullptr;
   ::GetModuleHandleExW(kHow, reinterpret_cast<LPCWSTR>(&thisModule), &module);
   return module;
+}
+
+std::string_view resource(int number, LPCWSTR type) {
+  const HMODULE module = thisModule();
+  const HRSRC found = ::FindResourceW(module, MAKEINTRESOURCEW(number), type);
+  const HGLOBAL loaded = found != nullptr ? ::LoadResource(module, found) : nullptr;
+  if (loaded == nullptr) return {};
+  return {static_cast<const char*>(::LockResource(loaded)), ::SizeofResource(module, found)};
 }
 
 std::u16string modulePath() {
@@ -30,6 +55,17 @@ std::u16string modulePath() {
 
 std::u16string moduleFolder() {
   return withoutTrailingSeparator(folderPart(modulePath()));
+}
+
+std::u16string moduleVersion() {
+  const std::string_view bytes = resource(VS_VERSION_INFO, RT_VERSION);
+  VersionResource version{};
+  if (bytes.size() < sizeof(version)) return {};
+  std::memcpy(&version, bytes.data(), sizeof(version));
+  const VS_FIXEDFILEINFO& numbers = version.numbers;
+  return text::decimal(HIWORD(numbers.dwFileVersionMS)) + u'.' +
+         text::decimal(LOWORD(numbers.dwFileVersionMS)) + u'.' +
+         text::decimal(LOWORD(numbers.dwFileVersionLS));
 }
 
 }  // namespace kvrnstep::platform

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <string>
+#include <string_view>
 
 namespace kvrnstep::platform {
 
@@ -10,5 +11,8 @@ namespace kvrnstep::platform {
 /// tell.
 HMODULE thisModule();
 std::u16string modulePath();
+
+/// The bytes of a resource of this module; empty where there is none.
+std::string_view resource(int number, LPCWSTR type);
 
 }  // namespace kvrnstep::platform
