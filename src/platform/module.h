@@ -5,8 +5,9 @@
 /// The plug-in as a loaded module, and the modules that it loads in turn.
 namespace kvrnstep::platform {
 
-/// Full path of the folder that this plug-in was loaded from, links resolved, without a separator
-/// at its end. Empty when the system does not tell.
+/// Full path of the folder that this plug-in was loaded from, links resolved, as the system writes
+/// it: only that of a drive or of the whole file system ends in a separator. Empty when the system
+/// does not tell.
 std::u16string moduleFolder();
 
 /// Major and minor version and revision of this plug-in: "2.0.0".

@@ -44,6 +44,7 @@ std::u16string moduleFolder() {
   const char* path = pathAsGiven();
   if (path == nullptr) return {};
   const std::string folder = *path == '/' ? resolvedFolder(path) : folderOfRelativePath;
+  if (folder == "/") return u"/";
   return withoutTrailingSeparator(text::fromBytes(folder));
 }
 

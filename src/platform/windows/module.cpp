@@ -54,7 +54,8 @@ std::u16string modulePath() {
 }
 
 std::u16string moduleFolder() {
-  return withoutTrailingSeparator(folderPart(modulePath()));
+  const std::u16string folder = folderPart(modulePath());
+  return folder.ends_with(u":\\") ? folder : withoutTrailingSeparator(folder);
 }
 
 std::u16string moduleVersion() {
