@@ -161,7 +161,7 @@ preview_has_colors() {
 }
 await preview_has_colors
 close alt+i
-[[ "$(cat "$settings")" == *'EditorFont=Liberation Mono'*'EditorSize=13'* ]] ||
+[[ "$(cat "$settings")" == *'EditorFont=Liberation Mono'*'EditorSize=12.75'* ]] ||
   fail "another font: $(cat "$settings")"
 dialog alt+t l n
 close alt+i

@@ -9,6 +9,7 @@
 #include <initializer_list>
 #include <utility>
 
+#include "forms/window.h"
 #include "text.h"
 
 namespace kvrnstep::qt {
@@ -65,8 +66,7 @@ const QString& installedFamily(const QString& name) {
 }
 
 int pixelsOfPoints(float points) {
-  constexpr float kPixelsPerPoint = 96.0F / 72.0F;
-  return std::max(1, qRound(points * kPixelsPerPoint));
+  return std::max(1, qRound(points * forms::kPixelsPerPoint));
 }
 
 bool fits(const QFont& font, const QString& text, int width) {

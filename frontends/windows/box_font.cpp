@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "forms/window.h"
 #include "scale.h"
 #include "text/windows/wide.h"
 
@@ -46,15 +47,14 @@ int widthOf(std::u16string_view text, const LOGFONTW& font) {
   return room.right;
 }
 
-int averageWidth(const LOGFONTW& font) {
+TEXTMETRICW metricsOf(const Font& font) {
   const HDC screen = ::GetDC(nullptr);
-  const Font held = made(font);
-  const HGDIOBJ before = ::SelectObject(screen, held.get());
+  const HGDIOBJ before = ::SelectObject(screen, font.get());
   TEXTMETRICW metrics{};
   ::GetTextMetricsW(screen, &metrics);
   ::SelectObject(screen, before);
   ::ReleaseDC(nullptr, screen);
-  return metrics.tmAveCharWidth;
+  return metrics;
 }
 
 /// What is not there is replaced by a font of one pitch: it is an editor's font, and a list has to
@@ -80,20 +80,24 @@ Font underlinedFont(int dpi) {
   return made(font);
 }
 
-Font boxFont(std::u16string_view name, float points, int dpi) {
-  constexpr double kUnitsPerPoint = static_cast<double>(kNominalDpi) / 72;
-  const double height = points > 0 ? points * kUnitsPerPoint : kCaptionHeight;
+Font boxFont(std::u16string_view name, double points, int dpi) {
+  const double height = points > 0 ? points * forms::kPixelsPerPoint : kCaptionHeight;
   LOGFONTW font = description(name.empty() ? kCaptionFamily : scalable(name, dpi),
                               std::max(1, toPixels(height, dpi)));
   if (wantsOnePitch(name)) font.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
   return made(font);
 }
 
+double boxFontSize(std::u16string_view name, double points, int dpi) {
+  const TEXTMETRICW metrics = metricsOf(boxFont(name, points, dpi));
+  return fromPixels(metrics.tmHeight - metrics.tmInternalLeading, dpi) / forms::kPixelsPerPoint;
+}
+
 Font fittedFont(std::u16string_view text, int width, bool underlined, int dpi) {
   LOGFONTW font = caption(dpi);
   font.lfUnderline = underlined ? TRUE : FALSE;
   if (widthOf(text, font) <= width) return made(font);
-  const int usual = averageWidth(font);
+  const int usual = metricsOf(made(font)).tmAveCharWidth;
   for (int narrower = usual - 1; narrower * 2 >= usual; --narrower) {
     font.lfWidth = narrower;
     if (widthOf(text, font) <= width) break;

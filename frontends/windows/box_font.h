@@ -10,7 +10,10 @@ namespace kvrnstep::windows {
 Font captionFont(int dpi);
 Font underlinedFont(int dpi);
 /// The font of a box; without a name or with 0 points the one of the captions in that respect.
-Font boxFont(std::u16string_view name, float points, int dpi);
+Font boxFont(std::u16string_view name, double points, int dpi);
+/// The size in points that this font has: a font of pixels has only some, and any other is a whole
+/// number of pixels high.
+double boxFontSize(std::u16string_view name, double points, int dpi);
 /// The font of captions, narrowed as far as the text needs to fit the width, within reason.
 Font fittedFont(std::u16string_view text, int width, bool underlined, int dpi);
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "ansi.h"
+#include "box_font.h"
 #include "clipboard.h"
 #include "file_box.h"
 #include "forms/user_actions.h"
@@ -175,6 +176,11 @@ double WindowsToolkit::screenWidth() {
 double WindowsToolkit::screenHeight() {
   const NativeLook look;
   return screenTwips(SM_CYSCREEN);
+}
+
+double WindowsToolkit::fontSize(const std::u16string& font, double points) {
+  const NativeLook look;
+  return boxFontSize(font, points, desktopDpi());
 }
 
 void WindowsToolkit::letEventsRun() {

@@ -37,6 +37,7 @@ class WindowsToolkit final : public forms::Toolkit {
   void setBusy(bool busy) override;
   double screenWidth() override;
   double screenHeight() override;
+  double fontSize(const std::u16string& font, double points) override;
   void letEventsRun() override;
   void setClipboard(const std::u16string& text) override;
   void playSound(const std::u16string& file, forms::SoundMode mode) override;

@@ -48,7 +48,10 @@ void frmListwright::Form_Load() {
 
 void frmListwright::adoptEditorLook() {
   txtPreview.setFont(host_.s_EditorFont);
-  txtPreview.setFontSize(host_.i_EditorSize);
+  if (host_.i_EditorSize > 0) {
+    const double size = toolkit_.fontSize(host_.s_EditorFont, host_.i_EditorSize);
+    txtPreview.setFontSize(static_cast<float>(size));
+  }
   txtPreview.setBackColor(host_.l_EditorBColor);
   txtPreview.setForeColor(host_.l_EditorFColor);
 }

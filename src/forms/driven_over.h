@@ -28,6 +28,9 @@ class DrivenOver : public DrivenToolkit {
   void setBusy(bool busy) override { native_.setBusy(busy); }
   double screenWidth() override { return native_.screenWidth(); }
   double screenHeight() override { return native_.screenHeight(); }
+  double fontSize(const std::u16string& font, double points) override {
+    return native_.fontSize(font, points);
+  }
   void letEventsRun() override { native_.letEventsRun(); }
   void setClipboard(const std::u16string& text) override { native_.setClipboard(text); }
   void playSound(const std::u16string& file, SoundMode mode) override {

@@ -59,6 +59,9 @@ class Stage final : public Toolkit {
   void setBusy(bool busy) override { toolkit_.setBusy(busy); }
   double screenWidth() override { return toolkit_.screenWidth(); }
   double screenHeight() override { return toolkit_.screenHeight(); }
+  double fontSize(const std::u16string& font, double points) override {
+    return toolkit_.fontSize(font, points);
+  }
   void letEventsRun() override { toolkit_.letEventsRun(); }
   void setClipboard(const std::u16string& text) override;
   void playSound(const std::u16string& file, SoundMode mode) override;

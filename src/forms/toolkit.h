@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -69,6 +70,11 @@ class Toolkit {
   /// Of the screen that dialogs are centred on, in twips.
   virtual double screenWidth() = 0;
   virtual double screenHeight() = 0;
+  /// The size in points that the font of a box has where this one is wanted: a font is a whole
+  /// number of pixels high.
+  virtual double fontSize(const std::u16string& /*font*/, double points) {
+    return std::round(points * kPixelsPerPoint) / kPixelsPerPoint;
+  }
   /// Lets events run that have gathered while a handler was at work.
   virtual void letEventsRun() = 0;
   /// Replaces what is on the clipboard, if that is possible.

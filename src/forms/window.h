@@ -15,6 +15,7 @@ namespace kvrnstep::forms {
 class Toolkit;
 
 inline constexpr double kTwipsPerPixel = 15;
+inline constexpr double kPixelsPerPoint = 96.0 / 72.0;
 
 /// What the platform's title bar, borders and menu bar take of a window's outside, in twips. It
 /// is the same everywhere: a front end gives a window the inner size that follows from it and
