@@ -74,6 +74,41 @@ printf '{STEP_#}\r\n' | cmp - data/listwright/Prefix_Step.dat || fail 'the macro
 grep -q '^StepBE_WT=10590' config/listwright/steps.ini &&
   grep -q '^StepBE_HT=6465' config/listwright/steps.ini || fail 'the new size was not kept'
 
+# Each window comes back onto the screen, at its upper left if it is too large, and is stored where it
+# was until the user moves it.
+sees() {
+  await titled "$1"
+  eval "$(timeout 20 xdotool getactivewindow getwindowgeometry --shell)"
+  # The borders are counted twice.
+  ((X >= 0 && Y >= 0 && (X <= 2 || X + WIDTH < 1280) && (Y <= 40 || Y + HEIGHT < 1024))) ||
+    fail "$1 is at $X, $Y"
+}
+printf '%s\n' '[Listwright]' Display=FilesPreview {Listwright,StepBE,StepPSEdit}_LT=40000 \
+  {Listwright,StepBE,StepPSEdit}_TT=-9000 >config/listwright/steps.ini
+for scale in 1 3; do
+  begin env QT_SCALE_FACTOR=$scale "$bin/listwright"
+  sees Listwright
+  keys alt+e Return
+  sees 'Edit Step - Prefixes'
+  keys Escape
+  sees Listwright
+  keys alt+e Down Down Return
+  sees 'Beginning (Storage)'
+  keys Escape
+  sees Listwright
+  [ $scale = 1 ] && {
+    keys Escape
+    wait "$command"
+  }
+done
+timeout 20 xdotool mousemove 99 9 mousedown 1 mousemove 160 90 mousemove 219 129 mouseup 1
+is_moved() { xwininfo -id "$WINDOW" | grep -q 'Absolute upper-left X: *121'; }
+await is_moved
+keys Escape
+wait "$command"
+[ "$(grep -cE 'Step.*_(LT=40000|TT=-9000)|Listwright_.T=600$' config/listwright/steps.ini)" -eq 6 ] ||
+  fail "other places: $(cat config/listwright/steps.ini)"
+
 # A text that goes over in several pieces; it takes the place of the first one.
 prefix=$(printf 'é%.0s' $(seq 5000))
 printf 'arg sPthStepFolder steps\narg s_IniPathAndName steps.ini\ncall\nset %s "%s"\nset %s\n%s\n' \

@@ -26,7 +26,9 @@ void TopLevel::resizeEvent(QResizeEvent* event) {
 
 void TopLevel::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() == QEvent::WindowStateChange && onStateChanged) onStateChanged();
+  const bool state =
+      event->type() == QEvent::WindowStateChange || event->type() == QEvent::ActivationChange;
+  if (state && onStateChanged) onStateChanged();
   if (event->type() == QEvent::PaletteChange && onColorsChanged) onColorsChanged();
 }
 

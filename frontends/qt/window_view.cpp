@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QScreen>
 #include <algorithm>
 #include <utility>
 
@@ -10,6 +11,7 @@
 #include "combo_view.h"
 #include "compact_style.h"
 #include "forms/reading_order.h"
+#include "forms/screen_place.h"
 #include "forms/user_actions.h"
 #include "host_window.h"
 #include "list_view.h"
@@ -32,6 +34,20 @@ using forms::Property;
 namespace {
 
 constexpr int kMenuBarHeight = static_cast<int>(Chrome::kMenuBar / kTwipsPerPixel);
+
+double toPixels(double twips) {
+  return qRound(twips / kTwipsPerPixel);
+}
+
+/// What the desktop's panels leave of each screen.
+std::vector<forms::Rect> screens() {
+  std::vector<forms::Rect> all;
+  for (const QScreen* screen : QGuiApplication::screens()) {
+    const QRectF area = screen->availableGeometry();
+    all.push_back({area.left(), area.top(), area.width(), area.height()});
+  }
+  return all;
+}
 
 }  // namespace
 
@@ -249,10 +265,12 @@ void WindowView::applySize() {
 }
 
 void WindowView::applyPosition() {
-  const QPoint wanted(qRound(window_.place().left / kTwipsPerPixel),
-                      qRound(window_.place().top / kTwipsPerPixel));
-  position_ = wanted;
-  if (topLevel_.pos() != wanted) topLevel_.move(wanted);
+  const forms::Rect& place = window_.place();
+  const forms::Rect shown = forms::placeOnScreen(
+      {toPixels(place.left), toPixels(place.top), toPixels(place.width), toPixels(place.height)},
+      screens());
+  position_ = QPointF(shown.left, shown.top).toPoint();
+  topLevel_.move(position_);
 }
 
 void WindowView::arrangeFocus() {
@@ -288,7 +306,7 @@ void WindowView::reportMove() {
   if (isOnWayland()) return;
   if (updating_ || unloaded_ || !topLevel_.isVisible() || topLevel_.isMinimized()) return;
   const QPoint now = topLevel_.pos();
-  if (std::exchange(position_, now) == now) return;
+  if (std::exchange(position_, now) == now || !placed_) return;
   forms::userMoved(window_, now.x() * kTwipsPerPixel, now.y() * kTwipsPerPixel);
 }
 
@@ -302,6 +320,7 @@ void WindowView::reportResize() {
 }
 
 void WindowView::reportState() {
+  placed_ = placed_ || topLevel_.isActiveWindow();
   const bool minimized = topLevel_.isMinimized();
   if (!unloaded_ && minimized != window_.minimized()) forms::userMinimized(window_, minimized);
 }

@@ -86,9 +86,11 @@ class WindowView final : public forms::View {
   std::unordered_map<const forms::Control*, ControlView*> byControl_;
   Changes changes_;
   QEventLoop loop_;
-  QPoint position_;  ///< where the model has the frame
+  QPoint position_;  ///< of the frame, as it was last shown or reported
   forms::Control* focus_ = nullptr;
   std::optional<QPoint> menuPlace_;
+  /// The window manager has put the window where it likes to, which is not the user's doing.
+  bool placed_ = false;
   bool arrangementChanged_ = true;
   bool updating_ = false;
   bool unloaded_ = false;

@@ -8,6 +8,7 @@
 #include "guard.h"
 #include "resources.h"
 #include "scale.h"
+#include "screens.h"
 #include "text/windows/wide.h"
 
 namespace kvrnstep::windows {
@@ -39,8 +40,10 @@ void centre(HWND box) {
   }
   RECT self{};
   ::GetWindowRect(box, &self);
-  ::SetWindowPos(box, nullptr, (around.left + around.right - self.right + self.left) / 2,
-                 (around.top + around.bottom - self.bottom + self.top) / 2, 0, 0,
+  ::OffsetRect(&self, (around.left + around.right - self.right - self.left) / 2,
+               (around.top + around.bottom - self.bottom - self.top) / 2);
+  const POINT corner = cornerOnScreen(self);
+  ::SetWindowPos(box, nullptr, corner.x, corner.y, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

@@ -8,15 +8,9 @@ namespace {
 
 /// A function of the system that it may not have.
 template <class Function>
-Function* systemFunction(const wchar_t* library, const char* name) {
-  const HMODULE module = ::LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-  if (module == nullptr) return nullptr;
-  return reinterpret_cast<Function*>(reinterpret_cast<void*>(::GetProcAddress(module, name)));
-}
-
-template <class Function>
 Function* userFunction(const char* name) {
-  return systemFunction<Function>(L"user32.dll", name);
+  const HMODULE user = ::GetModuleHandleW(L"user32.dll");
+  return reinterpret_cast<Function*>(reinterpret_cast<void*>(::GetProcAddress(user, name)));
 }
 
 }  // namespace
@@ -32,16 +26,6 @@ int dpiOf(HWND window) {
   static auto* const get = userFunction<UINT WINAPI(HWND)>("GetDpiForWindow");
   const UINT dpi = get == nullptr ? 0 : get(window);
   return dpi > 0 ? static_cast<int>(dpi) : desktopDpi();
-}
-
-int dpiAt(POINT point) {
-  using Get = HRESULT WINAPI(HMONITOR, int, UINT*, UINT*);
-  static auto* const get = systemFunction<Get>(L"shcore.dll", "GetDpiForMonitor");
-  UINT x = 0;
-  UINT y = 0;
-  const HMONITOR monitor = ::MonitorFromPoint(point, MONITOR_DEFAULTTONEAREST);
-  if (get == nullptr || FAILED(get(monitor, 0, &x, &y)) || y == 0) return desktopDpi();
-  return static_cast<int>(y);
 }
 
 int toPixels(double units, int dpi) {

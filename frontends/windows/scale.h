@@ -11,8 +11,6 @@ inline constexpr int kNominalDpi = 96;
 /// Dots per inch of the monitor that the window is on, or of the whole desktop.
 int dpiOf(HWND window);
 int desktopDpi();
-/// Of the monitor that a point of the desktop is on.
-int dpiAt(POINT point);
 
 /// Pixels of so many 1/96 inch, and back.
 int toPixels(double units, int dpi);

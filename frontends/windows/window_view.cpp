@@ -14,6 +14,7 @@
 #include "picture_views.h"
 #include "resources.h"
 #include "scale.h"
+#include "screens.h"
 #include "spinner_view.h"
 #include "text/windows/wide.h"
 #include "text_views.h"
@@ -421,7 +422,11 @@ void WindowView::applySize() {
 }
 
 void WindowView::applyPosition() {
-  position_ = {desktopPixels(window_.place().left), desktopPixels(window_.place().top)};
+  RECT frame{};
+  ::GetWindowRect(handle_, &frame);
+  ::OffsetRect(&frame, desktopPixels(window_.place().left) - frame.left,
+               desktopPixels(window_.place().top) - frame.top);
+  position_ = cornerOnScreen(frame);
   ::SetWindowPos(handle_, nullptr, position_.x, position_.y, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -543,7 +548,11 @@ void WindowView::reportResize() {
 
 void WindowView::limitSize(MINMAXINFO& limits) const {
   const forms::WindowDesign& design = window_.design();
-  if (!design.resizable) return;
+  if (!design.resizable) {
+    // The system would cut off what does not fit on the screen, and nobody could pull it there.
+    limits.ptMaxTrackSize = {SHRT_MAX, SHRT_MAX};
+    return;
+  }
   const SIZE smallest{
       toPixels((design.minimumWidth - Chrome::kSides) / kTwipsPerPixel, dpi_),
       toPixels((design.minimumHeight - Chrome::kTitleAndBorders) / kTwipsPerPixel, dpi_)};

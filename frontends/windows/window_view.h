@@ -112,7 +112,7 @@ class WindowView final : public forms::View, public Receiver {
   std::vector<HWND> depth_;
   Changes changes_;
   std::optional<POINT> menuPlace_;
-  POINT position_{};  ///< where the model has the frame
+  POINT position_{};  ///< of the frame, as it was last shown or reported
   forms::Control* focus_;
   HWND lastFocus_ = nullptr;
   bool arrangementChanged_ = true;

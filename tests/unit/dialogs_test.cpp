@@ -2,12 +2,14 @@
 #include <pthread.h>
 
 #include <algorithm>
+#include <array>
 #include <random>
 
 #include "dialogs/case_conversion.h"
 #include "dialogs/frm_step_be.h"
 #include "dialogs/frm_step_ps_edit.h"
 #include "dialogs/list_sort.h"
+#include "forms/screen_place.h"
 #include "forms/user_actions.h"
 #include "headless_toolkit.h"
 #include "platform_temporary_folder.h"
@@ -92,6 +94,26 @@ TEST(LetterCase, OfWholeTexts) {
             u"{step_#} O'neil X-ray 2nd École\xA0next");
   EXPECT_TRUE(equalIgnoringCase(u"Éa Ñ", u"éA ñ"));
   EXPECT_FALSE(equalIgnoringCase(u"a", u"a "));
+}
+
+TEST(ScreenPlace, IsNearAndOnTheScreens) {
+  using forms::Rect;
+  // A panel above, and a higher screen to the right.
+  const std::array screens{Rect{0, 30, 1280, 994}, Rect{1280, 0, 1000, 1600}};
+  for (const auto& [wanted, shown] : std::to_array<std::pair<Rect, Rect>>({
+           {{100, 50, 500, 400}, {100, 50, 500, 400}},
+           {{1000, 100, 500, 400}, {1000, 100, 500, 400}},  // on both
+           {{100, 0, 500, 400}, {100, 30, 500, 400}},
+           {{800, 900, 500, 400}, {780, 624, 500, 400}},
+           {{1000, 900, 500, 400}, {1280, 900, 500, 400}},
+           {{2666, 60, 500, 400}, {1780, 60, 500, 400}},
+           {{-900, 2000, 500, 400}, {0, 624, 500, 400}},
+           {{-200, -200, 5000, 4000}, {1280, 0, 5000, 4000}},
+           {{-200, -200, 1290, 900}, {0, 30, 1290, 900}},
+       })) {
+    EXPECT_EQ(forms::placeOnScreen(wanted, screens), shown) << wanted.left << " " << wanted.top;
+  }
+  EXPECT_EQ(forms::placeOnScreen({-900, 0, 1, 1}, {}), (Rect{-900, 0, 1, 1}));
 }
 
 /// Closes the topmost window, after one click if one is wanted.

@@ -204,6 +204,30 @@ TEST(WindowsHost, GetsWhatAHandlerThrows) {
   EXPECT_THROW(window.showModal(toolkit), std::runtime_error);
 }
 
+TEST(WindowsPlace, IsOnTheScreenAndKeptUntilTheUserMovesTheWindow) {
+  TestWindow window;
+  window.setLeft(600000);
+  window.setTop(-9000);
+  window.setHeight(30000);
+  const double inside = window.innerHeight();
+  show(window, {[&](WindowView& view) {
+                  RECT area{};
+                  ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+                  RECT outside{};
+                  ::GetWindowRect(view.handle(), &outside);
+                  EXPECT_EQ(outside.right, area.right);
+                  EXPECT_EQ(outside.top, area.top);
+                  RECT client{};
+                  ::GetClientRect(view.handle(), &client);
+                  EXPECT_EQ(client.bottom, inside) << "nothing is cut off";
+                  EXPECT_EQ(window.place(), (forms::Rect{600000, -9000, 4500, 30000}));
+                },
+                [](WindowView& view) {
+                  ::SetWindowPos(view.handle(), nullptr, 100, 50, 0, 0, SWP_NOSIZE);
+                }});
+  EXPECT_EQ(window.place(), (forms::Rect{1500, 750, 4500, 30000}));
+}
+
 TEST(WindowsScale, FollowsTheMonitor) {
   TestWindow window;
   show(window, {[](WindowView& view) {

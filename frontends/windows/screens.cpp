@@ -1,0 +1,34 @@
+#include "screens.h"
+
+#include <vector>
+
+#include "forms/screen_place.h"
+
+namespace kvrnstep::windows {
+
+namespace {
+
+forms::Rect inPixels(const RECT& rect) {
+  return {static_cast<double>(rect.left), static_cast<double>(rect.top),
+          static_cast<double>(rect.right - rect.left), static_cast<double>(rect.bottom - rect.top)};
+}
+
+BOOL CALLBACK add(HMONITOR monitor, HDC /*context*/, RECT* /*place*/, LPARAM screens) {
+  MONITORINFO info{};
+  info.cbSize = sizeof info;
+  if (::GetMonitorInfoW(monitor, &info) != FALSE) {
+    reinterpret_cast<std::vector<forms::Rect>*>(screens)->push_back(inPixels(info.rcWork));
+  }
+  return TRUE;
+}
+
+}  // namespace
+
+POINT cornerOnScreen(const RECT& wanted) {
+  std::vector<forms::Rect> screens;
+  ::EnumDisplayMonitors(nullptr, nullptr, add, reinterpret_cast<LPARAM>(&screens));
+  const forms::Rect shown = forms::placeOnScreen(inPixels(wanted), screens);
+  return {static_cast<LONG>(shown.left), static_cast<LONG>(shown.top)};
+}
+
+}  // namespace kvrnstep::windows
