@@ -15,14 +15,16 @@ QuestionBox::QuestionBox(const forms::Question& question, QWidget* owner) : QDia
   setAttribute(Qt::WA_QuitOnClose, false);
   setFont(captionFont());
 
-  // The empty lines below a prompt would be a hole in the box.
-  auto* prompt = new QLabel(toQt(question.prompt).trimmed(), this);
+  QString text = toQt(question.prompt);
+  // The last break ends the last line, behind which Qt would begin another one.
+  if (text.endsWith('\n')) text.chop(1);
+  auto* prompt = new QLabel(text, this);
   prompt->setTextFormat(Qt::PlainText);
   prompt->setWordWrap(true);
   line_ = new QLineEdit(toQt(question.proposal), this);
   line_->selectAll();
   line_->setMinimumWidth(kNarrowest);
-  line_->setAccessibleName(prompt->text());
+  line_->setAccessibleName(text.trimmed());
   prompt->setBuddy(line_);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   ok_ = buttons->button(QDialogButtonBox::Ok);
