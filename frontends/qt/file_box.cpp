@@ -4,6 +4,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QStringList>
 
 #include "qt_fonts.h"
@@ -32,6 +33,13 @@ FileBox::FileBox(const forms::FileDialog& dialog, QFileDialog::AcceptMode mode, 
   for (const forms::FileFilter& filter : dialog.filters) filters << toQt(filter.text);
   setNameFilters(filters);
   if (!dialog.name.empty()) selectFile(toQt(dialog.name));
+  if (mode == AcceptOpen) {
+    // Qt lets the user name only what the filter shows. Any file can be named: what is none, Qt
+    // says when it is asked for.
+    auto* open = findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open);
+    connect(findChild<QLineEdit*>(), &QLineEdit::textChanged, open,
+            [open](const QString& text) { open->setEnabled(!text.isEmpty()); });
+  }
   if (dialog.defaultExtension.empty()) return;
   setDefaultSuffix(toQt(dialog.defaultExtension));
   // Who asks for a plain text file and names no extension means that one.
