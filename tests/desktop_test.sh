@@ -36,6 +36,19 @@ printf '    1. \n    2. \n    3. \n' >wanted
 keeps 'the list'
 keeps 'the list, asked for a second time,'
 
+# A slow hand, with the preview: the key that closes a message comes up in the box behind it.
+begin "$bin/listwright"
+keys alt+o Up Return
+timeout 60 xdotool mousemove --window "$(xdotool getactivewindow)" 400 178 click 1
+keys BackSpace
+await titled 'How many?'
+xdotool keydown Return
+await titled Listwright
+xdotool keyup Return
+keys 2 alt+i
+wait "$command"
+printf '    1. \n    2. \n' | cmp - out || fail 'How many?: another list'
+
 # A host in Python, which a library with sanitizers does not trust by itself.
 library=$bin/../lib/libkvrnstep.so
 sanitizer=$(ldd "$library" | sed -n 's/.*libasan.* => \([^ ]*\).*/\1/p')

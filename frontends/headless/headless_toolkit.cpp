@@ -24,6 +24,7 @@ using forms::Window;
 namespace {
 
 constexpr char16_t kBackspace = u'\b';
+constexpr char16_t kDelete = 0x7f;
 
 /// Puts a text in the place of the marked part, as far as the box has room for it.
 void replaceSelection(TextControl& box, std::u16string_view inserted) {
@@ -62,10 +63,10 @@ void eraseBeforeCaret(TextControl& box) {
 }
 
 void typeCharacter(TextControl& box, std::u16string_view typed) {
-  constexpr char16_t kDelete = 0x7f;
   const char16_t character = typed.front();
+  forms::userPressedKey(box, character);
   const bool lineBreak = character == u'\r' || character == u'\n';
-  if (forms::userPressedKey(box, character) && !box.row().readOnly) {
+  if (forms::userTypes(box, character) && !box.row().readOnly) {
     if (character == kBackspace) {
       eraseBeforeCaret(box);
     } else if (lineBreak) {
@@ -78,7 +79,7 @@ void typeCharacter(TextControl& box, std::u16string_view typed) {
       replaceSelection(box, typed);
     }
   }
-  forms::userReleasedKey(box);
+  forms::userReleasedKey(box.window(), character);
 }
 
 /// "Ctrl+O" of a menu entry that is not greyed out.
@@ -179,8 +180,9 @@ bool HeadlessToolkit::type(TextControl& box, std::u16string_view text) {
 
 bool HeadlessToolkit::clear(TextControl& box) {
   forms::userSelected(box, {0, box.text().size()});
+  forms::userPressedKey(box, kDelete);
   if (!box.row().readOnly && !box.text().empty()) replaceSelection(box, u"");
-  forms::userReleasedKey(box);
+  forms::userReleasedKey(box.window(), kDelete);
   return true;
 }
 

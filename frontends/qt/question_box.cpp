@@ -2,6 +2,7 @@
 
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "qt_fonts.h"
@@ -27,9 +28,7 @@ QuestionBox::QuestionBox(const forms::Question& question, QWidget* owner) : QDia
   line_->setAccessibleName(text.trimmed());
   prompt->setBuddy(line_);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-  ok_ = buttons->button(QDialogButtonBox::Ok);
-  cancel_ = buttons->button(QDialogButtonBox::Cancel);
-  for (QPushButton* button : {ok_, cancel_}) button->setIcon({});
+  for (QAbstractButton* button : buttons->buttons()) button->setIcon({});
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 

@@ -2,7 +2,6 @@
 
 #include <QDialog>
 #include <QLineEdit>
-#include <QPushButton>
 
 #include "forms/toolkit.h"
 
@@ -14,13 +13,9 @@ class QuestionBox : public QDialog {
   QuestionBox(const forms::Question& question, QWidget* owner);
 
   [[nodiscard]] QLineEdit& line() const { return *line_; }
-  [[nodiscard]] QPushButton& okButton() const { return *ok_; }
-  [[nodiscard]] QPushButton& cancelButton() const { return *cancel_; }
 
  private:
   QLineEdit* line_;
-  QPushButton* ok_;
-  QPushButton* cancel_;
 };
 
 }  // namespace kvrnstep::qt

@@ -13,8 +13,10 @@ namespace kvrnstep::qt {
 bool mayType(forms::TextControl& box, const QKeyEvent& event);
 /// … about each character that dead keys or an input method have put together.
 bool mayType(forms::TextControl& box, const QString& characters);
+/// Tells of a key for a text that came without one: the input method has taken the presses.
+void releaseComposed(QWidget& widget, forms::TextControl& box);
 
-/// A text widget whose keys are asked about and whose released keys are told of.
+/// A text widget whose keys are asked about.
 template <class Base>
 class Typing : public Base {
  public:
@@ -22,7 +24,7 @@ class Typing : public Base {
 
   std::function<bool(const QKeyEvent&)> onPressed;
   std::function<bool(const QString&)> onComposed;
-  std::function<void()> onReleased;
+  std::function<void()> onTaken;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
@@ -37,10 +39,7 @@ class Typing : public Base {
     QInputMethodEvent nothing;
     const bool refused = onComposed && !onComposed(event->commitString());
     Base::inputMethodEvent(refused ? &nothing : event);
-  }
-  void keyReleaseEvent(QKeyEvent* event) override {
-    Base::keyReleaseEvent(event);
-    if (!event->isAutoRepeat() && onReleased) onReleased();
+    if (!refused && onTaken && !event->commitString().isEmpty()) onTaken();
   }
 };
 
@@ -49,7 +48,7 @@ template <class Base>
 void connectKeys(Typing<Base>& widget, forms::TextControl& box) {
   widget.onPressed = [&box](const QKeyEvent& event) { return mayType(box, event); };
   widget.onComposed = [&box](const QString& characters) { return mayType(box, characters); };
-  widget.onReleased = [&box] { forms::userReleasedKey(box); };
+  widget.onTaken = [&widget, &box] { releaseComposed(widget, box); };
 }
 
 }  // namespace kvrnstep::qt

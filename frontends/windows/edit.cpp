@@ -55,14 +55,13 @@ LRESULT CALLBACK Edit::procedure(HWND /*handle*/, UINT message, WPARAM wide, LPA
 LRESULT Edit::received(UINT message, WPARAM wide, LPARAM longer) {
   if (message == WM_GETDLGCODE) return wantedKeys(wide, longer);
   if (message == WM_CHAR && box_.onKeyPress &&
-      !forms::userPressedKey(box_, static_cast<char16_t>(wide))) {
+      !forms::userTypes(box_, static_cast<char16_t>(wide))) {
     return 0;
   }
   if (message == WM_CHAR && wide == VK_BACK) markPair(true);
   if (message == WM_KEYDOWN && wide == VK_DELETE) markPair(false);
   const LRESULT result = ::DefSubclassProc(handle_, message, wide, longer);
   if (movesCaret(message)) reportSelection();
-  if (message == WM_KEYUP && box_.onKeyUp) forms::userReleasedKey(box_);
   return result;
 }
 

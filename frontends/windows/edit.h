@@ -8,8 +8,8 @@
 
 namespace kvrnstep::windows {
 
-/// The window that a user types into, of a text box or of a combo box. Its keys are asked about
-/// and its released keys told of, and so are its text and its mark when the user has changed them.
+/// The window that a user types into, of a text box or of a combo box. Its keys are asked about,
+/// and its text and its mark told of when the user has changed them.
 class Edit {
  public:
   explicit Edit(forms::TextControl& box) : box_(box) {}

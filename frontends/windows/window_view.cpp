@@ -203,6 +203,7 @@ void WindowView::setBusy(bool busy) {
 
 bool WindowView::translates(MSG& message) {
   if (message.hwnd != handle_ && ::IsChild(handle_, message.hwnd) == FALSE) return false;
+  tellOf(message);
   if (menus_.accelerators() != nullptr &&
       ::TranslateAcceleratorW(handle_, menus_.accelerators(), &message) != 0) {
     return true;
@@ -219,15 +220,33 @@ bool WindowView::translates(MSG& message) {
   return taken;
 }
 
+/// Keys go down and come up, whatever becomes of them.
+void WindowView::tellOf(const MSG& message) {
+  const auto code = static_cast<forms::KeyCode>(HIWORD(message.lParam)) & (KF_EXTENDED | 0xFFU);
+  const bool repeated = (HIWORD(message.lParam) & KF_REPEAT) != 0;
+  if (message.message == WM_KEYUP || message.message == WM_SYSKEYUP) {
+    forms::userReleasedKey(window_, code);
+  } else if (message.message == WM_KEYDOWN && !repeated) {
+    if (const ControlView* view = viewWithKeys(message.hwnd)) {
+      forms::userPressedKey(view->control(), code);
+    }
+  }
+}
+
+ControlView* WindowView::viewWithKeys(HWND target) const {
+  const auto found =
+      std::ranges::find_if(views_, [&](const auto& view) { return view->keyTarget() == target; });
+  return found == views_.end() ? nullptr : found->get();
+}
+
 /// Whether a key was a command, and has been carried out.
 bool WindowView::pressed(const MSG& message) {
   if (const char16_t letter = letterWithAlt(message)) return activatedBy(letter);
   const auto key = commandKeyOf(message);
-  const auto view = std::ranges::find_if(
-      views_, [&](const auto& each) { return each->keyTarget() == message.hwnd; });
-  if (!key || view == views_.end() || (*view)->usesKeys()) return false;
-  menuPlace_ = (*view)->menuPlace();
-  const bool dealtWith = forms::userPressedCommandKey((*view)->control(), *key);
+  const ControlView* view = viewWithKeys(message.hwnd);
+  if (!key || view == nullptr || view->usesKeys()) return false;
+  menuPlace_ = view->menuPlace();
+  const bool dealtWith = forms::userPressedCommandKey(view->control(), *key);
   menuPlace_.reset();
   return dealtWith;
 }
@@ -318,6 +337,9 @@ LRESULT WindowView::receivedByWindow(UINT message, WPARAM wide, LPARAM longer) {
       return 0;
     case WM_ACTIVATE:
       if (HIWORD(wide) == 0) activated(LOWORD(wide) != WA_INACTIVE);
+      return 0;
+    case WM_ENTERMENULOOP:
+      forms::userLeft(window_);
       return 0;
     case WM_NEXTDLGCTL:
       // The arrow keys have found where they lead.
@@ -508,6 +530,7 @@ void WindowView::unloaded() {
 
 void WindowView::activated(bool active) {
   if (!active) {
+    forms::userLeft(window_);
     lastFocus_ = ::GetFocus();
   } else {
     ::SetFocus(holdsKeys(lastFocus_) ? lastFocus_ : stopAfter(nullptr));

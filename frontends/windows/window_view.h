@@ -81,6 +81,8 @@ class WindowView final : public forms::View, public Receiver {
   void arrangeDepth(const std::vector<forms::Control*>& order);
   void giveFocus(HWND before);
   void chooseFocusedOption();
+  void tellOf(const MSG& message);
+  [[nodiscard]] ControlView* viewWithKeys(HWND target) const;
   bool pressed(const MSG& message);
   bool activatedBy(char16_t letter);
   [[nodiscard]] bool holdsKeys(HWND control) const;

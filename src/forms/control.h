@@ -204,6 +204,11 @@ class TextControl : public Control {
   TextSelection selection_;
 };
 
+/// Whether the control is a TextControl.
+[[nodiscard]] inline bool holdsText(const Control& control) {
+  return control.kind() == Kind::TextBox || control.kind() == Kind::ComboBox;
+}
+
 class TextBox : public TextControl {
  public:
   using TextControl::TextControl;

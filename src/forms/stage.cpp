@@ -196,8 +196,7 @@ class Stage::Command {
   template <class Action>
   Reply onText(Action action) {
     Control* control = findControl(window_, ascii(words_[0]));
-    if (control != nullptr && control->kind() != Kind::TextBox &&
-        control->kind() != Kind::ComboBox) {
+    if (control != nullptr && !holdsText(*control)) {
       return wrong(ascii(words_[0]) + " holds no text");
     }
     return onControl([&](Control& found) { return action(static_cast<TextControl&>(found)); });

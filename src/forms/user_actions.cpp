@@ -14,6 +14,7 @@ class UserAction {
   UserAction(const UserAction&) = delete;
   UserAction& operator=(const UserAction&) = delete;
 
+  static std::map<KeyCode, TextControl*>& heldKeys(Window& window) { return window.heldKeys_; }
   static void setMinimized(Window& window, bool minimized) { window.minimized_ = minimized; }
   static void setPlace(Window& window, const Rect& place) { window.place_ = place; }
   static void resize(Window& window, double width, double height) {
@@ -86,7 +87,26 @@ void userSpun(Spinner& spinner, bool up) {
   if (handler) handler(spinner.index());
 }
 
-bool userPressedKey(TextControl& box, char16_t character) {
+void userPressedKey(Control& focus, KeyCode key) {
+  auto& held = UserAction::heldKeys(focus.window());
+  held.erase(key);
+  if (holdsText(focus)) held.emplace(key, static_cast<TextControl*>(&focus));
+}
+
+bool userReleasedKey(Window& window, KeyCode key) {
+  const UserAction action(window);
+  const auto held = UserAction::heldKeys(window).extract(key);
+  if (held.empty()) return false;
+  const TextControl& box = *held.mapped();
+  if (box.reachable() && box.onKeyUp) box.onKeyUp(box.index());
+  return true;
+}
+
+void userLeft(Window& window) {
+  UserAction::heldKeys(window).clear();
+}
+
+bool userTypes(TextControl& box, char16_t character) {
   const UserAction action(box.window());
   return box.reachable() && (!box.onKeyPress || box.onKeyPress(box.index(), character));
 }
@@ -99,11 +119,6 @@ void userEdited(TextControl& box, std::u16string text, TextSelection selection) 
 void userSelected(TextControl& box, TextSelection selection) {
   const UserAction action(box.window());
   box.setSelection(selection);
-}
-
-void userReleasedKey(TextControl& box) {
-  const UserAction action(box.window());
-  if (box.reachable() && box.onKeyUp) box.onKeyUp(box.index());
 }
 
 void userMoved(Window& window, double left, double top) {

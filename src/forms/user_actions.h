@@ -27,14 +27,23 @@ void userChose(ComboBox& combo, int index);
 /// An arrow of a spinner was clicked.
 void userSpun(Spinner& spinner, bool up);
 
-/// A key that types a character was pressed. False: the character must not reach the box.
-[[nodiscard]] bool userPressedKey(TextControl& box, char16_t character);
+/// A key went down while the control had the keyboard, whatever the key does. Repeats of a key that
+/// is held are not told.
+void userPressedKey(Control& focus, KeyCode key);
+/// A key came up in the window, whichever control had the keyboard by then. It counts in the box
+/// that saw it go down, because fast typists press Tab before they let go of the last digit. A key
+/// that went down in another window, the one that closed a message for example, counts nowhere.
+/// False: it did not count.
+bool userReleasedKey(Window& window, KeyCode key);
+/// The window has lost the keyboard, to another window or to a menu. The keys that are held come up
+/// there.
+void userLeft(Window& window);
+/// A key types a character. False: the character must not reach the box.
+[[nodiscard]] bool userTypes(TextControl& box, char16_t character);
 /// The text of a box has become `text` by the user's doing; the caret lies at `selection`.
 void userEdited(TextControl& box, std::u16string text, TextSelection selection);
 /// The caret or the marked part has moved.
 void userSelected(TextControl& box, TextSelection selection);
-/// A key was released in a box.
-void userReleasedKey(TextControl& box);
 
 /// The window was moved, sized (outside, twips), minimized or restored.
 void userMoved(Window& window, double left, double top);

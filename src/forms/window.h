@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <span>
@@ -38,6 +39,9 @@ struct WindowDesign {
   std::span<const ControlRow> controls;  ///< containers before their contents; later rows lie in
                                          ///< front of earlier ones
 };
+
+/// A key of the keyboard, by whatever number a front end tells keys apart.
+using KeyCode = std::uint32_t;
 
 /// Implemented by a front end that draws a window.
 class View {
@@ -133,6 +137,7 @@ class Window {
   std::u16string caption_;
   Rect place_;
   View* view_ = nullptr;
+  std::map<KeyCode, TextControl*> heldKeys_;  ///< with the boxes in which they went down
   int actionDepth_ = 0;
   bool minimized_ = false;
   bool unloading_ = false;

@@ -8,6 +8,7 @@
 #include "dialogs/frm_step_be.h"
 #include "dialogs/frm_step_ps_edit.h"
 #include "forms/reading_order.h"
+#include "forms/user_actions.h"
 
 namespace kvrnstep::forms {
 
@@ -70,6 +71,29 @@ TEST(Keyboard, TabLeadsFromEachLabelToItsBox) {
   }
   EXPECT_EQ(order, "lblD(0) cboPreSuf(0) lblD(1) cboPreSuf(1) lblD(5) lblD(4) ");
   EXPECT_EQ(firstFocus(window), window.find("optNA", 0));
+}
+
+TEST(Keyboard, AReleaseCountsInTheBoxThatSawThePress) {
+  Window window(dialogs::frmListwrightDesign());
+  auto& end = static_cast<TextBox&>(*window.find("txtBEndAt", -1));
+  auto& start = static_cast<TextBox&>(*window.find("txtBStart", -1));
+  std::string released;
+  end.onKeyUp = [&](int /*index*/) { released += "end "; };
+  start.onKeyUp = [&](int /*index*/) { released += "start "; };
+  // A fast typist: 1 and 2 overlap, and 2 comes up when Tab has led on.
+  userPressedKey(end, '1');
+  userPressedKey(end, '2');
+  userReleasedKey(window, '1');
+  userPressedKey(start, '3');
+  userReleasedKey(window, '2');
+  userReleasedKey(window, '3');
+  EXPECT_EQ(released, "end end start ");
+  // What went down elsewhere, or before the keyboard was elsewhere, comes up here.
+  userPressedKey(end, '4');
+  userLeft(window);
+  userPressedKey(*window.find("optNA", 0), '5');
+  for (const KeyCode key : {'3', '4', '5'}) EXPECT_FALSE(userReleasedKey(window, key));
+  EXPECT_EQ(released, "end end start ");
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include "driven_toolkit.h"
 
 #include <QApplication>
-#include <QDialogButtonBox>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTimer>
 
 #include "gestures.h"
@@ -16,15 +16,6 @@ using forms::Window;
 
 namespace {
 
-/// Presses a button that closes its box.
-void closeWith(QAbstractButton& button) {
-  QWidget& box = *button.window();
-  waitForUser(box);
-  if (click(button) && !box.isVisible()) return;
-  qWarning("listwright: the button \"%s\" did not take a click", qUtf8Printable(button.text()));
-  button.click();
-}
-
 void replaceText(QLineEdit& line, std::u16string_view text) {
   line.setFocus();
   line.selectAll();
@@ -34,9 +25,8 @@ void replaceText(QLineEdit& line, std::u16string_view text) {
 
 void answerQuestion(QuestionBox& box, const std::optional<std::u16string>& answer) {
   waitForUser(box);
-  if (!answer) return closeWith(box.cancelButton());
-  replaceText(box.line(), *answer);
-  closeWith(box.okButton());
+  if (answer) replaceText(box.line(), *answer);
+  closeBox(box, answer ? Qt::Key_Return : Qt::Key_Escape);
 }
 
 /// Deals with what a file dialog may ask or say before it closes: it may replace the file, and a
@@ -47,24 +37,23 @@ void answerComplaints(FileBox& box) {
     auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     if (message == nullptr) return;
     QAbstractButton* yes = message->button(QMessageBox::Yes);
-    closeWith(yes != nullptr ? *yes : *message->buttons().first());
+    click(yes != nullptr ? *yes : *message->buttons().first());
   });
   watch->start(1);
 }
 
 void answerFileBox(FileBox& box, const std::optional<std::u16string>& answer) {
+  if (!answer) {
+    closeBox(box, Qt::Key_Escape);
+    return;
+  }
   waitForUser(box);
-  auto& buttons = *box.findChild<QDialogButtonBox*>();
-  QPushButton& cancel = *buttons.button(QDialogButtonBox::Cancel);
-  if (!answer) return closeWith(cancel);
   auto& line = *box.findChild<QLineEdit*>();
-  // Its proposals would lie over the button.
+  // Its proposals would take the key.
   line.setCompleter(nullptr);
   replaceText(line, *answer);
   answerComplaints(box);
-  const bool saves = box.acceptMode() == QFileDialog::AcceptSave;
-  click(*buttons.button(saves ? QDialogButtonBox::Save : QDialogButtonBox::Open));
-  if (box.isVisible()) closeWith(cancel);
+  if (!closeBox(box, Qt::Key_Return)) closeBox(box, Qt::Key_Escape);
 }
 
 }  // namespace
@@ -86,7 +75,7 @@ void DrivenQtToolkit::actSoon(WindowView& view) {
 }
 
 void DrivenQtToolkit::messageOpened(QMessageBox& box) {
-  QTimer::singleShot(0, &box, [&box] { closeWith(*box.button(QMessageBox::Ok)); });
+  QTimer::singleShot(0, &box, [&box] { closeBox(box, Qt::Key_Return); });
 }
 
 void DrivenQtToolkit::questionOpened(QuestionBox& box) {

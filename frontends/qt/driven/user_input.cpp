@@ -48,14 +48,25 @@ bool typedWithControl(char16_t character) {
   return character < u' ' && keyOf(character) == static_cast<Qt::Key>(character);
 }
 
+/// A person is slow: the key comes up when all that its press leads to is there, in whatever window
+/// has the keyboard by then.
+void strike(QWidget& window, Qt::Key key, const QString& text, Qt::KeyboardModifiers modifiers) {
+  const auto letGo = [=] {
+    QWidget* top = QApplication::activePopupWidget();
+    if (top == nullptr) top = QApplication::activeModalWidget();
+    if (top == nullptr) return;
+    QTest::sendKeyEvent(QTest::Release, top->windowHandle(), key, text, modifiers);
+  };
+  QMetaObject::invokeMethod(QCoreApplication::instance(), letGo, Qt::QueuedConnection);
+  QTest::sendKeyEvent(QTest::Press, window.windowHandle(), key, text, modifiers);
+}
+
 /// The key that types this character.
 void pressCharacter(QWidget& window, std::u16string_view character) {
   const bool control = typedWithControl(character[0]);
-  QTest::sendKeyEvent(
-      QTest::Click, window.windowHandle(),
-      control ? keyOfControlCharacter(character[0]) : keyOf(character[0]),
-      QString::fromUtf16(character.data(), static_cast<qsizetype>(character.size())),
-      control ? Qt::ControlModifier : Qt::NoModifier);
+  strike(window, control ? keyOfControlCharacter(character[0]) : keyOf(character[0]),
+         QString::fromUtf16(character.data(), static_cast<qsizetype>(character.size())),
+         control ? Qt::ControlModifier : Qt::NoModifier);
   settle();
 }
 
@@ -112,8 +123,14 @@ bool dragAndDrop(QWidget& source, QWidget& target) {
   return true;
 }
 
+bool closeBox(QWidget& box, Qt::Key key) {
+  waitForUser(box);
+  strike(box, key, {}, Qt::NoModifier);
+  return !box.isVisible();
+}
+
 void pressKey(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers) {
-  QTest::keyClick(window.windowHandle(), key, modifiers);
+  strike(window, key, {}, modifiers);
   settle();
 }
 

@@ -30,6 +30,8 @@ bool click(QWidget& widget, Qt::MouseButton button = Qt::LeftButton,
 /// mouse moving in between. False: either is out of the mouse's reach.
 bool dragAndDrop(QWidget& source, QWidget& target);
 
+/// A key that closes a box. It comes up when the box has gone. False: the box is still there.
+bool closeBox(QWidget& box, Qt::Key key);
 /// A key in the window that has the keyboard.
 void pressKey(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 /// The keys that type this text, as long as somebody wants more.

@@ -49,6 +49,11 @@ void agree(HWND box) {
   clickOn(asks ? yes : firstButton(box));
 }
 
+void close(HWND box, bool accepted) {
+  if (::GetForegroundWindow() != box) ::SetForegroundWindow(box);
+  pressKey(accepted ? VK_RETURN : VK_ESCAPE);
+}
+
 HWND lineOf(HWND fileBox) {
   const HWND line = ::GetDlgItem(fileBox, kFileName);
   if (line != nullptr) return line;
@@ -69,10 +74,11 @@ void replaceText(HWND line, const std::u16string& text) {
 }  // namespace
 
 // A tick comes when all input before it has been dealt with. A box that is still open then has not
-// noticed its click, as happens while it opens, and is clicked on again.
+// noticed its key, as happens while it opens, and gets it again. The key comes up when the box has
+// closed, wherever the keyboard is by then.
 
 void MessageReader::act() {
-  if (const HWND box = openBox()) agree(box);
+  if (const HWND box = openBox()) close(box, true);
 }
 
 void QuestionAnswerer::act() {
@@ -85,7 +91,7 @@ void QuestionAnswerer::act() {
     if (answer && answer->empty()) pressKey(VK_DELETE);
     if (answer) typeCharacters(*answer);
   }
-  clickOn(::GetDlgItem(box, leaves_ ? IDCANCEL : IDOK));
+  close(box, !leaves_);
 }
 
 void FileNamer::act() {
@@ -93,7 +99,7 @@ void FileNamer::act() {
   if (box == nullptr) return;
   if (box_ == nullptr) name(box);
   if (box == box_) {
-    clickOn(::GetDlgItem(box_, leaves_ ? IDCANCEL : IDOK));
+    close(box_, !leaves_);
   } else {
     leaves_ = true;
     agree(box);

@@ -12,7 +12,7 @@ namespace kvrnstep::windows {
 
 using Answer = std::function<std::optional<std::u16string>()>;
 
-/// Presses the button that closes a message.
+/// Closes a message with Enter.
 class MessageReader {
  public:
   static void act();
