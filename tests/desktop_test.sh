@@ -2,7 +2,7 @@
 # The command on a real desktop: real keys into the real window, and what stays on the clipboard.
 # desktop_test.sh BIN — skipped (77) where the desktop's programs are missing.
 set -u
-bin=$1
+bin=$(realpath "$1")
 source "$(dirname "$0")/desktop.bash"
 
 # begin COMMAND… — opens the dialog.
@@ -29,6 +29,22 @@ printf '    1. \n    2. \n    3. \n' | cmp - out || fail 'Insert: another list'
 [ -f data/listwright/Prefix_Step.dat ] && [ -f config/listwright/steps.ini ] ||
   fail 'Insert: nothing was stored in the usual folders'
 for key in alt+F4 ctrl+q Escape; do use 1 "$key"; done
+
+# Where nobody reads what Insert prints, the list is on the clipboard, as with --clipboard.
+! timeout 20 xclip -selection clipboard -o 2>/dev/null || fail 'Insert: on the clipboard, too'
+inserts() {
+  begin "${@:3}"
+  keys alt+i
+  wait "$command" || fail "$1: status $?: $(cat err)"
+  printf %s "$2" >wanted
+  keeps "$1"
+}
+# shellcheck disable=SC2016 # for the shell that it starts
+inserts 'no output' $'      I. \n     II. \n    III. \n' sh -c '"$0" --type roman >&-' "$bin/listwright"
+# shellcheck disable=SC2016 # the same
+inserts 'unread output' $'    1. \n    2. \n    3. \n' sh -c '"$0" >/dev/null' "$bin/listwright"
+inserts 'the list as told' $'      I. \n     II. \n    III. \n' "$bin/listwright" --clipboard --type roman
+cmp out wanted || fail '--clipboard: nothing printed'
 
 # Enter inserts nothing by itself.
 use 1 Return alt+c

@@ -24,8 +24,13 @@ class Arguments {
 /// "../lib/listwright" where it is installed, and on Windows in that same folder.
 std::string pluginBesideProgram();
 
-/// Lets bytes go out as they are, and a terminal take them for UTF-8.
+/// Lets bytes go out as they are, and a terminal take them for UTF-8. A standard file that was
+/// closed stays useless: what is opened later does not get its number.
 void prepareOutput();
+
+/// Whether anybody gets what goes to the standard output. Nobody does where a desktop has started
+/// the program: there it goes nowhere, or to the system's log.
+bool outputIsRead();
 
 /// Whether a person reads the standard output.
 bool outputIsTerminal();

@@ -33,6 +33,7 @@ ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options
   requireUtf8(options.settingsFile);
   makeWritableFolder(options.stepFolder);
   makeWritableFolder(folderOf(options.settingsFile));
+  const bool read = hosts::outputIsRead();
   std::string list;
   const bool inserted =
       plugin.ShowListwrightDialog(list, {
@@ -44,9 +45,10 @@ ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options
                                             .s_EditorFont = options.font,
                                             .i_EditorSize = options.fontSize,
                                             .bytSpcCount = options.indent,
+                                            .insertCopies = options.clipboard || !read,
                                         });
   if (!inserted) return NotInserted;
-  print(list, options.format);
+  if (read) print(list, options.format);
   return Printed;
 }
 

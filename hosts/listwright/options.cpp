@@ -167,6 +167,8 @@ class CommandLine {
     addNumber("--font-size", options_.fontSize, 1, 200, "its size in points (9)", kDialog);
     app_.add_flag("--menu-mode", options_.menuMode, "--type stands against stored defaults")
         ->group(kDialog);
+    app_.add_flag("--clipboard", options_.clipboard, "Insert puts the list on the clipboard, too")
+        ->group(kDialog);
     app_.add_option("--plugin", options_.plugin, "the plug-in's library")
         ->type_name("FILE")
         ->group("");

@@ -35,6 +35,7 @@ struct Options {
   std::string font;
   std::int16_t fontSize = 9;
   bool menuMode = false;
+  bool clipboard = false;  ///< Insert leaves the list on the clipboard, too
   std::string plugin;
 };
 

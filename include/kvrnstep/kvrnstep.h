@@ -61,6 +61,7 @@ typedef struct kvrnstep_dialog {
   const char* s_EditorFont;     /* preview: font name; empty: "Courier New" */
   int32_t i_EditorSize;         /* preview: size in points */
   int32_t bytSpcCount;          /* blanks in one indentation, 0 to 255 */
+  int32_t insert_copies;        /* not 0: Insert leaves the list on the clipboard, too */
 } kvrnstep_dialog;
 
 /* A list to be generated without a window. The fields mean what the dialog's boxes mean. */

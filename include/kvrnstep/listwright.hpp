@@ -37,6 +37,7 @@ struct DialogArguments {
   std::string s_EditorFont{};      ///< empty: "Courier New"
   std::int32_t i_EditorSize = 9;   ///< points
   std::int32_t bytSpcCount = 4;    ///< blanks in one indentation, 0 to 255
+  bool insertCopies = false;       ///< Insert leaves the list on the clipboard, too
 };
 
 /// The description of a list.
@@ -86,6 +87,7 @@ class Listwright {
     dialog.s_EditorFont = arguments.s_EditorFont.c_str();
     dialog.i_EditorSize = arguments.i_EditorSize;
     dialog.bytSpcCount = arguments.bytSpcCount;
+    dialog.insert_copies = arguments.insertCopies ? 1 : 0;
     char* list = nullptr;
     const int result = showDialog_(&dialog, &list);
     theLwOutputString = taken(list);

@@ -31,11 +31,14 @@ constexpr kvrnstep_dialog kDialogDefaults{
 constexpr kvrnstep_list kListDefaults{
     .size = sizeof(kvrnstep_list), .Start = 1, .Count = 3, .bytSpcCount = 4};
 
-/// A struct as this version knows it; nothing where the host did not initialise its own.
+/// A struct as this version knows it, with the defaults in fields that its host does not know;
+/// nothing where the host did not initialise its own.
 template <class Struct>
-std::optional<Struct> known(const Struct* given) {
-  if (given == nullptr || given->size < sizeof(Struct)) return std::nullopt;
-  return *given;
+std::optional<Struct> known(const Struct* given, Struct defaults) {
+  if (given == nullptr || given->size < sizeof(given->size)) return std::nullopt;
+  std::memcpy(static_cast<void*>(&defaults), given,
+              std::min<std::size_t>(given->size, sizeof(Struct)));
+  return defaults;
 }
 
 /// Fills as much of the host's struct as the host knows.
@@ -91,6 +94,7 @@ std::optional<plugin::ShowArguments> argumentsOf(const kvrnstep_dialog& dialog) 
       .s_EditorFont = textOf(dialog.s_EditorFont),
       .i_EditorSize = static_cast<std::int16_t>(dialog.i_EditorSize),
       .bytSpcCount = static_cast<std::uint8_t>(dialog.bytSpcCount),
+      .insertCopies = dialog.insert_copies != 0,
   };
 }
 
@@ -115,7 +119,7 @@ std::optional<generator::ListSettings> settingsOf(const kvrnstep_list& list) {
 }
 
 int showDialog(const kvrnstep_dialog* given, char** list) {
-  const auto dialog = known(given);
+  const auto dialog = known(given, kDialogDefaults);
   const auto arguments = dialog ? argumentsOf(*dialog) : std::nullopt;
   if (!arguments) return KVRNSTEP_BAD_ARGUMENT;
   std::string problem;
@@ -129,7 +133,7 @@ int showDialog(const kvrnstep_dialog* given, char** list) {
 }
 
 int generate(const kvrnstep_list* given, char** text) {
-  const auto list = known(given);
+  const auto list = known(given, kListDefaults);
   const auto settings = list ? settingsOf(*list) : std::nullopt;
   if (!settings) return KVRNSTEP_BAD_ARGUMENT;
   const auto blanks = static_cast<std::uint8_t>(list->bytSpcCount);
@@ -147,7 +151,7 @@ int generateFromStepFile(const char* path, std::int32_t blanks, char** text) {
 }
 
 int saveStepFile(const char* path, const kvrnstep_list* given) {
-  const auto list = known(given);
+  const auto list = known(given, kListDefaults);
   const auto settings = list ? settingsOf(*list) : std::nullopt;
   if (path == nullptr || !settings) return KVRNSTEP_BAD_ARGUMENT;
   return stepfiles::writeStepFile(textOf(path), *settings) ? KVRNSTEP_DONE : KVRNSTEP_UNWRITABLE;

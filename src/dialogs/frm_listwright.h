@@ -24,6 +24,8 @@ class frmListwright : public forms::Window {
   [[nodiscard]] std::int16_t LwStepStart() const { return lwStepStart_; }
   /// Whether the host's listing type stands against stored defaults.
   void LwMenuMode(const bool& theLwMenuMode) { lwMenuMode_ = theLwMenuMode; }
+  /// Whether Insert leaves the list on the clipboard, too.
+  void insertCopies(bool copies) { insertCopies_ = copies; }
   [[nodiscard]] bool LwSelectionMade() const { return lwSelectionMade_; }
   [[nodiscard]] const std::u16string& LwOutputString() const { return lwOutputString_; }
 
@@ -154,6 +156,7 @@ class frmListwright : public forms::Window {
 
   std::int16_t lwStepStart_ = 0;
   bool lwMenuMode_ = false;
+  bool insertCopies_ = false;
   bool lwSelectionMade_ = false;
   std::u16string lwOutputString_;
   std::int16_t iListType = 0;

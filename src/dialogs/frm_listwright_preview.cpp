@@ -75,6 +75,7 @@ void frmListwright::cmdCIC_Click(int index) {
   switch (index) {
     case Insert:
       insertList();
+      if (insertCopies_ && lwSelectionMade_) toolkit_.setClipboard(lwOutputString_);
       break;
     case Cancel:
       lwSelectionMade_ = false;

@@ -71,6 +71,7 @@ bool Listwright::ShowListwrightDialog(forms::Toolkit* toolkit, std::u16string& t
     dialogs::frmListwright dialog(*toolkit, context);
     dialog.LwStepStart(arguments.iBuildStep);
     dialog.LwMenuMode(arguments.BuMenuMode);
+    dialog.insertCopies(arguments.insertCopies);
     dialog.showModal(*toolkit);
     selectionMade = dialog.LwSelectionMade();
     theLwOutputString = dialog.LwOutputString();

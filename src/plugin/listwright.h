@@ -24,6 +24,7 @@ struct ShowArguments {
   std::u16string s_EditorFont;      ///< empty: "Courier New"
   std::int16_t i_EditorSize = 9;
   std::uint8_t bytSpcCount = 4;
+  bool insertCopies = false;  ///< no parameter of the component's: Insert fills the clipboard, too
 };
 
 /// The class that hosts create.

@@ -1,10 +1,27 @@
 #include "program.h"
 
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 #include <filesystem>
+#include <string_view>
 
 namespace hosts {
+
+namespace {
+
+bool isSystemLog(int socket) {
+  sockaddr_un other{};
+  socklen_t size = sizeof other;
+  return getpeername(socket, reinterpret_cast<sockaddr*>(&other), &size) == 0 &&
+         other.sun_family == AF_UNIX &&
+         std::string_view(&other.sun_path[0]).starts_with("/run/systemd/journal/");
+}
+
+}  // namespace
 
 Arguments::Arguments(int argc, char** argv) : texts_(argv, argv + argc) {
   for (const std::string& text : texts_) pointers_.push_back(text.c_str());
@@ -19,7 +36,18 @@ std::string pluginBesideProgram() {
   return libraries / "listwright" / "libkvrnstep.so.2";
 }
 
-void prepareOutput() {}
+void prepareOutput() {
+  int file = STDIN_FILENO;
+  while (file >= STDIN_FILENO && file <= STDERR_FILENO) file = open("/dev/null", O_RDONLY);
+  close(file);
+}
+
+bool outputIsRead() {
+  struct stat output {};
+  if (fstat(STDOUT_FILENO, &output) != 0) return false;
+  if (S_ISSOCK(output.st_mode)) return !isSystemLog(STDOUT_FILENO);
+  return !S_ISCHR(output.st_mode) || outputIsTerminal();
+}
 
 bool outputIsTerminal() {
   return isatty(STDOUT_FILENO) != 0;

@@ -42,6 +42,16 @@ void prepareOutput() {
   if (outputIsTerminal()) ::SetConsoleOutputCP(CP_UTF8);
 }
 
+bool outputIsRead() {
+  const HANDLE output = ::GetStdHandle(STD_OUTPUT_HANDLE);
+  const DWORD type = ::GetFileType(output);
+  if (type != FILE_TYPE_CHAR) return type != FILE_TYPE_UNKNOWN;
+  // A console that the system made for this program alone goes with it.
+  DWORD mode = 0;
+  DWORD process = 0;
+  return ::GetConsoleMode(output, &mode) != FALSE && ::GetConsoleProcessList(&process, 1) > 1;
+}
+
 bool outputIsTerminal() {
   return ::_isatty(::_fileno(stdout)) != 0;
 }
