@@ -42,7 +42,7 @@ static void generates_lists(void) {
   EXPECT(kvrnstep_generate(&list, &text) == KVRNSTEP_BAD_ARGUMENT);
 }
 
-static void keeps_step_files(const char* folder) {
+static void keeps_step_files(const char* folder, const char* foreign) {
   char path[1000];
   kvrnstep_list list;
   char* text = NULL;
@@ -56,7 +56,7 @@ static void keeps_step_files(const char* folder) {
   EXPECT(kvrnstep_generate_from_step_file(path, -1, &text) == KVRNSTEP_BAD_ARGUMENT);
   EXPECT(kvrnstep_generate_from_step_file(NULL, 1, &text) == KVRNSTEP_BAD_ARGUMENT);
   EXPECT(kvrnstep_generate_from_step_file(folder, 1, &text) == KVRNSTEP_UNREADABLE);
-  EXPECT(kvrnstep_generate_from_step_file(__FILE__, 1, &text) == KVRNSTEP_FOREIGN && text == NULL);
+  EXPECT(kvrnstep_generate_from_step_file(foreign, 1, &text) == KVRNSTEP_FOREIGN && text == NULL);
   EXPECT(kvrnstep_save_step_file(folder, &list) == KVRNSTEP_UNWRITABLE);
 }
 
@@ -100,7 +100,7 @@ int main(int count, char** arguments) {
   EXPECT(kvrnstep_request_program_icon(65536 + 101) == NULL);
   kvrnstep_free(NULL);
   generates_lists();
-  keeps_step_files(arguments[1]);
+  keeps_step_files(arguments[1], arguments[0]);
   takes_structs_of_later_hosts();
   says_why_it_shows_nothing();
   return failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
