@@ -83,14 +83,14 @@ cmp wanted out || fail "Python: $(cat out)"
 begin "$bin/listwright"
 keys alt+e Return
 await titled 'Edit Step - Prefixes'
-window=$(xdotool getactivewindow)
+window=$(xdotool getwindowfocus)
 timeout 60 xdotool mousemove --window "$window" 198 43 mousedown 1 \
   mousemove --window "$window" 220 35 mousemove --window "$window" 252 24 mouseup 1
 keys alt+a alt+o
 await titled Listwright
 keys alt+e Down Down Return
 await titled 'Beginning (Storage)'
-window=$(xdotool getactivewindow)
+window=$(xdotool getwindowfocus)
 timeout 60 xdotool windowsize "$window" 700 400
 is_wide() { xwininfo -id "$window" | grep -q 'Width: 700'; }
 await is_wide
@@ -107,7 +107,7 @@ grep -q '^StepBE_WT=10590' config/listwright/steps.ini &&
 # was until the user moves it.
 sees() {
   await titled "$1"
-  eval "$(timeout 20 xdotool getactivewindow getwindowgeometry --shell)"
+  eval "$(timeout 20 xdotool getwindowfocus getwindowgeometry --shell)"
   # The borders are counted twice.
   ((X >= 0 && Y >= 0 && (X <= 2 || X + WIDTH < 1280) && (Y <= 40 || Y + HEIGHT < 1024))) ||
     fail "$1 is at $X, $Y"
@@ -130,9 +130,13 @@ for scale in 1 3; do
     wait "$command"
   }
 done
-timeout 20 xdotool mousemove 99 9 mousedown 1 mousemove 160 90 mousemove 219 129 mouseup 1
-is_moved() { xwininfo -id "$WINDOW" | grep -q 'Absolute upper-left X: *121'; }
-await is_moved
+timeout 20 xdotool mousemove 99 9 mousedown 1
+moves() {
+  timeout 20 xdotool mousemove 160 90 mousemove 219 129
+  xwininfo -id "$WINDOW" | grep -q 'Absolute upper-left X: *121'
+}
+await moves
+timeout 20 xdotool mouseup 1
 keys Escape
 wait "$command"
 [ "$(grep -cE 'Step.*_(LT=40000|TT=-9000)|Listwright_.T=600$' config/listwright/steps.ini)" -eq 6 ] ||
