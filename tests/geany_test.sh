@@ -148,9 +148,10 @@ saved lf.txt 'xone\ntwo\n'
 no_dialog || fail 'a dialog from nowhere'
 cp "$lib/libkvrnstep.so.2" "$lib/kvrnstep-qt.so" lib/listwright
 
-# The dialog keeps its settings in Geany's folder, the entry of a type wins over them, and the
+# The dialog has the settings of every editor, the entry of a type wins over them, and the
 # preview looks like the document.
-settings=config/geany/plugins/listwright/steps.ini
+settings=config/listwright/steps.ini
+[ -f data/listwright/Prefix_Step.dat ] || fail 'another step folder'
 printf '[Listwright]\nUseDefault=1\nSelection=2\nSuffix=)\nDisplay=Preview\n' >"$settings"
 dialog ctrl+alt+l
 shown=$(xdotool getactivewindow)

@@ -23,10 +23,10 @@ static GeanyDocument* writableDocument(void) {
   return document;
 }
 
-/// The folder for step files and settings; null, and the user is told, where it cannot be made. To
-/// be freed.
-static char* provideStepFolder(const GeanyData* data) {
-  char* folder = g_build_filename(data->app->configdir, "plugins", "listwright", NULL);
+/// Listwright's folder below one of the user's, the same for every editor; null, and the user is
+/// told, where it cannot be made. To be freed.
+static char* provideFolder(const char* base) {
+  char* folder = g_build_filename(base, "listwright", NULL);
   const int failed = utils_mkdir(folder, TRUE);
   if (failed == 0) return folder;
   ui_set_statusbar(TRUE, "Listwright: cannot make the folder %s: %s", folder, g_strerror(failed));
@@ -76,18 +76,25 @@ static void replaceSelection(const GeanyData* data, GeanyDocument* document, con
   g_free(text);
 }
 
-/// Shows the dialog; `*list` as kvrnstep_show_dialog leaves it.
+/// Shows the dialog, if there are folders for its files; result and `*list` as those of
+/// kvrnstep_show_dialog.
 static int showDialog(const GeanyData* data, GeanyDocument* document, const Library* library,
-                      const char* stepFolder, ListKind kind, char** list) {
-  char* settings = g_build_filename(stepFolder, "steps.ini", NULL);
+                      ListKind kind, char** list) {
+  char* steps = provideFolder(g_get_user_data_dir());
+  char* settings = steps == NULL ? NULL : provideFolder(g_get_user_config_dir());
+  if (settings == NULL) {
+    g_free(steps);
+    return KVRNSTEP_CANCELLED;
+  }
+  char* settingsFile = g_build_filename(settings, "steps.ini", NULL);
   PangoFontDescription* font = editorFont(data, document);
   kvrnstep_dialog dialog;
   library->dialog_init(&dialog, sizeof dialog);
   dialog.iBuildStep = kind.iBuildStep;
   dialog.BuMenuMode = kind.BuMenuMode;
-  dialog.sPthStepFolder = stepFolder;
+  dialog.sPthStepFolder = steps;
   dialog.SEC_APP_NAME = "Listwright";
-  dialog.s_IniPathAndName = settings;
+  dialog.s_IniPathAndName = settingsFile;
   dialog.l_EditorBColor = defaultColor(document, SCI_STYLEGETBACK);
   dialog.l_EditorFColor = defaultColor(document, SCI_STYLEGETFORE);
   dialog.s_EditorFont = pango_font_description_get_family(font);
@@ -103,7 +110,9 @@ static int showDialog(const GeanyData* data, GeanyDocument* document, const Libr
   gtk_widget_destroy(shield);
 
   pango_font_description_free(font);
+  g_free(settingsFile);
   g_free(settings);
+  g_free(steps);
   return result;
 }
 
@@ -132,14 +141,12 @@ void insertStepList(const GeanyData* data, ListKind kind) {
     g_free(problem);
     return;
   }
-  char* stepFolder = provideStepFolder(data);
-  if (stepFolder == NULL) return;
 
   dialogIsOpen = TRUE;
   documentsAreGone = FALSE;
   const guint id = document->id;
   char* list = NULL;
-  const int result = showDialog(data, document, library, stepFolder, kind, &list);
+  const int result = showDialog(data, document, library, kind, &list);
   dialogIsOpen = FALSE;
 
   if (!documentsAreGone) {
@@ -148,5 +155,4 @@ void insertStepList(const GeanyData* data, ListKind kind) {
     if (result == KVRNSTEP_INSERTED && document != NULL) replaceSelection(data, document, list);
   }
   library->free(list);
-  g_free(stepFolder);
 }
