@@ -65,7 +65,6 @@ class frmListwright : public forms::Window {
   [[nodiscard]] std::u16string selectedStepFile() const;
   [[nodiscard]] generator::ListSettings settingsForFile() const;
   void show(const generator::ListSettings& settings);
-  static void put(forms::Spinner& spinner, forms::TextBox& box, std::int16_t value);
 
   // Editors
   void mnuEdits_Click(int index);

@@ -87,19 +87,12 @@ void frmListwright::show(const generator::ListSettings& settings) {
   txtEnd.setText(settings.Ending);
   cboPreSuf(0).setText(settings.Prefix);
   cboPreSuf(1).setText(settings.Suffix);
-  put(updLS, txtLS, settings.LineSpacing);
-  put(updBStart, txtBStart, settings.Start);
-  put(updBEndAt, txtBEndAt, settings.Count);
+  updLS.putValue(settings.LineSpacing);
+  updBStart.putValue(settings.Start);
+  updBEndAt.putValue(settings.Count);
   for (forms::CheckBox* box : chkLWO.all()) {
     box->setValue(settings.Option.at(static_cast<std::size_t>(box->index())));
   }
-}
-
-void frmListwright::put(forms::Spinner& spinner, forms::TextBox& box, std::int16_t value) {
-  spinner.setValue(value);
-  // A box that was left empty, say, while its spinner kept the number that comes now.
-  const std::u16string digits = text::decimal(spinner.value());
-  if (box.text() != digits) box.setText(digits);
 }
 
 void frmListwright::SaveStepFileAs() {

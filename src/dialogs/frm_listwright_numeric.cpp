@@ -53,7 +53,7 @@ void frmListwright::AskSpinnerValue(forms::Spinner& spinner, std::int32_t lMinVa
   const auto answer = toolkit_.ask({u"Preset value", prompt, text::decimal(spinner.value())});
   const auto number = text::wholeTextNumber(answer.value_or(u""));
   if (!number || *number < lMinValue || *number > lMaxValue) return;
-  if (const auto value = text::roundToInt32(*number)) spinner.setValue(*value);
+  if (const auto value = text::roundToInt32(*number)) spinner.putValue(*value);
 }
 
 }  // namespace kvrnstep::dialogs

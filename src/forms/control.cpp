@@ -502,14 +502,16 @@ Spinner::Spinner(Window& window, const ControlRow& row, Control* container)
     : Control(window, row, container), value_(row.value) {}
 
 void Spinner::setValue(std::int32_t value) {
-  const std::int32_t clamped = std::clamp(value, row().minimum, row().maximum);
-  const bool same = std::exchange(value_, clamped) == clamped;
-  // A value that had to be clamped came from a box that must not go on showing it.
-  if (same && clamped == value) return;
+  // A value that has to be clamped comes from a box that must not go on showing it.
+  if (value != value_) putValue(value);
+}
+
+void Spinner::putValue(std::int32_t value) {
+  value_ = std::clamp(value, row().minimum, row().maximum);
   changed(Property::Value);
   auto* buddy = static_cast<TextControl*>(window().find(row().buddy, row().buddyIndex));
   if (buddy == nullptr) return;
-  const std::string digits = std::to_string(clamped);
+  const std::string digits = std::to_string(value_);
   buddy->setText(std::u16string(digits.begin(), digits.end()));
 }
 

@@ -341,6 +341,8 @@ class Spinner : public Control {
   /// A value outside the range becomes the nearest end of it, which then goes into the box even
   /// if the spinner held it before.
   void setValue(std::int32_t value);
+  /// Writes the value into the box even if the spinner holds it: the box may have been emptied.
+  void putValue(std::int32_t value);
 
   [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
   bool set(Property property, const PropertyValue& value) override;
