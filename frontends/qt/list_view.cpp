@@ -54,15 +54,6 @@ ListView::ListView(WindowView& window, forms::ListBox& list)
                    });
 }
 
-QRect ListView::place() const {
-  QRect place = ControlView::place();
-  const int lowest = window().innerHeight() - 1;
-  if (control().container() == nullptr && place.top() < lowest) {
-    place.setHeight(std::min(place.height(), lowest - place.top()));
-  }
-  return place;
-}
-
 /// Under the selected entry.
 QPoint ListView::menuPlace() const {
   const QRect entry = widget_->visualRect(entries_->index(selectedRow()));
@@ -84,18 +75,13 @@ void ListView::selected() {
 
 void ListView::apply(const Changes& changes) {
   ControlView::apply(changes);
-  // Entries that were filled in anew, be they the same ones, are shown from the top unless the
-  // control says otherwise; what is selected then comes into view.
-  if (changes.has(Property::Items)) {
-    entries_->show(list().entries());
-    applyTopIndex();
-  }
-  if (changes.has(Property::Items) || changes.has(Property::Index)) applyIndex();
-  if (changes.has(Property::TopIndex)) {
-    applyTopIndex();
-  } else if (changes.has(Property::Index)) {
-    reportScroll();
-  }
+  const bool filled = changes.has(Property::Items);
+  const bool selected = filled || changes.has(Property::Index);
+  if (filled) entries_->show(list().entries());
+  if (selected) applyIndex();
+  // Last, because the widget scrolls on its own when it gets entries or a selected one.
+  if (selected || changes.has(Property::TopIndex)) applyTopIndex();
+  if (changes.has(Property::Index)) showSelected();
 }
 
 bool ListView::scrolledAsAsked() const {
@@ -103,7 +89,10 @@ bool ListView::scrolledAsAsked() const {
   return bar.value() == std::min(list().topIndex(), bar.maximum());
 }
 
-void ListView::reportScroll() {
+/// A scroll bar or a larger scale may leave room for fewer entries than the control counts on.
+void ListView::showSelected() {
+  const QModelIndex entry = entries_->index(list().entries().selected());
+  if (entry.isValid()) widget_->scrollTo(entry);
   if (!scrolledAsAsked()) forms::userScrolled(list(), widget_->verticalScrollBar()->value());
 }
 

@@ -30,14 +30,12 @@ class ListView : public ControlView {
 
  protected:
   void apply(const Changes& changes) override;
-  /// The list ends inside the window, wherever its own place ends.
-  [[nodiscard]] QRect place() const override;
 
  private:
   void applyIndex();
   void applyTopIndex();
   void selected();
-  void reportScroll();
+  void showSelected();
   /// Scrolled as far as the list reaches is as good as scrolled further.
   [[nodiscard]] bool scrolledAsAsked() const;
   [[nodiscard]] int selectedRow() const;

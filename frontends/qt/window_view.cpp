@@ -148,15 +148,11 @@ int WindowView::pixels(double units) const {
 }
 
 QRect WindowView::pixelPlace(const Control& control) const {
-  const forms::Rect& place = control.place();
+  const forms::Rect place = control.shownPlace();
   const int left = pixels(place.left);
   const int top = pixels(place.top);
   return {left, top, pixels(place.left + place.width) - left,
           pixels(place.top + place.height) - top};
-}
-
-int WindowView::innerHeight() const {
-  return pixels(window_.innerHeight());
 }
 
 Control* WindowView::controlAt(QPoint onScreen) const {
@@ -211,8 +207,6 @@ void WindowView::changed(Control& control, Property property) {
 void WindowView::changed(Property property) {
   changes_.add(property);
   arrangementChanged_ = true;
-  // What a list may take of the window depends on the window's height.
-  if (property == Property::Height) markKind(Kind::ListBox, Property::Width);
 }
 
 void WindowView::markKind(Kind kind, Property property) {

@@ -34,7 +34,6 @@ class WindowView final : public forms::View {
   // For the views of the controls.
   [[nodiscard]] QWidget* parentFor(const forms::Control& control);
   [[nodiscard]] QRect pixelPlace(const forms::Control& control) const;
-  [[nodiscard]] int innerHeight() const;
   /// The control that a click at that point of the screen would meet, or null.
   [[nodiscard]] forms::Control* controlAt(QPoint onScreen) const;
   /// Null in a window without menus.

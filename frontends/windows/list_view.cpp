@@ -73,15 +73,6 @@ void ListView::reportScroll() {
   if (top() != std::min(list().topIndex(), lowestTop())) forms::userScrolled(list(), top());
 }
 
-RECT ListView::place() const {
-  RECT place = ControlView::place();
-  const LONG lowest = window().innerPixelHeight() - 1;
-  if (control().container() == nullptr && place.top < lowest) {
-    place.bottom = std::min(place.bottom, lowest);
-  }
-  return place;
-}
-
 int ListView::selected() const {
   return static_cast<int>(::SendMessageW(handle(), LB_GETCURSEL, 0, 0));
 }
@@ -107,28 +98,34 @@ int ListView::top() const {
   return static_cast<int>(::SendMessageW(handle(), LB_GETTOPINDEX, 0, 0));
 }
 
-int ListView::lowestTop() const {
+int ListView::lines() const {
   RECT inside{};
   ::GetClientRect(handle(), &inside);
   const auto line = static_cast<int>(::SendMessageW(handle(), LB_GETITEMHEIGHT, 0, 0));
-  const int lines = line > 0 ? static_cast<int>(inside.bottom) / line : 0;
-  return std::max(0, static_cast<int>(entries_.size()) - lines);
+  return line > 0 ? static_cast<int>(inside.bottom) / line : 0;
+}
+
+int ListView::lowestTop() const {
+  return std::max(0, static_cast<int>(entries_.size()) - lines());
 }
 
 void ListView::apply(const Changes& changes) {
   ControlView::apply(changes);
-  // Entries that were filled in anew, be they the same ones, are shown from the top unless the
-  // control says otherwise; what is selected then comes into view.
-  if (changes.has(Property::Items)) {
-    applyEntries();
-    applyTopIndex();
+  const bool filled = changes.has(Property::Items);
+  const bool selected = filled || changes.has(Property::Index);
+  if (filled) applyEntries();
+  if (selected) applyIndex();
+  // Last, because the window scrolls on its own when it gets entries or a selected one.
+  if (selected || changes.has(Property::TopIndex)) applyTopIndex(list().topIndex());
+  if (changes.has(Property::Index)) showSelected();
+}
+
+/// A larger scale may leave room for fewer entries than the control counts on.
+void ListView::showSelected() {
+  if (top() + lines() <= list().entries().selected()) {
+    applyTopIndex(list().entries().selected() - lines() + 1);
   }
-  if (changes.has(Property::Items) || changes.has(Property::Index)) applyIndex();
-  if (changes.has(Property::TopIndex)) {
-    applyTopIndex();
-  } else if (changes.has(Property::Index)) {
-    reportScroll();
-  }
+  reportScroll();
 }
 
 void ListView::applyEntries() {
@@ -157,8 +154,8 @@ void ListView::applyIndex() {
   }
 }
 
-void ListView::applyTopIndex() {
-  ::SendMessageW(handle(), LB_SETTOPINDEX, static_cast<WPARAM>(list().topIndex()), 0);
+void ListView::applyTopIndex(int index) {
+  ::SendMessageW(handle(), LB_SETTOPINDEX, static_cast<WPARAM>(index), 0);
 }
 
 std::optional<forms::PropertyValue> ListView::shown(Property property) const {

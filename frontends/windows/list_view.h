@@ -21,17 +21,17 @@ class ListView : public ControlView {
 
  protected:
   void apply(const Changes& changes) override;
-  /// The list ends inside the window, wherever its own place ends.
-  [[nodiscard]] RECT place() const override;
   LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
 
  private:
   void applyEntries();
   void applyIndex();
-  void applyTopIndex();
+  void applyTopIndex(int index);
+  void showSelected();
   void reportScroll();
   [[nodiscard]] int selected() const;
   [[nodiscard]] int top() const;
+  [[nodiscard]] int lines() const;
   [[nodiscard]] int lowestTop() const;
   [[nodiscard]] forms::ListBox& list() const { return static_cast<forms::ListBox&>(control()); }
 

@@ -161,7 +161,7 @@ int WindowView::pixels(double units) const {
 }
 
 RECT WindowView::pixelPlace(const Control& control) const {
-  const forms::Rect& place = control.place();
+  const forms::Rect place = control.shownPlace();
   RECT inPixels{pixels(place.left), pixels(place.top), pixels(place.left + place.width),
                 pixels(place.top + place.height)};
   // What begins outside of its container would be shown without its edge.
@@ -171,10 +171,6 @@ RECT WindowView::pixelPlace(const Control& control) const {
 
 SIZE WindowView::inside() const {
   return {pixels(window_.innerWidth()), pixels(window_.innerHeight())};
-}
-
-int WindowView::innerPixelHeight() const {
-  return pixels(window_.innerHeight());
 }
 
 Control* WindowView::controlAt(POINT onScreen) const {
@@ -393,11 +389,6 @@ void WindowView::changed(Control& control, Property property) {
 void WindowView::changed(Property property) {
   changes_.add(property);
   arrangementChanged_ = true;
-  if (property != Property::Height) return;
-  // What a list may take of the window depends on the window's height.
-  for (const auto& view : views_) {
-    if (view->control().kind() == Kind::ListBox) view->mark(Property::Width);
-  }
 }
 
 void WindowView::update() {

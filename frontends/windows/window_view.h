@@ -43,7 +43,6 @@ class WindowView final : public forms::View, public Receiver {
   // For the views of the controls.
   [[nodiscard]] HWND parentFor(const forms::Control& control) const;
   [[nodiscard]] RECT pixelPlace(const forms::Control& control) const;
-  [[nodiscard]] int innerPixelHeight() const;
   [[nodiscard]] int dpi() const { return dpi_; }
   [[nodiscard]] HFONT captionFont() const { return captionFont_.get(); }
   /// The control that a click at that point of the screen would meet, or null.

@@ -405,12 +405,39 @@ void ListBox::setIndex(int index) {
   if (index < -1 || index >= ListCount()) return;
   if (std::exchange(entries_.selected_, index) == index) return;
   changed(Property::Index);
+  if (index >= 0) setTopIndex(topShowing(index));
   if (onClick) onClick(this->index());
 }
 
 void ListBox::setTopIndex(int index) {
   if (index >= 0 && index < ListCount()) topIndex_ = index;
   changed(Property::TopIndex);
+}
+
+Rect ListBox::shownPlace() const {
+  Rect shown = place();
+  const double onePixel = kTwipsPerPixel / window().design().twipsPerUnit;
+  const double room = window().innerHeight() - onePixel - shown.top;
+  if (container() == nullptr && room > 0) shown.height = std::min(shown.height, room);
+  return shown;
+}
+
+int ListBox::lines() const {
+  // Pixels at the nominal density, of the caption font and of both edges.
+  constexpr double kLine = 13;
+  constexpr double kEdges = 4;
+  const double pixels = shownPlace().height * window().design().twipsPerUnit / kTwipsPerPixel;
+  return std::max(1, static_cast<int>((pixels - kEdges) / kLine));
+}
+
+int ListBox::firstInView() const {
+  return std::clamp(topIndex_, 0, std::max(0, ListCount() - lines()));
+}
+
+int ListBox::topShowing(int index) const {
+  const int first = firstInView();
+  if (index < first) return index;
+  return index < first + lines() ? topIndex_ : index - lines() + 1;
 }
 
 std::optional<PropertyValue> ListBox::get(Property property) const {

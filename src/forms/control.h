@@ -120,6 +120,8 @@ class Control {
   void setLeft(double left);
   void setWidth(double width);
   void setPlace(const Rect& place);
+  /// What of the place the control takes.
+  [[nodiscard]] virtual Rect shownPlace() const { return place_; }
   [[nodiscard]] Picture picture() const { return picture_; }
   void setPicture(Picture picture);
   /// Resource id of the mouse cursor over the control; 0 for the usual one.
@@ -283,17 +285,28 @@ class ListBox : public Control {
   void InsertItem(int index, std::u16string text);
   /// Nothing is selected afterwards if it was the selected entry.
   void RemoveItem(int index);
-  /// Selects an entry, −1 for none, and raises onClick when that changes the selection.
+  /// Selects an entry, −1 for none, brings it into view and raises onClick, all when that changes
+  /// the selection.
   void setIndex(int index);
   [[nodiscard]] int topIndex() const { return topIndex_; }
   /// Scrolls so that the entry is the first visible one, as far as the list reaches. Where there
-  /// is no such entry the list stays where it is, even if another one was selected just before.
+  /// is no such entry the list stays where it is.
   void setTopIndex(int index);
+  /// The entry that really is the first visible one.
+  [[nodiscard]] int firstInView() const;
+  /// The top index that brings the entry into view with the least scrolling; the present one if
+  /// the entry is in view.
+  [[nodiscard]] int topShowing(int index) const;
+  /// Ends inside the window.
+  [[nodiscard]] Rect shownPlace() const override;
 
   [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
   bool set(Property property, const PropertyValue& value) override;
 
  private:
+  /// How many entries are in view at once.
+  [[nodiscard]] int lines() const;
+
   Entries entries_;
   int topIndex_ = 0;
 };

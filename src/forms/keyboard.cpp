@@ -42,7 +42,7 @@ bool click(Control* button) {
 /// Where nothing is selected yet the arrows begin with what is in view.
 bool selectFirst(ListBox& list) {
   if (list.entries().selected() >= 0 || list.ListCount() == 0) return false;
-  userClickedEntry(list, list.topIndex());
+  userClickedEntry(list, list.firstInView());
   return true;
 }
 

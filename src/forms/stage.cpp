@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "forms/user_actions.h"
+
 namespace kvrnstep::forms {
 
 namespace {
@@ -207,8 +209,10 @@ class Stage::Command {
     if (words_.size() < 2) return action(std::optional<int>());
     const auto entry = wholeNumber(words_[1]);
     if (!entry || control.kind() != Kind::ListBox) return wrong("no list entry");
-    const auto& list = static_cast<ListBox&>(control);
+    auto& list = static_cast<ListBox&>(control);
     if (*entry < 0 || *entry >= list.ListCount()) return doneIf(false);
+    // A user scrolls to the entry first.
+    if (const int top = list.topShowing(*entry); top != list.topIndex()) userScrolled(list, top);
     return action(entry);
   }
 

@@ -93,6 +93,8 @@ void Window::setHeight(double twips) {
 
 void Window::resized() {
   for (const auto& control : controls_) {
+    // What a list takes of its place depends on the window's height.
+    if (control->kind() == Kind::ListBox) changed(*control, Property::Width);
     if (control->kind() != Kind::StatusBar) continue;
     const double height = control->place().height;
     control->setPlace({0, innerHeight() - height, innerWidth(), height});
