@@ -58,9 +58,7 @@ void setUp(const kvrnstep::dialogs::frmListwright& dialog, const ListSettings& s
 }
 
 void previewRefresh(benchmark::State& state) {
-  kvrnstep::plugin::HostContext host;
-  host.bytSpcCount = 4;
-  kvrnstep::bench::inDialog(host, [&](kvrnstep::dialogs::frmListwright& dialog) {
+  kvrnstep::bench::inDialog([&](kvrnstep::dialogs::frmListwright& dialog) {
     setUp(dialog, everyOption());
     for (auto _ : state) dialog.RefreshPreview();
   });

@@ -1,14 +1,17 @@
 #pragma once
 
 #include "dialogs/frm_listwright.h"
+#include "folder.h"
 #include "forms/user_actions.h"
 #include "headless_toolkit.h"
+#include "text/codepage.h"
 
 namespace kvrnstep::bench {
 
-/// Opens the dialog on the headless front end, does `work` with it and closes it.
+/// Opens the dialog on the headless front end, with its files in a folder of its own, does `work`
+/// with it and closes it.
 template <class Work>
-void inDialog(plugin::HostContext& host, Work work) {
+void inDialog(Work work) {
   class Worker final : public forms::Pilot {
    public:
     Worker(dialogs::frmListwright& dialog, Work& work) : dialog_(dialog), work_(work) {}
@@ -23,6 +26,11 @@ void inDialog(plugin::HostContext& host, Work work) {
     dialogs::frmListwright& dialog_;
     Work& work_;
   };
+  const Folder folder;
+  plugin::HostContext host;
+  host.bytSpcCount = 4;
+  host.sPthStepFolder = text::fromBytes(folder.path());
+  host.s_IniPathAndName = text::fromBytes(folder("steps.ini"));
   headless::HeadlessToolkit toolkit;
   dialogs::frmListwright dialog(toolkit, host);
   Worker worker(dialog, work);

@@ -8,25 +8,22 @@
 #include <filesystem>
 #include <string>
 
+#include "folder.h"
+
 namespace {
 
 namespace fs = std::filesystem;
 
 class Copies {
  public:
-  Copies() { fs::create_directories(folder_); }
-  ~Copies() { fs::remove_all(folder_); }
-  Copies(const Copies&) = delete;
-  Copies& operator=(const Copies&) = delete;
-
   fs::path copyOf(const char* library) {
-    fs::path copy = folder_ / (std::to_string(count_++) + ".so");
-    fs::copy_file(library, copy, fs::copy_options::overwrite_existing);
+    fs::path copy = folder_(std::to_string(count_++) + ".so");
+    fs::copy_file(library, copy);
     return copy;
   }
 
  private:
-  fs::path folder_ = fs::temp_directory_path() / "listwright-bench";
+  const kvrnstep::bench::Folder folder_;
   int count_ = 0;
 };
 

@@ -3,7 +3,6 @@
 #include <benchmark/benchmark.h>
 #include <dirent.h>
 
-#include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -14,29 +13,18 @@
 
 namespace {
 
-namespace fs = std::filesystem;
-
 /// 10,000 step files, made once and gone at the end.
-class FullFolder {
+class FullFolder : public kvrnstep::bench::Folder {
  public:
   FullFolder() {
-    fs::create_directories(path_);
     for (int i = 0; i < 10'000; ++i) {
-      const auto name = "Numb_Tasks_" + std::to_string(i * 7919 % 10'000) + "_0_1_5-IS+I.step";
-      std::ofstream(path_ / name) << '\n';
+      std::ofstream((*this)("Numb_Tasks_" + std::to_string(i * 7919 % 10'000) + "_0_1_5-IS+I.step"))
+          << '\n';
     }
   }
-  ~FullFolder() { fs::remove_all(path_); }
-  FullFolder(const FullFolder&) = delete;
-  FullFolder& operator=(const FullFolder&) = delete;
-
-  [[nodiscard]] const fs::path& path() const { return path_; }
-
- private:
-  fs::path path_ = fs::temp_directory_path() / "listwright-bench-steps";
 };
 
-const fs::path& folderOfStepFiles() {
+const std::string& folderOfStepFiles() {
   static const FullFolder kFolder;
   return kFolder.path();
 }
@@ -54,9 +42,8 @@ void directoryLoop(benchmark::State& state) {
 BENCHMARK(directoryLoop)->Unit(benchmark::kMicrosecond);
 
 void stepFileList(benchmark::State& state) {
-  const auto folder = kvrnstep::text::fromBytes(folderOfStepFiles().string());
-  kvrnstep::plugin::HostContext host;
-  kvrnstep::bench::inDialog(host, [&](const kvrnstep::dialogs::frmListwright& dialog) {
+  const auto folder = kvrnstep::text::fromBytes(folderOfStepFiles());
+  kvrnstep::bench::inDialog([&](const kvrnstep::dialogs::frmListwright& dialog) {
     auto& list = *static_cast<kvrnstep::forms::ListBox*>(dialog.find("lstStepf", -1));
     for (auto _ : state) {
       list.Clear();

@@ -4,11 +4,11 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
 
+#include "folder.h"
 #include "storage/list_file.h"
 #include "storage/settings_store.h"
 #include "text/codepage.h"
@@ -16,25 +16,7 @@
 namespace kvrnstep {
 namespace {
 
-/// A folder that is gone when the benchmark ends.
-class Folder {
- public:
-  Folder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "bench-XXXXXX").string();
-    path_ = ::mkdtemp(pattern.data());
-  }
-  ~Folder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-
-  [[nodiscard]] std::string operator()(const char* name) const { return path_ + "/" + name; }
-
- private:
-  std::string path_;
-};
+using bench::Folder;
 
 struct Target {
   std::vector<std::u16string> entries;
