@@ -3,6 +3,7 @@
 tests=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 work=$(mktemp -d)
 trap 'kill $(jobs -p) 2>/dev/null; wait; chmod -R u+w "$work"; rm -rf "$work"' EXIT
+export TMPDIR=$work
 cd "$work" || exit 1
 mkfifo .pause
 failed=0

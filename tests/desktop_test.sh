@@ -65,8 +65,11 @@ keys 2 alt+i
 wait "$command"
 printf '    1. \n    2. \n' | cmp - out || fail 'How many?: another list'
 
-# A host in Python, which a library with sanitizers does not trust by itself.
-library=$bin/../lib/libkvrnstep.so
+# A host in Python, which a library with sanitizers does not trust by itself. The library writes an
+# icon into the folder in which it is.
+mkdir lib
+cp "$bin"/../lib/{libkvrnstep.so,kvrnstep-qt.so} lib
+library=lib/libkvrnstep.so
 sanitizer=$(ldd "$library" | sed -n 's/.*libasan.* => \([^ ]*\).*/\1/p')
 begin env LD_PRELOAD="$sanitizer" ASAN_OPTIONS=detect_leaks=0 \
   python3 "$tests/hosts/python_host.py" "$library" "$work"

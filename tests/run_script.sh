@@ -38,6 +38,8 @@ same() {
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 mkdir "$work/run"
+# Qt keeps there how its file dialogs looked.
+export XDG_CONFIG_HOME=$work
 [ ! -d "$folder/before" ] || cp -R "$folder/before/." "$work/run"
 
 # shellcheck disable=SC2086 # a command with its arguments, or nothing
