@@ -52,18 +52,24 @@ printf '    1. \n    2. \n    3. \n' >wanted
 keeps 'the list'
 keeps 'the list, asked for a second time,'
 
-# A slow hand, with the preview: the key that closes a message comes up in the box behind it.
+# A slow hand, with the preview: a click marks the number, and the key that closes a message comes up
+# in the box behind it.
 begin "$bin/listwright"
+window=$(xdotool getwindowfocus)
+is_wide() { xwininfo -id "$window" | grep -q "Width: $1"; }
 keys alt+o Up Return
-timeout 60 xdotool mousemove --window "$(xdotool getactivewindow)" 400 178 click 1
+await is_wide 542
+timeout 60 xdotool mousemove --window "$window" 328 178 click 1
+keys 2
+timeout 60 xdotool mousemove --window "$window" 400 178 click 1
 keys BackSpace
 await titled 'How many?'
 xdotool keydown Return
 await titled Listwright
 xdotool keyup Return
-keys 2 alt+i
+keys 3 alt+i
 wait "$command"
-printf '    1. \n    2. \n' | cmp - out || fail 'How many?: another list'
+printf '    2. \n    3. \n' | cmp - out || fail 'How many?: another list'
 
 # A host in Python, which a library with sanitizers does not trust by itself. The library writes an
 # icon into the folder in which it is.
@@ -95,8 +101,7 @@ keys alt+e Down Down Return
 await titled 'Beginning (Storage)'
 window=$(xdotool getwindowfocus)
 timeout 60 xdotool windowsize "$window" 700 400
-is_wide() { xwininfo -id "$window" | grep -q 'Width: 700'; }
-await is_wide
+await is_wide 700
 keys alt+o
 await titled Listwright
 keys ctrl+q

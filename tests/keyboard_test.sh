@@ -64,12 +64,15 @@ types =
 keys Return alt+o
 await titled Listwright
 
-# A beginning, stored in the second slot and applied by the picture beside it.
+# A beginning, stored in the second slot and applied by the picture beside it. Tab leads to the
+# beginning of what is there.
 keys alt+e Up Up Return
 await titled 'Beginning (Storage)'
 keys Tab
-types 'To do:'
-keys Return Tab space
+types 'do:'
+keys Return Tab shift+Tab
+types 'To '
+keys Tab space
 await titled Listwright
 
 # Alt+O is the menu's, not the Open button's. Both panels are shown, and the list is saved.

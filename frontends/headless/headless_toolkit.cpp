@@ -111,7 +111,9 @@ std::optional<std::u16string> chosen(Choose choose) {
 }  // namespace
 
 void HeadlessToolkit::runModal(Window& window) {
+  const Control* before = std::exchange(focus_, nullptr);
   while (!window.unloaded()) pilot_->act();
+  focus_ = before;
 }
 
 std::optional<std::u16string> HeadlessToolkit::ask(const forms::Question& /*question*/) {
@@ -153,6 +155,7 @@ bool HeadlessToolkit::click(Control& control, MouseButton button, std::optional<
   if (control.kind() == Kind::ListBox) {
     if (entry) forms::userClickedEntry(static_cast<ListBox&>(control), *entry);
   } else {
+    enter(control);
     forms::userClicked(control);
   }
   return true;
@@ -168,7 +171,15 @@ bool HeadlessToolkit::doubleClick(Control& control, std::optional<int> entry) {
   return true;
 }
 
+void HeadlessToolkit::enter(Control& control) {
+  if (control.kind() == Kind::Spinner || control.kind() == Kind::Menu) return;
+  const bool elsewhere = std::exchange(focus_, &control) != &control;
+  if (!elsewhere || !forms::holdsText(control)) return;
+  forms::userEntered(static_cast<TextControl&>(control), forms::Way::Click);
+}
+
 bool HeadlessToolkit::type(TextControl& box, std::u16string_view text) {
+  enter(box);
   forms::userSelected(box, {box.text().size(), 0});
   while (!text.empty() && !box.window().unloaded()) {
     const auto character = text::firstCharacter(text);
@@ -179,6 +190,7 @@ bool HeadlessToolkit::type(TextControl& box, std::u16string_view text) {
 }
 
 bool HeadlessToolkit::clear(TextControl& box) {
+  enter(box);
   forms::userSelected(box, {0, box.text().size()});
   forms::userPressedKey(box, kDelete);
   if (!box.row().readOnly && !box.text().empty()) replaceSelection(box, u"");
@@ -187,6 +199,7 @@ bool HeadlessToolkit::clear(TextControl& box) {
 }
 
 bool HeadlessToolkit::select(TextControl& box, TextSelection selection) {
+  enter(box);
   forms::userSelected(box, selection);
   return true;
 }

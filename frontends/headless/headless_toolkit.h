@@ -46,7 +46,11 @@ class HeadlessToolkit final : public forms::DrivenToolkit {
   }
 
  private:
+  /// A click brings the keyboard to a control.
+  void enter(forms::Control& control);
+
   forms::Pilot* pilot_ = nullptr;
+  const forms::Control* focus_ = nullptr;  ///< what was clicked or typed into last
   bool popUpOpen_ = false;
 };
 

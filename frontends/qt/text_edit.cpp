@@ -121,6 +121,11 @@ qsizetype TextEdit::room() const {
   return box_.row().maxLength - static_cast<qsizetype>(shownText().size()) + marked;
 }
 
+void TextEdit::focusInEvent(QFocusEvent* event) {
+  Typing<QPlainTextEdit>::focusInEvent(event);
+  ensureCursorVisible();
+}
+
 void TextEdit::keyPressEvent(QKeyEvent* event) {
   const bool lineBreak = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool typesText = lineBreak || (!event->text().isEmpty() && event->text()[0].isPrint());

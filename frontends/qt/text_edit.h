@@ -22,6 +22,7 @@ class TextEdit : public SharpFrame<Typing<QPlainTextEdit>> {
   void select(forms::TextSelection selection);
 
  protected:
+  void focusInEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void insertFromMimeData(const QMimeData* source) override;
 

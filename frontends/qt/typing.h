@@ -2,7 +2,9 @@
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <functional>
+#include <utility>
 
 #include "forms/user_actions.h"
 
@@ -25,8 +27,19 @@ class Typing : public Base {
   std::function<bool(const QKeyEvent&)> onPressed;
   std::function<bool(const QString&)> onComposed;
   std::function<void()> onTaken;
+  std::function<bool(forms::Way)> onEntered;
 
  protected:
+  void focusInEvent(QFocusEvent* event) override {
+    Base::focusInEvent(event);
+    enteredByClick_ = event->reason() == Qt::MouseFocusReason;
+    if (onEntered && isByKey(*event)) onEntered(forms::Way::Tab);
+  }
+  void mousePressEvent(QMouseEvent* event) override {
+    const bool dealtWith =
+        std::exchange(enteredByClick_, false) && onEntered && onEntered(forms::Way::Click);
+    if (!dealtWith) Base::mousePressEvent(event);
+  }
   void keyPressEvent(QKeyEvent* event) override {
     if (onPressed && !onPressed(*event)) {
       event->accept();
@@ -41,6 +54,13 @@ class Typing : public Base {
     Base::inputMethodEvent(refused ? &nothing : event);
     if (!refused && onTaken && !event->commitString().isEmpty()) onTaken();
   }
+
+ private:
+  static bool isByKey(const QFocusEvent& event) {
+    return event.reason() == Qt::TabFocusReason || event.reason() == Qt::BacktabFocusReason;
+  }
+
+  bool enteredByClick_ = false;
 };
 
 /// Lets the widget ask and tell the control.
@@ -48,6 +68,7 @@ template <class Base>
 void connectKeys(Typing<Base>& widget, forms::TextControl& box) {
   widget.onPressed = [&box](const QKeyEvent& event) { return mayType(box, event); };
   widget.onComposed = [&box](const QString& characters) { return mayType(box, characters); };
+  widget.onEntered = [&box](forms::Way way) { return forms::userEntered(box, way); };
   widget.onTaken = [&widget, &box] { releaseComposed(widget, box); };
 }
 

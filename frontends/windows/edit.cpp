@@ -58,11 +58,19 @@ LRESULT Edit::received(UINT message, WPARAM wide, LPARAM longer) {
       !forms::userTypes(box_, static_cast<char16_t>(wide))) {
     return 0;
   }
+  if (message == WM_LBUTTONDOWN && entered()) return 0;
   if (message == WM_CHAR && wide == VK_BACK) markPair(true);
   if (message == WM_KEYDOWN && wide == VK_DELETE) markPair(false);
   const LRESULT result = ::DefSubclassProc(handle_, message, wide, longer);
   if (movesCaret(message)) reportSelection();
   return result;
+}
+
+/// By a click, which then has nothing else to do.
+bool Edit::entered() {
+  if (::GetFocus() == handle_) return false;
+  ::SetFocus(handle_);
+  return forms::userEntered(box_, forms::Way::Click);
 }
 
 /// A character of two units goes as a whole, which not every system sees to.

@@ -36,6 +36,7 @@ class Edit {
   static LRESULT CALLBACK procedure(HWND handle, UINT message, WPARAM wide, LPARAM longer,
                                     UINT_PTR id, DWORD_PTR edit);
   LRESULT received(UINT message, WPARAM wide, LPARAM longer);
+  bool entered();
   void markPair(bool beforeCaret);
   [[nodiscard]] LRESULT wantedKeys(WPARAM wide, LPARAM longer) const;
   [[nodiscard]] bool showsText() const;

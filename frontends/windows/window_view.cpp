@@ -212,7 +212,7 @@ bool WindowView::translates(MSG& message) {
   }
   const HWND before = ::GetFocus();
   const bool taken = ::IsDialogMessageW(handle_, &message) != FALSE;
-  if (taken && message.message == WM_KEYDOWN && ::GetFocus() != before) chooseFocusedOption();
+  if (taken && message.message == WM_KEYDOWN && ::GetFocus() != before) enteredByKey();
   return taken;
 }
 
@@ -266,12 +266,16 @@ POINT WindowView::menuPlace() const {
   return mouse;
 }
 
-/// On some systems an arrow key leads to an option without choosing it.
-void WindowView::chooseFocusedOption() {
-  const ControlView* view = viewAt(::GetFocus());
-  if (view == nullptr || view->control().kind() != Kind::OptionButton) return;
-  auto& option = static_cast<forms::OptionButton&>(view->control());
-  if (!option.value()) forms::userClicked(option);
+void WindowView::enteredByKey() {
+  const ControlView* view = viewWithKeys(::GetFocus());
+  if (view == nullptr) return;
+  Control& control = view->control();
+  if (forms::holdsText(control)) {
+    forms::userEntered(static_cast<forms::TextControl&>(control), forms::Way::Tab);
+  } else if (control.kind() == Kind::OptionButton) {
+    // On some systems an arrow key leads to an option without choosing it.
+    if (!static_cast<forms::OptionButton&>(control).value()) forms::userClicked(control);
+  }
 }
 
 LRESULT WindowView::received(HWND window, UINT message, WPARAM wide, LPARAM longer) {

@@ -79,7 +79,7 @@ class WindowView final : public forms::View, public Receiver {
   void arrange();
   void arrangeDepth(const std::vector<forms::Control*>& order);
   void giveFocus(HWND before);
-  void chooseFocusedOption();
+  void enteredByKey();
   void tellOf(const MSG& message);
   [[nodiscard]] ControlView* viewWithKeys(HWND target) const;
   bool pressed(const MSG& message);

@@ -72,6 +72,7 @@ struct ControlRow {
   bool clickable = false;           ///< labels and images: react to mouse and keyboard
   bool draggable = false;           ///< labels: a drag begins as soon as they are pressed
   bool readOnly = false;            ///< text boxes: the user reads and copies only
+  bool markedByClick = false;       ///< text boxes: a click marks the text as Tab does
   int maxLength = 0;                ///< text boxes: most characters a user can type; 0 is no limit
   std::u16string_view text{};       ///< text boxes: first text
   std::string_view buddy{};         ///< spinners: the text box that shows the value; labels: what

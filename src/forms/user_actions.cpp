@@ -87,6 +87,13 @@ void userSpun(Spinner& spinner, bool up) {
   if (handler) handler(spinner.index());
 }
 
+bool userEntered(TextControl& box, Way way) {
+  const UserAction action(box.window());
+  if (way == Way::Click && !box.row().markedByClick) return false;
+  box.setSelection({0, box.row().multiLine ? 0 : box.text().size()});
+  return true;
+}
+
 void userPressedKey(Control& focus, KeyCode key) {
   auto& held = UserAction::heldKeys(focus.window());
   held.erase(key);

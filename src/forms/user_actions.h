@@ -27,6 +27,12 @@ void userChose(ComboBox& combo, int index);
 /// An arrow of a spinner was clicked.
 void userSpun(Spinner& spinner, bool up);
 
+/// How a user brings the keyboard to a box.
+enum class Way : std::uint8_t { Tab, Click };
+/// The user has brought the keyboard to a box. What Tab leads to is marked, so that typing replaces
+/// it; of several lines it shows the first one. A click marks the text of some boxes, too.
+/// False: the caret is left to the front end.
+bool userEntered(TextControl& box, Way way);
 /// A key went down while the control had the keyboard, whatever the key does. Repeats of a key that
 /// is held are not told.
 void userPressedKey(Control& focus, KeyCode key);

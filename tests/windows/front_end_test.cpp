@@ -121,12 +121,16 @@ Steps::Step expectFocus(const char* name) {
 TEST(WindowsKeyboard, TabLeadsThroughTheWindowAndBack) {
   TestWindow window;
   window.at("second").setEnabled(false);
+  auto& text = window.as<forms::TextBox>("text");
+  text.setText(u"one\r\ntwo");
+  text.setSelection({5, 0});
   show(window, {expectFocus("text"), press(VK_TAB), expectFocus("first"), press(VK_TAB),
                 expectFocus("option(0)"), press(VK_TAB), expectFocus("combo"), press(VK_TAB),
                 expectFocus("link"), press(VK_TAB), expectFocus("text"), press(VK_TAB, VK_SHIFT),
                 expectFocus("link")});
-  // Several lines take neither Tab nor Escape for themselves.
-  EXPECT_EQ(window.as<forms::TextBox>("text").text(), u"");
+  // Several lines take neither Tab nor Escape for themselves, and show the first one.
+  EXPECT_EQ(text.text(), u"one\r\ntwo");
+  EXPECT_EQ(text.selection(), forms::TextSelection());
 }
 
 TEST(WindowsKeyboard, ArrowKeysSelectAmongTheOptionsOfAGroup) {
