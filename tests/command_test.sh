@@ -32,16 +32,11 @@ check 0 '    --end=a--x=\n' '' --list --type alphabetical --end 1 --prefix --end
 check 0 'kvrn Listwright\t2.0.0\n' '' -V
 
 check 2 '' '1 to 99' --list
-check 2 '' '1 to 99' --list --end=
-check 2 '' '1 to 99' --list --end 0
-check 2 '' '1 to 99' --list --end 100
-check 2 '' '1 to 99' --list --end 99999999999999999999
-check 2 '' '1 to 99' --list --end 3 --start 1.5
+for end in '' 0 100 1.5 99999999999999999999; do check 2 '' '1 to 99' --list --end="$end"; done
 check 2 '' '--start 5, --end 3' --list --start 5 --end 3
 check 2 '' '0 to 9' --list --end 3 --line-spacing 10
 check 2 '' '0 to 255' --list --end 3 --indent -1
-check 2 '' 'end takes exactly one value' --list --end
-check 2 '' 'end takes exactly one value' --list --end 3 --end 4
+check 2 '' 'end takes exactly one value' --list --end 3 --end
 check 2 '' 'space takes no value' --list --end 3 --space=x
 check 2 '' 'numbered, alphabetical, roman and prefix-suffix' --list --end 3 --type Roman
 check 2 '' '--bogus; --help' --bogus
