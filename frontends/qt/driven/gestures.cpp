@@ -42,8 +42,9 @@ Qt::MouseButton qtButton(MouseButton button) {
 bool clickListEntry(QAbstractItemView& list, int entry, Qt::MouseButton button, Presses presses) {
   const QModelIndex index = list.model()->index(entry, 0);
   if (!index.isValid()) return false;
-  if (!list.viewport()->rect().contains(list.visualRect(index))) list.scrollTo(index);
-  return clickAt(*list.viewport(), list.visualRect(index).center(), button, presses);
+  list.scrollTo(index);
+  const QRect inView = list.visualRect(index) & list.viewport()->rect();
+  return clickAt(*list.viewport(), inView.center(), button, presses);
 }
 
 /// Puts the keyboard into the box with a click, and the caret or the mark where it is wanted.
