@@ -7,7 +7,6 @@
 #include "dialogs/frm_listwright.h"
 #include "dialogs/frm_step_be.h"
 #include "dialogs/frm_step_ps_edit.h"
-#include "forms/reading_order.h"
 #include "forms/user_actions.h"
 
 namespace kvrnstep::forms {
@@ -52,25 +51,6 @@ TEST_P(InEachWindow, EveryControlHasANameOfItsOwn) {
       EXPECT_TRUE(!name.empty() && names.insert(name).second) << control->scriptName();
     }
   }
-}
-
-TEST(Keyboard, TheMenuBarHasAltO) {
-  const Window window(dialogs::frmListwrightDesign());
-  EXPECT_EQ(mnemonicOf(*window.find("mnuOption", -1)), u'O');
-  EXPECT_EQ(drawnCaption(*window.find("cmdCIC", 5)), u"Open...");
-  EXPECT_EQ(drawnCaption(*window.find("cmdCIC", 3)), u"&Save As...");
-}
-
-TEST(Keyboard, TabLeadsFromEachLabelToItsBox) {
-  const Window window(dialogs::frmListwrightDesign());
-  std::string order;
-  for (const Control* control : tabOrder(window)) {
-    if (control->reachable() && (takesKeyboard(*control) || control->kind() == Kind::ComboBox)) {
-      order += control->scriptName() + " ";
-    }
-  }
-  EXPECT_EQ(order, "lblD(0) cboPreSuf(0) lblD(1) cboPreSuf(1) lblD(5) lblD(4) ");
-  EXPECT_EQ(firstFocus(window), window.find("optNA", 0));
 }
 
 TEST(Keyboard, AReleaseCountsInTheBoxThatSawThePress) {
