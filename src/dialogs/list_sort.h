@@ -15,7 +15,6 @@ namespace kvrnstep::dialogs {
 void SortList(forms::ListBox& lstSort);
 
 /// Sorts the items from index `lMin` to index `lMax`, both included, and leaves the others alone.
-/// Takes time in proportion to n log n and a few kilobytes of stack, whatever the items are.
 void QuickSortStrings(std::vector<std::u16string>& sItems, std::int32_t lMin, std::int32_t lMax);
 
 }  // namespace kvrnstep::dialogs

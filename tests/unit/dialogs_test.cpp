@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
-#include <pthread.h>
 
 #include <algorithm>
 #include <array>
-#include <random>
 
 #include "dialogs/case_conversion.h"
 #include "dialogs/frm_step_be.h"
@@ -21,31 +19,6 @@ namespace {
 using tests::TemporaryFolder;
 using Items = std::vector<std::u16string>;
 
-/// Runs the work on the smallest stack that a host gives a thread.
-void onSmallStack(void (*work)()) {
-  constexpr std::size_t kStack = 256 * 1024;
-  pthread_attr_t attributes;
-  pthread_attr_init(&attributes);
-  ASSERT_EQ(pthread_attr_setstacksize(&attributes, kStack), 0);
-  pthread_t thread{};
-  const auto run = [](void* function) -> void* {
-    reinterpret_cast<void (*)()>(function)();
-    return nullptr;
-  };
-  ASSERT_EQ(pthread_create(&thread, &attributes, run, reinterpret_cast<void*>(work)), 0);
-  pthread_join(thread, nullptr);
-  pthread_attr_destroy(&attributes);
-}
-
-Items numbered(int count, int (*number)(int)) {
-  Items items;
-  for (int i = 0; i < count; ++i) {
-    const std::string digits = std::to_string(1'000'000 + number(i));
-    items.emplace_back(digits.begin(), digits.end());
-  }
-  return items;
-}
-
 TEST(Sort, ByCodeUnits) {
   Items items{u"b", u"B",  u"a",      u"A", u"Item10", u"Item2", u"Item",
               u"ä", u" z", u"\xE000", u"9", u"é",      u"a",     u"\xD83D\xDE00"};
@@ -57,31 +30,6 @@ TEST(Sort, ByCodeUnits) {
   QuickSortStrings(part, 1, 2);
   QuickSortStrings(part, 3, 0);
   EXPECT_EQ(part, (Items{u"d", u"b", u"c", u"a"}));
-}
-
-TEST(Sort, WhateverTheEntriesAre) {
-  onSmallStack([] {
-    constexpr int kMost = 32'001;
-    static std::minstd_rand random(7);
-    const std::vector<int (*)(int)> kinds{
-        [](int i) { return i; },
-        [](int i) { return -i + kMost; },
-        [](int) { return 5; },
-        [](int i) { return i % 2; },
-        [](int i) { return std::min(i, kMost - i); },
-        [](int i) { return i * i % 180; },
-        [](int) { return static_cast<int>(random() % kMost); },
-    };
-    for (const auto kind : kinds) {
-      for (const int count : {1, 2, 15, 16, 17, 18, 200, kMost}) {
-        Items items = numbered(count, kind);
-        Items expected = items;
-        std::ranges::sort(expected);
-        QuickSortStrings(items, 0, count - 1);
-        EXPECT_EQ(items, expected) << count;
-      }
-    }
-  });
 }
 
 TEST(LetterCase, OfWholeTexts) {
