@@ -1,9 +1,6 @@
-// The generator and the preview refresh, against copying the bytes they make.
+// The generator, and the preview refresh around it.
 
 #include <benchmark/benchmark.h>
-
-#include <cstring>
-#include <vector>
 
 #include "generator/generator.h"
 #include "in_dialog.h"
@@ -23,17 +20,6 @@ ListSettings everyOption() {
           .Beginning = u"Beginning\r\n",
           .Ending = u"Ending"};
 }
-
-void copyOfTheBytes(benchmark::State& state) {
-  const auto text = kvrnstep::generator::generateList(everyOption(), 4);
-  std::vector<char16_t> target(text.size());
-  for (auto _ : state) {
-    std::memcpy(target.data(), text.data(), text.size() * sizeof(char16_t));
-    benchmark::DoNotOptimize(target.data());
-    benchmark::ClobberMemory();
-  }
-}
-BENCHMARK(copyOfTheBytes);
 
 void generator(benchmark::State& state) {
   const auto settings = everyOption();

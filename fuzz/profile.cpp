@@ -29,7 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string value = input.ConsumeRandomLengthString(32);
   const std::string bytes = input.ConsumeRemainingBytesAsString();
 
-  judges::ObviousProfile judge(bytes);
+  fuzz::ObviousProfile judge(bytes);
   const auto expected = judge.value(section, key);
   const auto read = platform::profileValue(bytes, section, key);
   fuzz::check(read.has_value() == expected.has_value(), "a key is there or not");
@@ -41,7 +41,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!platform::isProfileName(section, key)) return 0;
 
   const auto again = platform::profileValue(written, section, key);
-  fuzz::check(again && *again == judges::ObviousProfile::readable(value), "a value comes back");
+  fuzz::check(again && *again == fuzz::ObviousProfile::readable(value), "a value comes back");
   const auto other = platform::profileValue(written, section, otherKey);
   fuzz::check(other.has_value() == judge.value(section, otherKey).has_value(), "others stay there");
   fuzz::check(platform::withProfileValue(written, section, key, value).size() >= written.size() ||

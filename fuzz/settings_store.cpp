@@ -66,7 +66,7 @@ class Session {
 
   FuzzedDataProvider& input_;
   std::u16string file_;
-  judges::ObviousProfile judge_;
+  fuzz::ObviousProfile judge_;
 };
 
 }  // namespace

@@ -1,17 +1,10 @@
 #pragma once
 
 #include <string>
-
-#include "generator/text_builder.h"
+#include <string_view>
 
 /// A step number as text. What cannot be written in a style is the empty text.
 namespace kvrnstep::generator {
-
-// Each style appends to a text that is being built; the functions below make a text of its own.
-void appendNumber(TextBuilder& text, int number);
-void appendLetters(TextBuilder& text, int number);
-void appendRoman(TextBuilder& text, int number);
-void appendOrdinal(TextBuilder& text, int number);
 
 /// Decimal digits without leading zeros; nothing for 0.
 std::u16string numberText(int number);
@@ -24,6 +17,6 @@ std::u16string ToStepLetters(int iNumber);
 std::u16string ToRomanNumeral(int iNumber);
 
 /// "st", "nd", "rd" or "th"; nothing for 0.
-std::u16string OrdinalSuffix(int number);
+std::u16string_view OrdinalSuffix(int number);
 
 }  // namespace kvrnstep::generator

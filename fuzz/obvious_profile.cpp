@@ -5,7 +5,7 @@
 #include "platform/letter_case.h"
 #include "text/codepage.h"
 
-namespace kvrnstep::judges {
+namespace kvrnstep::fuzz {
 
 namespace {
 
@@ -148,4 +148,4 @@ std::string ObviousProfile::bytes() const {
   return bytes;
 }
 
-}  // namespace kvrnstep::judges
+}  // namespace kvrnstep::fuzz

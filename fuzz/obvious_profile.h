@@ -6,7 +6,7 @@
 
 /// Settings files once more, read and written line by line without regard to speed: the judge of
 /// the real functions.
-namespace kvrnstep::judges {
+namespace kvrnstep::fuzz {
 
 class ObviousProfile {
  public:
@@ -41,4 +41,4 @@ class ObviousProfile {
   std::vector<Line> lines_;
 };
 
-}  // namespace kvrnstep::judges
+}  // namespace kvrnstep::fuzz
