@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/letter_case.h"
 #include "text/codepage.h"
+#include "text/letter_case.h"
 
 namespace kvrnstep::fuzz {
 
@@ -21,8 +21,7 @@ bool isSame(const std::string& name, const std::string& section) {
   if (lower(name) == lower(section)) return true;
   const auto ascii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
   if (std::ranges::all_of(name, ascii) || std::ranges::all_of(section, ascii)) return false;
-  return std::ranges::equal(text::fromBytes(name), text::fromBytes(section), {},
-                            platform::lowerCase, platform::lowerCase);
+  return text::equalIgnoringCase(text::fromBytes(name), text::fromBytes(section));
 }
 
 std::string trimmed(std::string text) {

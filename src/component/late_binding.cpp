@@ -3,22 +3,18 @@
 #include <algorithm>
 
 #include "component/late_values.h"
-#include "text/text.h"
+#include "text/letter_case.h"
 
 namespace kvrnstep::component {
 
 namespace {
 
-bool sameName(std::u16string_view one, std::u16string_view other) {
-  return text::equalIgnoringCase(text::toAscii(one), text::toAscii(other));
-}
-
 /// The number of the row with that name, or DISPID_UNKNOWN.
 template <class Row>
 const Row* named(std::span<const Row> rows, const OLECHAR* name) {
   const std::u16string_view wanted(reinterpret_cast<const char16_t*>(name));
-  const auto found =
-      std::ranges::find_if(rows, [&](const Row& row) { return sameName(row.name, wanted); });
+  const auto found = std::ranges::find_if(
+      rows, [&](const Row& row) { return text::equalIgnoringCase(row.name, wanted); });
   return found == rows.end() ? nullptr : &*found;
 }
 

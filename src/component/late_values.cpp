@@ -6,8 +6,8 @@
 #include <variant>
 
 #include "component/bstr.h"
+#include "text/letter_case.h"
 #include "text/numbers.h"
-#include "text/text.h"
 
 namespace kvrnstep::component {
 
@@ -111,9 +111,8 @@ HRESULT readWhole(const VARIANT& argument, Whole& value) {
 }
 
 std::optional<bool> truthOf(std::u16string_view text) {
-  const std::string ascii = text::toAscii(text);
-  if (text::equalIgnoringCase(ascii, "True")) return true;
-  if (text::equalIgnoringCase(ascii, "False")) return false;
+  if (text::equalIgnoringCase(text, u"True")) return true;
+  if (text::equalIgnoringCase(text, u"False")) return false;
   if (const auto number = text::wholeTextNumber(text)) return *number != 0;
   return std::nullopt;
 }

@@ -1,10 +1,10 @@
 #include "dialogs/frm_listwright.h"
 #include "dialogs/window_position.h"
-#include "platform/files.h"
 #include "stepfiles/open_defaults.h"
 #include "storage/list_file.h"
 #include "storage/settings_store.h"
 #include "text/numbers.h"
+#include "text/paths.h"
 
 namespace kvrnstep::dialogs {
 
@@ -27,10 +27,7 @@ void frmListwright::writeKey(std::u16string_view key, std::u16string_view value)
 }
 
 std::u16string frmListwright::stepFolderPath(std::u16string_view name) const {
-  std::u16string path = host_.sPthStepFolder;
-  path += platform::kSeparator;
-  path += name;
-  return path;
+  return text::inFolder(host_.sPthStepFolder, name);
 }
 
 void frmListwright::Form_Load() {

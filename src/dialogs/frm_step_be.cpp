@@ -3,7 +3,7 @@
 #include <array>
 
 #include "dialogs/window_position.h"
-#include "platform/files.h"
+#include "text/paths.h"
 
 namespace kvrnstep::dialogs {
 
@@ -68,10 +68,7 @@ void frmStepBE::Form_QueryUnload() {
 }
 
 std::u16string frmStepBE::storageFile() const {
-  std::u16string path = host_.sPthStepFolder;
-  path += platform::kSeparator;
-  path += stepfiles::storedTextsFile(DoBegEnd() != 0);
-  return path;
+  return text::inFolder(host_.sPthStepFolder, stepfiles::storedTextsFile(DoBegEnd() != 0));
 }
 
 void frmStepBE::LoadOrSaveSlots(bool bolSave, const std::u16string& sFile) {

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "dialogs/case_conversion.h"
 #include "dialogs/list_sort.h"
 #include "dialogs/window_position.h"
-#include "platform/files.h"
 #include "plugin/alert_sound.h"
 #include "storage/list_file.h"
+#include "text/letter_case.h"
+#include "text/paths.h"
 
 namespace kvrnstep::dialogs {
 
@@ -72,10 +72,7 @@ void frmStepPSEdit::assignHandlers() {
 
 std::optional<std::u16string> frmStepPSEdit::listFile() const {
   if (PivitWhat >= kLists.size()) return std::nullopt;
-  std::u16string path = host_.sPthStepFolder;
-  path += platform::kSeparator;
-  path += kLists.at(PivitWhat).file;
-  return path;
+  return text::inFolder(host_.sPthStepFolder, kLists.at(PivitWhat).file);
 }
 
 void frmStepPSEdit::Form_Load() {
@@ -124,7 +121,7 @@ int frmStepPSEdit::findExact(const std::u16string& text) const {
   if (const auto found = findEntry(lstEdit, text)) return *found;
   const auto& entries = lstEdit.entries().all();
   const auto found = std::ranges::find_if(
-      entries, [&](const std::u16string& entry) { return equalIgnoringCase(entry, text); });
+      entries, [&](const std::u16string& entry) { return text::equalIgnoringCase(entry, text); });
   return found == entries.end() ? -1 : static_cast<int>(found - entries.begin());
 }
 
@@ -190,7 +187,7 @@ void frmStepPSEdit::cmdSort_Click() {
 }
 
 void frmStepPSEdit::cmdCases_Click(int Index) {
-  constexpr std::array kConversions{properCase, lowerCase, upperCase};
+  constexpr std::array kConversions{text::properCase, text::lowerCase, text::upperCase};
   txtAdd.setText(kConversions.at(static_cast<std::size_t>(Index))(txtAdd.text()));
   setFocus(txtAdd);
 }

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "generator/numerals.h"
-#include "platform/letter_case.h"
+#include "text/letter_case.h"
 #include "text/numbers.h"
 #include "text/text.h"
 
@@ -47,7 +47,7 @@ void addLabel(std::u16string& list, const ListSettings& settings, Numeral numera
   std::u16string label = numeral(step);
   const bool hasCase = settings.Selection != Numbered;
   if (hasCase && !settings.on(UpperCase)) {
-    std::ranges::transform(label, label.begin(), platform::lowerCase);
+    label = text::lowerCase(label);
   }
   list.append(width - std::min(width, label.size()), u' ');
   list += label;

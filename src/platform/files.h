@@ -10,19 +10,6 @@
 /// system takes bytes, it gets them as UTF-8. A path with a NUL in it names nothing.
 namespace kvrnstep::platform {
 
-/// Stands between folder and file name in the paths that the plug-in builds.
-#ifdef _WIN32
-inline constexpr char16_t kSeparator = u'\\';
-#else
-inline constexpr char16_t kSeparator = u'/';
-#endif
-
-/// Slash and backslash both, on every platform: hosts hand over paths of either kind.
-bool isSeparator(char16_t character);
-
-/// The path without the one separator at its end, if there is one.
-std::u16string withoutTrailingSeparator(std::u16string_view path);
-
 /// The content of a regular file. Nothing for a folder, a device, a file that cannot be read, or
 /// one of more than `largest` bytes.
 std::optional<std::string> readFile(const std::u16string& path,

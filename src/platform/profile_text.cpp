@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <string>
 
-#include "platform/letter_case.h"
 #include "platform/profile.h"
 #include "platform/profile_lines.h"
 #include "text/codepage.h"
+#include "text/letter_case.h"
 #include "text/text.h"
 
 namespace kvrnstep::platform {
@@ -23,16 +23,11 @@ bool isAscii(std::string_view text) {
   return std::ranges::all_of(text, [](unsigned char byte) { return byte < kEndOfAscii; });
 }
 
-std::u16string smallLetters(std::string_view bytes) {
-  std::u16string text = text::fromBytes(bytes);
-  std::ranges::transform(text, text.begin(), lowerCase);
-  return text;
-}
-
 /// Another system may have written the section, in its own encoding.
 bool isSameSection(std::string_view inFile, std::string_view section) {
   if (text::equalIgnoringCase(inFile, section)) return true;
-  return !isAscii(inFile) && !isAscii(section) && smallLetters(inFile) == smallLetters(section);
+  return !isAscii(inFile) && !isAscii(section) &&
+         text::equalIgnoringCase(text::fromBytes(inFile), text::fromBytes(section));
 }
 
 Search search(std::string_view bytes, std::string_view section, std::string_view key) {

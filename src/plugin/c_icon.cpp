@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "platform/icons.h"
 #include "platform/module.h"
+#include "text/paths.h"
 
 namespace kvrnstep::plugin {
 
@@ -11,9 +12,7 @@ std::u16string cIcon::RequestProgramIcon(std::int16_t piIndex101to103) {
   if (piIndex101to103 < 101 || piIndex101to103 > 103) return {};
   const auto icon = platform::iconFile(piIndex101to103);
   if (!icon) return {};
-  std::u16string path = platform::moduleFolder();
-  path += platform::kSeparator;
-  path += u"Stepicon.ico";
+  const std::u16string path = text::inFolder(platform::moduleFolder(), u"Stepicon.ico");
   return platform::replaceFile(path, *icon) ? path : std::u16string();
 }
 

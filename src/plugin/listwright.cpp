@@ -6,6 +6,7 @@
 #include "plugin/host_context.h"
 #include "plugin/plugin_folder.h"
 #include "storage/text_file.h"
+#include "text/paths.h"
 
 namespace kvrnstep::plugin {
 
@@ -13,12 +14,12 @@ namespace {
 
 std::u16string settingsFile(const std::u16string& named) {
   if (!named.empty()) return named;
-  return GetPluginFolder() + platform::kSeparator + u"steps.ini";
+  return text::inFolder(GetPluginFolder(), u"steps.ini");
 }
 
 /// The named folder, made if it is missing, or the plug-in folder.
 std::u16string stepFolder(const std::u16string& named) {
-  std::u16string folder = platform::withoutTrailingSeparator(named);
+  std::u16string folder = text::withoutTrailingSeparator(named);
   if (folder.empty()) return GetPluginFolder();
   if (!storage::PathExists(folder)) platform::createFolder(folder);
   return folder;

@@ -1,12 +1,12 @@
 #include "plugin/plugin_folder.h"
 
-#include "platform/files.h"
 #include "platform/module.h"
+#include "text/paths.h"
 
 namespace kvrnstep::plugin {
 
 std::u16string GetPluginFolder() {
-  return platform::withoutTrailingSeparator(platform::moduleFolder());
+  return text::withoutTrailingSeparator(platform::moduleFolder());
 }
 
 }  // namespace kvrnstep::plugin

@@ -2,10 +2,10 @@
 
 #include <string_view>
 
-#include "platform/files.h"
 #include "storage/settings_store.h"
 #include "storage/text_file.h"
 #include "text/numbers.h"
+#include "text/paths.h"
 
 namespace kvrnstep::stepfiles {
 
@@ -33,13 +33,6 @@ std::u16string optionKey(std::size_t option) {
   return u"Option" + text::decimal(static_cast<std::int64_t>(option));
 }
 
-std::u16string textFile(const OpenDefaultsPlace& place, std::u16string_view name) {
-  std::u16string path = place.stepFolder;
-  path += platform::kSeparator;
-  path += name;
-  return path;
-}
-
 }  // namespace
 
 OpenDefaults readOpenDefaults(const OpenDefaultsPlace& place) {
@@ -53,8 +46,8 @@ OpenDefaults readOpenDefaults(const OpenDefaultsPlace& place) {
   defaults.Start = read(place, u"Start", u"1");
   defaults.Count = read(place, u"Count", u"3");
   defaults.LineSpacing = read(place, u"LineSpacing", u"0");
-  defaults.Beginning = storage::ReadTextFile(textFile(place, kBeginningFile));
-  defaults.Ending = storage::ReadTextFile(textFile(place, kEndingFile));
+  defaults.Beginning = storage::ReadTextFile(text::inFolder(place.stepFolder, kBeginningFile));
+  defaults.Ending = storage::ReadTextFile(text::inFolder(place.stepFolder, kEndingFile));
   return defaults;
 }
 
@@ -69,8 +62,8 @@ void writeOpenDefaults(const OpenDefaultsPlace& place, const OpenDefaults& defau
   write(place, u"Start", defaults.Start);
   write(place, u"Count", defaults.Count);
   write(place, u"LineSpacing", defaults.LineSpacing);
-  storage::WriteTextFile(textFile(place, kBeginningFile), defaults.Beginning);
-  storage::WriteTextFile(textFile(place, kEndingFile), defaults.Ending);
+  storage::WriteTextFile(text::inFolder(place.stepFolder, kBeginningFile), defaults.Beginning);
+  storage::WriteTextFile(text::inFolder(place.stepFolder, kEndingFile), defaults.Ending);
 }
 
 bool openDefaultsOn(const OpenDefaultsPlace& place) {

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "platform/files.h"
+#include "text/paths.h"
 
 namespace kvrnstep::stepfiles {
 
 std::u16string PathPart(const std::u16string& path, PathMode mode) {
-  const auto separator = std::ranges::find_if(path.rbegin(), path.rend(), platform::isSeparator);
+  const auto separator = std::ranges::find_if(path.rbegin(), path.rend(), text::isSeparator);
   if (separator == path.rend()) return {};
   std::u16string folder(path.begin(), separator.base());
   std::u16string name(separator.base(), path.end());

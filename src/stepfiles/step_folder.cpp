@@ -3,34 +3,30 @@
 #include <algorithm>
 
 #include "platform/files.h"
-#include "platform/letter_case.h"
 #include "stepfiles/step_record.h"
-#include "text/characters.h"
+#include "text/letter_case.h"
+#include "text/paths.h"
 #include "text/text.h"
 
 namespace kvrnstep::stepfiles {
 
 namespace {
 
-/// Whether the name ends in ".step", whatever the letter case.
 bool isStepFile(std::u16string_view name) {
-  if (name.size() < kStepExtension.size()) return false;
-  return std::ranges::equal(name.substr(name.size() - kStepExtension.size()), kStepExtension, {},
-                            platform::lowerCase);
+  return name.size() >= kStepExtension.size() &&
+         text::equalIgnoringCase(name.substr(name.size() - kStepExtension.size()), kStepExtension);
 }
 
 /// The order of a list for people: letter case decides only between names that are otherwise
 /// equal.
 bool comesBefore(std::u16string_view one, std::u16string_view other) {
-  const std::size_t shorter = std::min(one.size(), other.size());
-  for (std::size_t i = text::lengthInCommon(one, other); i < shorter; ++i) {
-    if (one[i] == other[i]) continue;
-    const char16_t inOne = platform::lowerCase(one[i]);
-    const char16_t inOther = platform::lowerCase(other[i]);
-    if (inOne != inOther) return inOne < inOther;
+  const auto [inOne, inOther] = std::ranges::mismatch(one, other, [](char16_t a, char16_t b) {
+    return a == b || text::smallLetter(a) == text::smallLetter(b);
+  });
+  if (inOne != one.end() && inOther != other.end()) {
+    return text::smallLetter(*inOne) < text::smallLetter(*inOther);
   }
-  if (one.size() != other.size()) return one.size() < other.size();
-  return one < other;
+  return one.size() != other.size() ? one.size() < other.size() : one < other;
 }
 
 }  // namespace
@@ -44,11 +40,7 @@ std::vector<std::u16string> stepFileEntries(const std::u16string& folder) {
 }
 
 std::u16string pathOfEntry(const std::u16string& folder, const std::u16string& entry) {
-  std::u16string path = folder;
-  path += platform::kSeparator;
-  path += entry;
-  path += kStepExtension;
-  return path;
+  return text::inFolder(folder, entry).append(kStepExtension);
 }
 
 }  // namespace kvrnstep::stepfiles

@@ -6,6 +6,8 @@
 #include <cstring>
 #include <type_traits>
 
+#include "text/characters.h"
+
 namespace kvrnstep::text {
 
 namespace {
@@ -104,18 +106,9 @@ void append(std::string& bytes, char32_t code) {
   }
 }
 
-bool isHighSurrogate(char16_t unit) {
-  return (unit & 0xFC00U) == 0xD800U;
-}
-bool isLowSurrogate(char16_t unit) {
-  return (unit & 0xFC00U) == 0xDC00U;
-}
-
-/// The character at a place, a surrogate pair put together.
-char32_t codeAt(std::u16string_view text, std::size_t at) {
-  const char16_t unit = text[at];
-  if (!isHighSurrogate(unit) || at + 1 == text.size() || !isLowSurrogate(text[at + 1])) return unit;
-  return 0x10000U + ((unit & 0x3FFU) << 10U) + (text[at + 1] & 0x3FFU);
+char32_t codeOf(std::u16string_view character) {
+  if (character.size() == 1) return character[0];
+  return 0x10000U + ((character[0] & 0x3FFU) << 10U) + (character[1] & 0x3FFU);
 }
 
 /// Adds a run of ASCII to a text of the other width.
@@ -138,9 +131,9 @@ std::string toUtf8(std::u16string_view text) {
       at += run;
       continue;
     }
-    const char32_t code = codeAt(text, at);
-    append(bytes, code);
-    at += code < 0x10000 ? 1 : 2;
+    const auto character = firstCharacter(text.substr(at));
+    append(bytes, codeOf(character));
+    at += character.size();
   }
   return bytes;
 }

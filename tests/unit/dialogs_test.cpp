@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "dialogs/case_conversion.h"
 #include "dialogs/frm_step_be.h"
 #include "dialogs/frm_step_ps_edit.h"
 #include "dialogs/list_sort.h"
@@ -30,18 +29,6 @@ TEST(Sort, ByCodeUnits) {
   QuickSortStrings(part, 1, 2);
   QuickSortStrings(part, 3, 0);
   EXPECT_EQ(part, (Items{u"d", u"b", u"c", u"a"}));
-}
-
-TEST(LetterCase, OfWholeTexts) {
-  EXPECT_EQ(upperCase(u"{step_#} åéßñ ω я 1"), u"{STEP_#} ÅÉßÑ Ω Я 1");
-  EXPECT_EQ(lowerCase(u"{STEP_R} ÅÉÑ Ω Я ŸŽ"), u"{step_r} åéñ ω я ÿž");
-  EXPECT_EQ(properCase(u"oNE tWO\tthree\rfour\nfive\vsix\fseven"),
-            u"One Two\tThree\rFour\nFive\vSix\fSeven");
-  EXPECT_EQ(properCase(std::u16string_view(u"a\0b", 3)), std::u16string_view(u"A\0B", 3));
-  EXPECT_EQ(properCase(u"{STEP_#} o'neil x-ray 2ND éCOLE\xA0next"),
-            u"{step_#} O'neil X-ray 2nd École\xA0next");
-  EXPECT_TRUE(equalIgnoringCase(u"Éa Ñ", u"éA ñ"));
-  EXPECT_FALSE(equalIgnoringCase(u"a", u"a "));
 }
 
 TEST(ScreenPlace, IsNearAndOnTheScreens) {

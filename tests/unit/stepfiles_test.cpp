@@ -4,13 +4,13 @@
 #include <vector>
 
 #include "generator/list_settings.h"
-#include "platform/files.h"
 #include "platform_temporary_folder.h"
 #include "stepfiles/path_part.h"
 #include "stepfiles/step_file_name.h"
 #include "stepfiles/step_folder.h"
 #include "stepfiles/step_record.h"
 #include "stepfiles/stored_texts.h"
+#include "text/paths.h"
 
 namespace kvrnstep::stepfiles {
 
@@ -130,7 +130,7 @@ TEST(StepFolder, ListsForPeople) {
                                          u"Z.Step", u"Ä", u"äb"}));
   EXPECT_TRUE(stepFileEntries(folder("missing")).empty());
   EXPECT_EQ(pathOfEntry(u"steps", u"A.STEP"),
-            u"steps" + std::u16string(1, platform::kSeparator) + u"A.STEP.step");
+            u"steps" + std::u16string(1, text::kSeparator) + u"A.STEP.step");
 }
 
 TEST(StoredTexts, OneRecordEach) {

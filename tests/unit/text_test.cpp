@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "text/letter_case.h"
+#include "text/paths.h"
+
 namespace kvrnstep::text {
 namespace {
 
@@ -26,6 +29,26 @@ TEST(ReplaceText, ReplacesFromLeftToRight) {
       {u"ab", u"abc", u"x", u"ab"},         {u"abc", u"abc", u"", u""},
   };
   for (const auto& c : cases) EXPECT_EQ(ReplaceText(c.text, c.find, c.with), c.result);
+}
+
+TEST(LetterCase, OfWholeTexts) {
+  EXPECT_EQ(upperCase(u"{step_#} åéßñ ω я 1"), u"{STEP_#} ÅÉßÑ Ω Я 1");
+  EXPECT_EQ(lowerCase(u"{STEP_R} ÅÉÑ Ω Я ŸŽ"), u"{step_r} åéñ ω я ÿž");
+  EXPECT_EQ(properCase(u"oNE tWO\tthree\rfour\nfive\vsix\fseven"),
+            u"One Two\tThree\rFour\nFive\vSix\fSeven");
+  EXPECT_EQ(properCase(std::u16string_view(u"a\0b", 3)), std::u16string_view(u"A\0B", 3));
+  EXPECT_EQ(properCase(u"{STEP_#} o'neil x-ray 2ND éCOLE\xA0next"),
+            u"{step_#} O'neil X-ray 2nd École\xA0next");
+  EXPECT_TRUE(equalIgnoringCase(u"Éa Ñ", u"éA ñ"));
+  EXPECT_FALSE(equalIgnoringCase(u"a", u"a "));
+}
+
+TEST(Paths, Separators) {
+  EXPECT_EQ(withoutTrailingSeparator(u"/a/b/"), u"/a/b");
+  EXPECT_EQ(withoutTrailingSeparator(u"C:\\a\\"), u"C:\\a");
+  EXPECT_EQ(withoutTrailingSeparator(u"a//"), u"a/");
+  EXPECT_EQ(withoutTrailingSeparator(u"C:"), u"C:");
+  EXPECT_EQ(withoutTrailingSeparator(u""), u"");
 }
 
 TEST(EqualIgnoringCase, KnowsTheLettersOfAsciiOnly) {

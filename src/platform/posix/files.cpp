@@ -14,15 +14,6 @@
 
 namespace kvrnstep::platform {
 
-bool isSeparator(char16_t character) {
-  return character == u'/' || character == u'\\';
-}
-
-std::u16string withoutTrailingSeparator(std::u16string_view path) {
-  if (!path.empty() && isSeparator(path.back())) path.remove_suffix(1);
-  return std::u16string(path);
-}
-
 std::optional<std::string> readFile(const std::u16string& path, std::size_t largest) {
   return readNativeFile(nativePath(path), largest);
 }

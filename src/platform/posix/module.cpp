@@ -5,9 +5,9 @@
 #include <cstdlib>
 #include <memory>
 
-#include "platform/files.h"
 #include "platform/posix/native_path.h"
 #include "text/codepage.h"
+#include "text/paths.h"
 #include "text/text.h"
 
 namespace kvrnstep::platform {
@@ -45,7 +45,7 @@ std::u16string moduleFolder() {
   if (path == nullptr) return {};
   const std::string folder = *path == '/' ? resolvedFolder(path) : folderOfRelativePath;
   if (folder == "/") return u"/";
-  return withoutTrailingSeparator(text::fromBytes(folder));
+  return text::withoutTrailingSeparator(text::fromBytes(folder));
 }
 
 std::u16string moduleVersion() {

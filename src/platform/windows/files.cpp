@@ -44,15 +44,6 @@ std::optional<std::string> readAll(HANDLE file, std::size_t size) {
 
 }  // namespace
 
-bool isSeparator(char16_t character) {
-  return character == u'/' || character == u'\\';
-}
-
-std::u16string withoutTrailingSeparator(std::u16string_view path) {
-  if (!path.empty() && isSeparator(path.back())) path.remove_suffix(1);
-  return std::u16string(path);
-}
-
 std::optional<std::string> readFile(const std::u16string& path, std::size_t largest) {
   const Handle file = openFile(path, GENERIC_READ, OPEN_EXISTING);
   LARGE_INTEGER size{};

@@ -3,10 +3,10 @@
 #include <array>
 #include <cstring>
 
-#include "platform/files.h"
 #include "platform/windows/native_path.h"
 #include "platform/windows/this_module.h"
 #include "text/numbers.h"
+#include "text/paths.h"
 #include "text/windows/wide.h"
 
 namespace kvrnstep::platform {
@@ -55,7 +55,7 @@ std::u16string modulePath() {
 
 std::u16string moduleFolder() {
   const std::u16string folder = folderPart(modulePath());
-  return folder.ends_with(u":\\") ? folder : withoutTrailingSeparator(folder);
+  return folder.ends_with(u":\\") ? folder : text::withoutTrailingSeparator(folder);
 }
 
 std::u16string moduleVersion() {

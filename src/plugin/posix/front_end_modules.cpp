@@ -1,10 +1,10 @@
 #include <utility>
 
 #include "forms/front_end_module.h"
-#include "platform/files.h"
 #include "platform/module.h"
 #include "plugin/front_end_source.h"
 #include "plugin/plugin_folder.h"
+#include "text/paths.h"
 #include "text/text.h"
 
 namespace kvrnstep::plugin {
@@ -15,8 +15,7 @@ namespace {
 template <class Function>
 auto toolkitOf(const std::string& module, const char* symbol, std::string& problem)
     -> decltype(std::declval<Function*>()(&problem)) {
-  const std::u16string path =
-      GetPluginFolder() + platform::kSeparator + text::fromAscii(module + ".so");
+  const std::u16string path = text::inFolder(GetPluginFolder(), text::fromAscii(module + ".so"));
   void* library = platform::loadModule(path, problem);
   if (library == nullptr) return nullptr;
   auto* function = reinterpret_cast<Function*>(platform::symbolOf(library, symbol));

@@ -22,17 +22,6 @@ class ReplaceFile : public testing::Test {
   tests::TemporaryFolder folder;
 };
 
-TEST(Paths, Separators) {
-  EXPECT_TRUE(isSeparator(u'/'));
-  EXPECT_TRUE(isSeparator(u'\\'));
-  EXPECT_FALSE(isSeparator(u':'));
-  EXPECT_EQ(withoutTrailingSeparator(u"/a/b/"), u"/a/b");
-  EXPECT_EQ(withoutTrailingSeparator(u"C:\\a\\"), u"C:\\a");
-  EXPECT_EQ(withoutTrailingSeparator(u"a//"), u"a/");
-  EXPECT_EQ(withoutTrailingSeparator(u"a"), u"a");
-  EXPECT_EQ(withoutTrailingSeparator(u""), u"");
-}
-
 TEST(Files, ReadsRegularFilesOnly) {
   const tests::TemporaryFolder folder;
   folder.put("file", "a\0\r\n\xFF"s);

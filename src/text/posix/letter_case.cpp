@@ -1,10 +1,10 @@
-#include "platform/letter_case.h"
+#include "text/letter_case.h"
 
 #include <clocale>
 #include <cwctype>
 #include <limits>
 
-namespace kvrnstep::platform {
+namespace kvrnstep::text {
 
 namespace {
 
@@ -30,26 +30,11 @@ class Alphabets {
   locale_t locale_;
 };
 
-char16_t convert(char16_t character, wint_t (*conversion)(wint_t, locale_t)) {
-  static const Alphabets alphabets;
-  return alphabets.convert(character, conversion);
-}
-
-constexpr char16_t kEndOfAscii = 0x80;
-constexpr char16_t kFromCapitalToSmall = u'a' - u'A';
-
 }  // namespace
 
-char16_t lowerCase(char16_t character) {
-  if (character >= kEndOfAscii) return convert(character, towlower_l);
-  const bool capital = character >= u'A' && character <= u'Z';
-  return static_cast<char16_t>(capital ? character + kFromCapitalToSmall : character);
+char16_t detail::inCase(char16_t character, LetterCase wanted) {
+  static const Alphabets alphabets;
+  return alphabets.convert(character, wanted == LetterCase::Small ? towlower_l : towupper_l);
 }
 
-char16_t upperCase(char16_t character) {
-  if (character >= kEndOfAscii) return convert(character, towupper_l);
-  const bool small = character >= u'a' && character <= u'z';
-  return static_cast<char16_t>(small ? character - kFromCapitalToSmall : character);
-}
-
-}  // namespace kvrnstep::platform
+}  // namespace kvrnstep::text
