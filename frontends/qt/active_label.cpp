@@ -6,6 +6,8 @@
 #include <QStyle>
 
 #include "qt_colors.h"
+#include "text.h"
+#include "text/text.h"
 
 namespace kvrnstep::qt {
 
@@ -117,7 +119,7 @@ void ActiveLabel::paintFocus(QPainter& painter) const {
   constexpr int kGap = 2;
   constexpr float kFaint = 0.25F;
   const QRect words = style()->itemTextRect(fontMetrics(), rect(), static_cast<int>(alignment()),
-                                            true, text().remove(u'&'));
+                                            true, toQt(text::withoutMnemonic(fromQt(text()))));
   const QColor line = palette().color(QPalette::Highlight);
   QColor ground = line;
   ground.setAlphaF(kFaint);

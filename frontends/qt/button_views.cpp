@@ -11,6 +11,7 @@
 #include "forms/user_actions.h"
 #include "qt_fonts.h"
 #include "text.h"
+#include "text/text.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {
@@ -68,7 +69,8 @@ void ButtonView::apply(const Changes& changes) {
   if (!changes.has(Property::Caption) && !changes.has(Property::Width)) return;
   const QString caption = toQt(forms::drawnCaption(control()));
   if (button_->text() != caption) button_->setText(caption);
-  const QFont font = fittedCaptionFont(withoutMnemonic(control().caption()), captionWidth());
+  const QString plain = toQt(text::withoutMnemonic(control().caption()));
+  const QFont font = fittedCaptionFont(plain, captionWidth());
   useFont(*button_, font);
 }
 

@@ -8,6 +8,7 @@
 #include "forms/user_actions.h"
 #include "qt_fonts.h"
 #include "text.h"
+#include "text/text.h"
 #include "text_views.h"
 #include "window_view.h"
 
@@ -81,7 +82,7 @@ void ComboView::apply(const Changes& changes) {
 std::optional<forms::PropertyValue> ComboView::shown(Property property) const {
   switch (property) {
     case Property::Items:
-      return entries_->joined();
+      return text::joined(entries_->texts());
     case Property::Index:
       return static_cast<double>(box_->currentIndex());
     default:

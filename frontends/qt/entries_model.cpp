@@ -11,15 +11,6 @@ void EntriesModel::show(const forms::Entries& entries) {
   endResetModel();
 }
 
-std::u16string EntriesModel::joined() const {
-  std::u16string result;
-  for (const std::u16string& text : texts_) {
-    if (&text != &texts_.front()) result += u' ';
-    result += text;
-  }
-  return result;
-}
-
 int EntriesModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(texts_.size());
 }

@@ -15,8 +15,7 @@ class EntriesModel : public QAbstractListModel {
 
   /// Takes the entries over, if they are not what is shown already.
   void show(const forms::Entries& entries);
-  /// Separated by one blank.
-  [[nodiscard]] std::u16string joined() const;
+  [[nodiscard]] const std::vector<std::u16string>& texts() const { return texts_; }
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;

@@ -6,6 +6,7 @@
 #include "forms/user_actions.h"
 #include "qt_fonts.h"
 #include "text.h"
+#include "text/text.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {
@@ -115,7 +116,7 @@ void ListView::applyTopIndex() {
 std::optional<forms::PropertyValue> ListView::shown(Property property) const {
   switch (property) {
     case Property::Items:
-      return entries_->joined();
+      return text::joined(entries_->texts());
     case Property::Index:
       return static_cast<double>(selectedRow());
     case Property::TopIndex:

@@ -9,6 +9,7 @@
 #include "qt_colors.h"
 #include "qt_fonts.h"
 #include "text.h"
+#include "text/text.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {
@@ -83,7 +84,7 @@ void LabelView::apply(const Changes& changes) {
   }
   if (!changes.has(Property::Caption) && !changes.has(Property::Width)) return;
   // Without a buddy a plain label takes no mnemonic and would show its mark.
-  const QString plain = withoutMnemonic(control().caption());
+  const QString plain = toQt(text::withoutMnemonic(control().caption()));
   const bool marked = label_->buddy() != nullptr || label_->canBeActivated();
   drawn_ = marked ? toQt(forms::drawnCaption(control())) : plain;
   label_->showText(drawn_);

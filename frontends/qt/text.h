@@ -19,7 +19,4 @@ inline QString toQt(std::string_view ascii) {
   return QString::fromLatin1(ascii.data(), static_cast<qsizetype>(ascii.size()));
 }
 
-/// A caption as it is read, without the marks of its mnemonic.
-QString withoutMnemonic(std::u16string_view caption);
-
 }  // namespace kvrnstep::qt

@@ -7,8 +7,9 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "ansi.h"
+#include "text/codepage.h"
 #include "text/text.h"
+#include "text/windows/ansi.h"
 #include "text/windows/wide.h"
 
 namespace kvrnstep::windows {
@@ -36,8 +37,10 @@ struct InCodePage {
   using Request = OPENFILENAMEA;
   using Char = char;
   /// Nothing for a text that has no place there.
-  static std::optional<std::string> converted(std::u16string_view text) { return toAnsi(text); }
-  static std::u16string restored(std::string_view buffer) { return fromAnsi(buffer); }
+  static std::optional<std::string> converted(std::u16string_view text) {
+    return text::toAnsi(text);
+  }
+  static std::u16string restored(std::string_view buffer) { return text::fromAnsi(buffer); }
   static BOOL open(Request* request) { return ::GetOpenFileNameA(request); }
   static BOOL save(Request* request) { return ::GetSaveFileNameA(request); }
 };
@@ -121,7 +124,7 @@ std::optional<std::u16string> choose(Purpose purpose, const forms::FileDialog& d
 }
 
 std::optional<std::u16string> choose(Purpose purpose, const forms::FileDialog& dialog, HWND owner) {
-  const bool fits = toAnsi(fullFolder(dialog.folder)) && toAnsi(dialog.name);
+  const bool fits = text::toAnsi(fullFolder(dialog.folder)) && text::toAnsi(dialog.name);
   return fits ? choose<InCodePage>(purpose, dialog, owner)
               : choose<InUtf16>(purpose, dialog, owner);
 }

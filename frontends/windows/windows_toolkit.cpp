@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-#include "ansi.h"
 #include "box_font.h"
 #include "clipboard.h"
 #include "file_box.h"
@@ -15,6 +14,7 @@
 #include "printing.h"
 #include "question_box.h"
 #include "scale.h"
+#include "text/windows/ansi.h"
 #include "text/windows/wide.h"
 
 namespace kvrnstep::windows {
@@ -195,7 +195,7 @@ void WindowsToolkit::setClipboard(const std::u16string& text) {
 void WindowsToolkit::playSound(const std::u16string& file, forms::SoundMode mode) {
   const UINT giveWay = mode == forms::SoundMode::GiveWay ? SND_NOSTOP : 0;
   const UINT how = SND_ASYNC | SND_NODEFAULT | giveWay;
-  if (const auto name = toAnsi(file)) {
+  if (const auto name = text::toAnsi(file)) {
     ::sndPlaySoundA(name->c_str(), how);
   } else {
     ::sndPlaySoundW(text::wide(file), how);

@@ -18,15 +18,10 @@ struct Search {
   std::optional<ProfileLine> lastOfFile;      ///< known only where the section is missing
 };
 
-bool isAscii(std::string_view text) {
-  constexpr unsigned char kEndOfAscii = 0x80;
-  return std::ranges::all_of(text, [](unsigned char byte) { return byte < kEndOfAscii; });
-}
-
 /// Another system may have written the section, in its own encoding.
 bool isSameSection(std::string_view inFile, std::string_view section) {
   if (text::equalIgnoringCase(inFile, section)) return true;
-  return !isAscii(inFile) && !isAscii(section) &&
+  return !text::isAscii(inFile) && !text::isAscii(section) &&
          text::equalIgnoringCase(text::fromBytes(inFile), text::fromBytes(section));
 }
 

@@ -6,6 +6,8 @@ namespace kvrnstep::text {
 
 namespace {
 
+constexpr unsigned kEndOfAscii = 0x80;
+
 constexpr char lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
 }
@@ -41,8 +43,11 @@ bool equalIgnoringCase(std::string_view one, std::string_view other) {
                     [](char a, char b) { return lower(a) == lower(b); });
 }
 
+bool isAscii(std::string_view bytes) {
+  return std::ranges::all_of(bytes, [](unsigned char byte) { return byte < kEndOfAscii; });
+}
+
 std::string toAscii(std::u16string_view text) {
-  constexpr char16_t kEndOfAscii = 0x80;
   std::string ascii(text.size(), '?');
   std::transform(text.begin(), text.end(), ascii.begin(),
                  [](char16_t c) { return c < kEndOfAscii ? static_cast<char>(c) : '?'; });
@@ -50,10 +55,25 @@ std::string toAscii(std::u16string_view text) {
 }
 
 std::u16string fromAscii(std::string_view ascii) {
-  std::u16string text(ascii.size(), u'\0');
-  std::transform(ascii.begin(), ascii.end(), text.begin(),
-                 [](char c) { return static_cast<char16_t>(static_cast<unsigned char>(c)); });
-  return text;
+  return {ascii.begin(), ascii.end()};
+}
+
+std::u16string joined(const std::vector<std::u16string>& texts) {
+  std::u16string all;
+  for (const std::u16string& text : texts) {
+    if (&text != &texts.front()) all += u' ';
+    all += text;
+  }
+  return all;
+}
+
+std::u16string withoutMnemonic(std::u16string_view caption) {
+  std::u16string plain;
+  for (std::size_t i = 0; i < caption.size(); ++i) {
+    if (caption[i] == u'&' && ++i == caption.size()) break;
+    plain += caption[i];
+  }
+  return plain;
 }
 
 }  // namespace kvrnstep::text

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// Small operations on text that have no better home.
 namespace kvrnstep::text {
@@ -20,10 +21,18 @@ std::u16string ReplaceText(std::u16string_view sText, std::u16string_view sFind,
 /// Whether two 8-bit names differ at most in the case of the letters A to Z.
 bool equalIgnoringCase(std::string_view one, std::string_view other);
 
+bool isAscii(std::string_view bytes);
+
 /// The text's characters as bytes; what is not ASCII becomes "?" and so names nothing.
 std::string toAscii(std::u16string_view text);
 
-/// Each byte becomes the character of its value; meant for names and messages in ASCII.
 std::u16string fromAscii(std::string_view ascii);
+
+/// The texts one behind the other, a blank between them.
+std::u16string joined(const std::vector<std::u16string>& texts);
+
+/// A caption as it is read: without the "&" before the letter of its mnemonic, and with one "&"
+/// where two stand for it.
+std::u16string withoutMnemonic(std::u16string_view caption);
 
 }  // namespace kvrnstep::text

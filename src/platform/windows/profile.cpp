@@ -7,6 +7,7 @@
 #include "platform/files.h"
 #include "platform/windows/native_path.h"
 #include "text/codepage.h"
+#include "text/text.h"
 #include "text/windows/ansi.h"
 #include "text/windows/wide.h"
 
@@ -33,9 +34,8 @@ bool survives(std::string_view bytes) {
 
 /// A name with accents may be in the file in another encoding, of which the system's functions
 /// know nothing.
-bool isPlain(std::string_view section) {
-  constexpr unsigned char kEndOfAscii = 0x80;
-  return std::ranges::all_of(section, [](unsigned char byte) { return byte < kEndOfAscii; });
+bool isForSystem(std::string_view section, std::string_view key) {
+  return text::isAscii(section) && survives(key);
 }
 
 bool isReadOnly(const std::u16string& file) {
@@ -83,7 +83,7 @@ std::string getPrivateProfileString(std::string_view section, std::string_view k
                                     const std::u16string& file) {
   if (bufferSize == 0) return {};
   const auto path = profilePath(file);
-  if (!path || !isPlain(section) || !survives(key)) {
+  if (!path || !isForSystem(section, key)) {
     return readByRules(section, key, defaultValue, bufferSize, file);
   }
   return readBySystem(std::string(section), std::string(key), std::string(defaultValue), bufferSize,
@@ -94,7 +94,7 @@ bool writePrivateProfileString(std::string_view section, std::string_view key,
                                std::string_view value, const std::u16string& file) {
   if (!isProfileName(section, key) || isReadOnly(file)) return false;
   const auto path = profilePath(file);
-  if (!path || !isPlain(section) || !survives(key) || !survives(value)) {
+  if (!path || !isForSystem(section, key) || !survives(value)) {
     return writeByRules(section, key, value, file);
   }
   return ::WritePrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(),
