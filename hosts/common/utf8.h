@@ -1,46 +1,42 @@
 #pragma once
 
+#include <algorithm>
+#include <locale>
 #include <string>
 #include <string_view>
 
+/// Between the UTF-8 of files and command lines and the UTF-16 of the component. What neither can
+/// hold becomes U+FFFD.
 namespace hosts {
 
 namespace detail {
-
-inline std::size_t lengthFromLead(unsigned char lead) {
-  if (lead < 0x80) return 1;
-  if (lead < 0xC0) return 0;
-  if (lead < 0xE0) return 2;
-  return lead < 0xF0 ? 3 : 4;
+template <class Unit>
+const auto& utf8() {
+  return std::use_facet<std::codecvt<Unit, char8_t, std::mbstate_t>>(std::locale::classic());
 }
-
 }  // namespace detail
 
 /// A character and the bytes that it takes.
 struct Decoded {
-  char32_t point;
-  std::size_t length;
+  char32_t point = U'\uFFFD';
+  std::size_t length = 1;
 
   /// Whether it stands for a byte that belongs to no character.
-  [[nodiscard]] bool broken() const { return point == 0xFFFD && length == 1; }
+  [[nodiscard]] bool broken() const { return point == U'\uFFFD' && length == 1; }
 };
 
-/// The character at the beginning of the bytes, of which there is at least one. A byte that
-/// belongs to no character is U+FFFD.
+/// The character at the beginning of the bytes, of which there is at least one.
 inline Decoded decodeUtf8(std::string_view bytes) {
-  constexpr Decoded kNone{0xFFFD, 1};
-  constexpr char32_t kSmallestOfLength[] = {0, 0, 0x80, 0x800, 0x10000};
-  const auto lead = static_cast<unsigned char>(bytes.front());
-  const std::size_t length = detail::lengthFromLead(lead);
-  if (length == 0 || length > bytes.size()) return kNone;
-  char32_t point = length == 1 ? lead : lead & (0x7FU >> length);
-  for (const char byte : bytes.substr(1, length - 1)) {
-    const auto value = static_cast<unsigned char>(byte);
-    if ((value & 0xC0U) != 0x80) return kNone;
-    point = point << 6 | (value & 0x3FU);
-  }
-  if (point < kSmallestOfLength[length] || point > 0x10FFFF) return kNone;
-  return {point, length};
+  constexpr std::size_t kLongest = 4;
+  const std::u8string first(bytes.begin(), bytes.begin() + std::min(bytes.size(), kLongest));
+  std::mbstate_t state{};
+  const char8_t* next = nullptr;
+  char32_t point = 0;
+  char32_t* end = nullptr;
+  detail::utf8<char32_t>().in(state, first.data(), first.data() + first.size(), next, &point,
+                              &point + 1, end);
+  if (end == &point) return {};
+  return {point, static_cast<std::size_t>(next - first.data())};
 }
 
 /// Whether all bytes belong to characters.
@@ -53,7 +49,6 @@ inline bool isUtf8(std::string_view bytes) {
   return true;
 }
 
-/// UTF-16 from UTF-8. A byte that belongs to no character becomes U+FFFD.
 inline std::u16string fromUtf8(std::string_view bytes) {
   std::u16string text;
   while (!bytes.empty()) {
@@ -69,35 +64,20 @@ inline std::u16string fromUtf8(std::string_view bytes) {
   return text;
 }
 
-/// UTF-8 from UTF-16. Half a surrogate pair becomes U+FFFD.
 inline std::string toUtf8(std::u16string_view text) {
-  std::string bytes;
-  const auto put = [&bytes](char32_t value) { bytes += static_cast<char>(value); };
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    char32_t point = text[i];
-    const bool high = point >= 0xD800 && point < 0xDC00;
-    if (high && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000) {
-      point = 0x10000 + ((point - 0xD800) << 10) + (text[++i] - 0xDC00U);
-    } else if (point >= 0xD800 && point < 0xE000) {
-      point = 0xFFFD;
-    }
-    if (point < 0x80) {
-      put(point);
-    } else if (point < 0x800) {
-      put(0xC0 | point >> 6);
-      put(0x80 | (point & 0x3F));
-    } else if (point < 0x10000) {
-      put(0xE0 | point >> 12);
-      put(0x80 | (point >> 6 & 0x3F));
-      put(0x80 | (point & 0x3F));
-    } else {
-      put(0xF0 | point >> 18);
-      put(0x80 | (point >> 12 & 0x3F));
-      put(0x80 | (point >> 6 & 0x3F));
-      put(0x80 | (point & 0x3F));
-    }
+  constexpr std::u8string_view kReplacement = u8"\uFFFD";
+  std::u8string bytes(text.size() * kReplacement.size(), u8'\0');
+  const char16_t* from = text.data();
+  const char16_t* const end = from + text.size();
+  char8_t* to = bytes.data();
+  while (from != end) {
+    std::mbstate_t state{};
+    detail::utf8<char16_t>().out(state, from, end, from, to, bytes.data() + bytes.size(), to);
+    if (from == end) break;
+    to += kReplacement.copy(to, kReplacement.size());
+    ++from;
   }
-  return bytes;
+  return {bytes.data(), to};
 }
 
 }  // namespace hosts

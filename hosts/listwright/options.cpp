@@ -1,9 +1,9 @@
 #include "options.h"
 
 #include <CLI/CLI.hpp>
-#include <charconv>
 #include <stdexcept>
 
+#include "numbers.h"
 #include "user_folders.h"
 
 namespace listwright {
@@ -31,11 +31,8 @@ constexpr const char* kFooter =
 
 /// The text as a whole decimal number in the range; nothing if it is none.
 std::optional<std::int16_t> wholeNumber(const std::string& text, int least, int most) {
-  int number = 0;
-  const char* end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc() || stop != end || number < least || number > most) return std::nullopt;
-  return static_cast<std::int16_t>(number);
+  const auto number = hosts::numberOf<std::int16_t>(text);
+  return number && *number >= least && *number <= most ? number : std::nullopt;
 }
 
 /// Declares the options of the command and reads them into the record.

@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <limits>
 #include <optional>
 #include <stdexcept>
 
+#include "numbers.h"
 #include "script.h"
 #include "utf8.h"
 
@@ -49,15 +48,9 @@ const Parameter& parameter(std::string_view name) {
   return *found;
 }
 
-/// The whole word as a number of that type, in decimal.
-template <class T>
-std::optional<T> numberOf(const std::u16string& word) {
-  const std::string digits = hosts::toUtf8(word);
-  T value = 0;
-  const char* end = digits.data() + digits.size();
-  const auto [stop, error] = std::from_chars(digits.data(), end, value);
-  if (error != std::errc() || stop != end) return std::nullopt;
-  return value;
+template <class Number>
+std::optional<Number> numberOf(const std::u16string& word) {
+  return hosts::numberOf<Number>(hosts::toUtf8(word));
 }
 
 bool fits(Type type, const std::u16string& word) {

@@ -1,10 +1,10 @@
 #include "drive.h"
 
-#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 
 #include "format.h"
+#include "numbers.h"
 #include "utf8.h"
 
 namespace stepdrive {
@@ -24,21 +24,13 @@ std::optional<Value> wantedValue(const Value& read, const std::u16string& word) 
     if (word == u"False") return false;
     return std::nullopt;
   }
-  const std::string digits = hosts::toUtf8(word);
-  double number = 0;
-  const auto [stop, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  if (error != std::errc() || stop != digits.data() + digits.size()) return std::nullopt;
-  return number;
+  return hosts::numberOf<double>(hosts::toUtf8(word));
 }
 
 std::int16_t iconNumber(const std::u16string& word) {
-  const std::string digits = hosts::toUtf8(word);
-  std::int16_t number = 0;
-  const auto [stop, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  if (error != std::errc() || stop != digits.data() + digits.size()) {
-    throw ScriptError("icon wants a number");
-  }
-  return number;
+  const auto number = hosts::numberOf<std::int16_t>(hosts::toUtf8(word));
+  if (!number) throw ScriptError("icon wants a number");
+  return *number;
 }
 
 void wantWords(const std::vector<std::u16string>& words, std::size_t fewest, std::size_t most) {
