@@ -73,7 +73,7 @@ BENCHMARK(LoadListByGetline)->ArgName("accents")->Arg(0)->Arg(1)->Unit(benchmark
 void SaveList(benchmark::State& state) {
   const Folder folder;
   const auto path = text::fromBytes(folder("list"));
-  Target target{storage::parseList(listBytes(false))};
+  Target target{storage::parseList(listBytes(false)).entries};
   for (auto _ : state) {
     // A list that is saved unchanged is not written at all.
     target.entries.front().front() ^= 1;
@@ -95,7 +95,7 @@ void plainReplace(const std::string& path, const std::string& bytes) {
 void SaveListPlainly(benchmark::State& state) {
   const Folder folder;
   std::vector<std::string> lines;
-  for (const auto& entry : storage::parseList(listBytes(false))) {
+  for (const auto& entry : storage::parseList(listBytes(false)).entries) {
     lines.push_back(text::toBytes(entry));
   }
   for (auto _ : state) {

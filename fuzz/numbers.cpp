@@ -67,7 +67,6 @@ void checkRounding(double number, std::optional<Whole> rounded) {
 void checkNumber(double number) {
   checkRounding(number, text::roundToInt16(number));
   checkRounding(number, text::roundToInt32(number));
-  checkRounding(number, text::roundToByte(number));
 }
 
 void checkDecimal(float number) {

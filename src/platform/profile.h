@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstddef>
-#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,16 +16,11 @@
 /// comment. Keys before the first section are never found.
 namespace kvrnstep::platform {
 
-inline constexpr std::size_t kProfileBuffer = 255;
-inline constexpr std::size_t kUnlimitedBuffer = std::numeric_limits<std::size_t>::max();
-
-/// Reads a key as GetPrivateProfileStringA does.
-/// @param bufferSize in bytes, one of which holds the end mark: the result is one shorter at most
+/// Reads a key as GetPrivateProfileStringA does with as large a buffer as the value needs.
 /// @return the value up to its first NUL; the default when the key, the section or the file is
 ///         not there or cannot be read
 std::string getPrivateProfileString(std::string_view section, std::string_view key,
-                                    std::string_view defaultValue, std::size_t bufferSize,
-                                    const std::u16string& file);
+                                    std::string_view defaultValue, const std::u16string& file);
 
 /// Writes a key as WritePrivateProfileStringA does, as one replacement of the file.
 /// @return false when the file could not be written, or the names cannot stand in such a file;

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "generator/list_settings.h"
 #include "storage/settings_store.h"
 #include "storage/text_file.h"
 #include "text/numbers.h"
@@ -13,7 +14,6 @@ namespace {
 
 constexpr std::u16string_view kBeginningFile = u"begin_my_step.dat";
 constexpr std::u16string_view kEndingFile = u"end_my_step.dat";
-constexpr std::size_t kAppendOrdinal = 6;
 
 std::u16string read(const OpenDefaultsPlace& place, std::u16string_view key,
                     std::u16string_view fallback) {
@@ -39,7 +39,8 @@ OpenDefaults readOpenDefaults(const OpenDefaultsPlace& place) {
   OpenDefaults defaults;
   defaults.Selection = number(read(place, u"Selection", u"0"));
   for (std::size_t i = 0; i < defaults.Option.size(); ++i) {
-    defaults.Option.at(i) = number(read(place, optionKey(i), i == kAppendOrdinal ? u"0" : u"1"));
+    defaults.Option.at(i) =
+        number(read(place, optionKey(i), i == generator::AppendOrdinal ? u"0" : u"1"));
   }
   defaults.Prefix = read(place, u"Prefix", u"");
   defaults.Suffix = read(place, u"Suffix", u"");

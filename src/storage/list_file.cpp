@@ -21,7 +21,9 @@ std::string_view takeLine(std::string_view& bytes) {
   return line;
 }
 
-LoadedList parse(std::string_view bytes) {
+}  // namespace
+
+LoadedList parseList(std::string_view bytes) {
   // The encoding is that of the whole file, the lines beyond the last one read included.
   const auto decode = text::isUtf8(bytes) ? text::fromUtf8 : text::fromAnsi;
   LoadedList list;
@@ -34,27 +36,10 @@ LoadedList parse(std::string_view bytes) {
   return list;
 }
 
-}  // namespace
-
-std::vector<std::u16string> parseList(std::string_view bytes) {
-  return parse(bytes).entries;
-}
-
-void appendListLine(std::u16string& lines, std::u16string_view entry) {
-  lines += entry;
-  lines += u"\r\n";
-}
-
-std::string formatList(const std::vector<std::u16string>& entries) {
-  std::u16string lines;
-  for (const auto& entry : entries) appendListLine(lines, entry);
-  return text::toBytes(lines);
-}
-
 LoadedList readListFile(const std::u16string& path) {
   if (!FileExists(path)) platform::createEmptyFile(path);
   const auto bytes = platform::readFile(path);
-  return bytes ? parse(*bytes) : LoadedList();
+  return bytes ? parseList(*bytes) : LoadedList();
 }
 
 bool writeListFile(const std::u16string& path, std::u16string_view lines) {

@@ -12,21 +12,15 @@ namespace kvrnstep::storage {
 /// Most lines that are read from a list file, the empty ones counted.
 inline constexpr std::size_t kMostListLines = 32'001;
 
-/// The entries in the bytes of a list file, as they are. Lines end at CR LF or CR; LF alone
-/// belongs to the entry. Empty lines are no entries.
-std::vector<std::u16string> parseList(std::string_view bytes);
-
-/// Adds one entry to the text of a list file, with CR LF behind it.
-void appendListLine(std::u16string& lines, std::u16string_view entry);
-
-/// The bytes of a list file; none for an empty list.
-std::string formatList(const std::vector<std::u16string>& entries);
-
 /// What was read of a list file.
 struct LoadedList {
   std::vector<std::u16string> entries;
   bool whole = false;  ///< the file was read to its end
 };
+
+/// The entries in the bytes of a list file, as they are. Lines end at CR LF or CR; LF alone
+/// belongs to the entry. Empty lines are no entries.
+LoadedList parseList(std::string_view bytes);
 
 /// The entries of a list file, which is created empty when it is missing and can be created. None
 /// when it cannot be read.
@@ -51,7 +45,10 @@ bool LoadSaveListFile(ListTarget& lstTarget, bool bSave, const std::u16string& s
     return loaded.whole;
   }
   std::u16string lines;
-  for (int i = 0; i < lstTarget.ListCount(); ++i) appendListLine(lines, lstTarget.List(i));
+  for (int i = 0; i < lstTarget.ListCount(); ++i) {
+    lines += lstTarget.List(i);
+    lines += u"\r\n";
+  }
   return writeListFile(sListFile, lines);
 }
 

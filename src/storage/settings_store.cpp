@@ -26,9 +26,8 @@ std::u16string cut(std::u16string text) {
 std::u16string ReadIniKey(std::u16string_view sSection, std::u16string_view sKey,
                           std::u16string_view sDefault, const std::u16string& sIniFile) {
   // Cut only after the conversion: a character of several bytes must not be torn apart.
-  return cut(text::fromBytes(
-      platform::getPrivateProfileString(argument(sSection), argument(sKey), argument(sDefault),
-                                        platform::kUnlimitedBuffer, sIniFile)));
+  return cut(text::fromBytes(platform::getPrivateProfileString(argument(sSection), argument(sKey),
+                                                               argument(sDefault), sIniFile)));
 }
 
 void WriteIniKey(std::u16string_view sSection, std::u16string_view sKey, std::u16string_view sValue,

@@ -118,9 +118,6 @@ std::optional<std::int16_t> roundToInt16(double number) {
 std::optional<std::int32_t> roundToInt32(double number) {
   return roundTo<std::int32_t>(number);
 }
-std::optional<std::uint8_t> roundToByte(double number) {
-  return roundTo<std::uint8_t>(number);
-}
 
 std::u16string detail::decimalOfWhole(std::int64_t number) {
   std::array<char, 24> digits{};

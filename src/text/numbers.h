@@ -23,7 +23,6 @@ std::optional<double> wholeTextNumber(std::u16string_view text);
 /// Nothing when it does not fit the type.
 std::optional<std::int16_t> roundToInt16(double number);
 std::optional<std::int32_t> roundToInt32(double number);
-std::optional<std::uint8_t> roundToByte(double number);
 
 namespace detail {
 std::u16string decimalOfWhole(std::int64_t number);

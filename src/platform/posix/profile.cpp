@@ -17,13 +17,11 @@ std::optional<std::string> bytesToChange(const std::u16string& file) {
 }  // namespace
 
 std::string getPrivateProfileString(std::string_view section, std::string_view key,
-                                    std::string_view defaultValue, std::size_t bufferSize,
-                                    const std::u16string& file) {
-  if (bufferSize == 0) return {};
+                                    std::string_view defaultValue, const std::u16string& file) {
   const auto bytes = readFile(file);
   const auto value = bytes ? profileValue(*bytes, section, key) : std::nullopt;
-  const auto inBuffer = value.value_or(defaultValue).substr(0, bufferSize - 1);
-  return std::string(inBuffer.substr(0, inBuffer.find('\0')));
+  const std::string_view found = value.value_or(defaultValue);
+  return std::string(found.substr(0, found.find('\0')));
 }
 
 bool writePrivateProfileString(std::string_view section, std::string_view key,

@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include <algorithm>
-
 #include "platform/files.h"
 #include "platform/windows/native_path.h"
 #include "text/codepage.h"
@@ -44,27 +42,24 @@ bool isReadOnly(const std::u16string& file) {
 }
 
 std::string readBySystem(const std::string& section, const std::string& key,
-                         const std::string& defaultValue, std::size_t bufferSize,
-                         const std::string& path) {
-  constexpr std::size_t kLargestBuffer = 0x10000;
-  const std::size_t most = std::min(bufferSize, kLargestBuffer);
-  std::string buffer(std::min<std::size_t>(most, kProfileBuffer), '\0');
+                         const std::string& defaultValue, const std::string& path) {
+  constexpr DWORD kLargestBuffer = 0x10000;
+  std::string buffer(0x100, '\0');
   for (;;) {
     const auto size = static_cast<DWORD>(buffer.size());
     const DWORD length = ::GetPrivateProfileStringA(
         section.c_str(), key.c_str(), defaultValue.c_str(), buffer.data(), size, path.c_str());
-    if (length + 1 < size || size == most) return buffer.substr(0, length);
-    buffer.assign(std::min(2 * buffer.size(), most), '\0');
+    if (length + 1 < size || size == kLargestBuffer) return buffer.substr(0, length);
+    buffer.assign(2 * buffer.size(), '\0');
   }
 }
 
 std::string readByRules(std::string_view section, std::string_view key,
-                        std::string_view defaultValue, std::size_t bufferSize,
-                        const std::u16string& file) {
+                        std::string_view defaultValue, const std::u16string& file) {
   const auto bytes = readFile(file);
   const auto value = bytes ? profileValue(*bytes, section, key) : std::nullopt;
-  const auto inBuffer = value.value_or(defaultValue).substr(0, bufferSize - 1);
-  return std::string(inBuffer.substr(0, inBuffer.find('\0')));
+  const std::string_view found = value.value_or(defaultValue);
+  return std::string(found.substr(0, found.find('\0')));
 }
 
 bool writeByRules(std::string_view section, std::string_view key, std::string_view value,
@@ -79,15 +74,12 @@ bool writeByRules(std::string_view section, std::string_view key, std::string_vi
 }  // namespace
 
 std::string getPrivateProfileString(std::string_view section, std::string_view key,
-                                    std::string_view defaultValue, std::size_t bufferSize,
-                                    const std::u16string& file) {
-  if (bufferSize == 0) return {};
+                                    std::string_view defaultValue, const std::u16string& file) {
   const auto path = profilePath(file);
   if (!path || !isForSystem(section, key)) {
-    return readByRules(section, key, defaultValue, bufferSize, file);
+    return readByRules(section, key, defaultValue, file);
   }
-  return readBySystem(std::string(section), std::string(key), std::string(defaultValue), bufferSize,
-                      *path);
+  return readBySystem(std::string(section), std::string(key), std::string(defaultValue), *path);
 }
 
 bool writePrivateProfileString(std::string_view section, std::string_view key,

@@ -9,7 +9,7 @@ namespace {
 
 TEST(ProfileFile, ADefaultIsHandedBackAsItIs) {
   const tests::TemporaryFolder folder;
-  EXPECT_EQ(getPrivateProfileString("Sec", "Key", " d ", kProfileBuffer, folder("ini")), " d ");
+  EXPECT_EQ(getPrivateProfileString("Sec", "Key", " d ", folder("ini")), " d ");
 }
 
 TEST(ProfileFile, AFileThatCannotBeReadIsNotReplaced) {
