@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "forms/window.h"
+#include "text/numbers.h"
+#include "text/text.h"
 
 namespace kvrnstep::forms {
 
@@ -53,15 +55,6 @@ void dropFurtherLines(std::u16string_view before, std::u16string& text, TextSele
   if (lineBreak >= end) return;
   text.erase(lineBreak, end - lineBreak);
   caret = {lineBreak, 0};
-}
-
-std::u16string joined(const Entries& entries) {
-  std::u16string result;
-  for (const auto& entry : entries.all()) {
-    if (&entry != &entries.all().front()) result += u' ';
-    result += entry;
-  }
-  return result;
 }
 
 }  // namespace
@@ -352,7 +345,7 @@ void ComboBox::choose(int index) {
 std::optional<PropertyValue> ComboBox::get(Property property) const {
   switch (property) {
     case Property::Items:
-      return joined(entries_);
+      return text::joined(entries_.all());
     case Property::Index:
       return static_cast<double>(entries_.selected());
     default:
@@ -443,7 +436,7 @@ int ListBox::topShowing(int index) const {
 std::optional<PropertyValue> ListBox::get(Property property) const {
   switch (property) {
     case Property::Items:
-      return joined(entries_);
+      return text::joined(entries_.all());
     case Property::Index:
       return static_cast<double>(entries_.selected());
     case Property::TopIndex:
@@ -538,8 +531,7 @@ void Spinner::putValue(std::int32_t value) {
   changed(Property::Value);
   auto* buddy = static_cast<TextControl*>(window().find(row().buddy, row().buddyIndex));
   if (buddy == nullptr) return;
-  const std::string digits = std::to_string(value_);
-  buddy->setText(std::u16string(digits.begin(), digits.end()));
+  buddy->setText(text::decimal(value_));
 }
 
 std::optional<PropertyValue> Spinner::get(Property property) const {

@@ -3,6 +3,9 @@
 #include <algorithm>
 
 #include "forms/user_actions.h"
+#include "text/letter_case.h"
+#include "text/numbers.h"
+#include "text/text.h"
 
 namespace kvrnstep::forms {
 
@@ -100,15 +103,11 @@ std::size_t markedLetter(std::u16string_view caption) {
   return std::u16string_view::npos;
 }
 
-char16_t capital(char16_t letter) {
-  return letter >= u'a' && letter <= u'z' ? static_cast<char16_t>(letter - u'a' + u'A') : letter;
-}
-
 /// The letter that the control's declaration asks for; 0 for none.
 char16_t wantedLetter(const Control& control) {
   if (control.row().accessKey != 0) return control.row().accessKey;
   const std::size_t place = markedLetter(control.caption());
-  return place == std::u16string_view::npos ? u'\0' : capital(control.caption()[place]);
+  return place == std::u16string_view::npos ? u'\0' : text::capitalLetter(control.caption()[place]);
 }
 
 bool inMenu(const Control& control) {
@@ -127,21 +126,11 @@ bool comesBefore(const Control& other, const Control& control) {
          })->get() == &other;
 }
 
-std::u16string withoutMarks(std::u16string_view caption) {
-  std::u16string plain;
-  for (std::size_t i = 0; i < caption.size(); ++i) {
-    if (caption[i] == u'&' && ++i == caption.size()) break;
-    plain += caption[i];
-  }
-  return plain;
-}
-
 /// "Text #" is "Text 3" for the third element of an array.
 std::u16string numbered(std::u16string_view name, int index) {
   std::u16string result(name);
   if (const std::size_t place = result.find(u'#'); place != std::u16string::npos) {
-    const std::string digits = std::to_string(index + 1);
-    result.replace(place, 1, std::u16string(digits.begin(), digits.end()));
+    result.replace(place, 1, text::decimal(index + 1));
   }
   return result;
 }
@@ -220,7 +209,8 @@ std::u16string accessibleName(const Control& control) {
     return box == nullptr ? std::u16string() : accessibleName(*box);
   }
   const Control* label = labelOf(control);
-  std::u16string name = withoutMarks(label == nullptr ? control.caption() : label->caption());
+  std::u16string name =
+      text::withoutMnemonic(label == nullptr ? control.caption() : label->caption());
   if (name.ends_with(u':')) name.pop_back();
   return name;
 }

@@ -6,6 +6,8 @@
 #include <cmath>
 
 #include "forms/user_actions.h"
+#include "text/numbers.h"
+#include "text/text.h"
 
 namespace kvrnstep::forms {
 
@@ -22,24 +24,8 @@ Reply doneIf(bool possible) {
   return {possible ? Outcome::Done : Outcome::Impossible, {}};
 }
 
-/// Names and numbers of scripts are ASCII; what is not becomes "?" and so names nothing.
-std::string ascii(std::u16string_view text) {
-  std::string result;
-  for (const char16_t c : text) result += c < 128 ? static_cast<char>(c) : '?';
-  return result;
-}
-
-std::optional<double> number(const std::u16string& text) {
-  const std::string digits = ascii(text);
-  double value = 0;
-  const char* end = digits.data() + digits.size();
-  const auto [stop, error] = std::from_chars(digits.data(), end, value);
-  if (error != std::errc() || stop != end || !std::isfinite(value)) return std::nullopt;
-  return value;
-}
-
 std::optional<int> wholeNumber(const std::u16string& text) {
-  const auto value = number(text);
+  const auto value = text::wholeTextNumber(text);
   if (!value || *value != std::nearbyint(*value) || std::abs(*value) > 1e9) return std::nullopt;
   return static_cast<int>(*value);
 }
@@ -71,7 +57,7 @@ Control* findControl(const Window& window, std::string_view text) {
 /// The word as a value of the same type as the one that is there now.
 std::optional<PropertyValue> valueLike(const PropertyValue& current, const std::u16string& word) {
   if (std::holds_alternative<std::u16string>(current)) return word;
-  if (std::holds_alternative<double>(current)) return number(word);
+  if (std::holds_alternative<double>(current)) return text::wholeTextNumber(word);
   if (word == u"True") return true;
   if (word == u"False") return false;
   return std::nullopt;
@@ -116,7 +102,7 @@ class Stage::Command {
   }
 
   Reply press() {
-    return doneIf(!window_.minimized() && toolkit_.press(window_, ascii(words_[0])));
+    return doneIf(!window_.minimized() && toolkit_.press(window_, text::toAscii(words_[0])));
   }
 
   Reply choose() {
@@ -132,7 +118,7 @@ class Stage::Command {
   Reply down() { return spin(false); }
 
   Reply drag() {
-    Control* to = findControl(window_, ascii(words_[1]));
+    Control* to = findControl(window_, text::toAscii(words_[1]));
     if (to == nullptr) return noControl(words_[1]);
     return onControl([&](Control& from) {
       // Whatever else is pulled at stays where it is.
@@ -167,7 +153,7 @@ class Stage::Command {
 
  private:
   static Reply noControl(const std::u16string& word) {
-    return wrong("no control " + ascii(word) + " in this window");
+    return wrong("no control " + text::toAscii(word) + " in this window");
   }
 
   /// An open pop-up menu hides the menu bar from the mouse, and the other way round.
@@ -180,7 +166,7 @@ class Stage::Command {
   /// Runs the action on the control that the first word names, if a user can reach it.
   template <class Action>
   Reply onControl(Action action) {
-    Control* control = findControl(window_, ascii(words_[0]));
+    Control* control = findControl(window_, text::toAscii(words_[0]));
     if (control == nullptr) return noControl(words_[0]);
     if (window_.minimized() || !control->reachable()) return doneIf(false);
     return action(*control);
@@ -188,18 +174,18 @@ class Stage::Command {
 
   template <class T, class Action>
   Reply onKind(Kind kind, std::string_view kindName, Action action) {
-    Control* control = findControl(window_, ascii(words_[0]));
+    Control* control = findControl(window_, text::toAscii(words_[0]));
     if (control != nullptr && control->kind() != kind) {
-      return wrong(ascii(words_[0]) + " is no " + std::string(kindName));
+      return wrong(text::toAscii(words_[0]) + " is no " + std::string(kindName));
     }
     return onControl([&](Control& found) { return action(static_cast<T&>(found)); });
   }
 
   template <class Action>
   Reply onText(Action action) {
-    Control* control = findControl(window_, ascii(words_[0]));
+    Control* control = findControl(window_, text::toAscii(words_[0]));
     if (control != nullptr && !holdsText(*control)) {
-      return wrong(ascii(words_[0]) + " holds no text");
+      return wrong(text::toAscii(words_[0]) + " holds no text");
     }
     return onControl([&](Control& found) { return action(static_cast<TextControl&>(found)); });
   }
@@ -218,8 +204,8 @@ class Stage::Command {
 
   template <class Action>
   Reply withTwoNumbers(Action action) {
-    const auto first = number(words_[0]);
-    const auto second = number(words_[1]);
+    const auto first = text::wholeTextNumber(words_[0]);
+    const auto second = text::wholeTextNumber(words_[1]);
     if (!first || !second) return wrong("two numbers are wanted");
     return doneIf(!window_.minimized() && action(*first, *second));
   }
