@@ -58,6 +58,7 @@ bool leavesWindow(const QFocusEvent& event) {
 }  // namespace
 
 bool CommandKeys::eventFilter(QObject* watched, QEvent* event) {
+  if (!window_.open()) return false;
   // A widget that has no use for a key passes it on to the one that holds it.
   const bool first = watched == window_.topLevel().focusWidget();
   switch (event->type()) {

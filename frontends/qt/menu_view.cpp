@@ -33,7 +33,7 @@ QPalette menuPalette(QPalette palette) {
 MenuView::MenuView(WindowView& window, forms::MenuEntry& entry, MenuView* parent)
     : ControlView(window, entry), parent_(parent) {
   if (parent == nullptr || holdsEntries(entry)) {
-    menu_ = new QMenu(&window.topLevel());
+    menu_ = new QMenu(parent == nullptr ? window.parentFor(entry) : parent->menu());
     useFont(*menu_, captionFont());
     menu_->setAccessibleName(toQt(forms::accessibleName(entry)));
     action_ = menu_->menuAction();

@@ -1,9 +1,11 @@
 #include "qt_toolkit.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <algorithm>
+#include <utility>
 
 #include "clipboard.h"
 #include "line_breaks.h"
@@ -17,9 +19,31 @@ namespace kvrnstep::qt {
 
 using forms::kTwipsPerPixel;
 
+namespace {
+
+/// A box that ends with its scope, or before, when somebody destroys its owner.
+template <class Widget>
+class Box {
+ public:
+  template <class... Arguments>
+  explicit Box(Arguments&&... arguments)
+      : box_(new Widget(std::forward<Arguments>(arguments)...)) {}
+  ~Box() { delete box_; }
+  Box(const Box&) = delete;
+  Box& operator=(const Box&) = delete;
+
+  Widget& operator*() const { return *box_; }
+  Widget* operator->() const { return box_; }
+
+ private:
+  QPointer<Widget> box_;
+};
+
+}  // namespace
+
 QWidget* QtToolkit::owner() {
   for (WindowView* view : open_) view->update();
-  return open_.empty() ? nullptr : &open_.back()->topLevel();
+  return open_.empty() || !open_.back()->open() ? nullptr : &open_.back()->topLevel();
 }
 
 void QtToolkit::runModal(forms::Window& window) {
@@ -36,23 +60,24 @@ void QtToolkit::runModal(forms::Window& window) {
 
 void QtToolkit::showMessage(const forms::Message& message) {
   const LocaleGuard locale;
-  QMessageBox box(message.icon == forms::MessageIcon::Information ? QMessageBox::Information
-                                                                  : QMessageBox::Warning,
-                  toQt(message.title), toQt(message.text), QMessageBox::Ok, owner());
-  box.setTextFormat(Qt::PlainText);
-  box.setAttribute(Qt::WA_QuitOnClose, false);
-  box.setFont(captionFont());
-  box.button(QMessageBox::Ok)->setIcon({});
-  if (attendant_ != nullptr) attendant_->messageOpened(box);
-  box.exec();
+  const Box<QMessageBox> box(message.icon == forms::MessageIcon::Information
+                                 ? QMessageBox::Information
+                                 : QMessageBox::Warning,
+                             toQt(message.title), toQt(message.text), QMessageBox::Ok, owner());
+  box->setTextFormat(Qt::PlainText);
+  box->setAttribute(Qt::WA_QuitOnClose, false);
+  box->setFont(captionFont());
+  box->button(QMessageBox::Ok)->setIcon({});
+  if (attendant_ != nullptr) attendant_->messageOpened(*box);
+  box->exec();
 }
 
 std::optional<std::u16string> QtToolkit::ask(const forms::Question& question) {
   const LocaleGuard locale;
-  QuestionBox box(question, owner());
-  if (attendant_ != nullptr) attendant_->questionOpened(box);
-  if (box.exec() != QDialog::Accepted) return std::nullopt;
-  return fromQt(box.line().text());
+  const Box<QuestionBox> box(question, owner());
+  if (attendant_ != nullptr) attendant_->questionOpened(*box);
+  if (box->exec() != QDialog::Accepted) return std::nullopt;
+  return fromQt(box->line().text());
 }
 
 std::optional<std::u16string> QtToolkit::ShowOpenDialog(const forms::FileDialog& dialog) {
@@ -66,14 +91,14 @@ std::optional<std::u16string> QtToolkit::ShowSaveDialog(const forms::FileDialog&
 std::optional<std::u16string> QtToolkit::askFile(const forms::FileDialog& dialog,
                                                  QFileDialog::AcceptMode mode) {
   const LocaleGuard locale;
-  FileBox box(dialog, mode, owner());
-  if (attendant_ != nullptr) attendant_->fileBoxOpened(box);
-  return box.choose();
+  const Box<FileBox> box(dialog, mode, owner());
+  if (attendant_ != nullptr) attendant_->fileBoxOpened(*box);
+  return box->choose();
 }
 
 void QtToolkit::popUp(forms::MenuEntry& menu) {
   WindowView* view = viewOf(menu.window());
-  if (view == nullptr) return;
+  if (view == nullptr || !view->open()) return;
   view->update();
   QMenu* shown = static_cast<MenuView&>(view->viewOf(menu)).menu();
   if (attendant_ != nullptr) attendant_->popUpOpened(*shown);

@@ -14,6 +14,10 @@ TopLevel::TopLevel(QWidget* owner)
   setAttribute(Qt::WA_QuitOnClose, false);
 }
 
+TopLevel::~TopLevel() {
+  if (onDestroyed) onDestroyed();
+}
+
 void TopLevel::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
   if (onMoved) onMoved();
@@ -32,8 +36,7 @@ void TopLevel::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange && onColorsChanged) onColorsChanged();
 }
 
-void TopLevel::closeEvent(QCloseEvent* event) {
-  event->ignore();
+void TopLevel::closeEvent(QCloseEvent* /*event*/) {
   if (onCloseBox) onCloseBox();
 }
 

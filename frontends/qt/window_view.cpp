@@ -53,30 +53,50 @@ std::vector<forms::Rect> screens() {
 
 WindowView::WindowView(forms::Window& window, QWidget* owner)
     : window_(window),
-      topLevel_(owner),
+      topLevel_(std::make_unique<TopLevel>(owner)),
       commandKeys_(*this),
-      ground_(new QWidget(&topLevel_)),
+      ground_(new QWidget(topLevel_.get())),
       focus_(forms::firstFocus(window)) {
-  topLevel_.setFont(captionFont());
-  topLevel_.setWindowIcon(windowIcon());
+  topLevel_->setFont(captionFont());
+  topLevel_->setWindowIcon(windowIcon());
   build();
-  useCompactStyle(topLevel_);
+  useCompactStyle(*topLevel_);
   changes_.addAll();
   for (const auto& view : views_) view->markAll();
   update();
 
-  topLevel_.onMoved = [this] { reportMove(); };
-  topLevel_.onResized = [this] { reportResize(); };
-  topLevel_.onStateChanged = [this] { reportState(); };
-  topLevel_.onCloseBox = [this] { forms::userClosed(window_); };
-  topLevel_.onColorsChanged = [this] { followColors(); };
+  topLevel_->onMoved = [this] { reportMove(); };
+  topLevel_->onResized = [this] { reportResize(); };
+  topLevel_->onStateChanged = [this] { reportState(); };
+  topLevel_->onCloseBox = [this] { forms::userClosed(window_); };
+  topLevel_->onColorsChanged = [this] { followColors(); };
+  topLevel_->onDestroyed = [this] { lose(); };
 }
 
-WindowView::~WindowView() = default;
+WindowView::~WindowView() {
+  if (topLevel_ != nullptr) topLevel_->onDestroyed = nullptr;
+  delete menuBar_;
+  delete ground_;
+}
+
+/// Somebody else destroys the window. The controls stay as long as the view, because an event of
+/// one of them may have led to this.
+void WindowView::lose() {
+  static_cast<void>(topLevel_.release());
+  if (menuBar_ != nullptr) menuBar_->setParent(nullptr);
+  ground_->setParent(nullptr);
+  endLoops();
+}
+
+/// Of the window, and of a menu that has popped up in it.
+void WindowView::endLoops() {
+  for (QMenu* menu : ground_->findChildren<QMenu*>()) menu->close();
+  loop_.quit();
+}
 
 void WindowView::build() {
   if (window_.hasMenuBar()) {
-    menuBar_ = new QMenuBar(&topLevel_);
+    menuBar_ = new QMenuBar(topLevel_.get());
     // The menus belong into the window, wherever the desktop would like to put them.
     menuBar_->setNativeMenuBar(false);
     useFont(*menuBar_, captionFont());
@@ -140,7 +160,7 @@ ControlView& WindowView::viewOf(const Control& control) const {
 }
 
 QWidget* WindowView::parentFor(const Control& control) {
-  return control.container() == nullptr ? ground_ : viewOf(*control.container()).widget();
+  return control.container() == nullptr ? ground_.data() : viewOf(*control.container()).widget();
 }
 
 int WindowView::pixels(double units) const {
@@ -188,13 +208,15 @@ QPoint WindowView::menuPlace() const {
 }
 
 void WindowView::show() {
-  topLevel_.show();
-  if (applicationIsOurs()) stayInFrontOfHost(topLevel_);
-  topLevel_.activateWindow();
+  topLevel_->show();
+  if (applicationIsOurs()) stayInFrontOfHost(*topLevel_);
+  topLevel_->activateWindow();
 }
 
 void WindowView::waitUntilUnloaded() {
-  if (!unloaded_) loop_.exec();
+  if (open()) loop_.exec();
+  // The loop ends with the application, too, and with a widget that somebody has destroyed.
+  forms::userClosed(window_);
 }
 
 void WindowView::changed(Control& control, Property property) {
@@ -216,7 +238,7 @@ void WindowView::markKind(Kind kind, Property property) {
 }
 
 void WindowView::update() {
-  if (unloaded_ || updating_) return;
+  if (!open() || updating_) return;
   updating_ = true;
   for (const auto& view : views_) view->applyChanges();
   applyWindow(std::exchange(changes_, Changes()));
@@ -226,7 +248,7 @@ void WindowView::update() {
 }
 
 void WindowView::applyWindow(const Changes& changes) {
-  if (changes.has(Property::Caption)) topLevel_.setWindowTitle(toQt(window_.caption()));
+  if (changes.has(Property::Caption)) topLevel_->setWindowTitle(toQt(window_.caption()));
   if (changes.has(Property::Width) || changes.has(Property::Height)) applySize();
   if (changes.has(Property::Left) || changes.has(Property::Top)) applyPosition();
 }
@@ -251,10 +273,10 @@ void WindowView::applySize() {
   }
   ground_->setGeometry(0, menuBar, size.width(), size.height() - menuBar);
   if (window_.design().resizable) {
-    topLevel_.setMinimumSize(smallest());
-    topLevel_.resize(size);
+    topLevel_->setMinimumSize(smallest());
+    topLevel_->resize(size);
   } else {
-    topLevel_.setFixedSize(size);
+    topLevel_->setFixedSize(size);
   }
 }
 
@@ -264,7 +286,7 @@ void WindowView::applyPosition() {
       {toPixels(place.left), toPixels(place.top), toPixels(place.width), toPixels(place.height)},
       screens());
   position_ = QPointF(shown.left, shown.top).toPoint();
-  topLevel_.move(position_);
+  topLevel_->move(position_);
 }
 
 void WindowView::arrangeFocus() {
@@ -291,22 +313,23 @@ void WindowView::giveFocus() {
 
 void WindowView::unloaded() {
   unloaded_ = true;
-  topLevel_.hide();
-  loop_.quit();
+  if (topLevel_ == nullptr) return;
+  topLevel_->hide();
+  endLoops();
 }
 
 void WindowView::reportMove() {
   // There nobody is told where windows are; Qt makes places up.
   if (isOnWayland()) return;
-  if (updating_ || unloaded_ || !topLevel_.isVisible() || topLevel_.isMinimized()) return;
-  const QPoint now = topLevel_.pos();
+  if (updating_ || unloaded_ || !topLevel_->isVisible() || topLevel_->isMinimized()) return;
+  const QPoint now = topLevel_->pos();
   if (std::exchange(position_, now) == now || !placed_) return;
   forms::userMoved(window_, now.x() * kTwipsPerPixel, now.y() * kTwipsPerPixel);
 }
 
 void WindowView::reportResize() {
-  if (updating_ || unloaded_ || !window_.design().resizable || !topLevel_.isVisible()) return;
-  const QSize now = topLevel_.size();
+  if (updating_ || unloaded_ || !window_.design().resizable || !topLevel_->isVisible()) return;
+  const QSize now = topLevel_->size();
   if (now == frameless()) return;
   forms::userResized(window_, now.width() * kTwipsPerPixel + Chrome::kSides,
                      now.height() * kTwipsPerPixel + Chrome::kTitleAndBorders);
@@ -314,8 +337,8 @@ void WindowView::reportResize() {
 }
 
 void WindowView::reportState() {
-  placed_ = placed_ || topLevel_.isActiveWindow();
-  const bool minimized = topLevel_.isMinimized();
+  placed_ = placed_ || topLevel_->isActiveWindow();
+  const bool minimized = topLevel_->isMinimized();
   if (!unloaded_ && minimized != window_.minimized()) forms::userMinimized(window_, minimized);
 }
 
@@ -326,7 +349,7 @@ void WindowView::followColors() {
     for (const auto& view : views_) view->mark(Property::ForeColor);
     update();
   };
-  QMetaObject::invokeMethod(&topLevel_, recolor, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(topLevel_.get(), recolor, Qt::QueuedConnection);
 }
 
 }  // namespace kvrnstep::qt

@@ -2,6 +2,7 @@
 
 #include <QEventLoop>
 #include <QMenuBar>
+#include <QPointer>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -23,9 +24,11 @@ class WindowView final : public forms::View {
   WindowView& operator=(const WindowView&) = delete;
 
   [[nodiscard]] forms::Window& window() const { return window_; }
-  [[nodiscard]] TopLevel& topLevel() { return topLevel_; }
+  /// To be asked for as long as the view is open.
+  [[nodiscard]] TopLevel& topLevel() { return *topLevel_; }
   [[nodiscard]] ControlView& viewOf(const forms::Control& control) const;
-  [[nodiscard]] bool open() const { return !unloaded_; }
+  /// False when the window has been unloaded, or somebody else has destroyed its widget.
+  [[nodiscard]] bool open() const { return !unloaded_ && topLevel_ != nullptr; }
 
   void show();
   /// Returns when the window has been unloaded.
@@ -59,6 +62,8 @@ class WindowView final : public forms::View {
 
  private:
   void build();
+  void lose();
+  void endLoops();
   std::unique_ptr<ControlView> makeView(forms::Control& control);
   void joinLabels();
   void applyWindow(const Changes& changes);
@@ -77,10 +82,10 @@ class WindowView final : public forms::View {
   [[nodiscard]] QSize smallest() const;
 
   forms::Window& window_;
-  TopLevel topLevel_;
+  std::unique_ptr<TopLevel> topLevel_;
   CommandKeys commandKeys_;
-  QMenuBar* menuBar_ = nullptr;
-  QWidget* ground_;  ///< holds the controls, below the menu bar
+  QPointer<QMenuBar> menuBar_;
+  QPointer<QWidget> ground_;  ///< holds the controls, below the menu bar
   std::vector<std::unique_ptr<ControlView>> views_;
   std::unordered_map<const forms::Control*, ControlView*> byControl_;
   Changes changes_;

@@ -44,14 +44,14 @@ double desktopTwips(LONG pixels) {
   return fromPixels(static_cast<int>(pixels), desktopDpi()) * kTwipsPerPixel;
 }
 
-HWND makeWindow(Receiver& receiver, DWORD style, HWND owner, HMENU menu) {
-  return ::CreateWindowExW(WS_EX_CONTROLPARENT, ownClass(), L"", style, 0, 0, 0, 0, owner, menu,
-                           thisModule(), &receiver);
-}
-
 bool isPushButton(HWND control) {
   const auto code = ::SendMessageW(control, WM_GETDLGCODE, 0, 0);
   return (code & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0;
+}
+
+/// The one that waits until the window has been unloaded.
+void wakeLoop() {
+  ::PostThreadMessageW(::GetCurrentThreadId(), WM_NULL, 0, 0);
 }
 
 /// What only decorates lies behind what is used.
@@ -66,8 +66,7 @@ WindowView::WindowView(forms::Window& window, HWND owner)
     : window_(window),
       menus_(window),
       style_(styleOf(window.design())),
-      handle_(makeWindow(*this, style_, owner, menus_.bar())),
-      dpi_(dpiOf(handle_)),
+      dpi_(create(owner)),
       captionFont_(windows::captionFont(dpi_)),
       tips_(handle_),
       focus_(forms::firstFocus(window)) {
@@ -80,8 +79,16 @@ WindowView::WindowView(forms::Window& window, HWND owner)
 WindowView::~WindowView() {
   names_.reset();
   views_.clear();
+  if (handle_ == nullptr) return;
   ::SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
   ::DestroyWindow(handle_);
+}
+
+/// Makes the window; its density.
+int WindowView::create(HWND owner) {
+  handle_ = ::CreateWindowExW(WS_EX_CONTROLPARENT, ownClass(), L"", style_, 0, 0, 0, 0, owner,
+                              menus_.bar(), thisModule(), static_cast<Receiver*>(this));
+  return dpiOf(handle_);
 }
 
 void WindowView::build() {
@@ -280,11 +287,9 @@ void WindowView::enteredByKey() {
 
 LRESULT WindowView::received(HWND window, UINT message, WPARAM wide, LPARAM longer) {
   if (const auto answer = reflected(message, wide, longer)) return *answer;
+  if (message == WM_NCCREATE && handle_ == nullptr) handle_ = window;
   // The grounds of containers have nothing of their own to say.
-  if (handle_ != nullptr && window != handle_) {
-    return ::DefWindowProcW(window, message, wide, longer);
-  }
-  handle_ = window;
+  if (window != handle_) return ::DefWindowProcW(window, message, wide, longer);
   return receivedByWindow(message, wide, longer);
 }
 
@@ -334,6 +339,11 @@ LRESULT WindowView::receivedByWindow(UINT message, WPARAM wide, LPARAM longer) {
     case WM_ENDSESSION:
       // The process may end as soon as this returns; what is to be kept is kept now.
       if (wide != FALSE) forms::userClosed(window_);
+      return 0;
+    case WM_NCDESTROY:
+      // Somebody else destroys the window.
+      ::SetWindowLongPtrW(std::exchange(handle_, nullptr), GWLP_USERDATA, 0);
+      wakeLoop();
       return 0;
     case WM_ACTIVATE:
       if (HIWORD(wide) == 0) activated(LOWORD(wide) != WA_INACTIVE);
@@ -396,7 +406,7 @@ void WindowView::changed(Property property) {
 }
 
 void WindowView::update() {
-  if (unloaded_ || updating_) return;
+  if (!open() || updating_) return;
   updating_ = true;
   const HWND focus = ::GetFocus();
   for (const auto& view : views_) view->applyChanges();
@@ -519,8 +529,7 @@ std::optional<int> WindowView::findEntry(const forms::ListBox& list, const std::
 
 void WindowView::unloaded() {
   unloaded_ = true;
-  // Wakes the loop that waits for this.
-  ::PostMessageW(handle_, WM_NULL, 0, 0);
+  wakeLoop();
 }
 
 void WindowView::activated(bool active) {

@@ -24,13 +24,15 @@ class WindowView final : public forms::View, public Receiver {
   WindowView& operator=(const WindowView&) = delete;
 
   [[nodiscard]] forms::Window& window() const { return window_; }
+  /// Null when somebody else has destroyed it.
   [[nodiscard]] HWND handle() const { return handle_; }
   [[nodiscard]] ControlView& viewOf(const forms::Control& control) const;
   /// What is shown of a control or a menu entry; nothing where that cannot be told.
   [[nodiscard]] std::optional<forms::PropertyValue> shown(const forms::Control& control,
                                                           forms::Property property) const;
   [[nodiscard]] const MenuBar& menus() const { return menus_; }
-  [[nodiscard]] bool open() const { return !unloaded_; }
+  /// False when the window has been unloaded, or somebody else has destroyed it on the screen.
+  [[nodiscard]] bool open() const { return !unloaded_ && handle_ != nullptr; }
 
   void show();
   /// Deals with a message of the thread that is a shortcut or leads the keyboard about in this
@@ -68,6 +70,7 @@ class WindowView final : public forms::View, public Receiver {
   void commanded(UINT command);
   [[nodiscard]] ControlView* viewAt(HWND window) const;
 
+  int create(HWND owner);
   void build();
   std::unique_ptr<ControlView> makeView(forms::Control& control);
   void connectSpinners();
@@ -101,7 +104,7 @@ class WindowView final : public forms::View, public Receiver {
   forms::Window& window_;
   MenuBar menus_;
   DWORD style_;
-  HWND handle_;
+  HWND handle_ = nullptr;
   int dpi_;
   Font captionFont_;
   ToolTips tips_;

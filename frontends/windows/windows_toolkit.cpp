@@ -90,6 +90,8 @@ void WindowsToolkit::waitUntilUnloaded(WindowView& view) {
       ::WaitMessage();
     }
   }
+  // Somebody else may have destroyed it on the screen.
+  forms::userClosed(view.window());
 }
 
 bool WindowsToolkit::dealWithOne() {

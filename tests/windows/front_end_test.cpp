@@ -70,7 +70,7 @@ class TestWindow : public forms::Window {
 };
 
 /// Carries out one step each time the window has come to rest, and closes it after the last one.
-class Steps final : public Attendant {
+class Steps : public Attendant {
  public:
   using Step = std::function<void(WindowView&)>;
   explicit Steps(std::vector<Step> steps) : steps_(std::move(steps)) {}
@@ -198,6 +198,56 @@ TEST(WindowsHost, HearsThatItShallEnd) {
   MSG message{};
   ASSERT_TRUE(::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
   EXPECT_EQ(message.wParam, static_cast<WPARAM>(kStatus));
+}
+
+/// Takes its step, and leaves the rest to others.
+class OneStep final : public Steps {
+ public:
+  using Steps::Steps;
+
+  void windowIdle(WindowView& view) override {
+    if (allTaken()) {
+      ::WaitMessage();
+    } else {
+      Steps::windowIdle(view);
+    }
+  }
+};
+
+TEST(WindowsHost, MayDestroyTheWindowWhateverLiesOverIt) {
+  const auto all = std::to_array<void (*)(TestWindow&, WindowsToolkit&)>({
+      [](TestWindow&, WindowsToolkit&) {},
+      [](TestWindow&, WindowsToolkit& toolkit) {
+        TestWindow over;
+        over.showModal(toolkit);
+        EXPECT_TRUE(over.unloaded());
+      },
+      [](TestWindow& window, WindowsToolkit& toolkit) {
+        toolkit.popUp(window.as<forms::MenuEntry>("menu"));
+      },
+      [](TestWindow&, WindowsToolkit& toolkit) { toolkit.showMessage({}); },
+      [](TestWindow&, WindowsToolkit& toolkit) { EXPECT_FALSE(toolkit.ask({})); },
+      [](TestWindow&, WindowsToolkit& toolkit) { EXPECT_FALSE(toolkit.ShowOpenDialog({})); },
+  });
+  const HWND host = ::CreateWindowW(WC_STATICW, L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
+                                    200, 100, nullptr, nullptr, nullptr, nullptr);
+  for (const auto open : all) {
+    TestWindow window;
+    int closed = 0;
+    window.onQueryUnload = [&] { ++closed; };
+    WindowsToolkit* used = nullptr;
+    OneStep attendant({[&](WindowView& view) {
+      ::SetTimer(view.handle(), 1, USER_TIMER_MINIMUM,
+                 [](HWND doomed, UINT, UINT_PTR, DWORD) { ::DestroyWindow(doomed); });
+      open(window, *used);
+    }});
+    WindowsToolkit toolkit(&attendant);
+    used = &toolkit;
+    window.showModal(toolkit);
+    EXPECT_EQ(closed, 1);
+    EXPECT_TRUE(::IsWindowEnabled(host));
+  }
+  ::DestroyWindow(host);
 }
 
 TEST(WindowsHost, GetsWhatAHandlerThrows) {
