@@ -11,6 +11,7 @@ class HeadlessToolkit final : public forms::DrivenToolkit {
   void setPilot(forms::Pilot& pilot) override { pilot_ = &pilot; }
 
   void runModal(forms::Window& window) override;
+  void bringToFront() override {}
   void showMessage(const forms::Message& /*message*/) override {}
   std::optional<std::u16string> ask(const forms::Question& question) override;
   std::optional<std::u16string> ShowOpenDialog(const forms::FileDialog& dialog) override;

@@ -4,6 +4,7 @@
 #include <QThread>
 #include <QToolTip>
 #include <array>
+#include <mutex>
 #include <optional>
 #include <vector>
 
@@ -96,6 +97,8 @@ void createApplication(const std::string& platform) {
 }  // namespace
 
 bool provideApplication(std::string& problem) {
+  static std::mutex one;
+  const std::lock_guard lock(one);
   if (QCoreApplication::instance() == nullptr) {
     const auto display = findDisplay(problem);
     if (!display) return false;

@@ -58,6 +58,18 @@ void QtToolkit::runModal(forms::Window& window) {
   open_.pop_back();
 }
 
+void QtToolkit::bringToFront() {
+  for (WindowView* view : open_) {
+    if (!view->open()) continue;
+    TopLevel& window = view->topLevel();
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+  }
+  if (QWidget* front = QApplication::activeModalWidget()) {
+    front->raise();
+    front->activateWindow();
+  }
+}
+
 void QtToolkit::showMessage(const forms::Message& message) {
   const LocaleGuard locale;
   const Box<QMessageBox> box(message.icon == forms::MessageIcon::Information

@@ -28,6 +28,7 @@ class QtToolkit final : public forms::Toolkit {
   explicit QtToolkit(Attendant* attendant = nullptr) : attendant_(attendant) {}
 
   void runModal(forms::Window& window) override;
+  void bringToFront() override;
   void showMessage(const forms::Message& message) override;
   std::optional<std::u16string> ask(const forms::Question& question) override;
   std::optional<std::u16string> ShowOpenDialog(const forms::FileDialog& dialog) override;

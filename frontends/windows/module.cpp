@@ -1,5 +1,6 @@
 #include "driven/driven_toolkit.h"
 #include "forms/front_end_module.h"
+#include "platform/thread_record.h"
 #include "windows_toolkit.h"
 
 extern "C" {
@@ -8,8 +9,7 @@ KvrnstepDrivenFrontEnd kvrnstepDrivenFrontEnd;
 }
 
 extern "C" kvrnstep::forms::Toolkit* kvrnstepFrontEnd(std::string* /*problem*/) {
-  static kvrnstep::windows::WindowsToolkit toolkit;
-  return &toolkit;
+  return &kvrnstep::platform::ofThisThread<kvrnstep::windows::WindowsToolkit>();
 }
 
 extern "C" kvrnstep::forms::DrivenToolkit* kvrnstepDrivenFrontEnd(std::string* /*problem*/) {

@@ -81,6 +81,14 @@ void WindowsToolkit::runModal(forms::Window& window) {
   waitUntilUnloaded(view);
 }
 
+void WindowsToolkit::bringToFront() {
+  if (open_.empty()) return;
+  for (const WindowView* view : open_) {
+    if (::IsIconic(view->handle()) != FALSE) ::ShowWindow(view->handle(), SW_RESTORE);
+  }
+  ::SetForegroundWindow(::GetLastActivePopup(open_.back()->handle()));
+}
+
 void WindowsToolkit::waitUntilUnloaded(WindowView& view) {
   while (view.open()) {
     if (dealWithOne()) continue;

@@ -51,7 +51,6 @@ class Drive final : public kvrnstep::driving::Player {
   std::deque<std::optional<std::u16string>> answers_;
   ExitStatus status_ = Held;
   int closings_ = 0;
-  bool calling_ = false;
 };
 
 }  // namespace stepdrive

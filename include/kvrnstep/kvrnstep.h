@@ -91,7 +91,9 @@ KVRNSTEP_API char* kvrnstep_plug_name_version(void);
 
 /* Shows the dialog and returns when it has closed: KVRNSTEP_INSERTED, KVRNSTEP_CANCELLED or a
  * failure. `*list` is the list after Insert, its lines ending in CR LF, and null otherwise; to be
- * freed. */
+ * freed. A call on the thread whose dialog is open brings that one to the front and returns
+ * KVRNSTEP_CANCELLED at once. On Windows another thread has a dialog of its own; elsewhere dialogs
+ * belong to one thread, and another one gets KVRNSTEP_NO_DISPLAY. */
 KVRNSTEP_API int kvrnstep_show_dialog(const kvrnstep_dialog* dialog, char** list);
 
 /* KVRNSTEP_DONE when a dialog can be shown here; otherwise KVRNSTEP_NO_DISPLAY, and `*problem`,

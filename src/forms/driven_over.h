@@ -13,6 +13,7 @@ class DrivenOver : public DrivenToolkit {
   explicit DrivenOver(Attendant* attendant) : native_(attendant) {}
 
   void runModal(Window& window) override { native_.runModal(window); }
+  void bringToFront() override { native_.bringToFront(); }
   void showMessage(const Message& message) override { native_.showMessage(message); }
   std::optional<std::u16string> ask(const Question& question) override {
     return native_.ask(question);

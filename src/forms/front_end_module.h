@@ -4,8 +4,9 @@
 
 #include "forms/driven_toolkit.h"
 
-/// What a front-end module exports. Both functions return null where no window can be shown and
-/// say why in `problem`, in one line; the toolkit lives as long as the module is loaded.
+/// What a front-end module exports. Both functions return null where the calling thread can show no
+/// window and say why in `problem`, in one line; the toolkit is for that thread, and lives as long
+/// as the module is loaded.
 extern "C" {
 /// For people.
 using KvrnstepFrontEnd = kvrnstep::forms::Toolkit*(std::string* problem);

@@ -50,6 +50,7 @@ class Stage final : public Toolkit {
   [[nodiscard]] bool windowOpen() const { return !windows_.empty(); }
 
   void runModal(Window& window) override;
+  void bringToFront() override { toolkit_.bringToFront(); }
   void showMessage(const Message& message) override;
   std::optional<std::u16string> ask(const Question& question) override;
   std::optional<std::u16string> ShowOpenDialog(const FileDialog& dialog) override;

@@ -56,6 +56,8 @@ class Toolkit {
   /// Shows a loaded window, without an owner or over the window that is open, and returns when
   /// it has been unloaded.
   virtual void runModal(Window& window) = 0;
+  /// Shows what is open in front of other windows, and gives it the keyboard.
+  virtual void bringToFront() = 0;
   virtual void showMessage(const Message& message) = 0;
   /// Nothing when the question was cancelled.
   virtual std::optional<std::u16string> ask(const Question& question) = 0;

@@ -6,32 +6,24 @@ namespace kvrnstep::plugin {
 
 namespace {
 
-struct LoadedFrontEnd {
-  forms::Toolkit* toolkit = nullptr;
-  std::unique_ptr<forms::Stage> stage;
-};
-
-LoadedFrontEnd& loaded() {
-  static LoadedFrontEnd frontEnd;
-  return frontEnd;
+/// The one that a script plays on, or null.
+std::unique_ptr<forms::Stage>& stage() {
+  static std::unique_ptr<forms::Stage> current;
+  return current;
 }
 
 }  // namespace
 
 forms::Toolkit* frontEnd(std::string& problem) {
-  LoadedFrontEnd& current = loaded();
-  if (current.toolkit == nullptr) current.toolkit = toolkitForPeople(problem);
-  return current.toolkit;
+  return stage() != nullptr ? stage().get() : toolkitForPeople(problem);
 }
 
 forms::Stage* stageFrontEnd(std::string_view name, forms::Pilot& pilot, forms::Audience& audience,
                             std::string& problem) {
   auto* toolkit = toolkitForScripts(name, problem);
   if (toolkit == nullptr) return nullptr;
-  LoadedFrontEnd& current = loaded();
-  current.stage = std::make_unique<forms::Stage>(*toolkit, pilot, audience);
-  current.toolkit = current.stage.get();
-  return current.stage.get();
+  stage() = std::make_unique<forms::Stage>(*toolkit, pilot, audience);
+  return stage().get();
 }
 
 }  // namespace kvrnstep::plugin

@@ -11,8 +11,8 @@
 /// window, never before.
 namespace kvrnstep::plugin {
 
-/// The front end, set up if need be. Null when no window can be shown; `problem` then
-/// says why, in one line. What failed is tried again at the next call.
+/// The front end for the calling thread, set up if need be. Null when no window can be shown;
+/// `problem` then says why, in one line. What failed is tried again at the next call.
 forms::Toolkit* frontEnd(std::string& problem);
 
 /// Sets up the front end of that name ("headless", "qt", "windows") for scripts and puts a stage

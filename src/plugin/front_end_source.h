@@ -8,8 +8,8 @@
 /// Where front ends come from: modules in the plug-in's folder, or, on Windows, the plug-in itself.
 namespace kvrnstep::plugin {
 
-/// The front end for people. Null with the reason in `problem`, in one line, where it cannot show
-/// a window.
+/// The front end for people on the calling thread. Null with the reason in `problem`, in one line,
+/// where it cannot show a window.
 forms::Toolkit* toolkitForPeople(std::string& problem);
 
 /// The front end of that name ("headless", "qt", "windows") for scripts; null likewise.

@@ -20,6 +20,7 @@ struct HostContext {
   std::int32_t l_EditorBColor = 0;  ///< 0x00BBGGRR, or 0x80000000 + n for the system's colour n
   std::int32_t l_EditorFColor = 0;
   std::uint8_t bytSpcCount = 0;  ///< blanks in one indentation
+  bool callIsOpen = false;       ///< this is not the host's, but tells that the call has not ended
 };
 
 /// The calling thread's record.

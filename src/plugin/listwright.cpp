@@ -40,19 +40,25 @@ void fill(HostContext& context, const ShowArguments& arguments) {
   context.swavFinishQ = arguments.swavFinishQ;
 }
 
-/// Empties the texts when the call ends, by an exception too; numbers and truth values keep
-/// what the call brought.
-struct EmptiedTexts {
-  HostContext& context;
-
-  ~EmptiedTexts() {
+/// A call that is open. When it ends, by an exception too, the texts are emptied; numbers and truth
+/// values keep what the call brought.
+class Call {
+ public:
+  explicit Call(HostContext& context) : context_(context) { context_.callIsOpen = true; }
+  ~Call() {
+    context_.callIsOpen = false;
     for (std::u16string* text :
-         {&context.SEC_APP_NAME, &context.SEC_APP_LWDR, &context.sPthStepFolder,
-          &context.s_IniPathAndName, &context.s_EditorFont, &context.swavAlertQ,
-          &context.swavFinishQ}) {
+         {&context_.SEC_APP_NAME, &context_.SEC_APP_LWDR, &context_.sPthStepFolder,
+          &context_.s_IniPathAndName, &context_.s_EditorFont, &context_.swavAlertQ,
+          &context_.swavFinishQ}) {
       text->clear();
     }
   }
+  Call(const Call&) = delete;
+  Call& operator=(const Call&) = delete;
+
+ private:
+  HostContext& context_;
 };
 
 }  // namespace
@@ -64,9 +70,13 @@ std::u16string Listwright::PlugNameVersion() {
 bool Listwright::ShowListwrightDialog(forms::Toolkit* toolkit, std::u16string& theLwOutputString,
                                       const ShowArguments& arguments) {
   HostContext& context = hostContext();
-  const EmptiedTexts emptied{context};
-  fill(context, arguments);
   theLwOutputString.clear();
+  if (context.callIsOpen) {
+    if (toolkit != nullptr) toolkit->bringToFront();
+    return false;
+  }
+  const Call call(context);
+  fill(context, arguments);
   bool selectionMade = false;
   if (toolkit != nullptr) {
     dialogs::frmListwright dialog(*toolkit, context);

@@ -33,7 +33,8 @@ class Listwright {
   /// Name and version for a host's list of plug-ins, a tab between them.
   [[nodiscard]] static std::u16string PlugNameVersion();
 
-  /// Lets the user build one list, and returns when the dialog has closed.
+  /// Lets the user build one list, and returns when the dialog has closed. While one is open on
+  /// this thread it is brought to the front, and the call returns at once as if it was cancelled.
   /// @param toolkit what shows the dialog; null: none can be shown, and the call returns at once
   /// @param theLwOutputString always overwritten: the list after Insert, otherwise empty
   /// @return True after Insert with a generated list

@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 #include "kvrnstep/listwright.hpp"
 #include "program.h"
@@ -72,6 +73,17 @@ class QtHost : public testing::Test {
       (std::filesystem::temp_directory_path() / ("qt-host-" + std::to_string(::getpid()))).string();
   const kvrnstep::Listwright plugin_ = kvrnstep::Listwright::load(hosts::pluginBesideProgram());
 };
+
+TEST_F(QtHost, IsShownTheOpenDialogWhenItCallsAgain) {
+  call(nullptr, [this] {
+    QWidget& dialog = *front();
+    dialog.showMinimized();
+    EXPECT_FALSE(show());
+    EXPECT_TRUE(dialog.isVisible() && !dialog.isMinimized() && dialog.isActiveWindow());
+    std::thread([this] { EXPECT_THROW(show(), std::runtime_error); }).join();
+    QTest::keyClick(&dialog, Qt::Key_Q, Qt::ControlModifier);
+  });
+}
 
 /// A key in one of the dialog's boxes.
 std::function<void(QWidget&)> key(const char* box, Qt::Key code) {

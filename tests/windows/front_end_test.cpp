@@ -1,13 +1,19 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <atomic>
 #include <functional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "driven/user_input.h"
+#include "forms/front_end_module.h"
 #include "forms/window.h"
+#include "window_class.h"
 #include "windows_toolkit.h"
+
+extern "C" KvrnstepFrontEnd kvrnstepFrontEnd;
 
 // What scripts cannot say: the keyboard leads about in a window, and the window behaves towards its
 // host. The mouse and the keyboard are the system's own.
@@ -248,6 +254,37 @@ TEST(WindowsHost, MayDestroyTheWindowWhateverLiesOverIt) {
     EXPECT_TRUE(::IsWindowEnabled(host));
   }
   ::DestroyWindow(host);
+}
+
+/// Closes the window of this thread when there are two.
+void CALLBACK closeOfTwo(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/, DWORD /*time*/) {
+  static std::atomic<bool> both = false;
+  const HWND first = ::FindWindowW(ownClass(), nullptr);
+  const HWND second = ::FindWindowExW(nullptr, first, ownClass(), nullptr);
+  both = both || (::IsWindowVisible(first) != FALSE && ::IsWindowVisible(second) != FALSE);
+  if (!both) return;
+  for (const HWND window : {first, second}) {
+    EXPECT_EQ(::GetWindow(window, GW_OWNER), nullptr);
+    if (::GetWindowThreadProcessId(window, nullptr) != ::GetCurrentThreadId()) continue;
+    ::PostMessageW(window, WM_CLOSE, 0, 0);
+  }
+}
+
+TEST(WindowsHost, HasADialogOnEachThread) {
+  const auto use = [] {
+    TestWindow window;
+    std::string problem;
+    const UINT_PTR timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, closeOfTwo);
+    window.showModal(*kvrnstepFrontEnd(&problem));
+    ::KillTimer(nullptr, timer);
+    EXPECT_TRUE(window.unloaded());
+  };
+  std::thread other([&] {
+    while (::IsWindowVisible(::FindWindowW(ownClass(), nullptr)) == FALSE) ::SwitchToThread();
+    use();
+  });
+  use();
+  other.join();
 }
 
 TEST(WindowsHost, GetsWhatAHandlerThrows) {
