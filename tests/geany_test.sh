@@ -30,7 +30,7 @@ start() {
   edit lf.txt >log 2>&1 &
   geany=$!
   await titled 'lf.txt *'
-  window=$(xdotool getactivewindow)
+  window=$(xdotool getwindowfocus)
   # A key that comes before the document has the focus is lost.
   await takes_x
   keys ctrl+z
@@ -97,7 +97,7 @@ keys ctrl+Home
 dialog ctrl+alt+l
 # A dialog asks for the keyboard once more when it finds itself on the screen. It has done so when
 # it takes a key.
-shown=$(xdotool getactivewindow)
+shown=$(xdotool getwindowfocus)
 user_time() { xprop -id "$shown" _NET_WM_USER_TIME; }
 before=$(user_time)
 took_a_key() { [ "$(user_time)" != "$before" ]; }
@@ -154,7 +154,7 @@ settings=config/listwright/steps.ini
 [ -f data/listwright/Prefix_Step.dat ] || fail 'another step folder'
 printf '[Listwright]\nUseDefault=1\nSelection=2\nSuffix=)\nDisplay=Preview\n' >"$settings"
 dialog ctrl+alt+l
-shown=$(xdotool getactivewindow)
+shown=$(xdotool getwindowfocus)
 preview_has_colors() {
   local colors
   colors=$(import -window "$shown" -depth 8 -format %c histogram:info:-)
