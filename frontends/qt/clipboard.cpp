@@ -10,6 +10,7 @@
 #include <QByteArray>
 #include <QClipboard>
 #include <QEventLoop>
+#include <QFile>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QPointer>
@@ -22,30 +23,15 @@
 #include <utility>
 
 #include "module_folder.h"
-#include "platform/posix/descriptor.h"
 #include "qt_application.h"
 
 namespace kvrnstep::qt {
-
-using platform::Descriptor;
 
 namespace {
 
 constexpr const char* kKeeper = "kvrnstep-clipboard";
 constexpr int kReadyWithinMilliseconds = 2000;
 constexpr int kFetchedWithinMilliseconds = 300;
-
-bool writeAll(int file, const QByteArray& bytes) {
-  qsizetype written = 0;
-  while (written < bytes.size()) {
-    const ssize_t count =
-        write(file, bytes.constData() + written, static_cast<std::size_t>(bytes.size() - written));
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return false;
-    written += count;
-  }
-  return true;
-}
 
 /// Starts the keeper, which leaves at once a child of its own behind. A signal mask or handling
 /// that the host has chosen for itself is not handed down.
@@ -88,21 +74,31 @@ bool becomesReadable(int file) {
   return ready == 1 && read(file, &byte, 1) == 1;
 }
 
+bool adopt(QFile& file, int number, QIODevice::OpenMode how) {
+  return number >= 0 &&
+         file.open(number, how | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle);
+}
+
 /// Hands the text to a program of its own that serves the clipboard from then on.
 bool handToKeeper(const QString& text) {
   const std::string path = besideThisModule(kKeeper);
   if (path.empty()) return false;
   // A file in memory: writing to it neither blocks nor raises a signal, whatever the keeper does.
-  const Descriptor input(memfd_create(kKeeper, MFD_CLOEXEC));
+  const int memory = memfd_create(kKeeper, MFD_CLOEXEC);
   std::array<int, 2> ends{-1, -1};
-  if (!input.open() || pipe2(ends.data(), O_CLOEXEC) != 0) return false;
-  const Descriptor readEnd(ends[0]);
-  Descriptor writeEnd(ends[1]);
-  if (!writeAll(input.number(), text.toUtf8()) || lseek(input.number(), 0, SEEK_SET) != 0)
+  QFile input;
+  QFile readEnd;
+  QFile writeEnd;
+  if (!adopt(input, memory, QIODevice::WriteOnly) || pipe2(ends.data(), O_CLOEXEC) != 0 ||
+      !adopt(readEnd, ends[0], QIODevice::ReadOnly) ||
+      !adopt(writeEnd, ends[1], QIODevice::WriteOnly)) {
     return false;
-  if (!startKeeper(path, input.number(), writeEnd.number())) return false;
+  }
+  const QByteArray bytes = text.toUtf8();
+  if (input.write(bytes) != bytes.size() || !input.seek(0)) return false;
+  if (!startKeeper(path, input.handle(), writeEnd.handle())) return false;
   writeEnd.close();
-  return becomesReadable(readEnd.number());
+  return becomesReadable(readEnd.handle());
 }
 
 /// A text that tells when its bytes are fetched. Boxes of our own only look at it.
