@@ -24,8 +24,6 @@ std::optional<std::string> readFile(const std::u16string& path,
 /// is missing or takes no new files. A file without any write permission bit counts as not to be
 /// written even for those whom the system would let.
 bool replaceFile(const std::u16string& path, std::string_view bytes);
-/// As `replaceFile`, for a caller that knows that the file holds other bytes.
-bool overwriteFile(const std::u16string& path, std::string_view bytes);
 
 /// Creates the file with no content; one that is there already, or has come up just now, keeps
 /// its own. False when it can neither be created nor opened for writing.

@@ -45,4 +45,15 @@ std::string withProfileValue(std::string_view bytes, std::string_view section, s
 /// the key holds no "=" and begins with neither "[" nor ";".
 bool isProfileName(std::string_view section, std::string_view key);
 
+/// The functions of a system that has some. Nothing where it has none, or where they cannot be
+/// given this path or would change these texts: then the rules above hold.
+namespace native {
+
+std::optional<std::string> profileString(std::string_view section, std::string_view key,
+                                         std::string_view defaultValue, const std::u16string& file);
+std::optional<bool> writeProfileString(std::string_view section, std::string_view key,
+                                       std::string_view value, const std::u16string& file);
+
+}  // namespace native
+
 }  // namespace kvrnstep::platform

@@ -5,8 +5,7 @@
 #include <cstdlib>
 #include <memory>
 
-#include "platform/posix/native_path.h"
-#include "text/codepage.h"
+#include "platform/native_files.h"
 #include "text/paths.h"
 #include "text/text.h"
 
@@ -28,7 +27,7 @@ const char* pathAsGiven() {
 
 std::string resolvedFolder(const char* path) {
   const std::unique_ptr<char, decltype(&::free)> resolved(::realpath(path, nullptr), ::free);
-  return resolved ? folderPart(resolved.get()) : std::string();
+  return resolved ? native::folderPart(resolved.get()) : std::string();
 }
 
 /// A relative path means something else once the host changes its working folder, so it is
@@ -45,7 +44,7 @@ std::u16string moduleFolder() {
   if (path == nullptr) return {};
   const std::string folder = *path == '/' ? resolvedFolder(path) : folderOfRelativePath;
   if (folder == "/") return u"/";
-  return text::withoutTrailingSeparator(text::fromBytes(folder));
+  return text::withoutTrailingSeparator(native::textOf(folder));
 }
 
 std::u16string moduleVersion() {
@@ -53,7 +52,7 @@ std::u16string moduleVersion() {
 }
 
 void* loadModule(const std::u16string& path, std::string& problem) {
-  const std::string native = nativePath(path);
+  const std::string native = native::pathOf(path);
   if (native.empty() || native.front() != '/') {
     problem = "a module is loaded by its full path only";
     return nullptr;

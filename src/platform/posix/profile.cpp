@@ -1,36 +1,15 @@
 #include "platform/profile.h"
 
-#include "platform/files.h"
+namespace kvrnstep::platform::native {
 
-namespace kvrnstep::platform {
-
-namespace {
-
-/// The bytes to change; none for a file that is not there yet. Nothing when there is a file that
-/// cannot be read, whose content a write would destroy.
-std::optional<std::string> bytesToChange(const std::u16string& file) {
-  auto bytes = readFile(file);
-  if (!bytes && !pathExists(file)) return std::string();
-  return bytes;
+std::optional<std::string> profileString(std::string_view, std::string_view, std::string_view,
+                                         const std::u16string&) {
+  return std::nullopt;
 }
 
-}  // namespace
-
-std::string getPrivateProfileString(std::string_view section, std::string_view key,
-                                    std::string_view defaultValue, const std::u16string& file) {
-  const auto bytes = readFile(file);
-  const auto value = bytes ? profileValue(*bytes, section, key) : std::nullopt;
-  const std::string_view found = value.value_or(defaultValue);
-  return std::string(found.substr(0, found.find('\0')));
+std::optional<bool> writeProfileString(std::string_view, std::string_view, std::string_view,
+                                       const std::u16string&) {
+  return std::nullopt;
 }
 
-bool writePrivateProfileString(std::string_view section, std::string_view key,
-                               std::string_view value, const std::u16string& file) {
-  if (!isProfileName(section, key)) return false;
-  const auto bytes = bytesToChange(file);
-  if (!bytes) return false;
-  const std::string changed = withProfileValue(*bytes, section, key, value);
-  return changed == *bytes || overwriteFile(file, changed);
-}
-
-}  // namespace kvrnstep::platform
+}  // namespace kvrnstep::platform::native

@@ -4,21 +4,20 @@
 #include <array>
 #include <memory>
 
-#include "platform/files.h"
-#include "platform/windows/native_path.h"
+#include "platform/native_files.h"
+#include "text/paths.h"
 #include "text/windows/wide.h"
 
-namespace kvrnstep::platform {
+namespace kvrnstep::platform::native {
 
 namespace {
 
-using Names = std::vector<std::u16string>;
+using text::wide;
 
 struct DestroyBox {
   using pointer = HWND;
   void operator()(HWND box) const { ::DestroyWindow(box); }
 };
-using Box = std::unique_ptr<HWND, DestroyBox>;
 
 struct CloseSearch {
   using pointer = HANDLE;
@@ -26,40 +25,41 @@ struct CloseSearch {
 };
 
 /// A list box has no room for a long path.
-std::u16string GetShortPath(const std::u16string& folder) {
+Path GetShortPath(const Path& folder) {
   std::array<wchar_t, 255> path{};
-  const DWORD length = ::GetShortPathNameW(text::wide(folder), path.data(), path.size());
-  return length < path.size() ? std::u16string(text::utf16(path.data()), length) : u"";
-}
-
-std::u16string entryOf(HWND box, WPARAM index) {
-  const LRESULT length = std::max<LRESULT>(0, ::SendMessageW(box, LB_GETTEXTLEN, index, 0));
-  std::u16string entry(static_cast<std::size_t>(length) + 1, u'\0');
-  ::SendMessageW(box, LB_GETTEXT, index, reinterpret_cast<LPARAM>(entry.data()));
-  entry.pop_back();
-  return entry;
+  const DWORD length = ::GetShortPathNameW(wide(folder), path.data(), path.size());
+  return length < path.size() ? Path(text::utf16(path.data()), length) : Path();
 }
 
 /// As a list box of the system fills itself, with long names. Empty also when it cannot.
-Names listedBySystem(const std::u16string& folder) {
+std::vector<Path> listedBySystem(const Path& folder) {
   constexpr WPARAM kWhich = DDL_READONLY | DDL_HIDDEN | DDL_SYSTEM | DDL_ARCHIVE;
-  Names names;
-  const std::u16string path = GetShortPath(folder);
-  if (path.empty()) return names;
-  const Box box(::CreateWindowExW(0, L"LISTBOX", nullptr, WS_CHILD, 0, 0, 0, 0, HWND_MESSAGE,
-                                  nullptr, nullptr, nullptr));
-  const std::u16string all = path + u"\\*";
-  ::SendMessageW(box.get(), LB_DIR, kWhich, reinterpret_cast<LPARAM>(text::wide(all)));
-  const LRESULT count = ::SendMessageW(box.get(), LB_GETCOUNT, 0, 0);
-  for (LRESULT i = 0; i < count; ++i) names.push_back(entryOf(box.get(), static_cast<WPARAM>(i)));
+  std::vector<Path> names;
+  if (folder.empty()) return names;
+  const std::unique_ptr<HWND, DestroyBox> box(::CreateWindowExW(
+      0, L"LISTBOX", nullptr, WS_CHILD, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr));
+  const auto ask = [&box](UINT what, LRESULT index = 0, const void* data = nullptr) {
+    return ::SendMessageW(box.get(), what, static_cast<WPARAM>(index),
+                          reinterpret_cast<LPARAM>(data));
+  };
+  const Path all = folder + u"\\*";
+  ask(LB_DIR, kWhich, all.c_str());
+  const LRESULT count = ask(LB_GETCOUNT);
+  for (LRESULT i = 0; i < count; ++i) {
+    const LRESULT length = std::max<LRESULT>(0, ask(LB_GETTEXTLEN, i));
+    Path& name = names.emplace_back(static_cast<std::size_t>(length) + 1, u'\0');
+    ask(LB_GETTEXT, i, name.data());
+    name.pop_back();
+  }
   return names;
 }
 
-Names found(const std::u16string& folder) {
-  Names names;
+/// As the system searches a folder.
+std::vector<Path> found(const Path& folder) {
+  std::vector<Path> names;
   WIN32_FIND_DATAW file;
-  const std::u16string all = nativePath(folder + u"\\*");
-  const HANDLE first = ::FindFirstFileW(text::wide(all), &file);
+  const Path all = text::withoutTrailingSeparator(folder) + u"\\*";
+  const HANDLE first = ::FindFirstFileW(wide(all), &file);
   if (first == INVALID_HANDLE_VALUE) return names;
   const std::unique_ptr<HANDLE, CloseSearch> search(first);
   do {
@@ -71,10 +71,9 @@ Names found(const std::u16string& folder) {
 
 }  // namespace
 
-std::vector<std::u16string> filesIn(const std::u16string& folder) {
-  if (folder.empty()) return {};
-  Names names = listedBySystem(folder);
+std::vector<Path> filesIn(const Path& folder) {
+  auto names = listedBySystem(GetShortPath(folder));
   return names.empty() ? found(folder) : names;
 }
 
-}  // namespace kvrnstep::platform
+}  // namespace kvrnstep::platform::native

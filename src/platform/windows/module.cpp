@@ -3,7 +3,7 @@
 #include <array>
 #include <cstring>
 
-#include "platform/windows/native_path.h"
+#include "platform/native_files.h"
 #include "platform/windows/this_module.h"
 #include "text/numbers.h"
 #include "text/paths.h"
@@ -54,7 +54,7 @@ std::u16string modulePath() {
 }
 
 std::u16string moduleFolder() {
-  const std::u16string folder = folderPart(modulePath());
+  const std::u16string folder = native::folderPart(modulePath());
   return folder.ends_with(u":\\") ? folder : text::withoutTrailingSeparator(folder);
 }
 

@@ -1,0 +1,56 @@
+#include "platform/files.h"
+
+#include <algorithm>
+
+#include "platform/native_files.h"
+
+namespace kvrnstep::platform {
+
+namespace {
+
+/// Reads to the end of the file, which may meanwhile have become longer or shorter than `size`.
+std::optional<std::string> readAll(const native::File& file, std::size_t size) {
+  constexpr std::size_t kLeastRoom = 4096;
+  std::string bytes(size + 1, '\0');
+  std::size_t filled = 0;
+  for (;;) {
+    const auto count = file.read(bytes.data() + filled, bytes.size() - filled);
+    if (!count) return std::nullopt;
+    if (*count == 0) break;
+    filled += *count;
+    if (filled == bytes.size()) bytes.resize(std::max(2 * filled, kLeastRoom));
+  }
+  bytes.resize(filled);
+  return bytes;
+}
+
+}  // namespace
+
+std::optional<std::string> readFile(const std::u16string& path, std::size_t largest) {
+  const auto file = native::openToRead(native::pathOf(path));
+  const auto size = file.size();
+  if (!size || *size > largest) return std::nullopt;
+  return readAll(file, static_cast<std::size_t>(*size));
+}
+
+bool createEmptyFile(const std::u16string& path) {
+  return native::openOrCreate(native::pathOf(path)).size().has_value();
+}
+
+std::vector<std::u16string> filesIn(const std::u16string& folder) {
+  std::vector<std::u16string> names;
+  if (folder.empty()) return names;
+  for (const native::Path& file : native::filesIn(native::pathOf(folder))) {
+    auto name = native::textOf(file);
+    // A name in another encoding could not be found again by its characters.
+    if (native::pathOf(name) == file) names.push_back(std::move(name));
+  }
+  return names;
+}
+
+bool deleteFile(const std::u16string& path) {
+  const auto native = native::pathOf(path);
+  return native::targetAt(native) != native::Target::kOther && native::remove(native);
+}
+
+}  // namespace kvrnstep::platform

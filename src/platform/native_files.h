@@ -1,0 +1,103 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+/// What each system does with files, one call at a time: `posix/` and `windows/` hold it. What is
+/// made of it (how a file is saved, what is read, which names a folder's list leaves out) is
+/// written once, in the files of this folder.
+namespace kvrnstep::platform::native {
+
+/// A path as the system takes it. Where it takes bytes, a link may lead to a name that has no
+/// equal in UTF-16.
+#ifdef _WIN32
+using Path = std::u16string;
+#else
+using Path = std::string;
+#endif
+
+/// The path as the system takes it, long ones in the form that has no limit; empty, which names
+/// nothing, for a path with a NUL in it.
+Path pathOf(const std::u16string& path);
+std::u16string textOf(const Path& path);
+
+/// The part up to and with the last separator, or the colon of a drive; empty for a name alone.
+Path folderPart(const Path& path);
+
+/// The path of the file that a chain of links leads to. Nothing for links that lead in a circle,
+/// and for one that cannot be read, which would be replaced itself.
+std::optional<Path> withoutLinks(const Path& path);
+
+/// What a path leads to, as far as it matters to a program that is about to write there.
+enum class Target {
+  kNothing,       ///< a new file can be made there if the folder allows it
+  kWritableFile,  ///< a regular file that this process may write to
+  kOther,         ///< anything else, and whatever the system does not tell about
+};
+/// A file without any write permission counts as one that may not be written, even for those whom
+/// the system would let.
+Target targetAt(const Path& path);
+
+/// An open file.
+class File {
+ public:
+  File(Path path, std::intptr_t handle) : path_(std::move(path)), handle_(handle) {}
+  File(File&& other) noexcept
+      : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, kNone)) {}
+  ~File() { close(); }
+  File(const File&) = delete;
+  File& operator=(const File&) = delete;
+  File& operator=(File&&) = delete;
+
+  [[nodiscard]] bool open() const { return handle_ != kNone; }
+  [[nodiscard]] const Path& path() const { return path_; }
+  /// As the system knows it: a number, or a handle.
+  [[nodiscard]] std::intptr_t handle() const { return handle_; }
+
+  /// Nothing when this is no regular file on a disk: a pipe or a device would block or never end.
+  [[nodiscard]] std::optional<std::uint64_t> size() const;
+  /// Reads `most` bytes or fewer and returns their number; 0 at the end of the file, nothing when
+  /// the system cannot read.
+  [[nodiscard]] std::optional<std::size_t> read(char* bytes, std::size_t most) const;
+  /// Writes the first of the bytes and returns how many; 0 when the system cannot write.
+  [[nodiscard]] std::size_t write(std::string_view bytes) const;
+  /// Gives this file the owner and the rights of another one, which it is about to replace.
+  [[nodiscard]] bool takeAfter(const Path& other) const;
+  /// Waits until the bytes are on the disk.
+  [[nodiscard]] bool sync() const;
+  /// False when the system reports, only now, that something could not be written.
+  bool close();
+
+ private:
+  static constexpr std::intptr_t kNone = -1;  ///< what the systems return for a failure
+
+  Path path_;
+  std::intptr_t handle_;
+};
+
+File openToRead(const Path& path);
+/// Opens a file for writing and creates it if need be; what it holds stays.
+File openOrCreate(const Path& path);
+/// Creates a file, which must not be there yet.
+/// @param forUsAlone nobody else may read it until it takes after another file
+/// @param taken set to whether the name is in use
+File createNew(const Path& path, bool forUsAlone, bool& taken);
+
+/// Gives a file another name, in place of whatever file has that name, in one step.
+bool rename(const Path& from, const Path& to);
+/// A folder is no file.
+bool remove(const Path& path);
+
+/// The names of the files in a folder, links to files included, in no order. None when it cannot
+/// be read.
+std::vector<Path> filesIn(const Path& folder);
+
+/// The number of this process.
+std::uint32_t processNumber();
+
+}  // namespace kvrnstep::platform::native

@@ -1,0 +1,170 @@
+#include "platform/native_files.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+#include "platform/files.h"
+#include "platform/windows/full_path.h"
+#include "text/windows/wide.h"
+
+namespace kvrnstep::platform {
+
+using text::wide;
+
+std::u16string fullPath(const std::u16string& path) {
+  const DWORD room = ::GetFullPathNameW(wide(path), 0, nullptr, nullptr);
+  std::u16string full(room, u'\0');
+  full.resize(::GetFullPathNameW(wide(path), room, wide(full.data()), nullptr));
+  return full;
+}
+
+bool pathExists(const std::u16string& path) {
+  return ::GetFileAttributesW(wide(native::pathOf(path))) != INVALID_FILE_ATTRIBUTES;
+}
+
+bool createFolder(const std::u16string& path) {
+  return ::CreateDirectoryW(wide(native::pathOf(path)), nullptr) != FALSE;
+}
+
+namespace native {
+
+namespace {
+
+HANDLE system(std::intptr_t handle) {
+  return reinterpret_cast<HANDLE>(handle);
+}
+
+/// The system counts in 32 bits.
+DWORD atOnce(std::size_t size) {
+  constexpr std::size_t kMostAtOnce = 1U << 30U;
+  return static_cast<DWORD>(std::min(size, kMostAtOnce));
+}
+
+/// Others may do with the file what they like while it is open here, unless it is not shared.
+File openFile(const Path& path, DWORD access, DWORD disposition, bool shared = true) {
+  constexpr DWORD kWithAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const HANDLE file = ::CreateFileW(wide(path), access, shared ? kWithAll : 0, nullptr, disposition,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+  return {path, reinterpret_cast<std::intptr_t>(file)};
+}
+
+bool hasAttribute(const Path& path, DWORD which) {
+  const DWORD attributes = ::GetFileAttributesW(wide(path));
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & which) != 0;
+}
+
+}  // namespace
+
+Path pathOf(const std::u16string& path) {
+  // Folders have room for a file name less than files, and there must be room for the name of a
+  // temporary file beside this one.
+  constexpr std::size_t kUsualLimit = MAX_PATH - 40;
+  if (path.find(u'\0') != std::u16string::npos) return {};
+  if (path.size() < kUsualLimit || path.starts_with(u"\\\\?\\")) return path;
+  const std::u16string full = fullPath(path);
+  if (full.starts_with(u"\\\\")) return u"\\\\?\\UNC\\" + full.substr(2);
+  return u"\\\\?\\" + full;
+}
+
+std::u16string textOf(const Path& path) {
+  return path;
+}
+
+Path folderPart(const Path& path) {
+  return path.substr(0, path.find_last_of(u"\\/:") + 1);
+}
+
+std::optional<Path> withoutLinks(const Path& path) {
+  if (!hasAttribute(path, FILE_ATTRIBUTE_REPARSE_POINT)) return path;
+  const File file = openFile(path, FILE_READ_ATTRIBUTES, OPEN_EXISTING);
+  if (!file.open()) return std::nullopt;
+  const HANDLE handle = system(file.handle());
+  const DWORD room = ::GetFinalPathNameByHandleW(handle, nullptr, 0, FILE_NAME_NORMALIZED);
+  Path real(room, u'\0');
+  real.resize(::GetFinalPathNameByHandleW(handle, wide(real.data()), room, FILE_NAME_NORMALIZED));
+  return real.empty() ? std::nullopt : std::optional(real);
+}
+
+Target targetAt(const Path& path) {
+  if (hasAttribute(path, FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) return Target::kOther;
+  // Opening for writing asks for all rights without changing anything.
+  const File file = openFile(path, GENERIC_WRITE, OPEN_EXISTING);
+  if (!file.open() && ::GetLastError() == ERROR_FILE_NOT_FOUND) return Target::kNothing;
+  return file.size() ? Target::kWritableFile : Target::kOther;
+}
+
+std::optional<std::uint64_t> File::size() const {
+  LARGE_INTEGER size{};
+  const bool known = ::GetFileType(system(handle_)) == FILE_TYPE_DISK &&
+                     ::GetFileSizeEx(system(handle_), &size) != FALSE;
+  return known ? std::optional(static_cast<std::uint64_t>(size.QuadPart)) : std::nullopt;
+}
+
+std::optional<std::size_t> File::read(char* bytes, std::size_t most) const {
+  DWORD count = 0;
+  const BOOL done = ::ReadFile(system(handle_), bytes, atOnce(most), &count, nullptr);
+  return done != FALSE ? std::optional<std::size_t>(count) : std::nullopt;
+}
+
+std::size_t File::write(std::string_view bytes) const {
+  DWORD count = 0;
+  const BOOL done =
+      ::WriteFile(system(handle_), bytes.data(), atOnce(bytes.size()), &count, nullptr);
+  return done != FALSE ? count : 0;
+}
+
+/// What the system or the disk does not let pass on is left as the folder gave it.
+bool File::takeAfter(const Path& other) const {
+  constexpr SECURITY_INFORMATION kRights = DACL_SECURITY_INFORMATION;
+  DWORD size = 0;
+  ::GetFileSecurityW(wide(other), kRights, nullptr, 0, &size);
+  std::vector<BYTE> rights(size);
+  if (size > 0 && ::GetFileSecurityW(wide(other), kRights, rights.data(), size, &size) != FALSE) {
+    ::SetFileSecurityW(wide(path_), kRights, rights.data());
+  }
+  ::SetFileAttributesW(wide(path_), ::GetFileAttributesW(wide(other)));
+  return true;
+}
+
+bool File::sync() const {
+  return ::FlushFileBuffers(system(handle_)) != FALSE;
+}
+
+bool File::close() {
+  return !open() || ::CloseHandle(system(std::exchange(handle_, kNone))) != FALSE;
+}
+
+File openToRead(const Path& path) {
+  return openFile(path, GENERIC_READ, OPEN_EXISTING);
+}
+
+File openOrCreate(const Path& path) {
+  return openFile(path, GENERIC_WRITE, OPEN_ALWAYS);
+}
+
+/// Nobody opens the file until it is closed here, whomever it is for.
+File createNew(const Path& path, bool /*forUsAlone*/, bool& taken) {
+  File file = openFile(path, GENERIC_WRITE, CREATE_NEW, false);
+  taken = !file.open() && ::GetLastError() == ERROR_FILE_EXISTS;
+  return file;
+}
+
+/// The move is one step for the file system; the system's function that replaces a file and keeps
+/// its rights takes two, and a process killed between them leaves no target.
+bool rename(const Path& from, const Path& to) {
+  constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+  return ::MoveFileExW(wide(from), wide(to), kHow) != FALSE;
+}
+
+bool remove(const Path& path) {
+  return ::DeleteFileW(wide(path)) != FALSE;
+}
+
+std::uint32_t processNumber() {
+  return ::GetCurrentProcessId();
+}
+
+}  // namespace native
+
+}  // namespace kvrnstep::platform
