@@ -12,7 +12,7 @@ namespace kvrnstep::bench {
 /// with it and closes it.
 template <class Work>
 void inDialog(Work work) {
-  class Worker final : public forms::Pilot {
+  class Worker final : public driving::Player {
    public:
     Worker(dialogs::frmListwright& dialog, Work& work) : dialog_(dialog), work_(work) {}
 
@@ -20,7 +20,6 @@ void inDialog(Work work) {
       work_(dialog_);
       forms::userClosed(dialog_);
     }
-    std::optional<std::u16string> answer() override { return std::nullopt; }
 
    private:
     dialogs::frmListwright& dialog_;
@@ -34,7 +33,7 @@ void inDialog(Work work) {
   headless::HeadlessToolkit toolkit;
   dialogs::frmListwright dialog(toolkit, host);
   Worker worker(dialog, work);
-  toolkit.setPilot(worker);
+  toolkit.setPlayer(worker);
   dialog.showModal(toolkit);
 }
 

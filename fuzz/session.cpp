@@ -72,7 +72,7 @@ constexpr std::array<std::string_view, 6> kAssigned{"text",     "value",    "ind
 constexpr std::size_t kMostLines = 300;
 constexpr std::size_t kLongestTyped = 40;
 
-class Session final : forms::Pilot, forms::Audience {
+class Session final : driving::Player {
  public:
   Session(const Place& place, std::string_view script)
       : place_(place), lines_(fuzz::linesOf(script)) {
@@ -167,7 +167,8 @@ class Session final : forms::Pilot, forms::Audience {
     if (verb == "type" && rest.size() == 2) rest[1] = rest[1].substr(0, kLongestTyped);
     if (windows_.back() == "frmStepPSEdit" && target == "cmdOK") listSaved_ = true;
 
-    const bool done = stage_.perform(verb, rest).outcome == forms::Stage::Outcome::Done;
+    std::string reason;
+    const bool done = stage_.perform(verb, rest, reason) == driving::Outcome::Done;
     const bool typed = done && (verb == "clear" || (verb == "type" && !rest.back().empty()));
     if (typed && windows_.back() == "frmListwright") fuzz::checkAfterTyping(stage_, target);
   }
@@ -177,7 +178,8 @@ class Session final : forms::Pilot, forms::Audience {
     const std::string target = text::toAscii(words[1]);
     const std::string property = target.substr(std::min(target.rfind('.') + 1, target.size()));
     if (std::ranges::find(kAssigned, property) == kAssigned.end()) return;
-    stage_.assign(target, words[2]);
+    std::string reason;
+    stage_.assign(target, words[2], reason);
   }
 
   /// A user may save wherever there is room; a session keeps to its own folder.
@@ -200,7 +202,7 @@ class Session final : forms::Pilot, forms::Audience {
     if (windows_.back() == "frmStepPSEdit") fuzz::checkAffixEditor(stage_);
   }
 
-  void happened(std::string_view what, const std::vector<forms::Detail>& details) override {
+  void happened(std::string_view what, const std::vector<driving::Detail>& details) override {
     if (what == "opened") {
       windows_.push_back(std::get<std::string>(details.front()));
       listSaved_ = false;
@@ -225,7 +227,7 @@ class Session final : forms::Pilot, forms::Audience {
   std::int16_t listingType_ = 0;
   bool menuMode_ = false;
   headless::HeadlessToolkit toolkit_;
-  forms::Stage stage_{toolkit_, *this, *this};
+  driving::ScriptStage stage_{toolkit_, *this};
   dialogs::frmListwright* dialog_ = nullptr;
   std::vector<std::string> windows_;  ///< the open ones, the topmost last
   std::string lists_;                 ///< both list files as they were when a window opened

@@ -13,12 +13,13 @@ namespace {
 /// Reads properties of the topmost window.
 class Reader {
  public:
-  explicit Reader(forms::Stage& stage) : stage_(stage) {}
+  explicit Reader(driving::Stage& stage) : stage_(stage) {}
 
-  [[nodiscard]] forms::PropertyValue value(const std::string& target) const {
-    forms::PropertyValue value;
-    const auto reply = stage_.read(target, value);
-    check(reply.outcome == forms::Stage::Outcome::Done, "a property can be read");
+  [[nodiscard]] driving::Value value(const std::string& target) const {
+    driving::Value value;
+    std::string reason;
+    const auto outcome = stage_.read(target, value, reason);
+    check(outcome == driving::Outcome::Done, "a property can be read");
     return value;
   }
   [[nodiscard]] bool on(const std::string& target) const { return std::get<bool>(value(target)); }
@@ -37,7 +38,7 @@ class Reader {
   }
 
  private:
-  forms::Stage& stage_;
+  driving::Stage& stage_;
 };
 
 std::string element(std::string_view name, int index) {
@@ -101,7 +102,7 @@ void checkActions(const Reader& read) {
 
 }  // namespace
 
-void checkMainDialog(forms::Stage& stage, const dialogs::frmListwright& dialog) {
+void checkMainDialog(driving::Stage& stage, const dialogs::frmListwright& dialog) {
   const Reader read(stage);
   check(dialog.LwOutputString().empty(), "an idle dialog holds no list");
   checkNumbers(read);
@@ -110,7 +111,7 @@ void checkMainDialog(forms::Stage& stage, const dialogs::frmListwright& dialog) 
   checkActions(read);
 }
 
-void checkAfterTyping(forms::Stage& stage, std::string_view box) {
+void checkAfterTyping(driving::Stage& stage, std::string_view box) {
   const Reader read(stage);
   const bool insert = read.enabled("cmdCIC(0)");
   const bool panelShown = read.on("mnuOptions(4).checked") || read.on("mnuOptions(5).checked");
@@ -123,7 +124,7 @@ void checkAfterTyping(forms::Stage& stage, std::string_view box) {
   }
 }
 
-void checkStorageEditor(forms::Stage& stage) {
+void checkStorageEditor(driving::Stage& stage) {
   const Reader read(stage);
   for (int slot = 0; slot < 15; ++slot) {
     check(read.enabled(element("imgBE", slot)) == !read.text(element("txtHold", slot)).empty(),
@@ -133,7 +134,7 @@ void checkStorageEditor(forms::Stage& stage) {
   check(read.number("frmStepBE.height") >= 4335, "the editor is no lower");
 }
 
-void checkAffixEditor(forms::Stage& stage) {
+void checkAffixEditor(driving::Stage& stage) {
   const Reader read(stage);
   const bool selected = read.number("lstEdit.index") >= 0;
   for (const char* button : {"cmdEdO", "cmdDelete", "cmdPatU", "cmdPatD"}) {

@@ -31,11 +31,7 @@ add_library(kvrnstep_resources OBJECT ${resources})
 target_sources(kvrnstep PRIVATE $<TARGET_OBJECTS:kvrnstep_resources>
   component/windows/kvrnstep.def)
 
-target_link_libraries(kvrnstep PRIVATE kvrnstep_headless ole32 oleaut32 uuid)
-if(EXISTS ${PROJECT_SOURCE_DIR}/frontends/windows/CMakeLists.txt)
-  target_link_libraries(kvrnstep PRIVATE kvrnstep_windows)
-  target_compile_definitions(kvrnstep PRIVATE KVRNSTEP_WINDOWS_FRONT_END)
-endif()
+target_link_libraries(kvrnstep PRIVATE kvrnstep_windows ole32 oleaut32 uuid)
 target_link_libraries(kvrnstep_core PUBLIC advapi32)
 
 # One module beside the programs, under its plain name.

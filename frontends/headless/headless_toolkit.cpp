@@ -10,16 +10,16 @@
 
 namespace kvrnstep::headless {
 
-using forms::ComboBox;
+using driving::Gesture;
 using forms::Control;
 using forms::Kind;
 using forms::ListBox;
 using forms::MenuEntry;
 using forms::MouseButton;
-using forms::Spinner;
 using forms::TextControl;
 using forms::TextSelection;
 using forms::Window;
+using What = Gesture::What;
 
 namespace {
 
@@ -83,10 +83,10 @@ void typeCharacter(TextControl& box, std::u16string_view typed) {
 }
 
 /// "Ctrl+O" of a menu entry that is not greyed out.
-MenuEntry* shortcutEntry(const Window& window, std::string_view keys) {
+MenuEntry* shortcutEntry(const Window& window, std::u16string_view keys) {
   for (const auto& control : window.controls()) {
     if (control->kind() == Kind::Menu && !control->row().shortcut.empty() &&
-        control->row().shortcut == keys && control->reachable()) {
+        std::ranges::equal(control->row().shortcut, keys) && control->reachable()) {
       return static_cast<MenuEntry*>(control.get());
     }
   }
@@ -112,16 +112,16 @@ std::optional<std::u16string> chosen(Choose choose) {
 
 void HeadlessToolkit::runModal(Window& window) {
   const Control* before = std::exchange(focus_, nullptr);
-  while (!window.unloaded()) pilot_->act();
+  while (!window.unloaded()) player_->act();
   focus_ = before;
 }
 
 std::optional<std::u16string> HeadlessToolkit::ask(const forms::Question& /*question*/) {
-  return pilot_->answer();
+  return player_->answer();
 }
 
 std::optional<std::u16string> HeadlessToolkit::ShowOpenDialog(const forms::FileDialog& dialog) {
-  const auto named = pilot_->answer();
+  const auto named = player_->answer();
   if (!named) return std::nullopt;
   return chosen([&]() -> std::optional<std::u16string> {
     const std::filesystem::path path = inFolder(dialog, *named);
@@ -132,7 +132,7 @@ std::optional<std::u16string> HeadlessToolkit::ShowOpenDialog(const forms::FileD
 }
 
 std::optional<std::u16string> HeadlessToolkit::ShowSaveDialog(const forms::FileDialog& dialog) {
-  const auto named = pilot_->answer();
+  const auto named = player_->answer();
   if (!named || named->empty()) return std::nullopt;
   return chosen([&] {
     std::filesystem::path path = inFolder(dialog, *named);
@@ -146,29 +146,85 @@ std::optional<std::u16string> HeadlessToolkit::ShowSaveDialog(const forms::FileD
 
 void HeadlessToolkit::popUp(MenuEntry& /*menu*/) {
   popUpOpen_ = true;
-  while (popUpOpen_) pilot_->act();
+  while (popUpOpen_) player_->act();
 }
 
-bool HeadlessToolkit::click(Control& control, MouseButton button, std::optional<int> entry) {
-  forms::userReleasedMouse(control, button);
-  if (button != MouseButton::Left) return true;
+bool HeadlessToolkit::carryOut(const Gesture& gesture) {
+  Window& window = gesture.window;
+  switch (gesture.what) {
+    case What::Click:
+    case What::RightClick:
+      click(gesture);
+      return true;
+    case What::DoubleClick:
+      doubleClick(gesture);
+      return true;
+    case What::Type:
+      type(gesture.on<TextControl>(), gesture.text);
+      return true;
+    case What::Clear:
+      clear(gesture.on<TextControl>());
+      return true;
+    case What::Select:
+      enter(*gesture.control);
+      forms::userSelected(gesture.on<TextControl>(), gesture.selection());
+      return true;
+    case What::Press: {
+      MenuEntry* entry = shortcutEntry(window, gesture.text);
+      if (entry != nullptr) forms::userClicked(*entry);
+      return entry != nullptr;
+    }
+    case What::Choose:
+      forms::userChose(gesture.on<forms::ComboBox>(), *gesture.entry);
+      return true;
+    case What::SpinUp:
+    case What::SpinDown:
+      forms::userSpun(gesture.on<forms::Spinner>(), gesture.what == What::SpinUp);
+      return true;
+    case What::Drag:
+      forms::userDropped(*gesture.control, *gesture.target);
+      return true;
+    case What::Pick:
+      return pick(gesture.on<MenuEntry>());
+    case What::Escape:
+      return std::exchange(popUpOpen_, false);
+    case What::Move:
+      forms::userMoved(window, gesture.first, gesture.second);
+      return true;
+    case What::Resize:
+      forms::userResized(window, gesture.first, gesture.second);
+      return true;
+    case What::Minimize:
+    case What::Restore:
+      forms::userMinimized(window, gesture.what == What::Minimize);
+      return true;
+    case What::Close:
+      forms::userClosed(window);
+      return true;
+  }
+  return false;
+}
+
+void HeadlessToolkit::click(const Gesture& gesture) {
+  Control& control = *gesture.control;
+  const bool left = gesture.what != What::RightClick;
+  forms::userReleasedMouse(control, left ? MouseButton::Left : MouseButton::Right);
+  if (!left) return;
   if (control.kind() == Kind::ListBox) {
-    if (entry) forms::userClickedEntry(static_cast<ListBox&>(control), *entry);
+    if (gesture.entry) forms::userClickedEntry(gesture.on<ListBox>(), *gesture.entry);
   } else {
     enter(control);
     forms::userClicked(control);
   }
-  return true;
 }
 
-bool HeadlessToolkit::doubleClick(Control& control, std::optional<int> entry) {
-  if (control.kind() == Kind::ListBox) {
-    forms::userDoubleClickedEntry(static_cast<ListBox&>(control), entry.value_or(-1));
+void HeadlessToolkit::doubleClick(const Gesture& gesture) {
+  if (gesture.control->kind() == Kind::ListBox) {
+    forms::userDoubleClickedEntry(gesture.on<ListBox>(), gesture.entry.value_or(-1));
   } else {
-    click(control, MouseButton::Left, std::nullopt);
-    click(control, MouseButton::Left, std::nullopt);
+    click(gesture);
+    click(gesture);
   }
-  return true;
 }
 
 void HeadlessToolkit::enter(Control& control) {
@@ -178,7 +234,7 @@ void HeadlessToolkit::enter(Control& control) {
   forms::userEntered(static_cast<TextControl&>(control), forms::Way::Click);
 }
 
-bool HeadlessToolkit::type(TextControl& box, std::u16string_view text) {
+void HeadlessToolkit::type(TextControl& box, std::u16string_view text) {
   enter(box);
   forms::userSelected(box, {box.text().size(), 0});
   while (!text.empty() && !box.window().unloaded()) {
@@ -186,74 +242,20 @@ bool HeadlessToolkit::type(TextControl& box, std::u16string_view text) {
     text.remove_prefix(character.size());
     typeCharacter(box, character);
   }
-  return true;
 }
 
-bool HeadlessToolkit::clear(TextControl& box) {
+void HeadlessToolkit::clear(TextControl& box) {
   enter(box);
   forms::userSelected(box, {0, box.text().size()});
   forms::userPressedKey(box, kDelete);
   if (!box.row().readOnly && !box.text().empty()) replaceSelection(box, u"");
   forms::userReleasedKey(box.window(), kDelete);
-  return true;
-}
-
-bool HeadlessToolkit::select(TextControl& box, TextSelection selection) {
-  enter(box);
-  forms::userSelected(box, selection);
-  return true;
-}
-
-bool HeadlessToolkit::press(Window& window, std::string_view keys) {
-  MenuEntry* entry = shortcutEntry(window, keys);
-  if (entry == nullptr) return false;
-  forms::userClicked(*entry);
-  return true;
-}
-
-bool HeadlessToolkit::choose(ComboBox& combo, int entry) {
-  forms::userChose(combo, entry);
-  return true;
-}
-
-bool HeadlessToolkit::spin(Spinner& spinner, bool up) {
-  forms::userSpun(spinner, up);
-  return true;
-}
-
-bool HeadlessToolkit::drag(Control& from, Control& to) {
-  forms::userDropped(from, to);
-  return true;
 }
 
 bool HeadlessToolkit::pick(MenuEntry& entry) {
   if (!entry.reachable()) return false;
   popUpOpen_ = false;
   forms::userClicked(entry);
-  return true;
-}
-
-bool HeadlessToolkit::escape() {
-  return std::exchange(popUpOpen_, false);
-}
-
-bool HeadlessToolkit::move(Window& window, double left, double top) {
-  forms::userMoved(window, left, top);
-  return true;
-}
-
-bool HeadlessToolkit::resize(Window& window, double width, double height) {
-  forms::userResized(window, width, height);
-  return true;
-}
-
-bool HeadlessToolkit::minimize(Window& window, bool minimized) {
-  forms::userMinimized(window, minimized);
-  return true;
-}
-
-bool HeadlessToolkit::close(Window& window) {
-  forms::userClosed(window);
   return true;
 }
 

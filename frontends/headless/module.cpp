@@ -1,8 +1,8 @@
-#include "forms/front_end_module.h"
+#include "driving/driven_module.h"
 #include "headless_toolkit.h"
 
-extern "C" [[gnu::visibility("default")]] kvrnstep::forms::DrivenToolkit* kvrnstepDrivenFrontEnd(
+KVRNSTEP_DRIVEN_MODULE kvrnstep::driving::ScriptStage* kvrnstepDrivenFrontEnd(
+    kvrnstep::driving::Player* player, kvrnstep::driving::ContextFunction* context,
     std::string* /*problem*/) {
-  static kvrnstep::headless::HeadlessToolkit toolkit;
-  return &toolkit;
+  return kvrnstep::driving::stageFor<kvrnstep::headless::HeadlessToolkit>(*player, *context);
 }

@@ -2,19 +2,13 @@
 
 #include <string>
 
-#include "forms/driven_toolkit.h"
+#include "forms/toolkit.h"
 
-/// What a front-end module exports. Both functions return null where the calling thread can show no
-/// window and say why in `problem`, in one line; the toolkit is for that thread, and lives as long
-/// as the module is loaded.
-extern "C" {
-/// For people.
-using KvrnstepFrontEnd = kvrnstep::forms::Toolkit*(std::string* problem);
-/// For scripts; exported by the modules that can be driven.
-using KvrnstepDrivenFrontEnd = kvrnstep::forms::DrivenToolkit*(std::string* problem);
-}
+/// What a front-end module exports: a toolkit for the calling thread, which lives as long as the
+/// module is loaded. Null where that thread can show no window; `problem` then says why, in one
+/// line.
+extern "C" using KvrnstepFrontEnd = kvrnstep::forms::Toolkit * (std::string * problem);
 
 namespace kvrnstep::forms {
 inline constexpr const char* kFrontEndSymbol = "kvrnstepFrontEnd";
-inline constexpr const char* kDrivenFrontEndSymbol = "kvrnstepDrivenFrontEnd";
 }  // namespace kvrnstep::forms

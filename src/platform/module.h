@@ -13,6 +13,12 @@ std::u16string moduleFolder();
 /// Major and minor version and revision of this plug-in: "2.0.0".
 std::u16string moduleVersion();
 
+#ifdef _WIN32
+inline constexpr const char16_t* kModuleExtension = u".dll";
+#else
+inline constexpr const char16_t* kModuleExtension = u".so";
+#endif
+
 /// Loads a module for the rest of the process's life.
 /// @param path full path; any other is refused, since the system would search for it
 /// @param problem set to the reason when the module cannot be loaded

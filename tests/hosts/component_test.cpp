@@ -115,9 +115,10 @@ class Component : public testing::Test {
     folder_ = folder.u16string();
     // The plug-in writes its icons into the folder in which it is.
     const std::filesystem::path built = hosts::pluginBesideProgram();
-    for (const auto& name :
-         {built.filename(), std::filesystem::path("kvrnstep-headless-driven.so")}) {
-      if (exists(built.parent_path() / name)) copy_file(built.parent_path() / name, folder / name);
+    const bool dll = built.extension() == ".dll";
+    for (const auto& name : {built.filename().string(),
+                             std::string("kvrnstep-headless-driven") + (dll ? ".dll" : ".so")}) {
+      copy_file(built.parent_path() / name, folder / name);
     }
     plugin_ = (folder / built.filename()).string();
     load();

@@ -52,14 +52,13 @@ TEST(ScreenPlace, IsNearAndOnTheScreens) {
 }
 
 /// Closes the topmost window, after one click if one is wanted.
-class Closer : public forms::Pilot {
+class Closer : public driving::Player {
  public:
   Closer(forms::Window& window, const char* clicked) : window_(window), clicked_(clicked) {}
   void act() override {
     if (clicked_ != nullptr) forms::userClicked(*window_.find(clicked_, -1));
     forms::userClosed(window_);
   }
-  std::optional<std::u16string> answer() override { return std::nullopt; }
 
  private:
   forms::Window& window_;
@@ -84,7 +83,7 @@ void show(const TemporaryFolder& folder, std::uint8_t kind, const char* clicked)
   Editor editor(toolkit, host);
   select(editor, kind);
   Closer closer(editor, clicked);
-  toolkit.setPilot(closer);
+  toolkit.setPlayer(closer);
   editor.showModal(toolkit);
 }
 

@@ -7,7 +7,7 @@
 #include <new>
 #include <thread>
 
-#include "forms/stage.h"
+#include "driving/script_stage.h"
 #include "headless_toolkit.h"
 #include "platform_temporary_folder.h"
 #include "plugin/listwright.h"
@@ -36,14 +36,14 @@ class Meetings {
 
 /// One thread's call with a section, a folder and a settings file of its own. The first one ends
 /// with an exception.
-class Call : forms::Pilot, forms::Audience {
+class Call : driving::Player {
  public:
   /// @param meetings of the two threads: both dialogs are open, the first one has returned
   Call(std::u16string section, bool first, Meetings& meetings)
       : section_(std::move(section)), first_(first), meetings_(meetings) {}
 
   void run() {
-    forms::Stage stage(toolkit_, *this, *this);
+    driving::ScriptStage stage(toolkit_, *this);
     stage_ = &stage;
     std::u16string list;
     try {
@@ -68,15 +68,13 @@ class Call : forms::Pilot, forms::Audience {
     stage_->closeTopmost();
     if (first_) throw std::bad_alloc();
   }
-  std::optional<std::u16string> answer() override { return std::nullopt; }
-  void happened(std::string_view /*what*/, const std::vector<forms::Detail>& /*more*/) override {}
 
   const tests::TemporaryFolder folder_;
   const std::u16string section_;
   const bool first_;
   Meetings& meetings_;
   headless::HeadlessToolkit toolkit_;
-  forms::Stage* stage_ = nullptr;
+  driving::ScriptStage* stage_ = nullptr;
 };
 
 TEST(HostContext, IsNotSharedByTwoThreadsAndIsEmptiedHoweverACallEnds) {

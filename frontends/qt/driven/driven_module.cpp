@@ -1,11 +1,11 @@
+#include "driving/driven_module.h"
+
 #include "driven_toolkit.h"
-#include "forms/front_end_module.h"
 #include "qt_application.h"
 
-extern "C" __attribute__((visibility("default"))) KvrnstepDrivenFrontEnd kvrnstepDrivenFrontEnd;
-
-extern "C" kvrnstep::forms::DrivenToolkit* kvrnstepDrivenFrontEnd(std::string* problem) {
+KVRNSTEP_DRIVEN_MODULE kvrnstep::driving::ScriptStage* kvrnstepDrivenFrontEnd(
+    kvrnstep::driving::Player* player, kvrnstep::driving::ContextFunction* context,
+    std::string* problem) {
   if (!kvrnstep::qt::provideApplication(*problem)) return nullptr;
-  static kvrnstep::qt::DrivenQtToolkit toolkit;
-  return &toolkit;
+  return kvrnstep::driving::stageFor<kvrnstep::qt::DrivenQtToolkit>(*player, *context);
 }

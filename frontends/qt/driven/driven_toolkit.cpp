@@ -11,9 +11,6 @@
 
 namespace kvrnstep::qt {
 
-using forms::Control;
-using forms::Window;
-
 namespace {
 
 void replaceText(QLineEdit& line, std::u16string_view text) {
@@ -69,7 +66,7 @@ void DrivenQtToolkit::actSoon(WindowView& view) {
     settle();
     if (!view.open()) return;
     view.topLevel().repaint();
-    pilot().act();
+    player().act();
     if (view.open()) actSoon(view);
   });
 }
@@ -79,11 +76,11 @@ void DrivenQtToolkit::messageOpened(QMessageBox& box) {
 }
 
 void DrivenQtToolkit::questionOpened(QuestionBox& box) {
-  QTimer::singleShot(0, &box, [this, &box] { answerQuestion(box, pilot().answer()); });
+  QTimer::singleShot(0, &box, [this, &box] { answerQuestion(box, player().answer()); });
 }
 
 void DrivenQtToolkit::fileBoxOpened(FileBox& box) {
-  QTimer::singleShot(0, &box, [this, &box] { answerFileBox(box, pilot().answer()); });
+  QTimer::singleShot(0, &box, [this, &box] { answerFileBox(box, player().answer()); });
 }
 
 void DrivenQtToolkit::popUpOpened(QMenu& menu) {
@@ -95,7 +92,7 @@ void DrivenQtToolkit::actInPopUp(QMenu& menu) {
   QTimer::singleShot(0, &menu, [this, &menu] {
     settle();
     if (!menu.isVisible()) return;
-    pilot().act();
+    player().act();
     if (menu.isVisible()) actInPopUp(menu);
   });
 }
@@ -106,79 +103,15 @@ bool DrivenQtToolkit::escape() {
   return !popUp_->isVisible();
 }
 
-bool DrivenQtToolkit::click(Control& control, forms::MouseButton button, std::optional<int> entry) {
-  WindowView* view = viewOf(control);
-  return view != nullptr && clickControl(*view, control, button, false, entry);
+bool DrivenQtToolkit::carryOut(const driving::Gesture& gesture) {
+  if (gesture.what == driving::Gesture::What::Escape) return escape();
+  WindowView* view = native().viewOf(gesture.window);
+  return view != nullptr && qt::carryOut(*view, gesture);
 }
 
-bool DrivenQtToolkit::doubleClick(Control& control, std::optional<int> entry) {
-  WindowView* view = viewOf(control);
-  return view != nullptr && clickControl(*view, control, forms::MouseButton::Left, true, entry);
-}
-
-bool DrivenQtToolkit::type(forms::TextControl& box, std::u16string_view text) {
-  WindowView* view = viewOf(box);
-  return view != nullptr && typeText(*view, box, text);
-}
-
-bool DrivenQtToolkit::clear(forms::TextControl& box) {
-  WindowView* view = viewOf(box);
-  return view != nullptr && clearText(*view, box);
-}
-
-bool DrivenQtToolkit::select(forms::TextControl& box, forms::TextSelection selection) {
-  WindowView* view = viewOf(box);
-  return view != nullptr && selectText(*view, box, selection);
-}
-
-bool DrivenQtToolkit::press(Window& window, std::string_view keys) {
-  WindowView* view = native().viewOf(window);
-  return view != nullptr && pressShortcut(*view, keys);
-}
-
-bool DrivenQtToolkit::choose(forms::ComboBox& combo, int entry) {
-  WindowView* view = viewOf(combo);
-  return view != nullptr && chooseEntry(*view, combo, entry);
-}
-
-bool DrivenQtToolkit::spin(forms::Spinner& spinner, bool up) {
-  WindowView* view = viewOf(spinner);
-  return view != nullptr && clickArrow(*view, spinner, up);
-}
-
-bool DrivenQtToolkit::drag(Control& from, Control& to) {
-  WindowView* view = viewOf(from);
-  return view != nullptr && dragOnto(*view, from, to);
-}
-
-bool DrivenQtToolkit::pick(forms::MenuEntry& entry) {
-  WindowView* view = viewOf(entry);
-  return view != nullptr && pickEntry(*view, entry);
-}
-
-bool DrivenQtToolkit::move(Window& window, double left, double top) {
-  WindowView* view = native().viewOf(window);
-  return view != nullptr && moveWindow(*view, left, top);
-}
-
-bool DrivenQtToolkit::resize(Window& window, double width, double height) {
-  WindowView* view = native().viewOf(window);
-  return view != nullptr && resizeWindow(*view, width, height);
-}
-
-bool DrivenQtToolkit::minimize(Window& window, bool minimized) {
-  WindowView* view = native().viewOf(window);
-  return view != nullptr && minimizeWindow(*view, minimized);
-}
-
-bool DrivenQtToolkit::close(Window& window) {
-  WindowView* view = native().viewOf(window);
-  return view != nullptr && closeWindow(*view);
-}
-
-std::optional<forms::PropertyValue> DrivenQtToolkit::shown(const Control& control,
-                                                           forms::Property property) {
-  const WindowView* view = viewOf(control);
+std::optional<driving::Value> DrivenQtToolkit::shown(const forms::Control& control,
+                                                     forms::Property property) {
+  const WindowView* view = native().viewOf(control.window());
   return view == nullptr ? std::nullopt : view->viewOf(control).shown(property);
 }
 

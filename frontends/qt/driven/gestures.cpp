@@ -8,8 +8,8 @@
 #include <QStyle>
 #include <QStyleOptionComboBox>
 #include <QTest>
-#include <utility>
 
+#include "forms/user_actions.h"
 #include "line_edit.h"
 #include "menu_view.h"
 #include "spinner_view.h"
@@ -19,24 +19,13 @@
 
 namespace kvrnstep::qt {
 
+using driving::Gesture;
 using forms::Chrome;
 using forms::Kind;
 using forms::kTwipsPerPixel;
-using forms::MouseButton;
+using What = Gesture::What;
 
 namespace {
-
-Qt::MouseButton qtButton(MouseButton button) {
-  switch (button) {
-    case MouseButton::Middle:
-      return Qt::MiddleButton;
-    case MouseButton::Right:
-      return Qt::RightButton;
-    case MouseButton::Left:
-      break;
-  }
-  return Qt::LeftButton;
-}
 
 /// Scrolls to the entry first, as the user has to.
 bool clickListEntry(QAbstractItemView& list, int entry, Qt::MouseButton button, Presses presses) {
@@ -89,41 +78,45 @@ bool openMenu(WindowView& view, const MenuView& menu) {
   return QTest::qWaitForWindowExposed(menu.menu());
 }
 
-}  // namespace
-
-bool clickControl(WindowView& view, forms::Control& control, MouseButton button, bool twice,
-                  std::optional<int> entry) {
-  QWidget* widget = view.viewOf(control).widget();
-  if (widget == nullptr) return pickEntry(view, static_cast<forms::MenuEntry&>(control));
-  const Presses presses = twice ? Presses::Twice : Presses::Once;
-  if (auto* list = qobject_cast<QListView*>(widget)) {
-    return entry ? clickListEntry(*list, *entry, qtButton(button), presses)
-                 : click(*list->viewport(), qtButton(button), presses);
-  }
-  if (control.kind() == Kind::Spinner && button != MouseButton::Left) {
-    auto& spinner = static_cast<SpinnerView&>(view.viewOf(control));
-    return click(spinner.arrow(true), qtButton(button), presses);
-  }
-  return click(*widget, qtButton(button), presses);
+bool pickEntry(WindowView& view, const forms::Control& entry) {
+  auto& item = static_cast<MenuView&>(view.viewOf(entry));
+  const MenuView* menu = item.parent();
+  if (menu == nullptr || !item.action().isEnabled() || !item.action().isVisible()) return false;
+  waitForUser(view.topLevel());
+  return openMenu(view, *menu) &&
+         clickAt(*menu->menu(), menu->menu()->actionGeometry(&item.action()).center());
 }
 
-bool typeText(WindowView& view, forms::TextControl& box, std::u16string_view text) {
+bool clickControl(WindowView& view, const Gesture& gesture) {
+  ControlView& clicked = view.viewOf(*gesture.control);
+  QWidget* widget = clicked.widget();
+  if (widget == nullptr) return pickEntry(view, *gesture.control);
+  const Presses presses = gesture.what == What::DoubleClick ? Presses::Twice : Presses::Once;
+  const auto button = gesture.what == What::RightClick ? Qt::RightButton : Qt::LeftButton;
+  if (auto* list = qobject_cast<QListView*>(widget)) {
+    return gesture.entry ? clickListEntry(*list, *gesture.entry, button, presses)
+                         : click(*list->viewport(), button, presses);
+  }
+  if (gesture.control->kind() == Kind::Spinner && button != Qt::LeftButton) {
+    widget = &static_cast<SpinnerView&>(clicked).arrow(true);
+  }
+  return click(*widget, button, presses);
+}
+
+bool type(WindowView& view, const Gesture& gesture) {
+  auto& box = gesture.on<forms::TextControl>();
   if (!enterBox(view, box, {box.text().size(), 0})) return false;
-  typeText(view.topLevel(), text, [&] { return view.open(); });
+  typeText(view.topLevel(), gesture.text, [&] { return view.open(); });
   return true;
 }
 
-bool clearText(WindowView& view, forms::TextControl& box) {
+bool clear(WindowView& view, forms::TextControl& box) {
   if (!enterBox(view, box, {0, box.text().size()})) return false;
   pressKey(view.topLevel(), Qt::Key_Delete);
   return true;
 }
 
-bool selectText(WindowView& view, forms::TextControl& box, forms::TextSelection selection) {
-  return enterBox(view, box, selection);
-}
-
-bool pressShortcut(WindowView& view, std::string_view keys) {
+bool pressShortcut(WindowView& view, const std::u16string& keys) {
   const auto sequence = QKeySequence::fromString(toQt(keys), QKeySequence::PortableText);
   const QAction* action = sequence.isEmpty() ? nullptr : actionWith(view, sequence);
   if (action == nullptr || !action->isEnabled()) return false;
@@ -132,8 +125,8 @@ bool pressShortcut(WindowView& view, std::string_view keys) {
   return true;
 }
 
-bool chooseEntry(WindowView& view, forms::ComboBox& combo, int entry) {
-  auto& box = static_cast<QComboBox&>(*view.viewOf(combo).widget());
+bool chooseEntry(WindowView& view, const Gesture& gesture) {
+  auto& box = static_cast<QComboBox&>(*view.viewOf(*gesture.control).widget());
   QStyleOptionComboBox option;
   option.initFrom(&box);
   option.editable = true;
@@ -143,31 +136,18 @@ bool chooseEntry(WindowView& view, forms::ComboBox& combo, int entry) {
   if (!clickAt(box, arrow.center()) || !QTest::qWaitForWindowExposed(box.view()->window())) {
     return false;
   }
-  return clickListEntry(*box.view(), entry, Qt::LeftButton, Presses::Once);
+  return clickListEntry(*box.view(), *gesture.entry, Qt::LeftButton, Presses::Once);
 }
 
-bool clickArrow(WindowView& view, forms::Spinner& spinner, bool up) {
-  return click(static_cast<SpinnerView&>(view.viewOf(spinner)).arrow(up));
-}
-
-bool pickEntry(WindowView& view, forms::MenuEntry& entry) {
-  auto& item = static_cast<MenuView&>(view.viewOf(entry));
-  const MenuView* menu = item.parent();
-  if (menu == nullptr || !item.action().isEnabled() || !item.action().isVisible()) return false;
-  waitForUser(view.topLevel());
-  return openMenu(view, *menu) &&
-         clickAt(*menu->menu(), menu->menu()->actionGeometry(&item.action()).center());
-}
-
-bool dragOnto(WindowView& view, forms::Control& from, forms::Control& to) {
-  QWidget* source = view.viewOf(from).widget();
-  QWidget* target = view.viewOf(to).widget();
+bool drag(WindowView& view, const Gesture& gesture) {
+  QWidget* source = view.viewOf(*gesture.control).widget();
+  QWidget* target = view.viewOf(*gesture.target).widget();
   if (source == nullptr || target == nullptr) return false;
   waitForUser(view.topLevel());
   return dragAndDrop(*source, *target);
 }
 
-bool moveWindow(WindowView& view, double left, double top) {
+bool move(WindowView& view, double left, double top) {
   const QPoint wanted(qRound(left / kTwipsPerPixel), qRound(top / kTwipsPerPixel));
   view.topLevel().move(wanted);
   settle();
@@ -176,8 +156,7 @@ bool moveWindow(WindowView& view, double left, double top) {
   return true;
 }
 
-bool resizeWindow(WindowView& view, double width, double height) {
-  if (!view.window().design().resizable) return false;
+bool resize(WindowView& view, double width, double height) {
   const QSize wanted(qRound((width - Chrome::kSides) / kTwipsPerPixel),
                      qRound((height - Chrome::kTitleAndBorders) / kTwipsPerPixel));
   view.topLevel().resize(wanted);
@@ -189,17 +168,59 @@ bool resizeWindow(WindowView& view, double width, double height) {
   return true;
 }
 
-bool minimizeWindow(WindowView& view, bool minimized) {
+bool minimize(WindowView& view, bool minimized) {
   TopLevel& window = view.topLevel();
   window.setWindowState(window.windowState().setFlag(Qt::WindowMinimized, minimized));
   // A window manager has its own time, and may still be busy with showing the window.
   return QTest::qWaitFor([&] { return view.window().minimized() == minimized; });
 }
 
-bool closeWindow(WindowView& view) {
+bool close(WindowView& view) {
   view.topLevel().close();
   settle();
   return true;
+}
+
+}  // namespace
+
+bool carryOut(WindowView& view, const Gesture& gesture) {
+  switch (gesture.what) {
+    case What::Click:
+    case What::DoubleClick:
+    case What::RightClick:
+      return clickControl(view, gesture);
+    case What::Type:
+      return type(view, gesture);
+    case What::Clear:
+      return clear(view, gesture.on<forms::TextControl>());
+    case What::Select:
+      return enterBox(view, gesture.on<forms::TextControl>(), gesture.selection());
+    case What::Press:
+      return pressShortcut(view, gesture.text);
+    case What::Choose:
+      return chooseEntry(view, gesture);
+    case What::SpinUp:
+    case What::SpinDown: {
+      auto& spinner = static_cast<SpinnerView&>(view.viewOf(*gesture.control));
+      return click(spinner.arrow(gesture.what == What::SpinUp));
+    }
+    case What::Drag:
+      return drag(view, gesture);
+    case What::Pick:
+      return pickEntry(view, *gesture.control);
+    case What::Move:
+      return move(view, gesture.first, gesture.second);
+    case What::Resize:
+      return resize(view, gesture.first, gesture.second);
+    case What::Minimize:
+    case What::Restore:
+      return minimize(view, gesture.what == What::Minimize);
+    case What::Close:
+      return close(view);
+    case What::Escape:
+      break;
+  }
+  return false;
 }
 
 }  // namespace kvrnstep::qt

@@ -1,7 +1,8 @@
 #include "gestures.h"
 
-#include <cmath>
+#include <algorithm>
 
+#include "forms/user_actions.h"
 #include "scale.h"
 #include "shortcut.h"
 #include "ticker.h"
@@ -9,11 +10,13 @@
 
 namespace kvrnstep::windows {
 
+using driving::Gesture;
 using forms::Chrome;
 using forms::Kind;
 using forms::kTwipsPerPixel;
 using forms::MouseButton;
 using forms::Property;
+using What = Gesture::What;
 
 namespace {
 
@@ -49,9 +52,10 @@ bool enterBox(WindowView& view, const forms::TextControl& box, forms::TextSelect
   return true;
 }
 
-const forms::Control* entryWith(const WindowView& view, std::string_view keys) {
+const forms::Control* entryWith(const WindowView& view, std::u16string_view keys) {
   for (const auto& control : view.window().controls()) {
-    if (control->kind() == Kind::Menu && control->row().shortcut == keys) return control.get();
+    if (control->kind() == Kind::Menu && std::ranges::equal(control->row().shortcut, keys))
+      return control.get();
   }
   return nullptr;
 }
@@ -79,100 +83,7 @@ std::optional<POINT> pointOf(const MenuPlace& place) {
   return middleOf(entry);
 }
 
-}  // namespace
-
-bool clickControl(WindowView& view, forms::Control& control, MouseButton button, bool twice,
-                  std::optional<int> entry, const Settle& settle) {
-  if (control.kind() == Kind::Menu) {
-    return pickEntry(view, static_cast<forms::MenuEntry&>(control), settle);
-  }
-  const HWND handle = view.viewOf(control).keyTarget();
-  const Presses presses = twice ? Presses::Twice : Presses::Once;
-  const bool clicked =
-      entry ? clickListEntry(handle, *entry, button, presses) : clickOn(handle, button, presses);
-  settle();
-  return clicked;
-}
-
-bool typeText(WindowView& view, forms::TextControl& box, std::u16string_view text,
-              const Settle& settle) {
-  if (!enterBox(view, box, {box.text().size(), 0}, settle)) return false;
-  for (const char16_t character : text) {
-    if (!view.open()) break;
-    pressCharacter(character);
-    settle();
-  }
-  return true;
-}
-
-bool clearText(WindowView& view, forms::TextControl& box, const Settle& settle) {
-  if (!enterBox(view, box, {0, box.text().size()}, settle)) return false;
-  pressKey(VK_DELETE);
-  settle();
-  return true;
-}
-
-bool selectText(WindowView& view, forms::TextControl& box, forms::TextSelection selection,
-                const Settle& settle) {
-  return enterBox(view, box, selection, settle);
-}
-
-bool pressShortcut(WindowView& view, std::string_view keys, const Settle& settle) {
-  const forms::Control* entry = entryWith(view, keys);
-  const auto shortcut = shortcutOf(keys);
-  if (entry == nullptr || !shortcut || !isEnabled(view, *entry)) return false;
-  ::SetForegroundWindow(view.handle());
-  pressKey(shortcut->key, shortcut->control ? VK_CONTROL : 0);
-  settle();
-  return true;
-}
-
-bool chooseEntry(WindowView& view, forms::ComboBox& combo, int entry, const Settle& settle) {
-  const HWND box = view.viewOf(combo).handle();
-  COMBOBOXINFO parts{};
-  parts.cbSize = sizeof parts;
-  if (::GetComboBoxInfo(box, &parts) == FALSE || !clickAt(box, middleOf(parts.rcButton))) {
-    return false;
-  }
-  settle();
-  const bool clicked = ::IsWindowVisible(parts.hwndList) != FALSE &&
-                       clickListEntry(parts.hwndList, entry, MouseButton::Left, Presses::Once);
-  settle();
-  return clicked;
-}
-
-bool clickArrow(WindowView& view, forms::Spinner& spinner, bool up, const Settle& settle) {
-  const HWND arrows = view.viewOf(spinner).handle();
-  RECT inside{};
-  ::GetClientRect(arrows, &inside);
-  const LONG quarter = inside.bottom / 4;
-  const bool clicked = clickAt(arrows, {inside.right / 2, up ? quarter : inside.bottom - quarter});
-  settle();
-  return clicked;
-}
-
-bool dragOnto(WindowView& view, forms::Control& from, forms::Control& to, const Settle& settle) {
-  const HWND source = view.viewOf(from).handle();
-  const HWND target = view.viewOf(to).handle();
-  auto start = reachablePoint(source);
-  auto end = reachablePoint(target);
-  if (!start || !end) return false;
-  ::ClientToScreen(source, &*start);
-  ::ClientToScreen(target, &*end);
-  ::SetForegroundWindow(view.handle());
-  moveMouse(*start);
-  pressLeft();
-  settle();
-  for (const POINT& point : {POINT{(start->x + end->x) / 2, (start->y + end->y) / 2}, *end}) {
-    moveMouse(point);
-    settle();
-  }
-  releaseLeft();
-  settle();
-  return true;
-}
-
-bool pickEntry(WindowView& view, const forms::MenuEntry& entry, const Settle& settle) {
+bool pickEntry(WindowView& view, const forms::Control& entry, const Settle& settle) {
   constexpr int kPatience = 300;
   const auto place = view.menus().placeOf(entry);
   if (!place || entry.container() == nullptr || !isEnabled(view, entry)) return false;
@@ -199,19 +110,84 @@ bool pickEntry(WindowView& view, const forms::MenuEntry& entry, const Settle& se
   return picked;
 }
 
-bool popUpIsShown(const WindowView& view, const forms::MenuEntry& menu) {
-  return pointOf({view.menus().menuOf(menu), 0}).has_value();
+bool clickControl(WindowView& view, const Gesture& gesture, const Settle& settle) {
+  if (gesture.control->kind() == Kind::Menu) return pickEntry(view, *gesture.control, settle);
+  const HWND handle = view.viewOf(*gesture.control).keyTarget();
+  const Presses presses = gesture.what == What::DoubleClick ? Presses::Twice : Presses::Once;
+  const auto button = gesture.what == What::RightClick ? MouseButton::Right : MouseButton::Left;
+  return gesture.entry ? clickListEntry(handle, *gesture.entry, button, presses)
+                       : clickOn(handle, button, presses);
 }
 
-bool pickFromPopUp(const WindowView& view, const forms::MenuEntry& entry) {
-  const auto place = view.menus().placeOf(entry);
-  if (!place || !isEnabled(view, entry)) return false;
-  const auto point = pointOf(*place);
-  if (point) clickOnScreen(*point);
-  return point.has_value();
+bool type(WindowView& view, const Gesture& gesture, const Settle& settle) {
+  const auto& box = gesture.on<forms::TextControl>();
+  if (!enterBox(view, box, {box.text().size(), 0}, settle)) return false;
+  for (const char16_t character : gesture.text) {
+    if (!view.open()) break;
+    pressCharacter(character);
+    settle();
+  }
+  return true;
 }
 
-bool moveWindow(WindowView& view, double left, double top, const Settle& settle) {
+bool clear(WindowView& view, const forms::TextControl& box, const Settle& settle) {
+  if (!enterBox(view, box, {0, box.text().size()}, settle)) return false;
+  pressKey(VK_DELETE);
+  return true;
+}
+
+bool pressShortcut(WindowView& view, const std::u16string& keys) {
+  const forms::Control* entry = entryWith(view, keys);
+  if (entry == nullptr || !isEnabled(view, *entry)) return false;
+  const auto shortcut = shortcutOf(entry->row().shortcut);
+  if (!shortcut) return false;
+  ::SetForegroundWindow(view.handle());
+  pressKey(shortcut->key, shortcut->control ? VK_CONTROL : 0);
+  return true;
+}
+
+bool chooseEntry(WindowView& view, const Gesture& gesture, const Settle& settle) {
+  const HWND box = view.viewOf(*gesture.control).handle();
+  COMBOBOXINFO parts{};
+  parts.cbSize = sizeof parts;
+  if (::GetComboBoxInfo(box, &parts) == FALSE || !clickAt(box, middleOf(parts.rcButton))) {
+    return false;
+  }
+  settle();
+  return ::IsWindowVisible(parts.hwndList) != FALSE &&
+         clickListEntry(parts.hwndList, *gesture.entry, MouseButton::Left, Presses::Once);
+}
+
+bool clickArrow(WindowView& view, const Gesture& gesture) {
+  const HWND arrows = view.viewOf(*gesture.control).handle();
+  RECT inside{};
+  ::GetClientRect(arrows, &inside);
+  const LONG quarter = inside.bottom / 4;
+  const bool up = gesture.what == What::SpinUp;
+  return clickAt(arrows, {inside.right / 2, up ? quarter : inside.bottom - quarter});
+}
+
+bool drag(WindowView& view, const Gesture& gesture, const Settle& settle) {
+  const HWND source = view.viewOf(*gesture.control).handle();
+  const HWND target = view.viewOf(*gesture.target).handle();
+  auto start = reachablePoint(source);
+  auto end = reachablePoint(target);
+  if (!start || !end) return false;
+  ::ClientToScreen(source, &*start);
+  ::ClientToScreen(target, &*end);
+  ::SetForegroundWindow(view.handle());
+  moveMouse(*start);
+  pressLeft();
+  settle();
+  for (const POINT& point : {POINT{(start->x + end->x) / 2, (start->y + end->y) / 2}, *end}) {
+    moveMouse(point);
+    settle();
+  }
+  releaseLeft();
+  return true;
+}
+
+bool move(WindowView& view, double left, double top, const Settle& settle) {
   const POINT wanted{toPixels(left / kTwipsPerPixel, desktopDpi()),
                      toPixels(top / kTwipsPerPixel, desktopDpi())};
   ::SetWindowPos(view.handle(), nullptr, wanted.x, wanted.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
@@ -225,8 +201,7 @@ bool moveWindow(WindowView& view, double left, double top, const Settle& settle)
   return true;
 }
 
-bool resizeWindow(WindowView& view, double width, double height, const Settle& settle) {
-  if (!view.window().design().resizable) return false;
+bool resize(WindowView& view, double width, double height, const Settle& settle) {
   RECT outside{};
   RECT inside{};
   ::GetWindowRect(view.handle(), &outside);
@@ -247,16 +222,68 @@ bool resizeWindow(WindowView& view, double width, double height, const Settle& s
   return true;
 }
 
-bool minimizeWindow(WindowView& view, bool minimized, const Settle& settle) {
+bool minimize(WindowView& view, bool minimized, const Settle& settle) {
   ::PostMessageW(view.handle(), WM_SYSCOMMAND, minimized ? SC_MINIMIZE : SC_RESTORE, 0);
   settle();
   return view.window().minimized() == minimized;
 }
 
-bool closeWindow(WindowView& view, const Settle& settle) {
-  ::PostMessageW(view.handle(), WM_SYSCOMMAND, SC_CLOSE, 0);
+bool begin(WindowView& view, const Gesture& gesture, const Settle& settle) {
+  switch (gesture.what) {
+    case What::Click:
+    case What::DoubleClick:
+    case What::RightClick:
+      return clickControl(view, gesture, settle);
+    case What::Type:
+      return type(view, gesture, settle);
+    case What::Clear:
+      return clear(view, gesture.on<forms::TextControl>(), settle);
+    case What::Select:
+      return enterBox(view, gesture.on<forms::TextControl>(), gesture.selection(), settle);
+    case What::Press:
+      return pressShortcut(view, gesture.text);
+    case What::Choose:
+      return chooseEntry(view, gesture, settle);
+    case What::SpinUp:
+    case What::SpinDown:
+      return clickArrow(view, gesture);
+    case What::Drag:
+      return drag(view, gesture, settle);
+    case What::Pick:
+      return pickEntry(view, *gesture.control, settle);
+    case What::Move:
+      return move(view, gesture.first, gesture.second, settle);
+    case What::Resize:
+      return resize(view, gesture.first, gesture.second, settle);
+    case What::Minimize:
+    case What::Restore:
+      return minimize(view, gesture.what == What::Minimize, settle);
+    case What::Close:
+      return ::PostMessageW(view.handle(), WM_SYSCOMMAND, SC_CLOSE, 0) != FALSE;
+    case What::Escape:
+      break;
+  }
+  return false;
+}
+
+}  // namespace
+
+bool carryOut(WindowView& view, const Gesture& gesture, const Settle& settle) {
+  const bool done = begin(view, gesture, settle);
   settle();
-  return true;
+  return done;
+}
+
+bool popUpIsShown(const WindowView& view, const forms::MenuEntry& menu) {
+  return pointOf({view.menus().menuOf(menu), 0}).has_value();
+}
+
+bool pickFromPopUp(const WindowView& view, const forms::Control& entry) {
+  const auto place = view.menus().placeOf(entry);
+  if (!place || !isEnabled(view, entry)) return false;
+  const auto point = pointOf(*place);
+  if (point) clickOnScreen(*point);
+  return point.has_value();
 }
 
 }  // namespace kvrnstep::windows

@@ -7,6 +7,7 @@
 #include "platform/windows/this_module.h"
 #include "text/numbers.h"
 #include "text/paths.h"
+#include "text/text.h"
 #include "text/windows/wide.h"
 
 namespace kvrnstep::platform {
@@ -67,6 +68,18 @@ std::u16string moduleVersion() {
   return text::decimal(HIWORD(numbers.dwFileVersionMS)) + u'.' +
          text::decimal(LOWORD(numbers.dwFileVersionMS)) + u'.' +
          text::decimal(LOWORD(numbers.dwFileVersionLS));
+}
+
+void* loadModule(const std::u16string& path, std::string& problem) {
+  // By anything but a full path the system would search for it.
+  const bool full = path.find(u':') == 1 || path.starts_with(u"\\\\");
+  HMODULE module = full ? ::LoadLibraryExW(text::wide(path.c_str()), nullptr, 0) : nullptr;
+  if (module == nullptr) problem = "cannot load " + text::toAscii(path);
+  return module;
+}
+
+void* symbolOf(void* module, const char* name) {
+  return reinterpret_cast<void*>(::GetProcAddress(static_cast<HMODULE>(module), name));
 }
 
 }  // namespace kvrnstep::platform

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "forms/driven_toolkit.h"
+#include "driving/driven_toolkit.h"
 
-namespace kvrnstep::forms {
+namespace kvrnstep::driving {
 
 /// A driven toolkit over the one that people use, which does all that is not a gesture.
 template <class Native>
@@ -12,19 +12,19 @@ class DrivenOver : public DrivenToolkit {
   template <class Attendant>
   explicit DrivenOver(Attendant* attendant) : native_(attendant) {}
 
-  void runModal(Window& window) override { native_.runModal(window); }
+  void runModal(forms::Window& window) override { native_.runModal(window); }
   void bringToFront() override { native_.bringToFront(); }
-  void showMessage(const Message& message) override { native_.showMessage(message); }
-  std::optional<std::u16string> ask(const Question& question) override {
+  void showMessage(const forms::Message& message) override { native_.showMessage(message); }
+  std::optional<std::u16string> ask(const forms::Question& question) override {
     return native_.ask(question);
   }
-  std::optional<std::u16string> ShowOpenDialog(const FileDialog& dialog) override {
+  std::optional<std::u16string> ShowOpenDialog(const forms::FileDialog& dialog) override {
     return native_.ShowOpenDialog(dialog);
   }
-  std::optional<std::u16string> ShowSaveDialog(const FileDialog& dialog) override {
+  std::optional<std::u16string> ShowSaveDialog(const forms::FileDialog& dialog) override {
     return native_.ShowSaveDialog(dialog);
   }
-  void popUp(MenuEntry& menu) override { native_.popUp(menu); }
+  void popUp(forms::MenuEntry& menu) override { native_.popUp(menu); }
   void print(const std::u16string& text) override { native_.print(text); }
   void setBusy(bool busy) override { native_.setBusy(busy); }
   double screenWidth() override { return native_.screenWidth(); }
@@ -34,21 +34,21 @@ class DrivenOver : public DrivenToolkit {
   }
   void letEventsRun() override { native_.letEventsRun(); }
   void setClipboard(const std::u16string& text) override { native_.setClipboard(text); }
-  void playSound(const std::u16string& file, SoundMode mode) override {
+  void playSound(const std::u16string& file, forms::SoundMode mode) override {
     native_.playSound(file, mode);
   }
 
-  void setPilot(Pilot& pilot) override { pilot_ = &pilot; }
+  void setPlayer(Player& player) override { player_ = &player; }
 
  protected:
   [[nodiscard]] const Native& native() const { return native_; }
   [[nodiscard]] Native& native() { return native_; }
   /// There is one before anything opens.
-  [[nodiscard]] Pilot& pilot() const { return *pilot_; }
+  [[nodiscard]] Player& player() const { return *player_; }
 
  private:
   Native native_;
-  Pilot* pilot_ = nullptr;
+  Player* player_ = nullptr;
 };
 
-}  // namespace kvrnstep::forms
+}  // namespace kvrnstep::driving

@@ -1,0 +1,9 @@
+#include "driving/driven_module.h"
+
+#include "driven_toolkit.h"
+
+KVRNSTEP_DRIVEN_MODULE kvrnstep::driving::ScriptStage* kvrnstepDrivenFrontEnd(
+    kvrnstep::driving::Player* player, kvrnstep::driving::ContextFunction* context,
+    std::string* /*problem*/) {
+  return kvrnstep::driving::stageFor<kvrnstep::windows::DrivenWindowsToolkit>(*player, *context);
+}

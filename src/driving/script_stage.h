@@ -1,0 +1,70 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "driving/driven_toolkit.h"
+#include "plugin/host_context.h"
+
+namespace kvrnstep::driving {
+
+/// Hands out the calling thread's record of the call.
+using ContextFunction = plugin::HostContext&();
+
+/// A driven toolkit with a script before it: it carries out what the script says of the topmost
+/// window, in the script's words, and reports what a user would notice.
+class ScriptStage final : public forms::Toolkit, public Stage {
+ public:
+  /// All must outlive the stage. Without a context its fields cannot be read.
+  ScriptStage(DrivenToolkit& toolkit, Player& player, ContextFunction* context = nullptr);
+
+  Outcome perform(std::string_view verb, const std::vector<std::u16string>& words,
+                  std::string& reason) override;
+  Outcome read(std::string_view target, Value& value, std::string& reason) override;
+  Outcome assign(std::string_view target, const std::u16string& value,
+                 std::string& reason) override;
+  void closeTopmost() override;
+  std::optional<Value> contextField(std::string_view name) override;
+
+  void runModal(forms::Window& window) override;
+  void bringToFront() override { toolkit_.bringToFront(); }
+  void showMessage(const forms::Message& message) override;
+  std::optional<std::u16string> ask(const forms::Question& question) override;
+  std::optional<std::u16string> ShowOpenDialog(const forms::FileDialog& dialog) override;
+  std::optional<std::u16string> ShowSaveDialog(const forms::FileDialog& dialog) override;
+  void popUp(forms::MenuEntry& menu) override;
+  void print(const std::u16string& text) override;
+  void setBusy(bool busy) override { toolkit_.setBusy(busy); }
+  double screenWidth() override { return toolkit_.screenWidth(); }
+  double screenHeight() override { return toolkit_.screenHeight(); }
+  double fontSize(const std::u16string& font, double points) override {
+    return toolkit_.fontSize(font, points);
+  }
+  void letEventsRun() override { toolkit_.letEventsRun(); }
+  void setClipboard(const std::u16string& text) override;
+  void playSound(const std::u16string& file, forms::SoundMode mode) override;
+
+ private:
+  struct Place {
+    forms::Control* control;  ///< null: the window itself
+    forms::Property property;
+  };
+
+  // Where a script names what is not there these throw what is wrong with it.
+  [[nodiscard]] forms::Window& topmost() const;
+  [[nodiscard]] forms::Control& named(std::string_view name) const;
+  [[nodiscard]] Place placeOf(std::string_view target) const;
+  [[nodiscard]] Value held(const Place& place, std::string_view target) const;
+  [[nodiscard]] bool inReach(const Gesture& gesture) const;
+  [[nodiscard]] bool isOffered(const forms::MenuEntry& entry) const;
+
+  DrivenToolkit& toolkit_;
+  Player& player_;
+  ContextFunction* context_;
+  std::vector<forms::Window*> windows_;
+  const forms::MenuEntry* popUp_ = nullptr;  ///< the pop-up menu that is open
+};
+
+}  // namespace kvrnstep::driving
