@@ -3,7 +3,6 @@
 #include <stdexcept>
 
 #include "file_names.h"
-#include "kvrnstep/listwright.hpp"
 #include "options.h"
 #include "user_folders.h"
 
@@ -13,40 +12,18 @@ namespace {
 
 enum ExitStatus { Printed = 0, NotInserted = 1, Failed = 2 };
 
-kvrnstep::ListArguments listArguments(const Options& options) {
-  return {
-      .Selection = options.type,
-      .Option = options.flags,
-      .Prefix = options.prefix,
-      .Suffix = options.suffix,
-      .Start = options.start,
-      .Count = options.end,
-      .LineSpacing = options.lineSpacing,
-      .Beginning = options.beginning,
-      .Ending = options.ending,
-      .bytSpcCount = options.indent,
-  };
-}
-
 ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options) {
-  requireUtf8(options.stepFolder);
-  requireUtf8(options.settingsFile);
-  makeWritableFolder(options.stepFolder);
-  makeWritableFolder(folderOf(options.settingsFile));
+  kvrnstep::DialogArguments arguments = options.dialog;
+  arguments.iBuildStep = options.described.Selection;
+  arguments.bytSpcCount = options.described.bytSpcCount;
+  requireUtf8(arguments.sPthStepFolder);
+  requireUtf8(arguments.s_IniPathAndName);
+  makeWritableFolder(arguments.sPthStepFolder);
+  makeWritableFolder(folderOf(arguments.s_IniPathAndName));
   const bool read = hosts::outputIsRead();
+  if (!read) arguments.insertCopies = true;
   std::string list;
-  const bool inserted =
-      plugin.ShowListwrightDialog(list, {
-                                            .iBuildStep = options.type,
-                                            .BuMenuMode = options.menuMode,
-                                            .sPthStepFolder = options.stepFolder,
-                                            .SEC_APP_NAME = options.section,
-                                            .s_IniPathAndName = options.settingsFile,
-                                            .s_EditorFont = options.font,
-                                            .i_EditorSize = options.fontSize,
-                                            .bytSpcCount = options.indent,
-                                            .insertCopies = options.clipboard || !read,
-                                        });
+  const bool inserted = plugin.ShowListwrightDialog(list, arguments);
   if (!inserted) return NotInserted;
   if (read) print(list, options.format);
   return Printed;
@@ -54,7 +31,7 @@ ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options
 
 ExitStatus save(const kvrnstep::Listwright& plugin, const Options& options) {
   requireUtf8(options.save);
-  if (plugin.saveStepFile(options.save, listArguments(options)) != KVRNSTEP_DONE) {
+  if (plugin.saveStepFile(options.save, options.described) != KVRNSTEP_DONE) {
     throw std::runtime_error("cannot write " + options.save + ": " + whyUnwritable(options.save));
   }
   return Printed;
@@ -64,17 +41,18 @@ ExitStatus save(const kvrnstep::Listwright& plugin, const Options& options) {
 /// @throws std::runtime_error when it is none
 std::string listOf(const kvrnstep::Listwright& plugin, const std::string& name,
                    const Options& options) {
-  const std::string file = foundStepFile(name, options.stepFolder);
+  const std::string file = foundStepFile(name, options.dialog.sPthStepFolder);
   requireUtf8(file);
   std::string list;
-  const int result = plugin.generateFromStepFile(file, options.indent, list);
+  const int result = plugin.generateFromStepFile(file, options.described.bytSpcCount, list);
   if (result == KVRNSTEP_DONE) return list;
   if (result == KVRNSTEP_FOREIGN) {
-    throw std::runtime_error(file +
-                             " is no step file; one begins with a number from 0 to 3, four " +
-                             "texts and three numbers, with commas between them");
+    throw std::runtime_error(file + " is no step file; one begins with a number from 0 to " +
+                             std::to_string(kvrnstep::kListingTypes.size() - 1) +
+                             ", four texts and three numbers, with commas between them");
   }
-  throw std::runtime_error("cannot read " + file + ": " + whyUnreadable(file, options.stepFolder));
+  throw std::runtime_error("cannot read " + file + ": " +
+                           whyUnreadable(file, options.dialog.sPthStepFolder));
 }
 
 /// Like cat: goes on after a file that is none, and fails at the end.
@@ -108,7 +86,7 @@ ExitStatus run(const hosts::Arguments& arguments) {
   if (!options->save.empty()) return save(plugin, *options);
   if (!options->files.empty()) return printFiles(plugin, *options);
   if (!options->list) return showDialog(plugin, *options);
-  print(plugin.generateList(listArguments(*options)), options->format);
+  print(plugin.generateList(options->described), options->format);
   return Printed;
 }
 

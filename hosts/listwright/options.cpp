@@ -1,6 +1,7 @@
 #include "options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <stdexcept>
 
 #include "numbers.h"
@@ -30,9 +31,24 @@ constexpr const char* kFooter =
     "  listwright --type alphabetical | wl-copy          build it in the dialog";
 
 /// The text as a whole decimal number in the range; nothing if it is none.
-std::optional<std::int16_t> wholeNumber(const std::string& text, int least, int most) {
-  const auto number = hosts::numberOf<std::int16_t>(text);
+std::optional<std::int32_t> wholeNumber(const std::string& text, int least, int most) {
+  const auto number = hosts::numberOf<std::int32_t>(text);
   return number && *number >= least && *number <= most ? number : std::nullopt;
+}
+
+/// The words of --type, separated by commas and, before the last, by `last`.
+std::string typeWords(const char* last, const char* behindFirst = "") {
+  std::string words;
+  for (const auto& type : kvrnstep::kListingTypes) {
+    if (&type == &kvrnstep::kListingTypes.back()) {
+      words += last;
+    } else if (!words.empty()) {
+      words += ", ";
+    }
+    words += type.word;
+    if (&type == kvrnstep::kListingTypes.data()) words += behindFirst;
+  }
+  return words;
 }
 
 /// Declares the options of the command and reads them into the record.
@@ -112,66 +128,61 @@ class CommandLine {
   }
 
   void describeList() {
-    static const std::array<const char*, 4> kTypes{"numbered", "alphabetical", "roman",
-                                                   "prefix-suffix"};
+    kvrnstep::ListArguments& list = options_.described;
     app_.add_option_function<std::string>(
             "--type",
-            [this](const std::string& name) {
-              const auto* found = std::find(kTypes.begin(), kTypes.end(), name);
-              if (found == kTypes.end()) {
-                throw CLI::ValidationError("--type",
-                                           "numbered, alphabetical, roman and "
-                                           "prefix-suffix are allowed, not \"" +
-                                               name + '"');
+            [&list](const std::string& word) {
+              const auto* found =
+                  std::ranges::find(kvrnstep::kListingTypes, word, &kvrnstep::ListingTypeRow::word);
+              if (found == kvrnstep::kListingTypes.end()) {
+                throw CLI::ValidationError(
+                    "--type", typeWords(" and ") + " are allowed, not \"" + word + '"');
               }
-              options_.type = static_cast<std::int16_t>(found - kTypes.begin());
+              list.Selection = static_cast<std::int32_t>(found - kvrnstep::kListingTypes.begin());
             },
-            "numbered (default), alphabetical, roman or prefix-suffix")
+            typeWords(" or ", " (default)"))
         ->type_name("TYPE");
-    addNumber("--indent", options_.indent, 0, 255,
+    addNumber("--indent", list.bytSpcCount, 0, 255,
               "blanks in one indentation (4); indents the steps of --list and --save");
 
-    addNumber("--start", options_.start, 1, 99, "number of the first step (1)", kList);
-    addNumber("--end", options_.end, 1, 99, "number of the last step; needed", kList);
-    addNumber("--line-spacing", options_.lineSpacing, 0, 9, "blank lines between steps (0)", kList);
-    addText("--prefix", options_.prefix, "text before each label", kList);
-    addText("--suffix", options_.suffix, "text after each label", kList);
-    addText("--beginning", options_.beginning, "text before the first step", kList);
-    addText("--ending", options_.ending, "text after the last step", kList);
-    addListFlag("--indent-spacing", 0,
-                "blank lines carry the indentation, and follow the last step too");
-    addListFlag("--upper-case", 1, "letters and numerals in upper case");
-    addListFlag("--indentation", 2, "indent every step");
-    addListFlag("--add-beg-end", 3, "add beginning and ending; either option switches it on");
-    addListFlag("--right-align", 4, "right-align the labels");
-    addListFlag("--space", 5, "a blank after prefix and suffix");
-    addListFlag("--ordinal", 6, "1st, 2nd, 3rd …");
+    addNumber("--start", list.Start, 1, 99, "number of the first step (1)", kList);
+    addNumber("--end", list.Count, 1, 99, "number of the last step; needed", kList);
+    addNumber("--line-spacing", list.LineSpacing, 0, 9, "blank lines between steps (0)", kList);
+    addText("--prefix", list.Prefix, "text before each label", kList);
+    addText("--suffix", list.Suffix, "text after each label", kList);
+    addText("--beginning", list.Beginning, "text before the first step", kList);
+    addText("--ending", list.Ending, "text after the last step", kList);
+    for (std::size_t i = 0; i < kvrnstep::kListOptions.size(); ++i) {
+      const auto& option = kvrnstep::kListOptions.at(i);
+      app_.add_flag(option.word, list.Option.at(i), option.help)->group(kList);
+    }
   }
 
   void describeDialog() {
-    options_.stepFolder = userStepFolder();
-    options_.settingsFile = userSettingsFolder() + "/steps.ini";
+    kvrnstep::DialogArguments& dialog = options_.dialog;
+    dialog.sPthStepFolder = userStepFolder();
+    dialog.s_IniPathAndName = userSettingsFolder() + "/steps.ini";
     options_.plugin = hosts::pluginBesideProgram();
-    app_.add_option("--step-folder", options_.stepFolder, "folder of your lists and step files")
+    app_.add_option("--step-folder", dialog.sPthStepFolder, "folder of your lists and step files")
         ->type_name("DIR")
         ->group(kDialog);
-    app_.add_option("--settings", options_.settingsFile, "settings file")
+    app_.add_option("--settings", dialog.s_IniPathAndName, "settings file")
         ->type_name("FILE")
         ->group(kDialog);
-    options_.section = "Listwright";
-    addText("--section", options_.section, "section of the settings file (Listwright)", kDialog);
-    addText("--font", options_.font, "font of the preview", kDialog);
-    addNumber("--font-size", options_.fontSize, 1, 200, "its size in points (9)", kDialog);
-    app_.add_flag("--menu-mode", options_.menuMode, "--type stands against stored defaults")
+    dialog.SEC_APP_NAME = "Listwright";
+    addText("--section", dialog.SEC_APP_NAME, "section of the settings file (Listwright)", kDialog);
+    addText("--font", dialog.s_EditorFont, "font of the preview", kDialog);
+    addNumber("--font-size", dialog.i_EditorSize, 1, 200, "its size in points (9)", kDialog);
+    app_.add_flag("--menu-mode", dialog.BuMenuMode, "--type stands against stored defaults")
         ->group(kDialog);
-    app_.add_flag("--clipboard", options_.clipboard, "Insert puts the list on the clipboard, too")
+    app_.add_flag("--clipboard", dialog.insertCopies, "Insert puts the list on the clipboard, too")
         ->group(kDialog);
     app_.add_option("--plugin", options_.plugin, "the plug-in's library")
         ->type_name("FILE")
         ->group("");
   }
 
-  void addNumber(const std::string& name, std::int16_t& target, int least, int most,
+  void addNumber(const std::string& name, std::int32_t& target, int least, int most,
                  const std::string& help, const std::string& group = "Options") {
     app_.add_option_function<std::string>(
             name,
@@ -197,10 +208,6 @@ class CommandLine {
         ->group(group);
   }
 
-  void addListFlag(const std::string& name, std::size_t flag, const std::string& help) {
-    app_.add_flag(name, options_.flags.at(flag), help)->group(kList);
-  }
-
   void check() {
     for (const char* name : {"--save", "--step-folder", "--settings", "--plugin"}) {
       const CLI::Option* option = app_.get_option(name);
@@ -223,16 +230,21 @@ class CommandLine {
       throw std::runtime_error(std::string(saves ? "--save" : "--list") +
                                " needs --end, the number of the last step: 1 to 99");
     }
-    if (options_.start > options_.end) {
+    kvrnstep::ListArguments& list = options_.described;
+    if (list.Start > list.Count) {
       throw std::runtime_error("the last step comes before the first: --start " +
-                               std::to_string(options_.start) + ", --end " +
-                               std::to_string(options_.end));
+                               std::to_string(list.Start) + ", --end " +
+                               std::to_string(list.Count));
     }
     if (saves && !options_.save.ends_with(".step")) {
       throw std::runtime_error("--save: the name of a step file ends in .step");
     }
-    if (options_.indent > 0 && app_.count("--indent") > 0) options_.flags.at(2) = true;
-    if (app_.count("--beginning") + app_.count("--ending") > 0) options_.flags.at(3) = true;
+    if (list.bytSpcCount > 0 && app_.count("--indent") > 0) {
+      list.Option.at(kvrnstep::Indentation) = true;
+    }
+    if (app_.count("--beginning") + app_.count("--ending") > 0) {
+      list.Option.at(kvrnstep::AddBegEnd) = true;
+    }
   }
 
   inline static const std::string kList = "List (with --list or --save)";

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "kvrnstep/listwright.hpp"
 #include "printing.h"
 #include "program.h"
 
@@ -18,24 +17,8 @@ struct Options {
   std::vector<std::string> files;  ///< step files whose lists are printed
   PrintFormat format;
   bool version = false;
-  std::int16_t type = 0;
-  std::int16_t start = 1;
-  std::int16_t end = 0;
-  std::int16_t lineSpacing = 0;
-  std::int16_t indent = 4;
-  std::array<bool, 7> flags{};
-  std::string prefix;
-  std::string suffix;
-  std::string beginning;
-  std::string ending;
-
-  std::string stepFolder;
-  std::string settingsFile;
-  std::string section;
-  std::string font;
-  std::int16_t fontSize = 9;
-  bool menuMode = false;
-  bool clipboard = false;  ///< Insert leaves the list on the clipboard, too
+  kvrnstep::ListArguments described;
+  kvrnstep::DialogArguments dialog;  ///< listing type and indentation are those of `described`
   std::string plugin;
 };
 

@@ -10,8 +10,9 @@
  *     if (kvrnstep_show_dialog(&dialog, &list) == KVRNSTEP_INSERTED) insert_at_caret(list);
  *     kvrnstep_free(list);
  *
- * Call everything from the thread that owns the host's user interface; only one call can be under
- * way at a time. Nothing here throws, and nothing keeps a pointer that was passed in.
+ * The dialog is shown by the thread that owns the host's user interface, one at a time on a thread;
+ * what needs no window can be called by any thread at any time. Nothing here throws, and nothing
+ * keeps a pointer that was passed in.
  */
 #ifndef KVRNSTEP_KVRNSTEP_H
 #define KVRNSTEP_KVRNSTEP_H
@@ -31,17 +32,18 @@ extern "C" {
 #define KVRNSTEP_API
 #endif
 
-/* What the functions return. Negative results are failures; nothing was done then. */
+/* What the functions return. Negative results are failures; no text is handed out then. */
 enum {
   KVRNSTEP_CANCELLED = 0,     /* the dialog was closed in another way than by Insert */
   KVRNSTEP_INSERTED = 1,      /* the user inserted a list */
   KVRNSTEP_DONE = 1,          /* of the functions that need no user */
-  KVRNSTEP_BAD_ARGUMENT = -1, /* a null pointer, or a struct that was not initialised */
+  KVRNSTEP_BAD_ARGUMENT = -1, /* a null pointer, a number that its field cannot hold, a struct that
+                                 was not initialised */
   KVRNSTEP_NO_DISPLAY = -2,   /* no front end, or no display that answers */
   KVRNSTEP_UNREADABLE = -3,   /* the file is missing, is no file, or is too large */
   KVRNSTEP_FOREIGN = -4,      /* the file is not a step file */
   KVRNSTEP_UNWRITABLE = -5,   /* the file cannot be written */
-  KVRNSTEP_FAILED = -6        /* out of memory */
+  KVRNSTEP_FAILED = -6        /* out of memory, or of what else a system gives */
 };
 
 /* One use of the dialog. */
@@ -62,26 +64,35 @@ typedef struct kvrnstep_dialog {
   int32_t i_EditorSize;         /* preview: size in points */
   int32_t bytSpcCount;          /* blanks in one indentation, 0 to 255 */
   int32_t insert_copies;        /* not 0: Insert leaves the list on the clipboard, too */
+  int32_t reserved;             /* leave it as it is */
 } kvrnstep_dialog;
 
-/* A list to be generated without a window. The fields mean what the dialog's boxes mean. */
+/* A list to be generated without a window. The fields mean what the dialog's boxes mean. Numbers
+ * beyond the dialog's ranges are taken as they are, up to 32767. */
 typedef struct kvrnstep_list {
   uint32_t size;     /* set by kvrnstep_list_init */
   int32_t Selection; /* as iBuildStep */
-  int32_t Option[7]; /* 1 is on: indent spacing, upper case, indentation, add beginning and
-                        ending, right align, prefix and suffix space, ordinals */
   const char* Prefix;
   const char* Suffix;
-  int32_t Start;       /* number of the first step, 1 to 99 */
-  int32_t Count;       /* number of the last one */
-  int32_t LineSpacing; /* blank lines between steps, 0 to 9 */
   const char* Beginning;
   const char* Ending;
-  int32_t bytSpcCount; /* blanks in one indentation, 0 to 255 */
+  int32_t Start;         /* number of the first step; the dialog has 1 to 99 */
+  int32_t Count;         /* number of the last one */
+  int32_t LineSpacing;   /* blank lines between steps, 0 to 9 */
+  int32_t bytSpcCount;   /* blanks in one indentation, 0 to 255 */
+  int32_t IndentSpacing; /* from here on options: 1 is on */
+  int32_t UpperCase;
+  int32_t Indentation;
+  int32_t AddBegEnd;   /* Beginning and Ending are added */
+  int32_t RightAlign;  /* labels are as wide as the widest */
+  int32_t PreSufSpace; /* a blank after Prefix and Suffix */
+  int32_t AppendOrdinal;
+  int32_t reserved; /* leave it as it is */
 } kvrnstep_list;
 
 /* Fill a struct with what holds when a host says nothing. `size` is sizeof the struct as the host
- * was compiled with; a plug-in that knows more fields than the host uses its own values for them.
+ * was compiled with. Later versions add fields at the end: a plug-in that knows more of them than
+ * the host takes these values for the rest, one that knows fewer leaves the host's alone.
  */
 KVRNSTEP_API void kvrnstep_dialog_init(kvrnstep_dialog* dialog, uint32_t size);
 KVRNSTEP_API void kvrnstep_list_init(kvrnstep_list* list, uint32_t size);
@@ -107,7 +118,8 @@ KVRNSTEP_API int kvrnstep_generate(const kvrnstep_list* list, char** text);
 KVRNSTEP_API int kvrnstep_generate_from_step_file(const char* path, int32_t bytSpcCount,
                                                   char** text);
 
-/* Writes the description of a list as a step file, in place of a file of that name. */
+/* Writes the description of a list as a step file, in place of a file of that name: KVRNSTEP_DONE,
+ * KVRNSTEP_UNWRITABLE … */
 KVRNSTEP_API int kvrnstep_save_step_file(const char* path, const kvrnstep_list* list);
 
 /* Writes icon 101 (32×32 and 16×16), 102 (16×16) or 103 (32×32) as a file into the plug-in's

@@ -18,6 +18,7 @@
 
 #include "kvrnstep/kvrnstep.h"
 #include "kvrnstep/library.hpp"
+#include "kvrnstep/list_options.hpp"
 
 namespace kvrnstep {
 
@@ -42,8 +43,8 @@ struct DialogArguments {
 
 /// The description of a list.
 struct ListArguments {
-  std::int32_t Selection = 0;    ///< as iBuildStep
-  std::array<bool, 7> Option{};  ///< in the order of kvrnstep_list
+  std::int32_t Selection = Numbered;            ///< a ListingType
+  std::array<bool, kListOptionCount> Option{};  ///< by ListOption
   std::string Prefix{};
   std::string Suffix{};
   std::int32_t Start = 1;
@@ -143,8 +144,8 @@ class Listwright {
     kvrnstep_list list;
     listInit_(&list, sizeof(list));
     list.Selection = arguments.Selection;
-    for (std::size_t i = 0; i < arguments.Option.size(); ++i) {
-      list.Option[i] = arguments.Option[i] ? 1 : 0;
+    for (std::size_t i = 0; i < kListOptions.size(); ++i) {
+      list.*kListOptions[i].field = arguments.Option[i] ? 1 : 0;
     }
     list.Prefix = arguments.Prefix.c_str();
     list.Suffix = arguments.Suffix.c_str();

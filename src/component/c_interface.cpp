@@ -1,6 +1,7 @@
 // The plug-in for hosts in C and all languages that can call C: UTF-8 and plain structs on the
 // outside, values on the inside, and no exception past this file.
 
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <exception>
@@ -31,11 +32,26 @@ constexpr kvrnstep_dialog kDialogDefaults{
 constexpr kvrnstep_list kListDefaults{
     .size = sizeof(kvrnstep_list), .Start = 1, .Count = 3, .bytSpcCount = 4};
 
+// A field that a later version adds must not come to lie in what was padding at the end of an
+// earlier struct, because a host may copy its struct without the padding.
+static_assert(sizeof(kvrnstep_dialog) ==
+              offsetof(kvrnstep_dialog, reserved) + sizeof(kvrnstep_dialog::reserved));
+static_assert(sizeof(kvrnstep_list) ==
+              offsetof(kvrnstep_list, reserved) + sizeof(kvrnstep_list::reserved));
+
+/// The sizes of the shortest structs that are taken; a shorter one is a host's mistake.
+constexpr std::size_t least(const kvrnstep_dialog& /*dialog*/) {
+  return offsetof(kvrnstep_dialog, insert_copies);
+}
+constexpr std::size_t least(const kvrnstep_list& /*list*/) {
+  return offsetof(kvrnstep_list, IndentSpacing);
+}
+
 /// A struct as this version knows it, with the defaults in fields that its host does not know;
 /// nothing where the host did not initialise its own.
 template <class Struct>
 std::optional<Struct> known(const Struct* given, Struct defaults) {
-  if (given == nullptr || given->size < sizeof(given->size)) return std::nullopt;
+  if (given == nullptr || given->size < least(defaults)) return std::nullopt;
   std::memcpy(static_cast<void*>(&defaults), given,
               std::min<std::size_t>(given->size, sizeof(Struct)));
   return defaults;
@@ -107,8 +123,8 @@ std::optional<generator::ListSettings> settingsOf(const kvrnstep_list& list) {
   bool allFit = fits<std::uint8_t>(list.bytSpcCount) && take(settings.Selection, list.Selection) &&
                 take(settings.Start, list.Start) && take(settings.Count, list.Count) &&
                 take(settings.LineSpacing, list.LineSpacing);
-  for (std::size_t i = 0; i < settings.Option.size(); ++i) {
-    allFit = take(settings.Option.at(i), list.Option[i]) && allFit;
+  for (std::size_t i = 0; i < kListOptions.size(); ++i) {
+    allFit = take(settings.Option.at(i), list.*kListOptions.at(i).field) && allFit;
   }
   if (!allFit) return std::nullopt;
   settings.Prefix = textOf(list.Prefix);

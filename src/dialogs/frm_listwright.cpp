@@ -27,7 +27,7 @@ frmListwright::frmListwright(forms::Toolkit& toolkit, const plugin::HostContext&
       host_(host),
       fraStep(control<Control>("fraStep")),
       cmdCIC(controlArray<Control, 6>("cmdCIC")),
-      chkLWO(controlArray<CheckBox, 7>("chkLWO")),
+      chkLWO(controlArray<CheckBox, kListOptions.size()>("chkLWO")),
       txtBStart(control<TextBox>("txtBStart")),
       updBStart(control<Spinner>("updBStart")),
       txtBEndAt(control<TextBox>("txtBEndAt")),
@@ -37,8 +37,8 @@ frmListwright::frmListwright(forms::Toolkit& toolkit, const plugin::HostContext&
       cboPreSuf(controlArray<ComboBox, 2>("cboPreSuf")),
       txtBegin(control<TextBox>("txtBegin")),
       txtEnd(control<TextBox>("txtEnd")),
-      optNA(controlArray<OptionButton, 4>("optNA")),
-      imgBull(controlArray<Control, 4>("imgBull")),
+      optNA(controlArray<OptionButton, kListingTypes.size()>("optNA")),
+      imgBull(controlArray<Control, kListingTypes.size()>("imgBull")),
       lblD(controlArray<Control, 7>("lblD")),
       txtPreview(control<TextBox>("txtPreview")),
       lstStepf(control<forms::ListBox>("lstStepf")),
@@ -122,9 +122,10 @@ void frmListwright::assignHandlers() {
 void frmListwright::optNA_Click(int index) {
   iListType = static_cast<std::int16_t>(index);
   for (Control* picture : imgBull.all()) picture->setVisible(picture->index() == index);
-  chkLWO(generator::UpperCase)
-      .setEnabled(index == generator::Alphabetical || index == generator::RomanNumeral);
-  chkLWO(generator::AppendOrdinal).setEnabled(index == generator::Numbered);
+  for (CheckBox* box : chkLWO.all()) {
+    const auto& option = kListOptions.at(static_cast<std::size_t>(box->index()));
+    if (option.types != kEveryType) box->setEnabled(appliesTo(option, index));
+  }
   RefreshPreview();
 }
 

@@ -76,6 +76,9 @@ class frmListwright : public forms::Window {
   void ApplyOpenDefaults();
   void setOpenDefaults();
   [[nodiscard]] stepfiles::OpenDefaultsPlace openDefaultsPlace() const;
+  /// The boxes that open defaults fill, in the order of their table.
+  [[nodiscard]] std::array<forms::TextControl*, stepfiles::kTypedDefaults.size()> typedBoxes()
+      const;
 
   // Settings of the list
   /// Nothing where there is no such type.
@@ -131,7 +134,7 @@ class frmListwright : public forms::Window {
 
   forms::Control& fraStep;
   forms::ControlArray<forms::Control, 6> cmdCIC;
-  Boxes<7> chkLWO;
+  Boxes<kListOptions.size()> chkLWO;
   forms::TextBox& txtBStart;
   forms::Spinner& updBStart;
   forms::TextBox& txtBEndAt;
@@ -141,8 +144,8 @@ class frmListwright : public forms::Window {
   forms::ControlArray<forms::ComboBox, 2> cboPreSuf;
   forms::TextBox& txtBegin;
   forms::TextBox& txtEnd;
-  forms::ControlArray<forms::OptionButton, 4> optNA;
-  forms::ControlArray<forms::Control, 4> imgBull;
+  forms::ControlArray<forms::OptionButton, kListingTypes.size()> optNA;
+  forms::ControlArray<forms::Control, kListingTypes.size()> imgBull;
   forms::ControlArray<forms::Control, 7> lblD;
   forms::TextBox& txtPreview;
   forms::ListBox& lstStepf;

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "dialogs/frm_listwright.h"
 #include "stepfiles/open_defaults.h"
 
@@ -7,6 +9,11 @@ stepfiles::OpenDefaultsPlace frmListwright::openDefaultsPlace() const {
   return {host_.SEC_APP_NAME, host_.s_IniPathAndName, host_.sPthStepFolder};
 }
 
+std::array<forms::TextControl*, stepfiles::kTypedDefaults.size()> frmListwright::typedBoxes()
+    const {
+  return {&cboPreSuf(0), &cboPreSuf(1), &txtBStart, &txtBEndAt, &txtLS, &txtBegin, &txtEnd};
+}
+
 void frmListwright::ApplyOpenDefaults() {
   const stepfiles::OpenDefaults defaults = stepfiles::readOpenDefaults(openDefaultsPlace());
   if (!lwMenuMode_ && defaults.Selection) selectType(*defaults.Selection);
@@ -14,13 +21,8 @@ void frmListwright::ApplyOpenDefaults() {
     const auto option = defaults.Option.at(static_cast<std::size_t>(box->index()));
     if (option) box->setValue(*option);
   }
-  cboPreSuf(0).setText(defaults.Prefix);
-  cboPreSuf(1).setText(defaults.Suffix);
-  txtBStart.setText(defaults.Start);
-  txtBEndAt.setText(defaults.Count);
-  txtLS.setText(defaults.LineSpacing);
-  txtBegin.setText(defaults.Beginning);
-  txtEnd.setText(defaults.Ending);
+  const auto boxes = typedBoxes();
+  for (std::size_t i = 0; i < boxes.size(); ++i) boxes.at(i)->setText(defaults.typed.at(i));
 }
 
 void frmListwright::setOpenDefaults() {
@@ -32,13 +34,7 @@ void frmListwright::setOpenDefaults() {
     defaults.Option.at(static_cast<std::size_t>(box->index())) =
         static_cast<std::int16_t>(box->value());
   }
-  defaults.Prefix = cboPreSuf(0).text();
-  defaults.Suffix = cboPreSuf(1).text();
-  defaults.Start = txtBStart.text();
-  defaults.Count = txtBEndAt.text();
-  defaults.LineSpacing = txtLS.text();
-  defaults.Beginning = txtBegin.text();
-  defaults.Ending = txtEnd.text();
+  std::ranges::transform(typedBoxes(), defaults.typed.begin(), &forms::TextControl::text);
   stepfiles::writeOpenDefaults(openDefaultsPlace(), defaults);
   stepfiles::switchOpenDefaults(openDefaultsPlace(), true);
 }

@@ -12,8 +12,26 @@ using forms::Picture;
 
 constexpr std::u16string_view kBoxFont = u"MS Sans Serif";
 
-// Places are in pixels.
 // clang-format off
+constexpr ControlRow typeRow(ListingType type, forms::Rect place) {
+  return {.kind = OptionButton, .name = "optNA", .index = type, .in = "Picture1", .place = place,
+          .caption = kListingTypes.at(type).caption, .checked = type == Numbered};
+}
+
+constexpr ControlRow pictureRow(ListingType type, Picture picture) {
+  return {.kind = Image, .name = "imgBull", .index = type, .in = "fraStep",
+          .place = {11, 15, 32, 32}, .visible = type == Numbered, .picture = picture,
+          .accessibleName = kListingTypes.at(type).name};
+}
+
+constexpr ControlRow optionRow(ListOption option, forms::Rect place) {
+  const ListOptionRow& row = kListOptions.at(option);
+  return {.kind = CheckBox, .name = "chkLWO", .index = option, .in = "fraStep", .place = place,
+          .caption = row.caption, .enabled = appliesTo(row, Numbered),
+          .checked = row.checkedAtFirst};
+}
+
+// Places are in pixels.
 constexpr auto kControls = std::to_array<ControlRow>({
     // Beside and below the options frame.
     {.kind = TextBox, .name = "txtPreview", .place = {-10000, 6, 265, 264},
@@ -33,41 +51,22 @@ constexpr auto kControls = std::to_array<ControlRow>({
      .accessibleName = u"List"},
     {.kind = Panel, .name = "Picture1", .in = "fraStep", .place = {54, 4, 203, 68},
      .accessibleName = u"Listing Type"},
-    {.kind = OptionButton, .name = "optNA", .index = 0, .in = "Picture1", .place = {0, 0, 203, 17},
-     .caption = u"Numbered Listing", .checked = true},
-    {.kind = OptionButton, .name = "optNA", .index = 1, .in = "Picture1",
-     .place = {0, 17, 203, 17}, .caption = u"Alphabetical Listing"},
-    {.kind = OptionButton, .name = "optNA", .index = 2, .in = "Picture1",
-     .place = {0, 34, 203, 17}, .caption = u"Roman Numeral Listing"},
-    {.kind = OptionButton, .name = "optNA", .index = 3, .in = "Picture1",
-     .place = {0, 51, 203, 17}, .caption = u"Prefix And/Or Suffix Listing"},
-    {.kind = Image, .name = "imgBull", .index = 0, .in = "fraStep", .place = {11, 15, 32, 32},
-     .picture = Picture::Numbered,
-     .accessibleName = u"Numbered"},
-    {.kind = Image, .name = "imgBull", .index = 1, .in = "fraStep", .place = {11, 15, 32, 32},
-     .visible = false, .picture = Picture::Alphabetical,
-     .accessibleName = u"Alphabetical"},
-    {.kind = Image, .name = "imgBull", .index = 2, .in = "fraStep", .place = {11, 15, 32, 32},
-     .visible = false, .picture = Picture::Roman,
-     .accessibleName = u"Roman Numeral"},
-    {.kind = Image, .name = "imgBull", .index = 3, .in = "fraStep", .place = {11, 15, 32, 32},
-     .visible = false, .picture = Picture::PrefixSuffix,
-     .accessibleName = u"Prefix And/Or Suffix"},
+    typeRow(Numbered, {0, 0, 203, 17}),
+    typeRow(Alphabetical, {0, 17, 203, 17}),
+    typeRow(RomanNumeral, {0, 34, 203, 17}),
+    typeRow(PrefixSuffix, {0, 51, 203, 17}),
+    pictureRow(Numbered, Picture::Numbered),
+    pictureRow(Alphabetical, Picture::Alphabetical),
+    pictureRow(RomanNumeral, Picture::Roman),
+    pictureRow(PrefixSuffix, Picture::PrefixSuffix),
 
-    {.kind = CheckBox, .name = "chkLWO", .index = 2, .in = "fraStep", .place = {9, 75, 124, 17},
-     .caption = u"Indentation", .checked = true},
-    {.kind = CheckBox, .name = "chkLWO", .index = 0, .in = "fraStep", .place = {137, 75, 124, 17},
-     .caption = u"Indent Spacing", .checked = true},
-    {.kind = CheckBox, .name = "chkLWO", .index = 1, .in = "fraStep", .place = {9, 92, 124, 17},
-     .caption = u"UPPER CASE", .enabled = false, .checked = true},
-    {.kind = CheckBox, .name = "chkLWO", .index = 4, .in = "fraStep", .place = {137, 92, 124, 17},
-     .caption = u"Right Align", .checked = true},
-    {.kind = CheckBox, .name = "chkLWO", .index = 3, .in = "fraStep", .place = {9, 109, 124, 17},
-     .caption = u"Add Beg../End..", .checked = true},
-    {.kind = CheckBox, .name = "chkLWO", .index = 5, .in = "fraStep",
-     .place = {137, 109, 124, 17}, .caption = u"Pre../Suf..  Space", .checked = true},
-    {.kind = CheckBox, .name = "chkLWO", .index = 6, .in = "fraStep", .place = {9, 126, 248, 17},
-     .caption = u"Append numeral ordinal 'st' 'nd' 'rd' 'th'"},
+    optionRow(Indentation, {9, 75, 124, 17}),
+    optionRow(IndentSpacing, {137, 75, 124, 17}),
+    optionRow(UpperCase, {9, 92, 124, 17}),
+    optionRow(RightAlign, {137, 92, 124, 17}),
+    optionRow(AddBegEnd, {9, 109, 124, 17}),
+    optionRow(PreSufSpace, {137, 109, 124, 17}),
+    optionRow(AppendOrdinal, {9, 126, 248, 17}),
 
     {.kind = Label, .name = "lblD", .index = 2, .in = "fraStep", .place = {9, 147, 31, 20},
      .caption = u"Start:", .buddy = "txtBStart"},

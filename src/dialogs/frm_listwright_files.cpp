@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 
 #include "dialogs/frm_listwright.h"
@@ -17,13 +18,15 @@ using stepfiles::PathPart;
 
 namespace {
 
-constexpr auto kFiltersToOpen = std::to_array<forms::FileFilter>({
-    {u"Step Files (*.step)", u"*.step"},
-    {u"Numb Files (Numb*.step)", u"Numb*.step"},
-    {u"Alpha Files (Alpha*.step)", u"Alpha*.step"},
-    {u"Roman Files (Roman*.step)", u"Roman*.step"},
-    {u"PreSuf Files (PreSuf*.step)", u"PreSuf*.step"},
-});
+/// All step files, then those of each listing type.
+constexpr auto kFiltersToOpen = [] {
+  std::array<forms::FileFilter, kListingTypes.size() + 1> filters{
+      {{u"Step Files (*.step)", u"*.step"}}};
+  std::ranges::transform(kListingTypes, filters.begin() + 1, [](const ListingTypeRow& type) {
+    return forms::FileFilter{type.filter, type.filePattern};
+  });
+  return filters;
+}();
 constexpr auto kFiltersToSave = std::to_array<forms::FileFilter>({
     {u"Step Files (*.step)", u"*.step"},
     {u"Plain text file (*.txt)", u"*.txt"},

@@ -2,7 +2,6 @@
 
 #include <string_view>
 
-#include "generator/list_settings.h"
 #include "storage/settings_store.h"
 #include "storage/text_file.h"
 #include "text/numbers.h"
@@ -11,9 +10,6 @@
 namespace kvrnstep::stepfiles {
 
 namespace {
-
-constexpr std::u16string_view kBeginningFile = u"begin_my_step.dat";
-constexpr std::u16string_view kEndingFile = u"end_my_step.dat";
 
 std::u16string read(const OpenDefaultsPlace& place, std::u16string_view key,
                     std::u16string_view fallback) {
@@ -38,17 +34,16 @@ std::u16string optionKey(std::size_t option) {
 OpenDefaults readOpenDefaults(const OpenDefaultsPlace& place) {
   OpenDefaults defaults;
   defaults.Selection = number(read(place, u"Selection", u"0"));
-  for (std::size_t i = 0; i < defaults.Option.size(); ++i) {
+  for (std::size_t i = 0; i < kListOptions.size(); ++i) {
     defaults.Option.at(i) =
-        number(read(place, optionKey(i), i == generator::AppendOrdinal ? u"0" : u"1"));
+        number(read(place, optionKey(i), kListOptions.at(i).checkedAtFirst ? u"1" : u"0"));
   }
-  defaults.Prefix = read(place, u"Prefix", u"");
-  defaults.Suffix = read(place, u"Suffix", u"");
-  defaults.Start = read(place, u"Start", u"1");
-  defaults.Count = read(place, u"Count", u"3");
-  defaults.LineSpacing = read(place, u"LineSpacing", u"0");
-  defaults.Beginning = storage::ReadTextFile(text::inFolder(place.stepFolder, kBeginningFile));
-  defaults.Ending = storage::ReadTextFile(text::inFolder(place.stepFolder, kEndingFile));
+  for (std::size_t i = 0; i < kTypedDefaults.size(); ++i) {
+    const TypedDefault& row = kTypedDefaults.at(i);
+    defaults.typed.at(i) = row.file.empty()
+                               ? read(place, row.key, row.design)
+                               : storage::ReadTextFile(text::inFolder(place.stepFolder, row.file));
+  }
   return defaults;
 }
 
@@ -58,13 +53,15 @@ void writeOpenDefaults(const OpenDefaultsPlace& place, const OpenDefaults& defau
     if (const auto option = defaults.Option.at(i))
       write(place, optionKey(i), text::decimal(*option));
   }
-  write(place, u"Prefix", defaults.Prefix);
-  write(place, u"Suffix", defaults.Suffix);
-  write(place, u"Start", defaults.Start);
-  write(place, u"Count", defaults.Count);
-  write(place, u"LineSpacing", defaults.LineSpacing);
-  storage::WriteTextFile(text::inFolder(place.stepFolder, kBeginningFile), defaults.Beginning);
-  storage::WriteTextFile(text::inFolder(place.stepFolder, kEndingFile), defaults.Ending);
+  for (std::size_t i = 0; i < kTypedDefaults.size(); ++i) {
+    const TypedDefault& row = kTypedDefaults.at(i);
+    const std::u16string& typed = defaults.typed.at(i);
+    if (row.file.empty()) {
+      write(place, row.key, typed);
+    } else {
+      storage::WriteTextFile(text::inFolder(place.stepFolder, row.file), typed);
+    }
+  }
 }
 
 bool openDefaultsOn(const OpenDefaultsPlace& place) {

@@ -4,21 +4,34 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
+
+#include "kvrnstep/list_options.hpp"
 
 namespace kvrnstep::stepfiles {
 
-/// The stored setup that presets the dialog. Numbers are kept as they were typed; what is stored
-/// and is no number is nothing, and then the dialog keeps what it shows.
+/// What the boxes of the dialog hold, as it was typed.
+struct TypedDefault {
+  std::u16string_view key;     ///< in the settings file; empty: it has a file of its own
+  std::u16string_view design;  ///< what the box shows where nothing is stored
+  std::u16string_view file;    ///< in the step folder
+};
+inline constexpr auto kTypedDefaults = std::to_array<TypedDefault>({
+    {u"Prefix", u"", {}},
+    {u"Suffix", u"", {}},
+    {u"Start", u"1", {}},
+    {u"Count", u"3", {}},
+    {u"LineSpacing", u"0", {}},
+    {{}, u"", u"begin_my_step.dat"},
+    {{}, u"", u"end_my_step.dat"},
+});
+
+/// The stored setup that presets the dialog. Where a listing type or an option is stored that is no
+/// number the field is empty, and the dialog keeps what it shows.
 struct OpenDefaults {
   std::optional<std::int16_t> Selection;
-  std::array<std::optional<std::int16_t>, 7> Option;
-  std::u16string Prefix;
-  std::u16string Suffix;
-  std::u16string Start;
-  std::u16string Count;
-  std::u16string LineSpacing;
-  std::u16string Beginning;
-  std::u16string Ending;
+  std::array<std::optional<std::int16_t>, kListOptionCount> Option;
+  std::array<std::u16string, kTypedDefaults.size()> typed;  ///< in the order of the table
 };
 
 /// Where open defaults are kept: keys of one section of the settings file, and two text files in

@@ -1,7 +1,6 @@
 #include "stepfiles/step_file_name.h"
 
 #include <algorithm>
-#include <array>
 
 #include "stepfiles/step_record.h"
 #include "text/characters.h"
@@ -16,34 +15,23 @@ using generator::ListSettings;
 namespace {
 
 constexpr std::u16string_view kRemoved = u"\"?`!.'<>;:\\/\r\n";
-constexpr std::array<std::u16string_view, 4> kTypeNames{u"Numb_", u"Alpha_", u"Roman_", u"PreSuf_"};
 
 std::u16string_view typeName(std::int16_t selection) {
   const auto index = static_cast<std::size_t>(selection);
-  return index < kTypeNames.size() ? kTypeNames.at(index) : std::u16string_view();
+  return index < kListingTypes.size() ? kListingTypes.at(index).fileName : std::u16string_view();
 }
 
 bool endsInPair(std::u16string_view text) {
   return text.size() > 1 && text::isSurrogatePair(text.substr(text.size() - 2));
 }
 
-void appendOption(std::u16string& name, const ListSettings& settings, generator::ListOption option,
-                  std::u16string_view code) {
-  name += settings.on(option) ? u'+' : u'-';
-  name += code;
-}
-
 void appendOptions(std::u16string& name, const ListSettings& settings) {
-  const bool lettered =
-      settings.Selection != generator::Numbered && settings.Selection != generator::PrefixSuffix;
-  appendOption(name, settings, generator::IndentSpacing, u"IS");
-  appendOption(name, settings, generator::Indentation, u"I");
-  appendOption(name, settings, generator::RightAlign, u"RA");
-  if (lettered) appendOption(name, settings, generator::UpperCase, u"UC");
-  appendOption(name, settings, generator::AddBegEnd, u"BE");
-  appendOption(name, settings, generator::PreSufSpace, u"SS");
-  if (settings.Selection == generator::Numbered) {
-    appendOption(name, settings, generator::AppendOrdinal, u"AO");
+  for (std::size_t turn = 0; turn < kListOptions.size(); ++turn) {
+    const auto* row = std::ranges::find(kListOptions, turn, &ListOptionRow::turn);
+    if (!appliesTo(*row, settings.Selection)) continue;
+    name +=
+        settings.Option.at(static_cast<std::size_t>(row - kListOptions.begin())) == 1 ? u'+' : u'-';
+    name += row->code;
   }
 }
 

@@ -17,7 +17,8 @@ inline constexpr std::size_t kLargestStepFile = std::size_t{256} * 1024 * 1024;
 /// Marks the files of the step folder that hold a setup; letter case counts.
 inline constexpr std::u16string_view kStepExtension = u".step";
 
-/// The bytes of a step file: fifteen fields with commas between them, and CR LF.
+/// The bytes of a step file: listing type, four texts, three numbers and the options, with commas
+/// between them, and CR LF.
 std::string formatStepRecord(const generator::ListSettings& settings);
 
 /// The setup that the bytes hold. Fields that are not there are empty and 0, and so is a number

@@ -49,7 +49,7 @@ static void keeps_step_files(const char* folder, const char* foreign) {
   snprintf(path, sizeof path, "%s/a b.step", folder);
   kvrnstep_list_init(&list, sizeof list);
   list.Count = 2;
-  list.Option[2] = 1;
+  list.Indentation = 1;
   EXPECT(kvrnstep_save_step_file(path, &list) == KVRNSTEP_DONE);
   EXPECT(kvrnstep_generate_from_step_file(path, 1, &text) == KVRNSTEP_DONE);
   EXPECT(is(text, " 1\r\n 2"));
@@ -60,17 +60,49 @@ static void keeps_step_files(const char* folder, const char* foreign) {
   EXPECT(kvrnstep_save_step_file(folder, &list) == KVRNSTEP_UNWRITABLE);
 }
 
-/* A host that was built against a longer struct than the plug-in knows. */
-static void takes_structs_of_later_hosts(void) {
+/* Structs of hosts that were built against a longer, a shorter and no version of the header. */
+static void takes_structs_of_other_versions(void) {
   struct {
     kvrnstep_list known;
     int32_t later;
-  } list;
+  } later;
+  union {
+    kvrnstep_list whole;
+    struct {
+      uint32_t size;
+      int32_t Selection;
+      const char* texts[4];
+      int32_t Start, Count, LineSpacing, bytSpcCount, IndentSpacing, UpperCase;
+    } list;
+    struct {
+      uint32_t size;
+      int32_t iBuildStep, BuMenuMode, bolIsSoundAvailable;
+      const char* texts[5];
+      int32_t l_EditorBColor, l_EditorFColor;
+      const char *s_IniPathAndName, *s_EditorFont;
+      int32_t i_EditorSize, bytSpcCount;
+    } dialog;
+    int32_t words[30];
+  } earlier;
   char* text = NULL;
-  kvrnstep_list_init(&list.known, sizeof list);
-  EXPECT(list.later == 0 && list.known.size == sizeof list);
-  EXPECT(kvrnstep_generate(&list.known, &text) == KVRNSTEP_DONE);
+  kvrnstep_list_init(&later.known, sizeof later);
+  EXPECT(later.later == 0 && later.known.size == sizeof later);
+  EXPECT(kvrnstep_generate(&later.known, &text) == KVRNSTEP_DONE);
   EXPECT(is(text, "1\r\n2\r\n3"));
+
+  /* Behind a shorter one are bytes that are none of the plug-in's: ordinals, an indentation. */
+  for (int i = 0; i < 30; ++i) earlier.words[i] = 1;
+  kvrnstep_list_init(&earlier.whole, sizeof earlier.list);
+  EXPECT(earlier.whole.AppendOrdinal == 1 && earlier.list.Count == 3);
+  EXPECT(kvrnstep_generate(&earlier.whole, &text) == KVRNSTEP_DONE);
+  EXPECT(is(text, "1\r\n2\r\n3"));
+  kvrnstep_list_init(&earlier.whole, sizeof(void*));
+  EXPECT(kvrnstep_generate(&earlier.whole, &text) == KVRNSTEP_BAD_ARGUMENT);
+
+  kvrnstep_dialog_init((kvrnstep_dialog*)&earlier, sizeof earlier.dialog);
+  EXPECT(earlier.dialog.bytSpcCount == 4);
+  EXPECT(earlier.words[sizeof earlier.dialog / sizeof(int32_t)] == 1);
+  EXPECT(kvrnstep_show_dialog((kvrnstep_dialog*)&earlier, &text) == KVRNSTEP_NO_DISPLAY);
 }
 
 /* The test runs without a display. */
@@ -98,7 +130,7 @@ int main(int count, char** arguments) {
   kvrnstep_free(NULL);
   generates_lists();
   keeps_step_files(arguments[1], arguments[0]);
-  takes_structs_of_later_hosts();
+  takes_structs_of_other_versions();
   says_why_it_shows_nothing();
   return failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
