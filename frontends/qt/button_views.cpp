@@ -8,7 +8,6 @@
 
 #include "artwork.h"
 #include "forms/keyboard.h"
-#include "forms/user_actions.h"
 #include "qt_fonts.h"
 #include "text.h"
 #include "text/text.h"
@@ -16,7 +15,6 @@
 
 namespace kvrnstep::qt {
 
-using forms::Kind;
 using forms::Property;
 
 namespace {
@@ -39,9 +37,9 @@ int contentsWidth(const QAbstractButton& button, QStyle::SubElement contents) {
   return button.style()->subElementRect(contents, &option, &button).width();
 }
 
-Qt::CheckState checkState(int value) {
-  if (value == 0) return Qt::Unchecked;
-  return value == 1 ? Qt::Checked : Qt::PartiallyChecked;
+Qt::CheckState checkState(forms::Mark mark) {
+  if (mark == forms::Mark::Mixed) return Qt::PartiallyChecked;
+  return mark == forms::Mark::On ? Qt::Checked : Qt::Unchecked;
 }
 
 }  // namespace
@@ -49,14 +47,7 @@ Qt::CheckState checkState(int value) {
 ButtonView::ButtonView(WindowView& window, forms::Control& control, QAbstractButton* button)
     : ControlView(window, control), button_(button) {
   adopt(button);
-  QObject::connect(button, &QAbstractButton::clicked, button, [this] { clicked(); });
-}
-
-void ButtonView::clicked() {
-  // The widget has already changed its mark, and those of its neighbours; the control decides.
-  window().markKind(Kind::OptionButton, Property::Value);
-  mark(Property::Value);
-  forms::userClicked(control());
+  QObject::connect(button, &QAbstractButton::clicked, button, [this] { userPressedButton(); });
 }
 
 int ButtonView::captionWidth() const {
@@ -64,14 +55,14 @@ int ButtonView::captionWidth() const {
   return button_->width() - kBorders;
 }
 
-void ButtonView::apply(const Changes& changes) {
-  ControlView::apply(changes);
-  if (!changes.has(Property::Caption) && !changes.has(Property::Width)) return;
-  const QString caption = toQt(forms::drawnCaption(control()));
-  if (button_->text() != caption) button_->setText(caption);
-  const QString plain = toQt(text::withoutMnemonic(control().caption()));
-  const QFont font = fittedCaptionFont(plain, captionWidth());
-  useFont(*button_, font);
+void ButtonView::setCaption(const std::u16string& caption) {
+  const QString text = toQt(caption);
+  if (button_->text() != text) button_->setText(text);
+}
+
+void ButtonView::fitCaption() {
+  useFont(*button_,
+          fittedCaptionFont(toQt(text::withoutMnemonic(control().caption())), captionWidth()));
 }
 
 std::optional<forms::PropertyValue> ButtonView::shown(Property property) const {
@@ -89,32 +80,21 @@ PushButtonView::PushButtonView(WindowView& window, forms::Control& control)
   static_cast<QPushButton&>(button()).setAutoDefault(true);
 }
 
-void PushButtonView::apply(const Changes& changes) {
-  ButtonView::apply(changes);
-  if (changes.has(Property::Picture)) button().setIcon(pictureIcon(control().picture()));
+void PushButtonView::setPicture(forms::Picture picture) {
+  button().setIcon(pictureIcon(picture));
 }
 
-QRect PushButtonView::place() const {
-  const QRect place = ButtonView::place();
-  const forms::Control* container = control().container();
-  if (container == nullptr) return place;
-  return place & QRect(QPoint(0, 0), window().pixelPlace(*container).size());
-}
-
-CheckBoxView::CheckBoxView(WindowView& window, forms::CheckBox& box)
+CheckBoxView::CheckBoxView(WindowView& window, forms::Control& box)
     : ButtonView(window, box, new WholePlace<QCheckBox>(window.parentFor(box))) {}
 
 int CheckBoxView::captionWidth() const {
   return contentsWidth(button(), QStyle::SE_CheckBoxContents);
 }
 
-void CheckBoxView::apply(const Changes& changes) {
-  ButtonView::apply(changes);
-  if (!changes.has(Property::Value)) return;
+void CheckBoxView::setMark(forms::Mark mark) {
   auto& box = static_cast<QCheckBox&>(button());
-  const Qt::CheckState state = checkState(static_cast<forms::CheckBox&>(control()).value());
-  box.setTristate(state == Qt::PartiallyChecked);
-  box.setCheckState(state);
+  box.setTristate(mark == forms::Mark::Mixed);
+  box.setCheckState(checkState(mark));
 }
 
 std::optional<forms::PropertyValue> CheckBoxView::shown(Property property) const {
@@ -125,24 +105,22 @@ std::optional<forms::PropertyValue> CheckBoxView::shown(Property property) const
       return box.checkState() == Qt::Checked;
     case Property::Value:
       // All values but 0 and 1 look the same.
-      if (box.checkState() == checkState(value)) return static_cast<double>(value);
+      if (box.checkState() == checkState(forms::markOf(value))) return static_cast<double>(value);
       return box.checkState() == Qt::Checked ? 1.0 : box.checkState() == Qt::Unchecked ? 0.0 : 2.0;
     default:
       return ButtonView::shown(property);
   }
 }
 
-OptionButtonView::OptionButtonView(WindowView& window, forms::OptionButton& button)
+OptionButtonView::OptionButtonView(WindowView& window, forms::Control& button)
     : ButtonView(window, button, new WholePlace<QRadioButton>(window.parentFor(button))) {}
 
 int OptionButtonView::captionWidth() const {
   return contentsWidth(button(), QStyle::SE_RadioButtonContents);
 }
 
-void OptionButtonView::apply(const Changes& changes) {
-  ButtonView::apply(changes);
-  if (!changes.has(Property::Value)) return;
-  const bool on = static_cast<forms::OptionButton&>(control()).value();
+void OptionButtonView::setMark(forms::Mark mark) {
+  const bool on = mark == forms::Mark::On;
   if (button().isChecked() == on) return;
   // A button of a group refuses to be cleared.
   button().setAutoExclusive(false);

@@ -14,14 +14,13 @@ class ButtonView : public ControlView {
   [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
-  void apply(const Changes& changes) override;
+  void setCaption(const std::u16string& caption) override;
+  void fitCaption() override;
   /// Pixels that the caption may take in its line.
   [[nodiscard]] virtual int captionWidth() const;
   [[nodiscard]] QAbstractButton& button() const { return *button_; }
 
  private:
-  void clicked();
-
   QAbstractButton* button_;
 };
 
@@ -30,30 +29,28 @@ class PushButtonView : public ButtonView {
   PushButtonView(WindowView& window, forms::Control& control);
 
  protected:
-  void apply(const Changes& changes) override;
-  /// A button ends inside its container, or one of its borders would be cut off.
-  [[nodiscard]] QRect place() const override;
+  void setPicture(forms::Picture picture) override;
 };
 
 class CheckBoxView : public ButtonView {
  public:
-  CheckBoxView(WindowView& window, forms::CheckBox& box);
+  CheckBoxView(WindowView& window, forms::Control& box);
 
   [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
-  void apply(const Changes& changes) override;
+  void setMark(forms::Mark mark) override;
   [[nodiscard]] int captionWidth() const override;
 };
 
 class OptionButtonView : public ButtonView {
  public:
-  OptionButtonView(WindowView& window, forms::OptionButton& button);
+  OptionButtonView(WindowView& window, forms::Control& button);
 
   [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
-  void apply(const Changes& changes) override;
+  void setMark(forms::Mark mark) override;
   [[nodiscard]] int captionWidth() const override;
 };
 

@@ -69,14 +69,12 @@ void ComboView::chosen(int index) {
   forms::userChose(combo(), index);
 }
 
-void ComboView::apply(const Changes& changes) {
-  ControlView::apply(changes);
-  if (changes.has(Property::Items)) entries_->show(combo().entries());
-  const int selected = combo().entries().selected();
-  if (box_->currentIndex() != selected) box_->setCurrentIndex(selected);
-  // Last, because the entries and the selected one change the text of the box too.
-  edit_->showText();
-  edit_->showSelection();
+void ComboView::setItems(const std::vector<std::u16string>& items) {
+  entries_->show(items);
+}
+
+void ComboView::setIndex(int index) {
+  if (box_->currentIndex() != index) box_->setCurrentIndex(index);
 }
 
 std::optional<forms::PropertyValue> ComboView::shown(Property property) const {
@@ -88,7 +86,7 @@ std::optional<forms::PropertyValue> ComboView::shown(Property property) const {
     default:
       break;
   }
-  const auto value = shownOfLine(*edit_, property);
+  const auto value = shownOf(*edit_, property);
   return value ? value : ControlView::shown(property);
 }
 

@@ -18,7 +18,9 @@ class ComboView : public ControlView {
   [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
-  void apply(const Changes& changes) override;
+  void setItems(const std::vector<std::u16string>& items) override;
+  void setIndex(int index) override;
+  [[nodiscard]] forms::TextSync* text() override { return edit_; }
 
  private:
   void chosen(int index);

@@ -1,7 +1,5 @@
 #include "control_view.h"
 
-#include <utility>
-
 #include "forms/keyboard.h"
 #include "text.h"
 #include "window_view.h"
@@ -10,41 +8,30 @@ namespace kvrnstep::qt {
 
 using forms::Property;
 
+ControlView::ControlView(WindowView& window, forms::Control& control)
+    : ControlSync(window, control), window_(window) {}
+
 void ControlView::adopt(QWidget* widget) {
   widget_ = widget;
   focusPolicy_ = widget->focusPolicy();
-  widget_->setObjectName(QString::fromStdString(control_.scriptName()));
-  widget_->setAccessibleName(toQt(forms::accessibleName(control_)));
+  widget_->setObjectName(QString::fromStdString(control().scriptName()));
+  widget_->setAccessibleName(toQt(forms::accessibleName(control())));
   widget_->installEventFilter(&window_.commandKeys());
-  if (!control_.row().toolTip.empty()) widget_->setToolTip(toQt(control_.row().toolTip));
+  if (!control().row().toolTip.empty()) widget_->setToolTip(toQt(control().row().toolTip));
 }
 
-void ControlView::applyChanges() {
-  if (!changes_.any() || applying_) return;
-  applying_ = true;
-  apply(std::exchange(changes_, Changes()));
-  applying_ = false;
+void ControlView::setPlace(const forms::PixelRect& place) {
+  widget_->setGeometry(place.left, place.top, place.width, place.height);
 }
 
-void ControlView::apply(const Changes& changes) {
-  if (widget_ == nullptr) return;
-  if (changes.has(Property::Left) || changes.has(Property::Width)) widget_->setGeometry(place());
-  if (changes.has(Property::Enabled)) widget_->setEnabled(control_.enabled());
-  if (changes.has(Property::Visible)) widget_->setVisible(control_.visible());
-}
-
-void ControlView::allowFocus(bool allowed) {
+void ControlView::setTabStop(bool on) {
   // The option buttons of a group pass their turn on among themselves.
-  if (control_.kind() == forms::Kind::OptionButton) return;
-  widget_->setFocusPolicy(allowed ? focusPolicy_ : Qt::NoFocus);
+  if (control().kind() == forms::Kind::OptionButton) return;
+  widget_->setFocusPolicy(on ? focusPolicy_ : Qt::NoFocus);
 }
 
 QPoint ControlView::menuPlace() const {
   return widget_->mapToGlobal(widget_->rect().center());
-}
-
-QRect ControlView::place() const {
-  return window_.pixelPlace(control_);
 }
 
 std::optional<forms::PropertyValue> ControlView::shown(Property property) const {

@@ -4,10 +4,10 @@
 
 namespace kvrnstep::qt {
 
-void EntriesModel::show(const forms::Entries& entries) {
-  if (texts_ == entries.all()) return;
+void EntriesModel::show(const std::vector<std::u16string>& texts) {
+  if (texts_ == texts) return;
   beginResetModel();
-  texts_ = entries.all();
+  texts_ = texts;
   endResetModel();
 }
 

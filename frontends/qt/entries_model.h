@@ -4,8 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "forms/control.h"
-
 namespace kvrnstep::qt {
 
 /// The entries of a control as its widget shows them: as they were when they were last taken over.
@@ -13,8 +11,8 @@ class EntriesModel : public QAbstractListModel {
  public:
   using QAbstractListModel::QAbstractListModel;
 
-  /// Takes the entries over, if they are not what is shown already.
-  void show(const forms::Entries& entries);
+  /// Takes the texts over, if they are not what is shown already.
+  void show(const std::vector<std::u16string>& texts);
   [[nodiscard]] const std::vector<std::u16string>& texts() const { return texts_; }
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;

@@ -1,64 +1,51 @@
 #include "line_edit.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "text.h"
 
 namespace kvrnstep::qt {
 
 LineEdit::LineEdit(forms::TextControl& box, QWidget* parent)
-    : Typing<QLineEdit>(parent), box_(box) {
+    : Typing<QLineEdit>(parent), TextSync(box) {
   connectKeys(*this, box);
   setReadOnly(box.row().readOnly);
   setAcceptDrops(!box.onDragDrop);
   connect(this, &QLineEdit::textEdited, this, [this] { edited(); });
-  connect(this, &QLineEdit::cursorPositionChanged, this, [this] { selected(); });
-  connect(this, &QLineEdit::selectionChanged, this, [this] { selected(); });
+  connect(this, &QLineEdit::cursorPositionChanged, this, [this] { userMovedCaret(); });
+  connect(this, &QLineEdit::selectionChanged, this, [this] { userMovedCaret(); });
 }
 
-forms::TextSelection LineEdit::selection() const {
+std::u16string LineEdit::shownText() const {
+  return fromQt(text());
+}
+
+forms::TextSelection LineEdit::selectionIn(const std::u16string& /*text*/) const {
   if (kept_) return *kept_;
   const int start = hasSelectedText() ? selectionStart() : cursorPosition();
   return {static_cast<std::size_t>(start), static_cast<std::size_t>(selectionLength())};
 }
 
 void LineEdit::edited() {
-  if (showing_) return;
+  if (showing()) return;
   kept_.reset();
   limitLength(text().size());
-  forms::userEdited(box_, fromQt(text()), selection());
-}
-
-void LineEdit::selected() {
-  // While a text is being replaced the caret is told of with the text.
-  if (showing_ || fromQt(text()) != box_.text()) return;
-  forms::userSelected(box_, selection());
+  userChangedText();
 }
 
 void LineEdit::limitLength(qsizetype present) {
   constexpr int kUnlimited = 32767;
-  const int limit = box_.row().maxLength > 0 ? box_.row().maxLength : kUnlimited;
+  const int limit = box().row().maxLength > 0 ? box().row().maxLength : kUnlimited;
   setMaxLength(std::max(limit, static_cast<int>(present)));
 }
 
-void LineEdit::showText() {
-  const QString text = toQt(box_.text());
-  if (this->text() == text) return;
-  showing_ = true;
-  limitLength(text.size());
-  setText(text);
-  showing_ = false;
+void LineEdit::setText(const std::u16string& text) {
+  const QString shown = toQt(text);
+  limitLength(shown.size());
+  QLineEdit::setText(shown);
 }
 
-void LineEdit::showSelection() {
-  if (selection() == box_.selection()) return;
-  showing_ = true;
-  select(box_.selection());
-  showing_ = false;
-}
-
-void LineEdit::select(forms::TextSelection selection) {
+void LineEdit::setSelection(forms::TextSelection selection) {
   if (kept_) {
     kept_ = selection;
     return;
@@ -66,21 +53,18 @@ void LineEdit::select(forms::TextSelection selection) {
   deselect();
   setCursorPosition(static_cast<int>(selection.start));
   if (selection.length > 0) {
-    setSelection(static_cast<int>(selection.start), static_cast<int>(selection.length));
+    QLineEdit::setSelection(static_cast<int>(selection.start), static_cast<int>(selection.length));
   }
 }
 
 void LineEdit::focusInEvent(QFocusEvent* event) {
-  if (const auto kept = std::exchange(kept_, std::nullopt)) {
-    showing_ = true;
-    select(*kept);
-    showing_ = false;
-  }
+  kept_.reset();
+  showSelection();
   Typing<QLineEdit>::focusInEvent(event);
 }
 
 void LineEdit::focusOutEvent(QFocusEvent* event) {
-  kept_ = selection();
+  kept_ = shownSelection();
   Typing<QLineEdit>::focusOutEvent(event);
 }
 

@@ -1,7 +1,6 @@
 #include "list_view.h"
 
 #include <QScrollBar>
-#include <algorithm>
 
 #include "forms/user_actions.h"
 #include "qt_fonts.h"
@@ -42,7 +41,7 @@ ListView::ListView(WindowView& window, forms::ListBox& list)
     forms::userReleasedMouse(control(), button);
   };
   QObject::connect(widget_->selectionModel(), &QItemSelectionModel::selectionChanged, widget_,
-                   [this] { selected(); });
+                   [this] { userSelectedEntry(selectedRow()); });
   QObject::connect(widget_, &QListView::doubleClicked, widget_, [this](const QModelIndex& entry) {
     forms::userDoubleClickedEntry(this->list(), entry.row());
   });
@@ -50,9 +49,7 @@ ListView::ListView(WindowView& window, forms::ListBox& list)
     forms::userDoubleClickedEntry(this->list(), -1);
   };
   QObject::connect(widget_->verticalScrollBar(), &QScrollBar::valueChanged, widget_,
-                   [this](int value) {
-                     if (!applying()) forms::userScrolled(this->list(), value);
-                   });
+                   [this] { userMayHaveScrolled(); });
 }
 
 /// Under the selected entry.
@@ -67,38 +64,11 @@ int ListView::selectedRow() const {
   return rows.isEmpty() ? -1 : rows.front().row();
 }
 
-void ListView::selected() {
-  if (applying()) return;
-  // The control may refuse; a selection that was taken away comes back.
-  mark(Property::Index);
-  forms::userClickedEntry(list(), selectedRow());
+void ListView::setItems(const std::vector<std::u16string>& items) {
+  entries_->show(items);
 }
 
-void ListView::apply(const Changes& changes) {
-  ControlView::apply(changes);
-  const bool filled = changes.has(Property::Items);
-  const bool selected = filled || changes.has(Property::Index);
-  if (filled) entries_->show(list().entries());
-  if (selected) applyIndex();
-  // Last, because the widget scrolls on its own when it gets entries or a selected one.
-  if (selected || changes.has(Property::TopIndex)) applyTopIndex();
-  if (changes.has(Property::Index)) showSelected();
-}
-
-bool ListView::scrolledAsAsked() const {
-  const QScrollBar& bar = *widget_->verticalScrollBar();
-  return bar.value() == std::min(list().topIndex(), bar.maximum());
-}
-
-/// A scroll bar or a larger scale may leave room for fewer entries than the control counts on.
-void ListView::showSelected() {
-  const QModelIndex entry = entries_->index(list().entries().selected());
-  if (entry.isValid()) widget_->scrollTo(entry);
-  if (!scrolledAsAsked()) forms::userScrolled(list(), widget_->verticalScrollBar()->value());
-}
-
-void ListView::applyIndex() {
-  const int index = list().entries().selected();
+void ListView::setIndex(int index) {
   if (index == selectedRow()) return;
   if (index < 0) {
     widget_->selectionModel()->clear();
@@ -107,10 +77,15 @@ void ListView::applyIndex() {
   }
 }
 
-void ListView::applyTopIndex() {
+void ListView::setTopIndex(int index) {
   // Otherwise the range of the scroll bar would follow later, as if the user had scrolled.
   widget_->doItemsLayout();
-  widget_->verticalScrollBar()->setValue(list().topIndex());
+  widget_->verticalScrollBar()->setValue(index);
+}
+
+forms::Scroll ListView::scroll() const {
+  const QScrollBar& bar = *widget_->verticalScrollBar();
+  return {bar.value(), bar.maximum()};
 }
 
 std::optional<forms::PropertyValue> ListView::shown(Property property) const {
@@ -120,8 +95,7 @@ std::optional<forms::PropertyValue> ListView::shown(Property property) const {
     case Property::Index:
       return static_cast<double>(selectedRow());
     case Property::TopIndex:
-      return static_cast<double>(scrolledAsAsked() ? list().topIndex()
-                                                   : widget_->verticalScrollBar()->value());
+      return static_cast<double>(scrolledAsAsked() ? list().topIndex() : scroll().first);
     default:
       return ControlView::shown(property);
   }

@@ -29,15 +29,12 @@ class ListView : public ControlView {
   [[nodiscard]] QPoint menuPlace() const override;
 
  protected:
-  void apply(const Changes& changes) override;
+  void setItems(const std::vector<std::u16string>& items) override;
+  void setIndex(int index) override;
+  void setTopIndex(int index) override;
+  [[nodiscard]] forms::Scroll scroll() const override;
 
  private:
-  void applyIndex();
-  void applyTopIndex();
-  void selected();
-  void showSelected();
-  /// Scrolled as far as the list reaches is as good as scrolled further.
-  [[nodiscard]] bool scrolledAsAsked() const;
   [[nodiscard]] int selectedRow() const;
   [[nodiscard]] forms::ListBox& list() const { return static_cast<forms::ListBox&>(control()); }
 

@@ -2,7 +2,6 @@
 
 #include <QKeySequence>
 #include <QMenuBar>
-#include <algorithm>
 
 #include "forms/keyboard.h"
 #include "forms/user_actions.h"
@@ -17,11 +16,6 @@ using forms::Property;
 
 namespace {
 
-bool holdsEntries(const forms::Control& menu) {
-  return std::ranges::any_of(menu.window().controls(),
-                             [&](const auto& control) { return control->container() == &menu; });
-}
-
 /// A dark menu on a dark list would have no edge.
 QPalette menuPalette(QPalette palette) {
   if (isDark(palette)) palette.setColor(QPalette::Base, palette.color(QPalette::Window));
@@ -30,21 +24,21 @@ QPalette menuPalette(QPalette palette) {
 
 }  // namespace
 
-MenuView::MenuView(WindowView& window, forms::MenuEntry& entry, MenuView* parent)
-    : ControlView(window, entry), parent_(parent) {
-  if (parent == nullptr || holdsEntries(entry)) {
-    menu_ = new QMenu(parent == nullptr ? window.parentFor(entry) : parent->menu());
+MenuView::MenuView(WindowView& window, forms::MenuEntry& entry)
+    : ControlView(window, entry), parent_(window.menuAbove(entry)) {
+  if (entry.opensMenu()) {
+    menu_ = new QMenu(parent_ == nullptr ? window.parentFor(entry) : parent_->menu());
     useFont(*menu_, captionFont());
     menu_->setAccessibleName(toQt(forms::accessibleName(entry)));
     action_ = menu_->menuAction();
   } else {
-    action_ = new QAction(parent->menu());
+    action_ = new QAction(parent_->menu());
     action_->setShortcut(
         QKeySequence::fromString(toQt(entry.row().shortcut), QKeySequence::PortableText));
     QObject::connect(action_, &QAction::triggered, action_, [this] { triggered(); });
   }
-  if (parent != nullptr) {
-    parent->menu()->addAction(action_);
+  if (parent_ != nullptr) {
+    parent_->menu()->addAction(action_);
   } else if (entry.visible()) {
     window.menuBar()->addAction(action_);
   }
@@ -56,22 +50,20 @@ void MenuView::triggered() {
   forms::userClicked(control());
 }
 
-void MenuView::apply(const Changes& changes) {
-  if (changes.has(Property::ForeColor) && menu_ != nullptr) {
-    menu_->setPalette(QPalette());
-    menu_->setPalette(menuPalette(menu_->palette()));
-  }
-  if (changes.has(Property::Caption)) {
-    action_->setSeparator(entry().separator());
-    // Some styles would write the text of a separator.
-    action_->setText(entry().separator() ? QString() : toQt(forms::drawnCaption(entry())));
-  }
-  if (changes.has(Property::Enabled)) action_->setEnabled(entry().enabled());
-  if (changes.has(Property::Visible)) action_->setVisible(entry().visible());
-  if (changes.has(Property::Checked)) {
-    action_->setCheckable(entry().checked());
-    action_->setChecked(entry().checked());
-  }
+void MenuView::recolor() {
+  if (menu_ == nullptr) return;
+  menu_->setPalette(QPalette());
+  menu_->setPalette(menuPalette(menu_->palette()));
+}
+
+void MenuView::setEntry(const forms::DrawnEntry& entry) {
+  action_->setSeparator(entry.separator);
+  // Some styles would write the text of a separator.
+  action_->setText(entry.separator ? QString() : toQt(entry.caption));
+  action_->setEnabled(entry.enabled);
+  action_->setVisible(entry.visible);
+  action_->setCheckable(entry.checked);
+  action_->setChecked(entry.checked);
 }
 
 std::optional<forms::PropertyValue> MenuView::shown(Property property) const {

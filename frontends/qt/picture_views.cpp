@@ -38,9 +38,8 @@ void connectUser(ActiveLabel& label, forms::Control& control) {
     if (button == MouseButton::Left) forms::userClicked(control);
   };
   if (!forms::takesKeyboard(control)) return;
-  const bool link = control.kind() == forms::Kind::Label && control.row().clickable;
   label.activateBy([&control] { forms::userActivated(control); },
-                   link ? QAccessible::Link : QAccessible::Button);
+                   forms::isLink(control) ? QAccessible::Link : QAccessible::Button);
 }
 
 }  // namespace
@@ -65,31 +64,31 @@ LabelView::LabelView(WindowView& window, forms::Control& label)
 
 void LabelView::setBuddy(QWidget* buddy) {
   label_->setBuddy(buddy);
-  mark(Property::Caption);
 }
 
-void LabelView::applyLinkColor() {
+void LabelView::recolor() {
+  if (!forms::isLink(control())) return;
   label_->setPalette(QPalette());
   QPalette palette = label_->palette();
   palette.setColor(QPalette::WindowText, readableLink(palette));
   label_->setPalette(palette);
 }
 
-void LabelView::apply(const Changes& changes) {
-  ControlView::apply(changes);
-  if (changes.has(Property::ForeColor) && control().row().clickable) applyLinkColor();
-  if (changes.has(Property::Cursor)) {
-    applyCursor(*label_, control().cursor());
-    if (control().row().draggable) label_->setDraggable(control().dragCursor());
-  }
-  if (!changes.has(Property::Caption) && !changes.has(Property::Width)) return;
+void LabelView::setCursor(int resourceId) {
+  applyCursor(*label_, resourceId);
+  if (control().row().draggable) label_->setDraggable(control().dragCursor());
+}
+
+void LabelView::setCaption(const std::u16string& caption) {
   // Without a buddy a plain label takes no mnemonic and would show its mark.
-  const QString plain = toQt(text::withoutMnemonic(control().caption()));
   const bool marked = label_->buddy() != nullptr || label_->canBeActivated();
-  drawn_ = marked ? toQt(forms::drawnCaption(control())) : plain;
+  drawn_ = marked ? toQt(caption) : toQt(text::withoutMnemonic(control().caption()));
   label_->showText(drawn_);
-  QFont font = fittedCaptionFont(plain, label_->width());
-  font.setUnderline(control().row().clickable);
+}
+
+void LabelView::fitCaption() {
+  QFont font = fittedCaptionFont(toQt(text::withoutMnemonic(control().caption())), label_->width());
+  font.setUnderline(forms::isLink(control()));
   useFont(*label_, font);
 }
 
@@ -104,12 +103,12 @@ ImageView::ImageView(WindowView& window, forms::Control& image)
   adopt(label_);
 }
 
-void ImageView::apply(const Changes& changes) {
-  ControlView::apply(changes);
-  if (changes.has(Property::Cursor)) applyCursor(*label_, control().cursor());
-  if (changes.has(Property::Width) || changes.has(Property::Picture)) {
-    label_->setPixmap(picture(control().picture(), label_->size(), label_->devicePixelRatioF()));
-  }
+void ImageView::setPicture(forms::Picture picture) {
+  label_->setPixmap(qt::picture(picture, label_->size(), label_->devicePixelRatioF()));
+}
+
+void ImageView::setCursor(int resourceId) {
+  applyCursor(*label_, resourceId);
 }
 
 StatusBarView::StatusBarView(WindowView& window, forms::Control& bar) : ControlView(window, bar) {

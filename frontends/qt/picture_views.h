@@ -15,11 +15,12 @@ class LabelView : public ControlView {
   void setBuddy(QWidget* buddy);
 
  protected:
-  void apply(const Changes& changes) override;
+  void setCaption(const std::u16string& caption) override;
+  void fitCaption() override;
+  void setCursor(int resourceId) override;
+  void recolor() override;
 
  private:
-  void applyLinkColor();
-
   DragLabel* label_;
   QString drawn_;
 };
@@ -30,7 +31,8 @@ class ImageView : public ControlView {
   ImageView(WindowView& window, forms::Control& image);
 
  protected:
-  void apply(const Changes& changes) override;
+  void setPicture(forms::Picture picture) override;
+  void setCursor(int resourceId) override;
 
  private:
   ActiveLabel* label_;

@@ -1,8 +1,8 @@
 #include "qt_colors.h"
 
 #include <array>
-#include <cmath>
-#include <utility>
+
+#include "forms/contrast.h"
 
 namespace kvrnstep::qt {
 
@@ -37,48 +37,29 @@ constexpr std::array kSystemColors{
     QPalette::ToolTipBase,
 };
 
-double linear(double channel) {
-  return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+forms::Rgb rgbOf(const QColor& color) {
+  return {color.red(), color.green(), color.blue()};
 }
 
-double luminance(const QColor& color) {
-  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-         0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b) {
-  const auto [dark, light] = std::minmax({luminance(a), luminance(b)});
-  return (light + 0.05) / (dark + 0.05);
+QColor colorOf(forms::Rgb color) {
+  return {color.red, color.green, color.blue};
 }
 
 }  // namespace
 
 QColor colorOf(std::int32_t color, const QPalette& palette) {
-  const auto bits = static_cast<std::uint32_t>(color);
-  if ((bits & 0x80000000U) != 0) {
-    const std::size_t place = bits & 0xFFU;
-    return palette.color(place < kSystemColors.size() ? kSystemColors[place] : QPalette::Window);
-  }
-  return {static_cast<int>(bits & 0xFFU), static_cast<int>(bits >> 8 & 0xFFU),
-          static_cast<int>(bits >> 16 & 0xFFU)};
+  const auto place = forms::systemColor(color);
+  if (!place) return colorOf(forms::ownColor(color));
+  return palette.color(*place < kSystemColors.size() ? kSystemColors[*place] : QPalette::Window);
 }
 
 bool isDark(const QPalette& palette) {
-  constexpr double kMiddle = 0.18;
-  return luminance(palette.color(QPalette::Window)) < kMiddle;
+  return forms::isDark(rgbOf(palette.color(QPalette::Window)));
 }
 
 QColor readableLink(const QPalette& palette) {
-  constexpr double kReadable = 4.5;
-  const QColor window = palette.color(QPalette::Window);
-  QColor link = palette.color(QPalette::Link);
-  const bool dark = isDark(palette);
-  for (int step = 0; contrast(link, window) < kReadable && step < 20; ++step) {
-    const QColor target = dark ? Qt::white : Qt::black;
-    link.setRgb((link.red() * 4 + target.red()) / 5, (link.green() * 4 + target.green()) / 5,
-                (link.blue() * 4 + target.blue()) / 5);
-  }
-  return link;
+  return colorOf(forms::readableLink(rgbOf(palette.color(QPalette::Link)),
+                                     rgbOf(palette.color(QPalette::Window))));
 }
 
 }  // namespace kvrnstep::qt

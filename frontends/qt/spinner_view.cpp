@@ -58,13 +58,12 @@ ArrowButton* SpinnerView::addArrow(bool up) {
   return arrow;
 }
 
-void SpinnerView::apply(const Changes& changes) {
-  ControlView::apply(changes);
-  const int height = widget()->height();
+void SpinnerView::setPlace(const forms::PixelRect& place) {
+  ControlView::setPlace(place);
   // One line between them, not two.
-  const int middle = height / 2;
-  up_->setGeometry(0, 0, widget()->width(), middle);
-  down_->setGeometry(0, middle - 1, widget()->width(), height - middle + 1);
+  const int middle = place.height / 2;
+  up_->setGeometry(0, 0, place.width, middle);
+  down_->setGeometry(0, middle - 1, place.width, place.height - middle + 1);
 }
 
 }  // namespace kvrnstep::qt

@@ -27,7 +27,7 @@ class SpinnerView : public ControlView {
   [[nodiscard]] QAbstractButton& arrow(bool up) const { return up ? *up_ : *down_; }
 
  protected:
-  void apply(const Changes& changes) override;
+  void setPlace(const forms::PixelRect& place) override;
 
  private:
   ArrowButton* addArrow(bool up);

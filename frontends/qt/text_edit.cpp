@@ -32,7 +32,7 @@ class SlimScrollBar : public QScrollBar {
 
 }  // namespace
 
-TextEdit::TextEdit(forms::TextBox& box, QWidget* parent) : SharpFrame(parent), box_(box) {
+TextEdit::TextEdit(forms::TextBox& box, QWidget* parent) : SharpFrame(parent), TextSync(box) {
   constexpr double kMargin = 2;
   connectKeys(*this, box);
   const forms::ControlRow& row = box.row();
@@ -49,9 +49,11 @@ TextEdit::TextEdit(forms::TextBox& box, QWidget* parent) : SharpFrame(parent), b
   setHorizontalScrollBarPolicy(row.horizontalScroll ? Qt::ScrollBarAlwaysOn
                                                     : Qt::ScrollBarAlwaysOff);
   document()->setDocumentMargin(kMargin);
-  connect(this, &QPlainTextEdit::textChanged, this, [this] { edited(); });
-  connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] { selected(); });
-  connect(this, &QPlainTextEdit::selectionChanged, this, [this] { selected(); });
+  connect(this, &QPlainTextEdit::textChanged, this, [this] {
+    if (!showsText()) userChangedText();
+  });
+  connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] { userMovedCaret(); });
+  connect(this, &QPlainTextEdit::selectionChanged, this, [this] { userMovedCaret(); });
 }
 
 QString TextEdit::lines() const {
@@ -62,22 +64,29 @@ QString TextEdit::lines() const {
 }
 
 bool TextEdit::showsText() const {
-  return lines() == widgetLines(box_.text());
+  return lines() == widgetLines(box().text());
 }
 
 std::u16string TextEdit::shownText() const {
   // Breaks of another kind than CR LF look the same.
-  return showsText() ? box_.text() : controlLines(lines());
+  return showsText() ? box().text() : controlLines(lines());
 }
 
-forms::TextSelection TextEdit::selection() const {
+std::u16string TextEdit::editedText() const {
+  return withEdit(box().text(), lines());
+}
+
+forms::TextSelection TextEdit::selectionIn(const std::u16string& text) const {
   const QTextCursor cursor = textCursor();
-  const std::u16string text = shownText();
   const std::size_t start = controlPlace(text, cursor.selectionStart());
   return {start, controlPlace(text, cursor.selectionEnd()) - start};
 }
 
-void TextEdit::select(forms::TextSelection selection) {
+void TextEdit::setText(const std::u16string& text) {
+  setPlainText(widgetLines(text));
+}
+
+void TextEdit::setSelection(forms::TextSelection selection) {
   const std::u16string text = shownText();
   QTextCursor cursor = textCursor();
   cursor.setPosition(widgetPlace(text, selection.start));
@@ -86,39 +95,10 @@ void TextEdit::select(forms::TextSelection selection) {
   setTextCursor(cursor);
 }
 
-void TextEdit::edited() {
-  if (showing_ || showsText()) return;
-  std::u16string text = withEdit(box_.text(), lines());
-  const QTextCursor cursor = textCursor();
-  const std::size_t start = controlPlace(text, cursor.selectionStart());
-  const std::size_t end = controlPlace(text, cursor.selectionEnd());
-  forms::userEdited(box_, std::move(text), {start, end - start});
-}
-
-void TextEdit::selected() {
-  // While a text is being replaced the caret is told of with the text.
-  if (showing_ || !showsText()) return;
-  forms::userSelected(box_, selection());
-}
-
-void TextEdit::showText() {
-  if (showsText()) return;
-  showing_ = true;
-  setPlainText(widgetLines(box_.text()));
-  showing_ = false;
-}
-
-void TextEdit::showSelection() {
-  if (selection() == box_.selection()) return;
-  showing_ = true;
-  select(box_.selection());
-  showing_ = false;
-}
-
 qsizetype TextEdit::room() const {
-  if (box_.row().maxLength <= 0) return std::numeric_limits<qsizetype>::max();
-  const auto marked = static_cast<qsizetype>(selection().length);
-  return box_.row().maxLength - static_cast<qsizetype>(shownText().size()) + marked;
+  if (box().row().maxLength <= 0) return std::numeric_limits<qsizetype>::max();
+  const auto marked = static_cast<qsizetype>(shownSelection().length);
+  return box().row().maxLength - static_cast<qsizetype>(shownText().size()) + marked;
 }
 
 void TextEdit::focusInEvent(QFocusEvent* event) {

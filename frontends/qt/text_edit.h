@@ -2,40 +2,33 @@
 
 #include <QPlainTextEdit>
 
+#include "forms/text_sync.h"
 #include "sharp_frame.h"
 #include "typing.h"
 
 namespace kvrnstep::qt {
 
-/// Several lines of text. All that happens to them by the user's doing is passed on.
-class TextEdit : public SharpFrame<Typing<QPlainTextEdit>> {
+/// Several lines of text.
+class TextEdit : public SharpFrame<Typing<QPlainTextEdit>>, public forms::TextSync {
  public:
   TextEdit(forms::TextBox& box, QWidget* parent);
 
-  /// Takes over the control's text and caret.
-  void showText();
-  void showSelection();
-  /// As the control holds it.
-  [[nodiscard]] std::u16string shownText() const;
-  /// In the control's text.
-  [[nodiscard]] forms::TextSelection selection() const;
-  void select(forms::TextSelection selection);
+  [[nodiscard]] std::u16string shownText() const override;
+  void setSelection(forms::TextSelection selection) override;
 
  protected:
+  [[nodiscard]] bool showsText() const override;
+  [[nodiscard]] std::u16string editedText() const override;
+  [[nodiscard]] forms::TextSelection selectionIn(const std::u16string& text) const override;
+  void setText(const std::u16string& text) override;
   void focusInEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void insertFromMimeData(const QMimeData* source) override;
 
  private:
-  void edited();
-  void selected();
   [[nodiscard]] QString lines() const;
-  [[nodiscard]] bool showsText() const;
   /// Characters that the user may still add.
   [[nodiscard]] qsizetype room() const;
-
-  forms::TextBox& box_;
-  bool showing_ = false;
 };
 
 }  // namespace kvrnstep::qt

@@ -1,8 +1,9 @@
 #include "text_views.h"
 
+#include "line_edit.h"
 #include "qt_colors.h"
 #include "qt_fonts.h"
-#include "text.h"
+#include "text_edit.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {
@@ -10,72 +11,49 @@ namespace kvrnstep::qt {
 using forms::Property;
 using forms::PropertyValue;
 
-void TextBoxView::apply(const Changes& changes) {
-  ControlView::apply(changes);
-  if (changes.has(Property::Font) || changes.has(Property::FontSize)) {
-    useFont(*widget(), boxFont(box().font(), box().fontSize()));
+TextBoxView::TextBoxView(WindowView& window, forms::TextBox& box) : ControlView(window, box) {
+  QWidget* parent = window.parentFor(box);
+  if (box.row().multiLine) {
+    use(new TextEdit(box, parent));
+  } else {
+    use(new LineEdit(box, parent));
   }
-  if (changes.has(Property::BackColor) || changes.has(Property::ForeColor)) applyColors();
 }
 
-void TextBoxView::applyColors() {
+template <class Edit>
+void TextBoxView::use(Edit* edit) {
+  text_ = edit;
+  adopt(edit);
+}
+
+void TextBoxView::setFont(const std::u16string& font, float points) {
+  useFont(*widget(), boxFont(font, points));
+}
+
+void TextBoxView::recolor() {
+  const auto& box = static_cast<const forms::TextBox&>(control());
   const QPalette own = widget()->parentWidget()->palette();
   QPalette palette = own;
-  palette.setColor(QPalette::Base, colorOf(box().backColor(), own));
-  palette.setColor(QPalette::Text, colorOf(box().foreColor(), own));
+  palette.setColor(QPalette::Base, colorOf(box.backColor(), own));
+  palette.setColor(QPalette::Text, colorOf(box.foreColor(), own));
   palette.setColor(QPalette::Disabled, QPalette::Text,
                    own.color(QPalette::Disabled, QPalette::Text));
   widget()->setPalette(palette);
 }
 
-SingleLineView::SingleLineView(WindowView& window, forms::TextBox& box)
-    : TextBoxView(window, box), edit_(new LineEdit(box, window.parentFor(box))) {
-  adopt(edit_);
-}
-
-void SingleLineView::apply(const Changes& changes) {
-  TextBoxView::apply(changes);
-  if (changes.has(Property::Text)) edit_->showText();
-  if (changes.has(Property::Text) || changes.has(Property::SelStart)) edit_->showSelection();
-}
-
-std::optional<PropertyValue> SingleLineView::shown(Property property) const {
-  const auto value = shownOfLine(*edit_, property);
+std::optional<PropertyValue> TextBoxView::shown(Property property) const {
+  const auto value = shownOf(*text_, property);
   return value ? value : ControlView::shown(property);
 }
 
-MultiLineView::MultiLineView(WindowView& window, forms::TextBox& box)
-    : TextBoxView(window, box), edit_(new TextEdit(box, window.parentFor(box))) {
-  adopt(edit_);
-}
-
-void MultiLineView::apply(const Changes& changes) {
-  TextBoxView::apply(changes);
-  if (changes.has(Property::Text)) edit_->showText();
-  if (changes.has(Property::Text) || changes.has(Property::SelStart)) edit_->showSelection();
-}
-
-std::optional<PropertyValue> MultiLineView::shown(Property property) const {
+std::optional<PropertyValue> shownOf(const forms::TextSync& text, Property property) {
   switch (property) {
     case Property::Text:
-      return edit_->shownText();
+      return text.shownText();
     case Property::SelStart:
-      return static_cast<double>(edit_->selection().start);
+      return static_cast<double>(text.shownSelection().start);
     case Property::SelLength:
-      return static_cast<double>(edit_->selection().length);
-    default:
-      return ControlView::shown(property);
-  }
-}
-
-std::optional<PropertyValue> shownOfLine(const LineEdit& edit, Property property) {
-  switch (property) {
-    case Property::Text:
-      return fromQt(edit.text());
-    case Property::SelStart:
-      return static_cast<double>(edit.selection().start);
-    case Property::SelLength:
-      return static_cast<double>(edit.selection().length);
+      return static_cast<double>(text.shownSelection().length);
     default:
       return std::nullopt;
   }

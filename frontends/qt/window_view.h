@@ -4,31 +4,29 @@
 #include <QMenuBar>
 #include <QPointer>
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
 #include "command_keys.h"
 #include "control_view.h"
 #include "forms/keyboard.h"
-#include "forms/window.h"
+#include "forms/view_sync.h"
 #include "top_level.h"
 
 namespace kvrnstep::qt {
 
+class MenuView;
+
 /// Draws one window for as long as it is open.
-class WindowView final : public forms::View {
+class WindowView final : public forms::ViewSync {
  public:
   WindowView(forms::Window& window, QWidget* owner);
   ~WindowView() override;
   WindowView(const WindowView&) = delete;
   WindowView& operator=(const WindowView&) = delete;
 
-  [[nodiscard]] forms::Window& window() const { return window_; }
   /// To be asked for as long as the view is open.
   [[nodiscard]] TopLevel& topLevel() { return *topLevel_; }
   [[nodiscard]] ControlView& viewOf(const forms::Control& control) const;
-  /// False when the window has been unloaded, or somebody else has destroyed its widget.
-  [[nodiscard]] bool open() const { return !unloaded_ && topLevel_ != nullptr; }
 
   void show();
   /// Returns when the window has been unloaded.
@@ -36,7 +34,8 @@ class WindowView final : public forms::View {
 
   // For the views of the controls.
   [[nodiscard]] QWidget* parentFor(const forms::Control& control);
-  [[nodiscard]] QRect pixelPlace(const forms::Control& control) const;
+  /// The menu that an entry stands in; null for a menu of the menu bar or a pop-up menu.
+  [[nodiscard]] MenuView* menuAbove(const forms::Control& entry) const;
   /// The control that a click at that point of the screen would meet, or null.
   [[nodiscard]] forms::Control* controlAt(QPoint onScreen) const;
   /// Null in a window without menus.
@@ -50,54 +49,35 @@ class WindowView final : public forms::View {
   bool enterMenuBar();
   /// Where on the screen a pop-up menu is to open.
   [[nodiscard]] QPoint menuPlace() const;
-  /// Marks a property of all controls of a kind.
-  void markKind(forms::Kind kind, forms::Property property);
 
-  // forms::View
-  void changed(forms::Control& control, forms::Property property) override;
-  void changed(forms::Property property) override;
-  void update() override;
-  void setFocus(forms::Control& control) override;
-  void unloaded() override;
+ protected:
+  std::unique_ptr<forms::ControlSync> makeView(forms::Control& control) override;
+  void setTitle(const std::u16string& caption) override;
+  void setInnerSize(forms::PixelSize size) override;
+  void setPosition(forms::PixelPoint position) override;
+  void setTabOrder(const std::vector<forms::Control*>& order) override;
+  void giveKeyboard(const forms::Control* control) override;
+  void vanish() override;
+  [[nodiscard]] std::vector<forms::Rect> screens() const override;
 
  private:
-  void build();
   void lose();
   void endLoops();
-  std::unique_ptr<ControlView> makeView(forms::Control& control);
+  void makeMenuBar();
   void joinLabels();
-  void applyWindow(const Changes& changes);
-  void applySize();
-  void applyPosition();
-  void arrangeFocus();
-  void giveFocus();
-
   void reportMove();
-  void reportResize();
   void reportState();
   void followColors();
+  [[nodiscard]] QSize withMenuBar(forms::PixelSize inner) const;
 
-  [[nodiscard]] int pixels(double units) const;
-  [[nodiscard]] QSize frameless() const;
-  [[nodiscard]] QSize smallest() const;
-
-  forms::Window& window_;
   std::unique_ptr<TopLevel> topLevel_;
   CommandKeys commandKeys_;
   QPointer<QMenuBar> menuBar_;
   QPointer<QWidget> ground_;  ///< holds the controls, below the menu bar
-  std::vector<std::unique_ptr<ControlView>> views_;
-  std::unordered_map<const forms::Control*, ControlView*> byControl_;
-  Changes changes_;
   QEventLoop loop_;
-  QPoint position_;  ///< of the frame, as it was last shown or reported
-  forms::Control* focus_ = nullptr;
   std::optional<QPoint> menuPlace_;
   /// The window manager has put the window where it likes to, which is not the user's doing.
   bool placed_ = false;
-  bool arrangementChanged_ = true;
-  bool updating_ = false;
-  bool unloaded_ = false;
 };
 
 }  // namespace kvrnstep::qt

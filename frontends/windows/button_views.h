@@ -9,20 +9,18 @@ class ButtonView : public ControlView {
  public:
   ButtonView(WindowView& window, forms::Control& control, DWORD style);
 
-  [[nodiscard]] bool takesFocus() const override { return true; }
   void commanded(int notification) override;
   [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
-  void apply(const Changes& changes) override;
+  void setCaption(const std::u16string& caption) override;
+  void fitCaption() override;
+  void setMark(forms::Mark mark) override;
   /// Pixels beside the caption, at the nominal density.
   [[nodiscard]] virtual int beside() const = 0;
-  [[nodiscard]] int mark() const;
-  void showMark(int mark);
+  [[nodiscard]] int shownMark() const;
 
  private:
-  void fitFont();
-
   Font font_;
 };
 
@@ -31,7 +29,7 @@ class PushButtonView : public ButtonView {
   PushButtonView(WindowView& window, forms::Control& control);
 
  protected:
-  void apply(const Changes& changes) override;
+  void setPicture(forms::Picture picture) override;
   [[nodiscard]] int beside() const override { return 8; }
 
  private:
@@ -40,25 +38,21 @@ class PushButtonView : public ButtonView {
 
 class CheckBoxView : public ButtonView {
  public:
-  CheckBoxView(WindowView& window, forms::CheckBox& box);
+  CheckBoxView(WindowView& window, forms::Control& box);
 
   [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
-  void apply(const Changes& changes) override;
   [[nodiscard]] int beside() const override { return 18; }
 };
 
 class OptionButtonView : public ButtonView {
  public:
-  OptionButtonView(WindowView& window, forms::OptionButton& button);
+  OptionButtonView(WindowView& window, forms::Control& button);
 
-  /// Tab leads to the selected one of a group, the arrow keys to the others.
-  [[nodiscard]] bool takesFocus() const override;
   [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
-  void apply(const Changes& changes) override;
   [[nodiscard]] int beside() const override { return 18; }
 };
 

@@ -23,7 +23,7 @@ void ComboView::commanded(int notification) {
   if (applying()) return;
   switch (notification) {
     case CBN_EDITCHANGE:
-      return edit_.edited();
+      return edit_.changed();
     case CBN_SELENDOK:
     case CBN_SELCHANGE:
       // The box gets the text of the entry only after it has told of it.
@@ -56,50 +56,38 @@ int ComboView::selected() const {
   return static_cast<int>(::SendMessageW(handle(), CB_GETCURSEL, 0, 0));
 }
 
-RECT ComboView::place() const {
-  // The system counts the list that drops down.
-  constexpr int kListHeights = 12;
-  RECT place = ControlView::place();
-  place.bottom += kListHeights * (place.bottom - place.top);
-  return place;
-}
-
 bool ComboView::usesKeys() const {
   return ::SendMessageW(handle(), CB_GETDROPPEDSTATE, 0, 0) != FALSE;
 }
 
-void ComboView::applyHeight() {
-  const RECT wanted = ControlView::place();
+void ComboView::setPlace(const forms::PixelRect& place) {
+  // The system counts the list that drops down.
+  constexpr int kWithList = 13;
+  ControlView::setPlace({place.left, place.top, place.width, kWithList * place.height});
+  setHeight(place.height);
+}
+
+void ComboView::setHeight(int height) {
   RECT now{};
   ::GetWindowRect(handle(), &now);
   const auto field = ::SendMessageW(handle(), CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0);
-  const LRESULT borders = now.bottom - now.top - field;
-  const LRESULT height = wanted.bottom - wanted.top - borders;
-  if (height > 0 && height != field) {
-    ::SendMessageW(handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height);
+  const LRESULT wanted = height - (now.bottom - now.top - field);
+  if (wanted > 0 && wanted != field) {
+    ::SendMessageW(handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), wanted);
   }
 }
 
-void ComboView::applyEntries() {
-  if (entries_ == combo().entries().all()) return;
-  entries_ = combo().entries().all();
+void ComboView::setItems(const std::vector<std::u16string>& items) {
+  if (entries_ == items) return;
+  entries_ = items;
   const Undrawn undrawn(handle());
   ::SendMessageW(handle(), CB_RESETCONTENT, 0, 0);
   reserve(handle(), CB_INITSTORAGE, entries_);
   for (const std::u16string& entry : entries_) add(handle(), CB_ADDSTRING, entry);
 }
 
-void ComboView::apply(const Changes& changes) {
-  ControlView::apply(changes);
-  if (changes.has(Property::Width)) applyHeight();
-  if (changes.has(Property::Items)) applyEntries();
-  const int wanted = combo().entries().selected();
-  if (selected() != wanted) {
-    ::SendMessageW(handle(), CB_SETCURSEL, static_cast<WPARAM>(wanted), 0);
-  }
-  // Last, because the entries and the selected one change the text of the box too.
-  edit_.showText();
-  edit_.showSelection();
+void ComboView::setIndex(int index) {
+  if (selected() != index) ::SendMessageW(handle(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
 }
 
 std::optional<forms::PropertyValue> ComboView::shown(Property property) const {

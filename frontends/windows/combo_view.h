@@ -11,7 +11,6 @@ class ComboView : public ControlView {
   ComboView(WindowView& window, forms::ComboBox& combo);
 
   [[nodiscard]] HWND keyTarget() const override { return edit_.handle(); }
-  [[nodiscard]] bool takesFocus() const override { return true; }
   /// An open list closes with Escape, and takes the arrows.
   [[nodiscard]] bool usesKeys() const override;
   void commanded(int notification) override;
@@ -19,12 +18,13 @@ class ComboView : public ControlView {
   [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
-  void apply(const Changes& changes) override;
-  [[nodiscard]] RECT place() const override;
+  void setPlace(const forms::PixelRect& place) override;
+  void setItems(const std::vector<std::u16string>& items) override;
+  void setIndex(int index) override;
+  [[nodiscard]] forms::TextSync* text() override { return &edit_; }
 
  private:
-  void applyEntries();
-  void applyHeight();
+  void setHeight(int height);
   void putOff();
   [[nodiscard]] int selected() const;
   [[nodiscard]] forms::ComboBox& combo() const { return static_cast<forms::ComboBox&>(control()); }

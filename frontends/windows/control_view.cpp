@@ -2,8 +2,6 @@
 
 #include <windowsx.h>
 
-#include <utility>
-
 #include "accessible_names.h"
 #include "forms/keyboard.h"
 #include "guard.h"
@@ -16,6 +14,9 @@ namespace kvrnstep::windows {
 using forms::MouseButton;
 using forms::Property;
 
+ControlView::ControlView(WindowView& window, forms::Control& control)
+    : ControlSync(window, control), window_(window) {}
+
 ControlView::~ControlView() {
   // The window goes with its parent; what it still tells must not reach a view that is gone.
   if (handle_ != nullptr) ::RemoveWindowSubclass(handle_, procedure, 0);
@@ -25,7 +26,7 @@ void ControlView::create(const wchar_t* className, DWORD style, DWORD extendedSt
                          void* parameter) {
   handle_ =
       ::CreateWindowExW(extendedStyle, className, L"", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0,
-                        0, window_.parentFor(control_), nullptr, thisModule(), parameter);
+                        0, window_.parentFor(control()), nullptr, thisModule(), parameter);
   ::SetWindowSubclass(handle_, procedure, 0, reinterpret_cast<DWORD_PTR>(this));
   useFont(window_.captionFont());
 }
@@ -38,7 +39,7 @@ LRESULT CALLBACK ControlView::procedure(HWND /*handle*/, UINT message, WPARAM wi
 
 LRESULT ControlView::received(UINT message, WPARAM wide, LPARAM longer) {
   if (message == WM_SETCURSOR && LOWORD(longer) == HTCLIENT && !window_.busy()) {
-    if (const HCURSOR cursor = cursorOf(control_.cursor())) {
+    if (const HCURSOR cursor = cursorOf(control().cursor())) {
       ::SetCursor(cursor);
       return TRUE;
     }
@@ -48,51 +49,38 @@ LRESULT ControlView::received(UINT message, WPARAM wide, LPARAM longer) {
 
 void ControlView::rescale() {
   if (handle_ != nullptr) useFont(window_.captionFont());
-  markAll();
 }
 
-void ControlView::applyChanges() {
-  if (!changes_.any() || applying_) return;
-  applying_ = true;
-  apply(std::exchange(changes_, Changes()));
-  applying_ = false;
+void ControlView::setEnabled(bool enabled) {
+  ::EnableWindow(handle_, enabled ? TRUE : FALSE);
 }
 
-void ControlView::apply(const Changes& changes) {
-  if (handle_ == nullptr) return;
-  if (changes.has(Property::Left) || changes.has(Property::Width)) applyPlace();
-  if (changes.has(Property::Enabled)) ::EnableWindow(handle_, control_.enabled() ? TRUE : FALSE);
-  if (changes.has(Property::Visible)) {
-    ::ShowWindow(handle_, control_.visible() ? SW_SHOWNA : SW_HIDE);
-  }
+void ControlView::setVisible(bool visible) {
+  ::ShowWindow(handle_, visible ? SW_SHOWNA : SW_HIDE);
 }
 
-void ControlView::applyPlace() {
-  const RECT wanted = place();
+void ControlView::setPlace(const forms::PixelRect& place) {
+  const RECT wanted{place.left, place.top, place.left + place.width, place.top + place.height};
   RECT now{};
   ::GetWindowRect(handle_, &now);
   ::MapWindowPoints(nullptr, ::GetParent(handle_), reinterpret_cast<POINT*>(&now), 2);
   if (::EqualRect(&now, &wanted) != FALSE) return;
-  ::SetWindowPos(handle_, nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
-                 wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  ::SetWindowPos(handle_, nullptr, place.left, place.top, place.width, place.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
   // What a window has drawn at its old edges moves with it otherwise.
   ::InvalidateRect(handle_, nullptr, TRUE);
 }
 
-RECT ControlView::place() const {
-  return window_.pixelPlace(control_);
-}
-
-void ControlView::allowTab(bool allowed) {
+void ControlView::setTabStop(bool on) {
   const LONG_PTR style = ::GetWindowLongPtrW(handle_, GWL_STYLE);
-  const LONG_PTR wanted = allowed ? style | WS_TABSTOP : style & ~LONG_PTR{WS_TABSTOP};
+  const LONG_PTR wanted = on ? style | WS_TABSTOP : style & ~LONG_PTR{WS_TABSTOP};
   if (wanted != style) ::SetWindowLongPtrW(handle_, GWL_STYLE, wanted);
 }
 
 void ControlView::announce(AccessibleNames& names) const {
   // The system reads captions out itself, those too that change.
-  if (control_.row().accessibleName.empty() && !control_.caption().empty()) return;
-  const std::u16string name = forms::accessibleName(control_);
+  if (control().row().accessibleName.empty() && !control().caption().empty()) return;
+  const std::u16string name = forms::accessibleName(control());
   names.setName(handle_, name);
   if (keyTarget() != handle_) names.setName(keyTarget(), name);
 }
@@ -101,13 +89,9 @@ void ControlView::useFont(HFONT font) {
   ::SendMessageW(handle_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
-void ControlView::showCaption() {
-  showText(handle_, forms::drawnCaption(control_));
-}
-
 std::u16string ControlView::shownCaption() const {
   const std::u16string shown = textOf(handle_);
-  return shown == forms::drawnCaption(control_) ? control_.caption() : shown;
+  return shown == forms::drawnCaption(control()) ? control().caption() : shown;
 }
 
 std::optional<forms::PropertyValue> ControlView::shown(Property property) const {

@@ -4,10 +4,9 @@
 // After the other one.
 #include <commctrl.h>
 
-#include <bitset>
 #include <optional>
 
-#include "forms/control.h"
+#include "forms/control_sync.h"
 #include "handle.h"
 
 namespace kvrnstep::windows {
@@ -15,42 +14,22 @@ namespace kvrnstep::windows {
 class AccessibleNames;
 class WindowView;
 
-/// Properties that have changed since they were last drawn.
-class Changes {
- public:
-  void add(forms::Property property) { bits_.set(static_cast<std::size_t>(property)); }
-  void addAll() { bits_.set(); }
-  [[nodiscard]] bool any() const { return bits_.any(); }
-  [[nodiscard]] bool has(forms::Property property) const {
-    return bits_.test(static_cast<std::size_t>(property));
-  }
-
- private:
-  std::bitset<32> bits_;
-};
-
 /// Draws one control with a window of the system and passes the user's actions on it on.
-class ControlView {
+class ControlView : public forms::ControlSync {
  public:
-  ControlView(WindowView& window, forms::Control& control) : window_(window), control_(control) {}
-  virtual ~ControlView();
+  ControlView(WindowView& window, forms::Control& control);
+  ~ControlView() override;
   ControlView(const ControlView&) = delete;
   ControlView& operator=(const ControlView&) = delete;
 
-  [[nodiscard]] forms::Control& control() const { return control_; }
+  /// Null for entries of menus.
   [[nodiscard]] HWND handle() const { return handle_; }
   /// The window that takes the keys; the one above, but for boxes that lie in another one.
   [[nodiscard]] virtual HWND keyTarget() const { return handle_; }
-  void mark(forms::Property property) { changes_.add(property); }
-  void markAll() { changes_.addAll(); }
-  /// Brings the window in line with what has changed.
-  void applyChanges();
   /// The window's monitor has another density now.
   void rescale();
 
-  /// Whether Tab leads to the control as long as it is reachable.
-  [[nodiscard]] virtual bool takesFocus() const { return false; }
-  void allowTab(bool allowed);
+  void setTabStop(bool on) override;
   /// Whether the control has a use for all keys at the moment.
   [[nodiscard]] virtual bool usesKeys() const { return false; }
   /// Where on the screen a menu opens that the keyboard asks for; nothing: at the mouse.
@@ -75,32 +54,24 @@ class ControlView {
   /// To be called by the constructor of each kind.
   void create(const wchar_t* className, DWORD style, DWORD extendedStyle = 0,
               void* parameter = nullptr);
-  /// Draws what is of this kind of control; the base draws what all kinds have.
-  virtual void apply(const Changes& changes);
-  /// The place of the window in its parent, in pixels.
-  [[nodiscard]] virtual RECT place() const;
+  void setPlace(const forms::PixelRect& place) override;
+  void setEnabled(bool enabled) override;
+  void setVisible(bool visible) override;
   /// A message of the window; whoever overrides it passes the rest on.
   virtual LRESULT received(UINT message, WPARAM wide, LPARAM longer);
 
   void useFont(HFONT font);
-  void showCaption();
   /// The caption that the window shows, with its mark where the control's own has it.
   [[nodiscard]] std::u16string shownCaption() const;
 
-  /// While the program changes the window, what it tells is not the user's doing.
-  [[nodiscard]] bool applying() const { return applying_; }
   [[nodiscard]] WindowView& window() const { return window_; }
 
  private:
   static LRESULT CALLBACK procedure(HWND handle, UINT message, WPARAM wide, LPARAM longer,
                                     UINT_PTR id, DWORD_PTR view);
-  void applyPlace();
 
   WindowView& window_;
-  forms::Control& control_;
   HWND handle_ = nullptr;
-  Changes changes_;
-  bool applying_ = false;
 };
 
 /// The text that a window shows.

@@ -43,8 +43,8 @@ Edit::~Edit() {
 void Edit::adopt(HWND handle) {
   handle_ = handle;
   ::SetWindowSubclass(handle_, procedure, 0, reinterpret_cast<DWORD_PTR>(this));
-  if (!box_.row().multiLine) centreLine(handle_);
-  ::SendMessageW(handle_, EM_SETLIMITTEXT, static_cast<WPARAM>(box_.row().maxLength), 0);
+  if (!box().row().multiLine) centreLine(handle_);
+  ::SendMessageW(handle_, EM_SETLIMITTEXT, static_cast<WPARAM>(box().row().maxLength), 0);
 }
 
 LRESULT CALLBACK Edit::procedure(HWND /*handle*/, UINT message, WPARAM wide, LPARAM longer,
@@ -54,15 +54,15 @@ LRESULT CALLBACK Edit::procedure(HWND /*handle*/, UINT message, WPARAM wide, LPA
 
 LRESULT Edit::received(UINT message, WPARAM wide, LPARAM longer) {
   if (message == WM_GETDLGCODE) return wantedKeys(wide, longer);
-  if (message == WM_CHAR && box_.onKeyPress &&
-      !forms::userTypes(box_, static_cast<char16_t>(wide))) {
+  if (message == WM_CHAR && box().onKeyPress &&
+      !forms::userTypes(box(), static_cast<char16_t>(wide))) {
     return 0;
   }
   if (message == WM_LBUTTONDOWN && entered()) return 0;
   if (message == WM_CHAR && wide == VK_BACK) markPair(true);
   if (message == WM_KEYDOWN && wide == VK_DELETE) markPair(false);
   const LRESULT result = ::DefSubclassProc(handle_, message, wide, longer);
-  if (movesCaret(message)) reportSelection();
+  if (movesCaret(message)) userMovedCaret();
   return result;
 }
 
@@ -70,12 +70,12 @@ LRESULT Edit::received(UINT message, WPARAM wide, LPARAM longer) {
 bool Edit::entered() {
   if (::GetFocus() == handle_) return false;
   ::SetFocus(handle_);
-  return forms::userEntered(box_, forms::Way::Click);
+  return forms::userEntered(box(), forms::Way::Click);
 }
 
 /// A character of two units goes as a whole, which not every system sees to.
 void Edit::markPair(bool beforeCaret) {
-  const TextSelection caret = selection();
+  const TextSelection caret = shownSelection();
   if (caret.length != 0 || (beforeCaret && caret.start < 2)) return;
   const std::size_t at = beforeCaret ? caret.start - 2 : caret.start;
   const std::u16string text = textOf(handle_);
@@ -91,12 +91,13 @@ LRESULT Edit::wantedKeys(WPARAM wide, LPARAM longer) const {
   return leads ? wanted & ~LRESULT{DLGC_WANTALLKEYS | DLGC_WANTTAB} : wanted;
 }
 
-bool Edit::showsText() const {
+std::u16string Edit::shownText() const {
+  std::u16string text = textOf(handle_);
   // The system's texts end at the first NUL.
-  return textOf(handle_) == box_.text().substr(0, box_.text().find(u'\0'));
+  return text == box().text().substr(0, box().text().find(u'\0')) ? box().text() : text;
 }
 
-TextSelection Edit::selection() const {
+TextSelection Edit::selectionIn(const std::u16string& /*text*/) const {
   DWORD start = 0;
   DWORD end = 0;
   ::SendMessageW(handle_, EM_GETSEL, reinterpret_cast<WPARAM>(&start),
@@ -104,49 +105,28 @@ TextSelection Edit::selection() const {
   return {start, end - start};
 }
 
-void Edit::select(TextSelection selection) {
+void Edit::setText(const std::u16string& text) {
+  windows::showText(handle_, text);
+}
+
+void Edit::setSelection(TextSelection selection) {
   ::SendMessageW(handle_, EM_SETSEL, selection.start,
                  static_cast<LPARAM>(selection.start + selection.length));
   ::SendMessageW(handle_, EM_SCROLLCARET, 0, 0);
 }
 
-void Edit::edited() {
-  if (showing_ || showsText()) return;
-  forms::userEdited(box_, textOf(handle_), selection());
-}
-
-void Edit::reportSelection() {
-  // While a text is being replaced the caret is told of with the text.
-  if (showing_ || box_.window().unloaded() || selection() == box_.selection() || !showsText()) {
-    return;
-  }
-  forms::userSelected(box_, selection());
-  // The control may have moved an end, back to where it was before.
-  showSelection();
-}
-
-void Edit::showText() {
-  if (showsText()) return;
-  showing_ = true;
-  windows::showText(handle_, box_.text());
-  showing_ = false;
-}
-
-void Edit::showSelection() {
-  if (selection() == box_.selection()) return;
-  showing_ = true;
-  select(box_.selection());
-  showing_ = false;
+void Edit::changed() {
+  if (!showsText()) userChangedText();
 }
 
 std::optional<forms::PropertyValue> Edit::shown(Property property) const {
   switch (property) {
     case Property::Text:
-      return showsText() ? box_.text() : textOf(handle_);
+      return shownText();
     case Property::SelStart:
-      return static_cast<double>(selection().start);
+      return static_cast<double>(shownSelection().start);
     case Property::SelLength:
-      return static_cast<double>(selection().length);
+      return static_cast<double>(shownSelection().length);
     default:
       return std::nullopt;
   }

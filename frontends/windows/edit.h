@@ -4,16 +4,15 @@
 // After the other one.
 #include <commctrl.h>
 
-#include "forms/control.h"
+#include "forms/text_sync.h"
 
 namespace kvrnstep::windows {
 
-/// The window that a user types into, of a text box or of a combo box. Its keys are asked about,
-/// and its text and its mark told of when the user has changed them.
-class Edit {
+/// The window that a user types into, of a text box or of a combo box. Its keys are asked about.
+class Edit final : public forms::TextSync {
  public:
-  explicit Edit(forms::TextControl& box) : box_(box) {}
-  ~Edit();
+  using TextSync::TextSync;
+  ~Edit() override;
   Edit(const Edit&) = delete;
   Edit& operator=(const Edit&) = delete;
 
@@ -21,16 +20,17 @@ class Edit {
   void adopt(HWND handle);
   [[nodiscard]] HWND handle() const { return handle_; }
 
-  /// Takes over the control's text and caret.
-  void showText();
-  void showSelection();
-  [[nodiscard]] forms::TextSelection selection() const;
-  void select(forms::TextSelection selection);
   /// The window tells that its text has changed.
-  void edited();
+  void changed();
 
+  [[nodiscard]] std::u16string shownText() const override;
+  void setSelection(forms::TextSelection selection) override;
   /// What the window shows of a property of its text; nothing for other properties.
   [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const;
+
+ protected:
+  [[nodiscard]] forms::TextSelection selectionIn(const std::u16string& text) const override;
+  void setText(const std::u16string& text) override;
 
  private:
   static LRESULT CALLBACK procedure(HWND handle, UINT message, WPARAM wide, LPARAM longer,
@@ -39,12 +39,8 @@ class Edit {
   bool entered();
   void markPair(bool beforeCaret);
   [[nodiscard]] LRESULT wantedKeys(WPARAM wide, LPARAM longer) const;
-  [[nodiscard]] bool showsText() const;
-  void reportSelection();
 
-  forms::TextControl& box_;
   HWND handle_ = nullptr;
-  bool showing_ = false;
 };
 
 }  // namespace kvrnstep::windows

@@ -6,8 +6,8 @@
 
 #include "accessible_names.h"
 #include "box_font.h"
+#include "forms/contrast.h"
 #include "forms/user_actions.h"
-#include "link_color.h"
 #include "resources.h"
 #include "scale.h"
 #include "text/windows/wide.h"
@@ -20,17 +20,16 @@ using forms::Property;
 
 void MouseView::announce(AccessibleNames& names) const {
   ControlView::announce(names);
-  const bool label = control().kind() == forms::Kind::Label;
-  if (takesFocus()) {
-    names.setRole(handle(), label && control().row().clickable ? Role::Link : Role::Button);
-  } else if (!label) {
+  if (forms::takesKeyboard(control())) {
+    names.setRole(handle(), forms::isLink(control()) ? Role::Link : Role::Button);
+  } else if (control().kind() == forms::Kind::Image) {
     names.setRole(handle(), Role::Picture);
   }
 }
 
 LRESULT MouseView::received(UINT message, WPARAM wide, LPARAM longer) {
   // Tab passes over what calls itself a plain label.
-  if (message == WM_GETDLGCODE && takesFocus()) return DLGC_BUTTON;
+  if (message == WM_GETDLGCODE && forms::takesKeyboard(control())) return DLGC_BUTTON;
   if (message == WM_SETFOCUS || message == WM_KILLFOCUS) {
     ::InvalidateRect(handle(), nullptr, TRUE);
   }
@@ -57,30 +56,42 @@ LabelView::LabelView(WindowView& window, forms::Control& label) : MouseView(wind
 }
 
 HBRUSH LabelView::colored(HDC context) {
-  if (!control().row().clickable) return nullptr;
-  ::SetTextColor(context, linkColor());
+  if (!forms::isLink(control())) return nullptr;
+  ::SetTextColor(context, color_);
   ::SetBkColor(context, ::GetSysColor(COLOR_BTNFACE));
   return ::GetSysColorBrush(COLOR_BTNFACE);
 }
 
-void LabelView::apply(const Changes& changes) {
-  ControlView::apply(changes);
-  if (changes.has(Property::Caption)) showCaption();
-  if (!changes.has(Property::Caption) && !changes.has(Property::Width)) return;
-  const RECT room = place();
-  Font fitted = fittedFont(control().caption(), static_cast<int>(room.right - room.left),
-                           control().row().clickable, window().dpi());
-  useFont(fitted.get());
-  font_ = std::move(fitted);
+void LabelView::recolor() {
+  const auto systemColor = [](int number) {
+    const COLORREF color = ::GetSysColor(number);
+    return forms::Rgb{GetRValue(color), GetGValue(color), GetBValue(color)};
+  };
+  const forms::Rgb link =
+      forms::readableLink(systemColor(COLOR_HOTLIGHT), systemColor(COLOR_BTNFACE));
+  color_ = RGB(link.red, link.green, link.blue);
 }
 
-RECT LabelView::place() const {
-  RECT place = ControlView::place();
-  // Those that are dragged stand in one row and have room between them. Without some of it, some
-  // would be squeezed and others not.
+/// Those that are dragged stand in one row and have room between them. Without some of it, some
+/// would be squeezed and others not.
+int LabelView::width(int planned) const {
   constexpr int kSpare = 4;
-  if (control().row().draggable) place.right += toPixels(kSpare, window().dpi());
-  return place;
+  return planned + (control().row().draggable ? toPixels(kSpare, window().dpi()) : 0);
+}
+
+void LabelView::setPlace(const forms::PixelRect& place) {
+  MouseView::setPlace({place.left, place.top, width(place.width), place.height});
+}
+
+void LabelView::setCaption(const std::u16string& caption) {
+  showText(handle(), caption);
+}
+
+void LabelView::fitCaption() {
+  Font fitted = fittedFont(control().caption(), width(pixelPlace().width), forms::isLink(control()),
+                           window().dpi());
+  useFont(fitted.get());
+  font_ = std::move(fitted);
 }
 
 LRESULT LabelView::received(UINT message, WPARAM wide, LPARAM longer) {

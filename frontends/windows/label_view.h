@@ -11,7 +11,6 @@ class MouseView : public ControlView {
  public:
   using ControlView::ControlView;
 
-  [[nodiscard]] bool takesFocus() const override { return forms::takesKeyboard(control()); }
   void announce(AccessibleNames& names) const override;
 
  protected:
@@ -33,16 +32,20 @@ class LabelView : public MouseView {
   [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
-  void apply(const Changes& changes) override;
-  [[nodiscard]] RECT place() const override;
+  void setPlace(const forms::PixelRect& place) override;
+  void setCaption(const std::u16string& caption) override;
+  void fitCaption() override;
+  void recolor() override;
   LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
   void pressed() override;
   void released(POINT onScreen) override;
 
  private:
   void drawFocus() const;
+  [[nodiscard]] int width(int planned) const;
 
   Font font_;
+  COLORREF color_ = 0;  ///< of a link
   bool dragged_ = false;
 };
 

@@ -39,12 +39,9 @@ ListView::ListView(WindowView& window, forms::ListBox& list) : ControlView(windo
 }
 
 void ListView::commanded(int notification) {
-  if (applying()) return;
   if (notification == LBN_SELCHANGE) {
-    // The control may refuse; a selection that was taken away comes back.
-    mark(Property::Index);
-    forms::userClickedEntry(list(), selected());
-  } else if (notification == LBN_DBLCLK) {
+    userSelectedEntry(selected());
+  } else if (notification == LBN_DBLCLK && !applying()) {
     forms::userDoubleClickedEntry(list(), selected());
   }
 }
@@ -58,7 +55,7 @@ LRESULT ListView::received(UINT message, WPARAM wide, LPARAM longer) {
     case WM_KEYDOWN:
     case WM_TIMER:
     case LB_SETTOPINDEX:
-      reportScroll();
+      userMayHaveScrolled();
       break;
     default:
       break;
@@ -67,10 +64,6 @@ LRESULT ListView::received(UINT message, WPARAM wide, LPARAM longer) {
     forms::userReleasedMouse(control(), *button);
   }
   return result;
-}
-
-void ListView::reportScroll() {
-  if (top() != std::min(list().topIndex(), lowestTop())) forms::userScrolled(list(), top());
 }
 
 int ListView::selected() const {
@@ -98,38 +91,15 @@ int ListView::top() const {
   return static_cast<int>(::SendMessageW(handle(), LB_GETTOPINDEX, 0, 0));
 }
 
-int ListView::lines() const {
+forms::Scroll ListView::scroll() const {
   RECT inside{};
   ::GetClientRect(handle(), &inside);
   const auto line = static_cast<int>(::SendMessageW(handle(), LB_GETITEMHEIGHT, 0, 0));
-  return line > 0 ? static_cast<int>(inside.bottom) / line : 0;
+  const int lines = line > 0 ? static_cast<int>(inside.bottom) / line : 0;
+  return {top(), std::max(0, static_cast<int>(entries_.size()) - lines)};
 }
 
-int ListView::lowestTop() const {
-  return std::max(0, static_cast<int>(entries_.size()) - lines());
-}
-
-void ListView::apply(const Changes& changes) {
-  ControlView::apply(changes);
-  const bool filled = changes.has(Property::Items);
-  const bool selected = filled || changes.has(Property::Index);
-  if (filled) applyEntries();
-  if (selected) applyIndex();
-  // Last, because the window scrolls on its own when it gets entries or a selected one.
-  if (selected || changes.has(Property::TopIndex)) applyTopIndex(list().topIndex());
-  if (changes.has(Property::Index)) showSelected();
-}
-
-/// A larger scale may leave room for fewer entries than the control counts on.
-void ListView::showSelected() {
-  if (top() + lines() <= list().entries().selected()) {
-    applyTopIndex(list().entries().selected() - lines() + 1);
-  }
-  reportScroll();
-}
-
-void ListView::applyEntries() {
-  const std::vector<std::u16string>& wanted = list().entries().all();
+void ListView::setItems(const std::vector<std::u16string>& wanted) {
   const Difference difference = differenceOf(entries_, wanted);
   if (difference.removed == 0 && difference.added == 0) return;
   const Undrawn undrawn(handle());
@@ -147,14 +117,11 @@ void ListView::applyEntries() {
   entries_ = wanted;
 }
 
-void ListView::applyIndex() {
-  const int index = list().entries().selected();
-  if (index != selected()) {
-    ::SendMessageW(handle(), LB_SETCURSEL, static_cast<WPARAM>(index), 0);
-  }
+void ListView::setIndex(int index) {
+  if (index != selected()) ::SendMessageW(handle(), LB_SETCURSEL, static_cast<WPARAM>(index), 0);
 }
 
-void ListView::applyTopIndex(int index) {
+void ListView::setTopIndex(int index) {
   ::SendMessageW(handle(), LB_SETTOPINDEX, static_cast<WPARAM>(index), 0);
 }
 
@@ -164,11 +131,8 @@ std::optional<forms::PropertyValue> ListView::shown(Property property) const {
       return entriesOf(handle(), kListMessages);
     case Property::Index:
       return static_cast<double>(selected());
-    case Property::TopIndex: {
-      // Scrolled as far as the list reaches is as good as scrolled further.
-      const bool asFarAsItGoes = top() == std::min(list().topIndex(), lowestTop());
-      return static_cast<double>(asFarAsItGoes ? list().topIndex() : top());
-    }
+    case Property::TopIndex:
+      return static_cast<double>(scrolledAsAsked() ? list().topIndex() : top());
     default:
       return ControlView::shown(property);
   }

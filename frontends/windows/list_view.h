@@ -11,7 +11,6 @@ class ListView : public ControlView {
  public:
   ListView(WindowView& window, forms::ListBox& list);
 
-  [[nodiscard]] bool takesFocus() const override { return true; }
   /// Below the selected entry.
   [[nodiscard]] std::optional<POINT> menuPlace() const override;
   void commanded(int notification) override;
@@ -20,19 +19,15 @@ class ListView : public ControlView {
   [[nodiscard]] int find(const std::u16string& text) const;
 
  protected:
-  void apply(const Changes& changes) override;
+  void setItems(const std::vector<std::u16string>& items) override;
+  void setIndex(int index) override;
+  void setTopIndex(int index) override;
+  [[nodiscard]] forms::Scroll scroll() const override;
   LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
 
  private:
-  void applyEntries();
-  void applyIndex();
-  void applyTopIndex(int index);
-  void showSelected();
-  void reportScroll();
   [[nodiscard]] int selected() const;
   [[nodiscard]] int top() const;
-  [[nodiscard]] int lines() const;
-  [[nodiscard]] int lowestTop() const;
   [[nodiscard]] forms::ListBox& list() const { return static_cast<forms::ListBox&>(control()); }
 
   std::vector<std::u16string> entries_;  ///< as the window shows them

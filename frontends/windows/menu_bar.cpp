@@ -5,6 +5,7 @@
 
 #include "shortcut.h"
 #include "text/windows/wide.h"
+#include "window_view.h"
 
 namespace kvrnstep::windows {
 
@@ -16,22 +17,17 @@ namespace {
 
 constexpr UINT kFirstCommand = 1000;
 
-bool holdsEntries(const forms::Control& menu) {
-  return std::ranges::any_of(menu.window().controls(),
-                             [&](const auto& control) { return control->container() == &menu; });
-}
-
 /// The caption with the shortcut behind it, as menus show it.
-std::u16string labelOf(const MenuEntry& entry) {
+std::u16string labelOf(const forms::Control& entry, const std::u16string& caption) {
   const std::string_view keys = entry.row().shortcut;
-  std::u16string label = entry.caption();
+  std::u16string label = caption;
   if (!keys.empty()) label.append(u"\t").append(keys.begin(), keys.end());
   return label;
 }
 
-UINT stateOf(const MenuEntry& entry) {
-  return (entry.enabled() ? MFS_ENABLED : MFS_DISABLED) |
-         (entry.checked() ? MFS_CHECKED : MFS_UNCHECKED);
+UINT stateOf(const forms::DrawnEntry& entry) {
+  return (entry.enabled ? MFS_ENABLED : MFS_DISABLED) |
+         (entry.checked ? MFS_CHECKED : MFS_UNCHECKED);
 }
 
 /// What the system holds of an entry.
@@ -70,26 +66,26 @@ MenuBar::MenuBar(forms::Window& window) {
 }
 
 void MenuBar::add(Item& item) {
-  if (item.entry->container() == nullptr || holdsEntries(*item.entry)) {
+  if (item.entry->opensMenu()) {
     item.menu.reset(::CreatePopupMenu());
     item.opens = item.menu.get();
   }
-  if (item.entry->visible()) insert(item);
+  if (item.entry->visible()) insert(item, forms::drawnEntry(*item.entry));
 }
 
 HMENU MenuBar::parentOf(const forms::Control& entry) const {
   return entry.container() == nullptr ? bar_.get() : menuOf(*entry.container());
 }
 
-void MenuBar::insert(Item& item) {
+void MenuBar::insert(Item& item, const forms::DrawnEntry& drawn) {
   const HMENU parent = parentOf(*item.entry);
   if (parent == nullptr) return;
-  std::u16string label = labelOf(*item.entry);
+  std::u16string label = labelOf(*item.entry, drawn.caption);
   MENUITEMINFOW wanted{};
   wanted.cbSize = sizeof wanted;
   wanted.fMask = MIIM_FTYPE | MIIM_STATE | MIIM_ID | MIIM_STRING;
-  wanted.fType = item.entry->separator() ? MFT_SEPARATOR : MFT_STRING;
-  wanted.fState = stateOf(*item.entry);
+  wanted.fType = drawn.separator ? MFT_SEPARATOR : MFT_STRING;
+  wanted.fState = stateOf(drawn);
   wanted.wID = item.command;
   wanted.dwTypeData = text::wide(label.data());
   if (item.opens != nullptr) {
@@ -154,11 +150,11 @@ MenuEntry* MenuBar::entryOf(UINT command) const {
   return found == items_.end() ? nullptr : found->entry;
 }
 
-bool MenuBar::apply(const forms::Control& entry) {
+bool MenuBar::show(const forms::Control& entry, const forms::DrawnEntry& drawn) {
   auto* item = itemOf(entry);
   if (item == nullptr) return false;
   auto place = placeOf(entry);
-  if (!item->entry->visible()) {
+  if (!drawn.visible) {
     if (!place) return false;
     ::RemoveMenu(place->menu, static_cast<UINT>(place->position), MF_BYPOSITION);
     // Nothing above frees it any more.
@@ -166,14 +162,14 @@ bool MenuBar::apply(const forms::Control& entry) {
     return place->menu == bar_.get();
   }
   if (!place) {
-    insert(*item);
+    insert(*item, drawn);
     return entry.container() == nullptr;
   }
-  std::u16string label = labelOf(*item->entry);
+  std::u16string label = labelOf(entry, drawn.caption);
   MENUITEMINFOW wanted{};
   wanted.cbSize = sizeof wanted;
   wanted.fMask = MIIM_STATE | MIIM_STRING;
-  wanted.fState = stateOf(*item->entry);
+  wanted.fState = stateOf(drawn);
   wanted.dwTypeData = text::wide(label.data());
   ::SetMenuItemInfoW(place->menu, static_cast<UINT>(place->position), TRUE, &wanted);
   return place->menu == bar_.get();
@@ -196,6 +192,14 @@ std::optional<forms::PropertyValue> MenuBar::shown(const forms::Control& entry,
     default:
       return std::nullopt;
   }
+}
+
+void MenuEntryView::setEntry(const forms::DrawnEntry& entry) {
+  if (window().menus().show(control(), entry)) ::DrawMenuBar(window().handle());
+}
+
+std::optional<forms::PropertyValue> MenuEntryView::shown(Property property) const {
+  return window().menus().shown(control(), property);
 }
 
 }  // namespace kvrnstep::windows

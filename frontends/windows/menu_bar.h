@@ -30,8 +30,8 @@ class MenuBar {
   /// The entry of a command; null for other numbers.
   [[nodiscard]] forms::MenuEntry* entryOf(UINT command) const;
 
-  /// Brings what is shown of an entry in line with it. True: the bar itself has changed.
-  bool apply(const forms::Control& entry);
+  /// Shows an entry. True: the bar itself has changed.
+  bool show(const forms::Control& entry, const forms::DrawnEntry& drawn);
   [[nodiscard]] std::optional<forms::PropertyValue> shown(const forms::Control& entry,
                                                           forms::Property property) const;
 
@@ -47,12 +47,24 @@ class MenuBar {
   [[nodiscard]] Item* itemOf(const forms::Control& entry);
   [[nodiscard]] HMENU parentOf(const forms::Control& entry) const;
   void add(Item& item);
-  void insert(Item& item);
+  void insert(Item& item, const forms::DrawnEntry& drawn);
   void makeAccelerators();
 
   Menu bar_;
   std::vector<Item> items_;
   Accelerators accelerators_;
+};
+
+/// Shows a menu entry.
+class MenuEntryView : public ControlView {
+ public:
+  MenuEntryView(WindowView& window, forms::MenuEntry& entry) : ControlView(window, entry) {}
+
+  void announce(AccessibleNames& /*names*/) const override {}
+  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
+
+ protected:
+  void setEntry(const forms::DrawnEntry& entry) override;
 };
 
 }  // namespace kvrnstep::windows

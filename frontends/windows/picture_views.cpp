@@ -8,8 +8,6 @@
 
 namespace kvrnstep::windows {
 
-using forms::Property;
-
 namespace {
 
 /// Two lines around the picture; one of dots would be lost in it.
@@ -26,14 +24,12 @@ ImageView::ImageView(WindowView& window, forms::Control& image) : MouseView(wind
 }
 
 int ImageView::size() const {
-  const RECT room = place();
-  return static_cast<int>(std::min(room.right - room.left, room.bottom - room.top));
+  const forms::PixelRect room = pixelPlace();
+  return std::min(room.width, room.height);
 }
 
-void ImageView::apply(const Changes& changes) {
-  ControlView::apply(changes);
-  if (!changes.has(Property::Picture) && !changes.has(Property::Width)) return;
-  picture_ = loadPicture(control().picture(), size());
+void ImageView::setPicture(forms::Picture picture) {
+  picture_ = loadPicture(picture, size());
   ::InvalidateRect(handle(), nullptr, TRUE);
 }
 

@@ -13,7 +13,7 @@ class ImageView : public MouseView {
   void drawn(const DRAWITEMSTRUCT& request) override;
 
  protected:
-  void apply(const Changes& changes) override;
+  void setPicture(forms::Picture picture) override;
 
  private:
   [[nodiscard]] int size() const;

@@ -1,7 +1,5 @@
 #include "screens.h"
 
-#include <vector>
-
 #include "forms/screen_place.h"
 
 namespace kvrnstep::windows {
@@ -24,10 +22,14 @@ BOOL CALLBACK add(HMONITOR monitor, HDC /*context*/, RECT* /*place*/, LPARAM scr
 
 }  // namespace
 
+std::vector<forms::Rect> screens() {
+  std::vector<forms::Rect> all;
+  ::EnumDisplayMonitors(nullptr, nullptr, add, reinterpret_cast<LPARAM>(&all));
+  return all;
+}
+
 POINT cornerOnScreen(const RECT& wanted) {
-  std::vector<forms::Rect> screens;
-  ::EnumDisplayMonitors(nullptr, nullptr, add, reinterpret_cast<LPARAM>(&screens));
-  const forms::Rect shown = forms::placeOnScreen(inPixels(wanted), screens);
+  const forms::Rect shown = forms::placeOnScreen(inPixels(wanted), screens());
   return {static_cast<LONG>(shown.left), static_cast<LONG>(shown.top)};
 }
 

@@ -1,7 +1,7 @@
 #include "text_views.h"
 
 #include "box_font.h"
-#include "scale.h"
+#include "forms/contrast.h"
 #include "window_view.h"
 
 namespace kvrnstep::windows {
@@ -20,9 +20,11 @@ DWORD styleOf(const forms::ControlRow& row) {
 }
 
 COLORREF colorOf(std::int32_t color) {
-  constexpr std::uint32_t kSystem = 0x80000000U;
-  const auto bits = static_cast<std::uint32_t>(color);
-  return (bits & kSystem) != 0 ? ::GetSysColor(static_cast<int>(bits & 0xFFU)) : bits & 0xFFFFFFU;
+  if (const auto place = forms::systemColor(color)) {
+    return ::GetSysColor(static_cast<int>(*place));
+  }
+  const forms::Rgb own = forms::ownColor(color);
+  return RGB(own.red, own.green, own.blue);
 }
 
 }  // namespace
@@ -34,7 +36,7 @@ TextBoxView::TextBoxView(WindowView& window, forms::TextBox& box)
 }
 
 void TextBoxView::commanded(int notification) {
-  if (notification == EN_CHANGE && !applying()) edit_.edited();
+  if (notification == EN_CHANGE && !applying()) edit_.changed();
 }
 
 HBRUSH TextBoxView::colored(HDC context) {
@@ -44,21 +46,15 @@ HBRUSH TextBoxView::colored(HDC context) {
   return ground_.get();
 }
 
-void TextBoxView::apply(const Changes& changes) {
-  ControlView::apply(changes);
-  if (changes.has(Property::Font) || changes.has(Property::FontSize)) applyFont();
-  if (changes.has(Property::BackColor) || changes.has(Property::ForeColor)) {
-    ground_.reset(::CreateSolidBrush(colorOf(box().backColor())));
-    ::InvalidateRect(handle(), nullptr, TRUE);
-  }
-  if (changes.has(Property::Text)) edit_.showText();
-  if (changes.has(Property::Text) || changes.has(Property::SelStart)) edit_.showSelection();
+void TextBoxView::setFont(const std::u16string& font, float points) {
+  Font made = boxFont(font, points, window().dpi());
+  useFont(made.get());
+  font_ = std::move(made);
 }
 
-void TextBoxView::applyFont() {
-  Font font = boxFont(box().font(), box().fontSize(), window().dpi());
-  useFont(font.get());
-  font_ = std::move(font);
+void TextBoxView::recolor() {
+  ground_.reset(::CreateSolidBrush(colorOf(box().backColor())));
+  ::InvalidateRect(handle(), nullptr, TRUE);
 }
 
 std::optional<forms::PropertyValue> TextBoxView::shown(Property property) const {

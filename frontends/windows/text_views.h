@@ -10,16 +10,16 @@ class TextBoxView : public ControlView {
  public:
   TextBoxView(WindowView& window, forms::TextBox& box);
 
-  [[nodiscard]] bool takesFocus() const override { return true; }
   void commanded(int notification) override;
   HBRUSH colored(HDC context) override;
   [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
-  void apply(const Changes& changes) override;
+  void setFont(const std::u16string& font, float points) override;
+  void recolor() override;
+  [[nodiscard]] forms::TextSync* text() override { return &edit_; }
 
  private:
-  void applyFont();
   [[nodiscard]] forms::TextBox& box() const { return static_cast<forms::TextBox&>(control()); }
 
   Edit edit_;

@@ -9,6 +9,7 @@
 #include "command_keys.h"
 #include "forms/reading_order.h"
 #include "forms/user_actions.h"
+#include "forms/view_kinds.h"
 #include "label_view.h"
 #include "list_view.h"
 #include "picture_views.h"
@@ -21,11 +22,8 @@
 
 namespace kvrnstep::windows {
 
-using forms::Chrome;
 using forms::Control;
 using forms::Kind;
-using forms::kTwipsPerPixel;
-using forms::Property;
 
 namespace {
 
@@ -36,12 +34,8 @@ DWORD styleOf(const forms::WindowDesign& design) {
   return WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN | frame;
 }
 
-/// Twips on the desktop as its pixels, and back.
-int desktopPixels(double twips) {
-  return toPixels(twips / kTwipsPerPixel, desktopDpi());
-}
-double desktopTwips(LONG pixels) {
-  return fromPixels(static_cast<int>(pixels), desktopDpi()) * kTwipsPerPixel;
+double scaleOf(int dpi) {
+  return static_cast<double>(dpi) / kNominalDpi;
 }
 
 bool isPushButton(HWND control) {
@@ -63,22 +57,20 @@ bool decorates(const Control& control) {
 }  // namespace
 
 WindowView::WindowView(forms::Window& window, HWND owner)
-    : window_(window),
+    : ViewSync(window),
       menus_(window),
       style_(styleOf(window.design())),
       dpi_(create(owner)),
       captionFont_(windows::captionFont(dpi_)),
-      tips_(handle_),
-      focus_(forms::firstFocus(window)) {
-  build();
-  changes_.addAll();
-  for (const auto& view : views_) view->markAll();
-  update();
+      tips_(handle_) {
+  makeViews();
+  connectViews();
+  showAll(scaleOf(dpi_));
 }
 
 WindowView::~WindowView() {
   names_.reset();
-  views_.clear();
+  destroyViews();
   if (handle_ == nullptr) return;
   ::SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
   ::DestroyWindow(handle_);
@@ -91,67 +83,30 @@ int WindowView::create(HWND owner) {
   return dpiOf(handle_);
 }
 
-void WindowView::build() {
-  for (const auto& control : window_.controls()) {
-    if (control->kind() == Kind::Menu) continue;
-    views_.push_back(makeView(*control));
-    ControlView& view = *views_.back();
-    byControl_.emplace(control.get(), &view);
-    byHandle_.emplace(view.handle(), &view);
-    if (!control->row().toolTip.empty()) tips_.add(view.handle(), control->row().toolTip);
-  }
-  connectSpinners();
-  for (const auto& view : views_) view->announce(*names_);
+std::unique_ptr<forms::ControlSync> WindowView::makeView(Control& control) {
+  auto made = forms::makeViewOf<ContainerView, PushButtonView, CheckBoxView, OptionButtonView,
+                                ComboView, TextBoxView, SpinnerView, ListView, LabelView, ImageView,
+                                StatusBarView, MenuEntryView>(*this, control);
+  auto& view = static_cast<ControlView&>(*made);
+  if (view.handle() != nullptr) byHandle_.emplace(view.handle(), &view);
+  if (!control.row().toolTip.empty()) tips_.add(view.handle(), control.row().toolTip);
+  return made;
 }
 
-std::unique_ptr<ControlView> WindowView::makeView(Control& control) {
-  switch (control.kind()) {
-    case Kind::Button:
-      return std::make_unique<PushButtonView>(*this, control);
-    case Kind::CheckBox:
-      return std::make_unique<CheckBoxView>(*this, static_cast<forms::CheckBox&>(control));
-    case Kind::OptionButton:
-      return std::make_unique<OptionButtonView>(*this, static_cast<forms::OptionButton&>(control));
-    case Kind::ComboBox:
-      return std::make_unique<ComboView>(*this, static_cast<forms::ComboBox&>(control));
-    case Kind::TextBox:
-      return std::make_unique<TextBoxView>(*this, static_cast<forms::TextBox&>(control));
-    case Kind::Spinner:
-      return std::make_unique<SpinnerView>(*this, static_cast<forms::Spinner&>(control));
-    case Kind::ListBox:
-      return std::make_unique<ListView>(*this, static_cast<forms::ListBox&>(control));
-    case Kind::Label:
-      return std::make_unique<LabelView>(*this, control);
-    case Kind::Image:
-      return std::make_unique<ImageView>(*this, control);
-    case Kind::StatusBar:
-      return std::make_unique<StatusBarView>(*this, control);
-    case Kind::Frame:
-    case Kind::Panel:
-    case Kind::Menu:
-      break;
-  }
-  return std::make_unique<ContainerView>(*this, control);
-}
-
-void WindowView::connectSpinners() {
-  for (const auto& view : views_) {
-    const forms::ControlRow& row = view->control().row();
-    if (row.kind != Kind::Spinner) continue;
-    if (const Control* box = window_.find(row.buddy, row.buddyIndex)) {
-      static_cast<SpinnerView&>(*view).setBuddy(viewOf(*box).keyTarget());
+void WindowView::connectViews() {
+  for (const auto& control : window().controls()) {
+    ControlView& view = viewOf(*control);
+    const forms::ControlRow& row = control->row();
+    const Control* box = window().find(row.buddy, row.buddyIndex);
+    if (row.kind == Kind::Spinner && box != nullptr) {
+      static_cast<SpinnerView&>(view).setBuddy(viewOf(*box).keyTarget());
     }
+    view.announce(*names_);
   }
 }
 
 ControlView& WindowView::viewOf(const Control& control) const {
-  return *byControl_.at(&control);
-}
-
-std::optional<forms::PropertyValue> WindowView::shown(const Control& control,
-                                                      Property property) const {
-  if (control.kind() == Kind::Menu) return menus_.shown(control, property);
-  return viewOf(control).shown(property);
+  return static_cast<ControlView&>(syncOf(control));
 }
 
 ControlView* WindowView::viewAt(HWND window) const {
@@ -161,23 +116,6 @@ ControlView* WindowView::viewAt(HWND window) const {
 
 HWND WindowView::parentFor(const Control& control) const {
   return control.container() == nullptr ? handle_ : viewOf(*control.container()).handle();
-}
-
-int WindowView::pixels(double units) const {
-  return toPixels(units * window_.design().twipsPerUnit / kTwipsPerPixel, dpi_);
-}
-
-RECT WindowView::pixelPlace(const Control& control) const {
-  const forms::Rect place = control.shownPlace();
-  RECT inPixels{pixels(place.left), pixels(place.top), pixels(place.left + place.width),
-                pixels(place.top + place.height)};
-  // What begins outside of its container would be shown without its edge.
-  if (control.container() != nullptr) inPixels.top = std::max<LONG>(inPixels.top, 0);
-  return inPixels;
-}
-
-SIZE WindowView::inside() const {
-  return {pixels(window_.innerWidth()), pixels(window_.innerHeight())};
 }
 
 Control* WindowView::controlAt(POINT onScreen) const {
@@ -228,7 +166,7 @@ void WindowView::tellOf(const MSG& message) {
   const auto code = static_cast<forms::KeyCode>(HIWORD(message.lParam)) & (KF_EXTENDED | 0xFFU);
   const bool repeated = (HIWORD(message.lParam) & KF_REPEAT) != 0;
   if (message.message == WM_KEYUP || message.message == WM_SYSKEYUP) {
-    forms::userReleasedKey(window_, code);
+    forms::userReleasedKey(window(), code);
   } else if (message.message == WM_KEYDOWN && !repeated) {
     if (const ControlView* view = viewWithKeys(message.hwnd)) {
       forms::userPressedKey(view->control(), code);
@@ -237,9 +175,11 @@ void WindowView::tellOf(const MSG& message) {
 }
 
 ControlView* WindowView::viewWithKeys(HWND target) const {
-  const auto found =
-      std::ranges::find_if(views_, [&](const auto& view) { return view->keyTarget() == target; });
-  return found == views_.end() ? nullptr : found->get();
+  const auto& all = window().controls();
+  const auto found = std::ranges::find_if(all, [&](const auto& control) {
+    return target != nullptr && viewOf(*control).keyTarget() == target;
+  });
+  return found == all.end() ? nullptr : &viewOf(**found);
 }
 
 /// Whether a key was a command, and has been carried out.
@@ -256,11 +196,10 @@ bool WindowView::pressed(const MSG& message) {
 
 /// The system's labels lead on to the next control; ours are clicked.
 bool WindowView::activatedBy(char16_t letter) {
-  for (const auto& view : views_) {
-    Control& control = view->control();
-    if (!forms::takesKeyboard(control) || !control.reachable()) continue;
-    if (forms::mnemonicOf(control) != letter) continue;
-    forms::userActivated(control);
+  for (const auto& control : window().controls()) {
+    if (!forms::takesKeyboard(*control) || !control->reachable()) continue;
+    if (forms::mnemonicOf(*control) != letter) continue;
+    forms::userActivated(*control);
     return true;
   }
   return false;
@@ -334,22 +273,23 @@ LRESULT WindowView::receivedByWindow(UINT message, WPARAM wide, LPARAM longer) {
       commanded(LOWORD(wide));
       return 0;
     case WM_CLOSE:
-      forms::userClosed(window_);
+      forms::userClosed(window());
       return 0;
     case WM_ENDSESSION:
       // The process may end as soon as this returns; what is to be kept is kept now.
-      if (wide != FALSE) forms::userClosed(window_);
+      if (wide != FALSE) forms::userClosed(window());
       return 0;
     case WM_NCDESTROY:
       // Somebody else destroys the window.
       ::SetWindowLongPtrW(std::exchange(handle_, nullptr), GWLP_USERDATA, 0);
+      close();
       wakeLoop();
       return 0;
     case WM_ACTIVATE:
       if (HIWORD(wide) == 0) activated(LOWORD(wide) != WA_INACTIVE);
       return 0;
     case WM_ENTERMENULOOP:
-      forms::userLeft(window_);
+      forms::userLeft(window());
       return 0;
     case WM_NEXTDLGCTL:
       // The arrow keys have found where they lead.
@@ -388,53 +328,16 @@ void WindowView::commanded(UINT command) {
   if (forms::MenuEntry* entry = menus_.entryOf(command)) forms::userClicked(*entry);
 }
 
-void WindowView::changed(Control& control, Property property) {
-  if (control.kind() == Kind::Menu) {
-    changedEntries_.insert(&control);
-    return;
-  }
-  viewOf(control).mark(property);
-  const bool leadsTab = control.kind() == Kind::OptionButton && property == Property::Value;
-  arrangementChanged_ = arrangementChanged_ || leadsTab || property == Property::Left ||
-                        property == Property::Width || property == Property::Visible ||
-                        property == Property::Enabled;
+void WindowView::updateBegins() {
+  focusBefore_ = ::GetFocus();
 }
 
-void WindowView::changed(Property property) {
-  changes_.add(property);
-  arrangementChanged_ = true;
+void WindowView::setTitle(const std::u16string& caption) {
+  showText(handle_, caption);
 }
 
-void WindowView::update() {
-  if (!open() || updating_) return;
-  updating_ = true;
-  const HWND focus = ::GetFocus();
-  for (const auto& view : views_) view->applyChanges();
-  applyMenus();
-  // A window that is minimized takes its new size when it comes back.
-  if (!window_.minimized()) applyWindow(std::exchange(changes_, Changes()));
-  if (std::exchange(arrangementChanged_, false)) arrange();
-  giveFocus(focus);
-  updating_ = false;
-}
-
-void WindowView::applyMenus() {
-  bool barChanged = false;
-  for (const Control* entry : std::exchange(changedEntries_, {})) {
-    barChanged = menus_.apply(*entry) || barChanged;
-  }
-  if (barChanged) ::DrawMenuBar(handle_);
-}
-
-void WindowView::applyWindow(const Changes& changes) {
-  if (changes.has(Property::Caption)) showText(handle_, window_.caption());
-  if (changes.has(Property::Width) || changes.has(Property::Height)) applySize();
-  if (changes.has(Property::Left) || changes.has(Property::Top)) applyPosition();
-}
-
-void WindowView::applySize() {
-  const SIZE wanted = inside();
-  SIZE outside = outsideOf(wanted, style_, menus_.bar() != nullptr, dpi_);
+void WindowView::setInnerSize(forms::PixelSize size) {
+  SIZE outside = outsideOf({size.width, size.height}, style_, menus_.bar() != nullptr, dpi_);
   const auto resize = [&] {
     ::SetWindowPos(handle_, nullptr, 0, 0, outside.cx, outside.cy,
                    SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -442,33 +345,33 @@ void WindowView::applySize() {
   resize();
   RECT now{};
   ::GetClientRect(handle_, &now);
-  if (now.bottom == wanted.cy) return;
+  if (now.bottom == size.height) return;
   // The menu bar needs more lines than one, or the frame is another one than was foretold.
-  outside.cy += wanted.cy - now.bottom;
+  outside.cy += size.height - now.bottom;
   resize();
 }
 
-void WindowView::applyPosition() {
+std::vector<forms::Rect> WindowView::screens() const {
+  return windows::screens();
+}
+
+forms::PixelSize WindowView::frameSize() const {
   RECT frame{};
   ::GetWindowRect(handle_, &frame);
-  ::OffsetRect(&frame, desktopPixels(window_.place().left) - frame.left,
-               desktopPixels(window_.place().top) - frame.top);
-  position_ = cornerOnScreen(frame);
-  ::SetWindowPos(handle_, nullptr, position_.x, position_.y, 0, 0,
+  return {static_cast<int>(frame.right - frame.left), static_cast<int>(frame.bottom - frame.top)};
+}
+
+double WindowView::desktopScale() const {
+  return scaleOf(desktopDpi());
+}
+
+void WindowView::setPosition(forms::PixelPoint position) {
+  ::SetWindowPos(handle_, nullptr, position.left, position.top, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void WindowView::arrange() {
-  const std::vector<Control*> order = forms::tabOrder(window_);
-  for (const Control* control : order) {
-    ControlView& view = viewOf(*control);
-    view.allowTab(view.takesFocus() && control->reachable());
-  }
-  arrangeDepth(order);
-}
-
 /// The system leads Tab from the front to the back, so what lies in front is what comes first.
-void WindowView::arrangeDepth(const std::vector<Control*>& order) {
+void WindowView::setTabOrder(const std::vector<Control*>& order) {
   std::vector<Control*> sorted = order;
   std::ranges::stable_sort(sorted, {}, [](const Control* control) {
     if (decorates(*control)) return 1;
@@ -488,10 +391,6 @@ void WindowView::arrangeDepth(const std::vector<Control*>& order) {
   }
 }
 
-void WindowView::setFocus(Control& control) {
-  focus_ = &control;
-}
-
 bool WindowView::holdsKeys(HWND control) const {
   return control != nullptr && ::IsChild(handle_, control) != FALSE &&
          ::IsWindowVisible(control) != FALSE && ::IsWindowEnabled(control) != FALSE;
@@ -500,25 +399,27 @@ bool WindowView::holdsKeys(HWND control) const {
 /// Where Tab leads from a control, whether or not that can still be reached; from nowhere, to the
 /// first one.
 HWND WindowView::stopAfter(HWND before) const {
-  std::vector<Control*> order = forms::tabOrder(window_);
+  std::vector<Control*> order = forms::tabOrder(window());
   const auto held = std::ranges::find_if(order, [&](const Control* control) {
     return before != nullptr && viewOf(*control).keyTarget() == before;
   });
   if (held != order.end()) std::rotate(order.begin(), held + 1, order.end());
   const auto next = std::ranges::find_if(order, [&](const Control* control) {
-    return control->reachable() && viewOf(*control).takesFocus();
+    return control->reachable() && forms::takesFocus(*control);
   });
   return next == order.end() ? nullptr : viewOf(**next).keyTarget();
 }
 
-void WindowView::giveFocus(HWND before) {
-  if (const Control* control = std::exchange(focus_, nullptr)) {
+void WindowView::giveKeyboard(const Control* control) {
+  if (control != nullptr) {
     lastFocus_ = viewOf(*control).keyTarget();
     if (::GetActiveWindow() == handle_) ::SetFocus(lastFocus_);
     return;
   }
   // Keys must not go to what has just been disabled or hidden.
-  if (::GetActiveWindow() == handle_ && !holdsKeys(::GetFocus())) ::SetFocus(stopAfter(before));
+  if (::GetActiveWindow() == handle_ && !holdsKeys(::GetFocus())) {
+    ::SetFocus(stopAfter(focusBefore_));
+  }
 }
 
 std::optional<int> WindowView::findEntry(const forms::ListBox& list, const std::u16string& text) {
@@ -527,14 +428,13 @@ std::optional<int> WindowView::findEntry(const forms::ListBox& list, const std::
   return view.find(text);
 }
 
-void WindowView::unloaded() {
-  unloaded_ = true;
+void WindowView::vanish() {
   wakeLoop();
 }
 
 void WindowView::activated(bool active) {
   if (!active) {
-    forms::userLeft(window_);
+    forms::userLeft(window());
     lastFocus_ = ::GetFocus();
   } else {
     ::SetFocus(holdsKeys(lastFocus_) ? lastFocus_ : stopAfter(nullptr));
@@ -542,48 +442,30 @@ void WindowView::activated(bool active) {
 }
 
 void WindowView::reportMove() {
-  if (updating_ || unloaded_ || ::IsWindowVisible(handle_) == FALSE ||
-      ::IsIconic(handle_) != FALSE) {
-    return;
-  }
+  if (::IsWindowVisible(handle_) == FALSE || ::IsIconic(handle_) != FALSE) return;
   RECT now{};
   ::GetWindowRect(handle_, &now);
-  if (now.left == position_.x && now.top == position_.y) return;
-  position_ = {now.left, now.top};
-  forms::userMoved(window_, desktopTwips(now.left), desktopTwips(now.top));
+  movedTo({static_cast<int>(now.left), static_cast<int>(now.top)}, true);
 }
 
 void WindowView::reportSize(WPARAM kind) {
-  if (unloaded_ || ::IsWindowVisible(handle_) == FALSE) return;
-  const bool minimized = kind == SIZE_MINIMIZED;
-  if (minimized != window_.minimized()) forms::userMinimized(window_, minimized);
-  if (!minimized) reportResize();
-}
-
-void WindowView::reportResize() {
-  if (updating_ || !window_.design().resizable) return;
+  if (::IsWindowVisible(handle_) == FALSE) return;
+  minimizedTo(kind == SIZE_MINIMIZED);
+  if (kind == SIZE_MINIMIZED) return;
   RECT now{};
   ::GetClientRect(handle_, &now);
-  const SIZE wanted = inside();
-  if (now.right == wanted.cx && now.bottom == wanted.cy) return;
-  const double menuBar = window_.hasMenuBar() ? Chrome::kMenuBar : 0;
-  forms::userResized(
-      window_, fromPixels(static_cast<int>(now.right), dpi_) * kTwipsPerPixel + Chrome::kSides,
-      fromPixels(static_cast<int>(now.bottom), dpi_) * kTwipsPerPixel + Chrome::kTitleAndBorders +
-          menuBar);
+  resizedTo({static_cast<int>(now.right), static_cast<int>(now.bottom)});
 }
 
 void WindowView::limitSize(MINMAXINFO& limits) const {
-  const forms::WindowDesign& design = window_.design();
-  if (!design.resizable) {
+  if (!window().design().resizable) {
     // The system would cut off what does not fit on the screen, and nobody could pull it there.
     limits.ptMaxTrackSize = {SHRT_MAX, SHRT_MAX};
     return;
   }
-  const SIZE smallest{
-      toPixels((design.minimumWidth - Chrome::kSides) / kTwipsPerPixel, dpi_),
-      toPixels((design.minimumHeight - Chrome::kTitleAndBorders) / kTwipsPerPixel, dpi_)};
-  const SIZE outside = outsideOf(smallest, style_, menus_.bar() != nullptr, dpi_);
+  const forms::PixelSize inside = smallestInnerSize();
+  const SIZE outside =
+      outsideOf({inside.width, inside.height}, style_, menus_.bar() != nullptr, dpi_);
   limits.ptMinTrackSize = {outside.cx, outside.cy};
 }
 
@@ -591,19 +473,15 @@ void WindowView::rescale(int dpi, const RECT& proposed) {
   dpi_ = dpi;
   // The old font is in use until all have the new one.
   const Font before = std::exchange(captionFont_, windows::captionFont(dpi_));
-  for (const auto& view : views_) view->rescale();
-  changes_.add(Property::Width);
+  for (const auto& control : window().controls()) viewOf(*control).rescale();
   ::SetWindowPos(handle_, nullptr, proposed.left, proposed.top, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-  update();
+  rescaledTo(scaleOf(dpi_));
 }
 
 void WindowView::recolor(UINT message, WPARAM wide, LPARAM longer) {
-  for (const auto& view : views_) {
-    ::SendMessageW(view->handle(), message, wide, longer);
-    view->mark(Property::BackColor);
-  }
-  update();
+  for (const auto& [handle, view] : byHandle_) ::SendMessageW(handle, message, wide, longer);
+  recolored();
 }
 
 }  // namespace kvrnstep::windows

@@ -549,6 +549,12 @@ bool Spinner::set(Property property, const PropertyValue& value) {
 MenuEntry::MenuEntry(Window& window, const ControlRow& row, Control* container)
     : Control(window, row, container), checked_(row.checked) {}
 
+bool MenuEntry::opensMenu() const {
+  return container() == nullptr || std::ranges::any_of(window().controls(), [&](const auto& entry) {
+           return entry->container() == this;
+         });
+}
+
 void MenuEntry::setChecked(bool checked) {
   if (std::exchange(checked_, checked) != checked) changed(Property::Checked);
 }

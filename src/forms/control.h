@@ -375,6 +375,8 @@ class MenuEntry : public Control {
   MenuEntry(Window& window, const ControlRow& row, Control* container);
 
   [[nodiscard]] bool separator() const { return caption() == u"-"; }
+  /// It has entries of its own, or pops up.
+  [[nodiscard]] bool opensMenu() const;
   [[nodiscard]] bool checked() const { return checked_; }
   void setChecked(bool checked);
 

@@ -173,6 +173,25 @@ bool takesKeyboard(const Control& control) {
   return control.row().clickable || control.row().draggable;
 }
 
+bool takesFocus(const Control& control) {
+  switch (control.kind()) {
+    case Kind::Button:
+    case Kind::CheckBox:
+    case Kind::ComboBox:
+    case Kind::TextBox:
+    case Kind::ListBox:
+      return true;
+    case Kind::OptionButton:
+      return static_cast<const OptionButton&>(control).value();
+    default:
+      return takesKeyboard(control);
+  }
+}
+
+bool isLink(const Control& control) {
+  return control.kind() == Kind::Label && control.row().clickable;
+}
+
 char16_t mnemonicOf(const Control& control) {
   const char16_t letter = wantedLetter(control);
   if (letter == 0 || inMenu(control)) return letter;

@@ -39,6 +39,13 @@ void userActivated(Control& control);
 /// A label or an image that Tab leads to: one that can be clicked or dragged.
 [[nodiscard]] bool takesKeyboard(const Control& control);
 
+/// Whether Tab leads to the control as long as it is reachable; of a group of option buttons, to
+/// the selected one.
+[[nodiscard]] bool takesFocus(const Control& control);
+
+/// A label that is clicked as a link is.
+[[nodiscard]] bool isLink(const Control& control);
+
 /// The letter, in upper case, that reaches the control together with Alt; 0 where it has none. The
 /// menu bar comes first and each letter has one owner: where a menu and a button want the same one
 /// it opens the menu.

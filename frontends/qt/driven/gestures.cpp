@@ -44,9 +44,9 @@ bool enterBox(WindowView& view, forms::TextControl& box, forms::TextSelection se
   auto* lines = qobject_cast<QPlainTextEdit*>(widget);
   if (!click(lines != nullptr ? *lines->viewport() : *widget)) return false;
   if (lines != nullptr) {
-    static_cast<TextEdit*>(lines)->select(selection);
+    static_cast<TextEdit*>(lines)->setSelection(selection);
   } else {
-    static_cast<LineEdit*>(widget)->select(selection);
+    static_cast<LineEdit*>(widget)->setSelection(selection);
   }
   settle();
   return true;

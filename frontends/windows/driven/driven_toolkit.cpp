@@ -64,7 +64,7 @@ bool DrivenWindowsToolkit::carryOut(const driving::Gesture& gesture) {
 std::optional<driving::Value> DrivenWindowsToolkit::shown(const forms::Control& control,
                                                           forms::Property property) {
   const WindowView* view = native().viewOf(control.window());
-  return view == nullptr ? std::nullopt : view->shown(control, property);
+  return view == nullptr ? std::nullopt : view->viewOf(control).shown(property);
 }
 
 }  // namespace kvrnstep::windows

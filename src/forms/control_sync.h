@@ -1,0 +1,141 @@
+#pragma once
+
+#include <bitset>
+#include <string>
+#include <vector>
+
+#include "forms/control.h"
+
+namespace kvrnstep::forms {
+
+class TextSync;
+class ViewSync;
+
+/// Properties that have changed since they were last shown.
+class Changes {
+ public:
+  void add(Property property) { bits_.set(static_cast<std::size_t>(property)); }
+  void addAll() { bits_.set(); }
+  [[nodiscard]] bool any() const { return bits_.any(); }
+  [[nodiscard]] bool has(Property property) const {
+    return bits_.test(static_cast<std::size_t>(property));
+  }
+  template <class... Properties>
+  [[nodiscard]] bool hasAny(Properties... properties) const {
+    return (has(properties) || ...);
+  }
+
+ private:
+  std::bitset<32> bits_;
+};
+
+/// In the pixels that a front end places its widgets by.
+struct PixelSize {
+  int width = 0;
+  int height = 0;
+
+  bool operator==(const PixelSize&) const = default;
+};
+struct PixelRect {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+
+  bool operator==(const PixelRect&) const = default;
+};
+
+/// The mark of a check box or an option button.
+enum class Mark : std::uint8_t { Clear, On, Mixed };
+Mark markOf(int value);
+
+/// A menu entry as it is to be drawn.
+struct DrawnEntry {
+  std::u16string caption;
+  bool separator;
+  bool enabled;
+  bool visible;
+  bool checked;
+};
+DrawnEntry drawnEntry(const MenuEntry& entry);
+
+/// How far a list is scrolled: its first entry in view, and the last one that can be the first.
+struct Scroll {
+  int first = 0;
+  int last = 0;
+};
+
+/// Keeps the widget of one control in line with it. What has changed is marked, and shown later all
+/// at once: what of which kind of control, and in which order, is decided here. A front end
+/// implements the setters for what its widgets can show, and tells of the user.
+class ControlSync {
+ public:
+  ControlSync(ViewSync& view, Control& control) : view_(view), control_(control) {}
+  virtual ~ControlSync() = default;
+  ControlSync(const ControlSync&) = delete;
+  ControlSync& operator=(const ControlSync&) = delete;
+
+  [[nodiscard]] Control& control() const { return control_; }
+  void mark(Property property) { changes_.add(property); }
+  void markAll() { changes_.addAll(); }
+  /// Brings the widget in line with what has changed.
+  void applyChanges();
+
+  /// Whether Tab leads to the control.
+  virtual void setTabStop(bool /*on*/) {}
+
+ protected:
+  /// The place of the widget in its parent.
+  [[nodiscard]] PixelRect pixelPlace() const;
+  /// While the program changes the widget, what it tells is not the user's doing.
+  [[nodiscard]] bool applying() const { return applying_; }
+
+  virtual void setPlace(const PixelRect& place) = 0;
+  virtual void setEnabled(bool enabled) = 0;
+  virtual void setVisible(bool visible) = 0;
+  /// "&" is before the letter of the mnemonic, and nowhere else.
+  virtual void setCaption(const std::u16string& /*caption*/) {}
+  /// The caption or its room has changed.
+  virtual void fitCaption() {}
+  virtual void setMark(Mark /*mark*/) {}
+  /// The picture or its room has changed.
+  virtual void setPicture(Picture /*picture*/) {}
+  virtual void setCursor(int /*resourceId*/) {}
+  virtual void setFont(const std::u16string& /*font*/, float /*points*/) {}
+  /// The control's colours or the desktop's have changed.
+  virtual void recolor() {}
+  virtual void setItems(const std::vector<std::u16string>& /*items*/) {}
+  virtual void setIndex(int /*index*/) {}
+  /// Scrolls so that the entry is the first visible one, as far as the list reaches.
+  virtual void setTopIndex(int /*index*/) {}
+  [[nodiscard]] virtual Scroll scroll() const { return {}; }
+  /// Of a control that holds a text.
+  [[nodiscard]] virtual TextSync* text() { return nullptr; }
+  /// Of a menu entry, in the place of all others.
+  virtual void setEntry(const DrawnEntry& /*entry*/) {}
+
+  /// The user has pressed the button, or clicked the mark.
+  void userPressedButton();
+  /// The user has selected an entry of the list, or none.
+  void userSelectedEntry(int index);
+  /// The list may have been scrolled by the user's doing.
+  void userMayHaveScrolled();
+  /// Scrolled as far as the list reaches is as good as scrolled further.
+  [[nodiscard]] bool scrolledAsAsked() const;
+
+ private:
+  void apply(const Changes& changes);
+  void applyCaption(const Changes& changes);
+  void applyBox(const TextBox& box, const Changes& changes);
+  void applyCombo(const ComboBox& combo, const Changes& changes);
+  void applyList(const ListBox& list, const Changes& changes);
+  void bringIntoView(int index);
+  [[nodiscard]] ListBox& list() const { return static_cast<ListBox&>(control_); }
+
+  ViewSync& view_;
+  Control& control_;
+  Changes changes_;
+  bool applying_ = false;
+};
+
+}  // namespace kvrnstep::forms

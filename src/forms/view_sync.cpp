@@ -1,0 +1,196 @@
+#include "forms/view_sync.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "forms/keyboard.h"
+#include "forms/reading_order.h"
+#include "forms/screen_place.h"
+#include "forms/user_actions.h"
+
+namespace kvrnstep::forms {
+
+namespace {
+
+int rounded(double value) {
+  return static_cast<int>(std::lround(value));
+}
+
+/// What title, borders and menu bar take of the height, in twips.
+double aboveAndBelow(const Window& window) {
+  return Chrome::kTitleAndBorders + (window.hasMenuBar() ? Chrome::kMenuBar : 0);
+}
+
+PixelRect common(const PixelRect& one, const PixelRect& other) {
+  const int left = std::max(one.left, other.left);
+  const int top = std::max(one.top, other.top);
+  const int right = std::min(one.left + one.width, other.left + other.width);
+  const int bottom = std::min(one.top + one.height, other.top + other.height);
+  return {left, top, std::max(0, right - left), std::max(0, bottom - top)};
+}
+
+/// Whether another turn of Tab may follow from the change.
+bool rearranges(const Control& control, Property property) {
+  switch (property) {
+    case Property::Left:
+    case Property::Width:
+    case Property::Visible:
+    case Property::Enabled:
+      return true;
+    case Property::Value:
+      return control.kind() == Kind::OptionButton;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+ViewSync::ViewSync(Window& window) : window_(window), focus_(firstFocus(window)) {}
+
+void ViewSync::makeViews() {
+  for (const auto& control : window_.controls()) views_.emplace(control.get(), makeView(*control));
+}
+
+void ViewSync::showAll(double scale) {
+  scale_ = scale;
+  changes_.addAll();
+  markAllControls();
+  update();
+}
+
+void ViewSync::rescaledTo(double scale) {
+  scale_ = scale;
+  changes_.add(Property::Width);
+  markAllControls();
+  update();
+}
+
+void ViewSync::markAllControls() {
+  for (const auto& [control, view] : views_) view->markAll();
+}
+
+int ViewSync::pixels(double units) const {
+  return rounded(units * window_.design().twipsPerUnit / kTwipsPerPixel * scale_);
+}
+
+PixelRect ViewSync::pixelPlace(const Control& control) const {
+  const Rect place = control.shownPlace();
+  const int left = pixels(place.left);
+  const int top = pixels(place.top);
+  const PixelRect inPixels{left, top, pixels(place.left + place.width) - left,
+                           pixels(place.top + place.height) - top};
+  if (control.kind() != Kind::Button || control.container() == nullptr) return inPixels;
+  // A button that is larger than its container ends inside, because its borders would be cut off.
+  const PixelRect container = pixelPlace(*control.container());
+  return common(inPixels, {0, 0, container.width, container.height});
+}
+
+PixelSize ViewSync::innerSize() const {
+  return {pixels(window_.innerWidth()), pixels(window_.innerHeight())};
+}
+
+PixelSize ViewSync::smallestInnerSize() const {
+  const WindowDesign& design = window_.design();
+  const auto inPixels = [&](double twips) { return rounded(twips / kTwipsPerPixel * scale_); };
+  return {inPixels(design.minimumWidth - Chrome::kSides),
+          inPixels(design.minimumHeight - aboveAndBelow(window_))};
+}
+
+PixelSize ViewSync::frameSize() const {
+  return {rounded(window_.place().width / kTwipsPerPixel),
+          rounded(window_.place().height / kTwipsPerPixel)};
+}
+
+void ViewSync::markKind(Kind kind, Property property) {
+  for (const auto& [control, view] : views_) {
+    if (control->kind() == kind) view->mark(property);
+  }
+}
+
+void ViewSync::changed(Control& control, Property property) {
+  syncOf(control).mark(property);
+  arrangementChanged_ = arrangementChanged_ || rearranges(control, property);
+}
+
+void ViewSync::changed(Property property) {
+  changes_.add(property);
+  arrangementChanged_ = true;
+}
+
+void ViewSync::update() {
+  if (!open_ || updating_) return;
+  updating_ = true;
+  updateBegins();
+  for (const auto& control : window_.controls()) syncOf(*control).applyChanges();
+  applyWindow();
+  if (std::exchange(arrangementChanged_, false)) arrange();
+  giveKeyboard(std::exchange(focus_, nullptr));
+  updating_ = false;
+}
+
+void ViewSync::applyWindow() {
+  if (changes_.has(Property::Caption)) setTitle(window_.caption());
+  // A window that is minimized takes its new place when it comes back.
+  if (window_.minimized()) return;
+  const Changes changes = std::exchange(changes_, Changes());
+  if (changes.hasAny(Property::Width, Property::Height)) setInnerSize(innerSize());
+  if (changes.hasAny(Property::Left, Property::Top)) applyPosition();
+}
+
+void ViewSync::applyPosition() {
+  const auto onDesktop = [&](double twips) {
+    return std::round(twips / kTwipsPerPixel * desktopScale());
+  };
+  const PixelSize frame = frameSize();
+  const Rect shown =
+      placeOnScreen({onDesktop(window_.place().left), onDesktop(window_.place().top),
+                     static_cast<double>(frame.width), static_cast<double>(frame.height)},
+                    screens());
+  position_ = {rounded(shown.left), rounded(shown.top)};
+  setPosition(position_);
+}
+
+void ViewSync::arrange() {
+  const std::vector<Control*> order = tabOrder(window_);
+  for (const Control* control : order) {
+    syncOf(*control).setTabStop(takesFocus(*control) && control->reachable());
+  }
+  setTabOrder(order);
+}
+
+void ViewSync::setFocus(Control& control) {
+  focus_ = &control;
+}
+
+void ViewSync::unloaded() {
+  close();
+  vanish();
+}
+
+void ViewSync::movedTo(PixelPoint position, bool byUser) {
+  if (updating_ || !open_ || std::exchange(position_, position) == position || !byUser) return;
+  const auto twips = [&](int pixels) { return pixels / desktopScale() * kTwipsPerPixel; };
+  userMoved(window_, twips(position.left), twips(position.top));
+}
+
+void ViewSync::resizedTo(PixelSize inner) {
+  if (updating_ || !open_ || !window_.design().resizable || inner == innerSize()) return;
+  const auto twips = [&](int pixels) { return pixels / scale_ * kTwipsPerPixel; };
+  userResized(window_, twips(inner.width) + Chrome::kSides,
+              twips(inner.height) + aboveAndBelow(window_));
+  // What lies inside follows, and the window has a least size.
+  if (open_) setInnerSize(innerSize());
+}
+
+void ViewSync::minimizedTo(bool minimized) {
+  if (open_ && minimized != window_.minimized()) userMinimized(window_, minimized);
+}
+
+void ViewSync::recolored() {
+  for (const auto& [control, view] : views_) view->mark(Property::ForeColor);
+  update();
+}
+
+}  // namespace kvrnstep::forms
