@@ -11,6 +11,9 @@ times() {
   for ((i = 0; i < $1; ++i)); do keys "$2"; done
 }
 
+# windows COUNT — whether so many windows and menus are to be seen.
+windows() { [ "$(xdotool search --onlyvisible --class '^listwright$' | wc -l)" -eq "$1" ]; }
+
 # open — the dialog, to be closed by "closed STATUS".
 open() {
   "$bin/listwright" >out 2>err &
@@ -96,9 +99,20 @@ printf 'To do:\n    No II  II. \n    No III III. \n    No IV  IV. \n' | cmp - ou
 # The menu key opens the menu of the step files, Shift+F10 too.
 open
 times 5 shift+Tab
-keys Down shift+F10 Escape Menu Down Down Return F10 Escape ctrl+q
+keys Down shift+F10
+await windows 2
+keys Escape
+await windows 1
+keys Menu
+await windows 2
+keys Down Down Return
+await [ ! -f data/listwright/mine.step ]
+keys F10
+await windows 2
+keys Escape
+await windows 1
+keys ctrl+q
 closed 1
-[ ! -f data/listwright/mine.step ] || fail 'the step file was not deleted'
 
 printf 'No {STEP_R}\r\nStep\r\n' | cmp - data/listwright/Prefix_Step.dat || fail 'prefixes'
 printf ':\r\n)\r\n{STEP_L}=\r\n' | cmp - data/listwright/Suffix_Step.dat || fail 'suffixes'
