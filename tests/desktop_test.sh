@@ -86,6 +86,16 @@ Stepicon.ico
 END
 cmp wanted out || fail "Python: $(cat out)"
 
+# Windows that another program destroys, one over the other.
+begin timeout 60 "$bin/listwright"
+keys alt+e Return
+await titled 'Edit Step - Prefixes'
+timeout 20 xdotool getwindowfocus windowclose
+await titled Listwright
+timeout 20 xdotool getwindowfocus windowclose
+wait "$command"
+[ $? -eq 1 ] || fail "a window was destroyed: $(cat err)"
+
 # A macro is dragged into the list of prefixes; the storage of beginnings takes another size.
 begin "$bin/listwright"
 keys alt+e Return

@@ -64,10 +64,7 @@ void QtToolkit::bringToFront() {
     TopLevel& window = view->topLevel();
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
   }
-  if (QWidget* front = QApplication::activeModalWidget()) {
-    front->raise();
-    front->activateWindow();
-  }
+  bringModalWindowToFront();
 }
 
 void QtToolkit::showMessage(const forms::Message& message) {

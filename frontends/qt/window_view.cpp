@@ -11,7 +11,6 @@
 #include "compact_style.h"
 #include "forms/user_actions.h"
 #include "forms/view_kinds.h"
-#include "host_window.h"
 #include "list_view.h"
 #include "menu_view.h"
 #include "picture_views.h"
@@ -34,6 +33,7 @@ constexpr int kMenuBarHeight = static_cast<int>(forms::Chrome::kMenuBar / forms:
 WindowView::WindowView(forms::Window& window, QWidget* owner)
     : ViewSync(window),
       topLevel_(std::make_unique<TopLevel>(owner)),
+      watch_(*topLevel_),
       commandKeys_(*this),
       ground_(new QWidget(topLevel_.get())) {
   topLevel_->setFont(captionFont());
@@ -146,7 +146,7 @@ QPoint WindowView::menuPlace() const {
 
 void WindowView::show() {
   topLevel_->show();
-  if (applicationIsOurs()) stayInFrontOfHost(*topLevel_);
+  watch_.shown();
   topLevel_->activateWindow();
 }
 

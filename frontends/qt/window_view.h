@@ -11,6 +11,7 @@
 #include "forms/keyboard.h"
 #include "forms/view_sync.h"
 #include "top_level.h"
+#include "x_watch.h"
 
 namespace kvrnstep::qt {
 
@@ -71,6 +72,7 @@ class WindowView final : public forms::ViewSync {
   [[nodiscard]] QSize withMenuBar(forms::PixelSize inner) const;
 
   std::unique_ptr<TopLevel> topLevel_;
+  XWatch watch_;
   CommandKeys commandKeys_;
   QPointer<QMenuBar> menuBar_;
   QPointer<QWidget> ground_;  ///< holds the controls, below the menu bar

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QAbstractNativeEventFilter>
+#include <QPointer>
+#include <QWidget>
+#include <cstdint>
+#include <vector>
+
+struct xcb_connection_t;
+
+namespace kvrnstep::qt {
+
+/// What the X server and the window manager tell of a window of ours and Qt does not heed. On other
+/// displays it does nothing.
+///
+/// - A window that somebody else destroys on the screen is closed, as are the boxes over it.
+/// - In a process with another toolkit the window stays in front of that one's windows. When the
+///   user goes to one of them, which takes no input meanwhile, what is in front of all of ours gets
+///   the keyboard again, unless the user has minimized the window.
+class XWatch final : public QAbstractNativeEventFilter {
+ public:
+  /// To be made before the window is shown.
+  explicit XWatch(QWidget& window);
+  ~XWatch() override = default;
+  XWatch(const XWatch&) = delete;
+  XWatch& operator=(const XWatch&) = delete;
+
+  /// To be told when the window is shown.
+  void shown();
+
+  bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
+
+ private:
+  void findHost();
+  void destroyed(std::uint32_t window) const;
+  void activeWindowChanged() const;
+
+  QPointer<QWidget> window_;
+  xcb_connection_t* x_ = nullptr;
+  std::vector<std::uint32_t> hostWindows_;  ///< the topmost one is the last one
+  std::uint32_t behind_ = 0;                ///< the one of them that the user comes from
+  std::uint32_t activeWindow_ = 0;
+};
+
+/// Has the window that takes the user's input lie in front of others, with the keyboard.
+void bringModalWindowToFront();
+
+}  // namespace kvrnstep::qt
