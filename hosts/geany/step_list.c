@@ -4,7 +4,7 @@
 
 // Geany's events run while the dialog is open: a screen reader can ask for another one past any
 // grab, and Geany can be told to end.
-static gboolean dialogIsOpen = FALSE;
+static const Library* dialogOpenIn = NULL;
 static gboolean documentsAreGone = FALSE;
 
 static void say(const char* problem) {
@@ -76,6 +76,23 @@ static void replaceSelection(const GeanyData* data, GeanyDocument* document, con
   g_free(text);
 }
 
+/// A call while the dialog is open does nothing else.
+static void bringToFront(const Library* library) {
+  kvrnstep_dialog dialog;
+  char* none = NULL;
+  library->dialog_init(&dialog, sizeof dialog);
+  library->show_dialog(&dialog, &none);
+  library->free(none);
+}
+
+/// Whoever clicks into Geany looks for the dialog, which may be minimized.
+static gboolean onClick(GtkWidget* shield, GdkEvent* event, gpointer library) {
+  (void)shield;
+  (void)event;
+  bringToFront(library);
+  return TRUE;
+}
+
 /// Shows the dialog, if there are folders for its files; result and `*list` as those of
 /// kvrnstep_show_dialog.
 static int showDialog(const GeanyData* data, GeanyDocument* document, const Library* library,
@@ -104,6 +121,7 @@ static int showDialog(const GeanyData* data, GeanyDocument* document, const Libr
   // Geany goes on painting behind the dialog, but what is typed and clicked into it, and its close
   // box, end at a widget that nobody sees.
   GtkWidget* shield = gtk_invisible_new();
+  g_signal_connect(shield, "button-press-event", G_CALLBACK(onClick), (gpointer)library);
   gtk_grab_add(shield);
   const int result = library->show_dialog(&dialog, list);
   gtk_grab_remove(shield);
@@ -131,7 +149,10 @@ void forgetDocuments(void) {
 }
 
 void insertStepList(const GeanyData* data, ListKind kind) {
-  if (dialogIsOpen) return;
+  if (dialogOpenIn != NULL) {
+    bringToFront(dialogOpenIn);
+    return;
+  }
   GeanyDocument* document = writableDocument();
   if (document == NULL) return;
   char* problem = NULL;
@@ -142,12 +163,12 @@ void insertStepList(const GeanyData* data, ListKind kind) {
     return;
   }
 
-  dialogIsOpen = TRUE;
+  dialogOpenIn = library;
   documentsAreGone = FALSE;
   const guint id = document->id;
   char* list = NULL;
   const int result = showDialog(data, document, library, kind, &list);
-  dialogIsOpen = FALSE;
+  dialogOpenIn = NULL;
 
   if (!documentsAreGone) {
     document = document_find_by_id(id);
