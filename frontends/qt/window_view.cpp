@@ -64,10 +64,10 @@ WindowView::~WindowView() {
 /// Somebody else destroys the window. The controls stay as long as the view, because an event of
 /// one of them may have led to this.
 void WindowView::lose() {
+  close();
   static_cast<void>(topLevel_.release());
   if (menuBar_ != nullptr) menuBar_->setParent(nullptr);
   ground_->setParent(nullptr);
-  close();
   endLoops();
 }
 
