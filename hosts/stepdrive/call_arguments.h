@@ -14,9 +14,9 @@ class CallArguments {
   CallArguments();
 
   /// @throws ScriptError for an unknown name or a value that its type cannot hold
-  void set(std::string_view name, const std::u16string& value);
+  void set(std::u16string_view name, const std::u16string& value);
   /// @throws ScriptError when there is no optional parameter of that name
-  void omit(std::string_view name);
+  void omit(std::u16string_view name);
 
   /// Calls ShowListwrightDialog.
   /// @param list its first argument, before and after
@@ -26,11 +26,11 @@ class CallArguments {
 
  private:
   /// The value of a parameter, if it has one.
-  [[nodiscard]] const std::u16string* given(std::string_view name) const;
-  [[nodiscard]] std::u16string text(std::string_view name) const;
-  [[nodiscard]] kvrnstep::VARIANT_BOOL truth(std::string_view name) const;
+  [[nodiscard]] const std::u16string* given(std::u16string_view name) const;
+  [[nodiscard]] std::u16string text(std::u16string_view name) const;
+  [[nodiscard]] kvrnstep::VARIANT_BOOL truth(std::u16string_view name) const;
 
-  std::map<std::string, std::u16string, std::less<>> values_;
+  std::map<std::u16string, std::u16string, std::less<>> values_;
 };
 
 }  // namespace stepdrive

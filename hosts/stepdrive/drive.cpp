@@ -79,10 +79,10 @@ void Drive::carryOut(const ScriptLine& line) {
   const std::string command = hosts::toUtf8(words.front());
   if (command == "arg") {
     wantWords(words, 3, 3);
-    arguments_.set(hosts::toUtf8(words[1]), words[2]);
+    arguments_.set(words[1], words[2]);
   } else if (command == "omit") {
     wantWords(words, 2, 2);
-    arguments_.omit(hosts::toUtf8(words[1]));
+    arguments_.omit(words[1]);
   } else if (command == "call") {
     wantWords(words, 1, 1);
     call();

@@ -16,6 +16,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "kvrnstep/fields.hpp"
 #include "kvrnstep/kvrnstep.h"
 #include "kvrnstep/library.hpp"
 #include "kvrnstep/list_options.hpp"
@@ -74,20 +75,7 @@ class Listwright {
                             const DialogArguments& arguments) const {
     kvrnstep_dialog dialog;
     dialogInit_(&dialog, sizeof(dialog));
-    dialog.iBuildStep = arguments.iBuildStep;
-    dialog.BuMenuMode = arguments.BuMenuMode ? 1 : 0;
-    dialog.bolIsSoundAvailable = arguments.bolIsSoundAvailable ? 1 : 0;
-    dialog.swavAlertQ = arguments.swavAlertQ.c_str();
-    dialog.swavFinishQ = arguments.swavFinishQ.c_str();
-    dialog.sPthStepFolder = arguments.sPthStepFolder.c_str();
-    dialog.SEC_APP_NAME = arguments.SEC_APP_NAME.c_str();
-    dialog.SEC_APP_LWDR = arguments.SEC_APP_LWDR.c_str();
-    dialog.l_EditorBColor = arguments.l_EditorBColor;
-    dialog.l_EditorFColor = arguments.l_EditorFColor;
-    dialog.s_IniPathAndName = arguments.s_IniPathAndName.c_str();
-    dialog.s_EditorFont = arguments.s_EditorFont.c_str();
-    dialog.i_EditorSize = arguments.i_EditorSize;
-    dialog.bytSpcCount = arguments.bytSpcCount;
+    copyFields(callFields(dialog), callFields(arguments), Put());
     dialog.insert_copies = arguments.insertCopies ? 1 : 0;
     char* list = nullptr;
     const int result = showDialog_(&dialog, &list);
@@ -124,6 +112,12 @@ class Listwright {
   }
 
  private:
+  /// A value as the C interface takes it.
+  struct Put {
+    void operator()(const char*& field, const std::string& text) const { field = text.c_str(); }
+    void operator()(std::int32_t& field, std::int32_t number) const { field = number; }
+  };
+
   Listwright(void* library, const std::string& path) {
     const auto find = [&]<class Function>(Function*& function, const char* name) {
       function = reinterpret_cast<Function*>(symbolIn(library, name));
@@ -143,17 +137,10 @@ class Listwright {
   [[nodiscard]] kvrnstep_list described(const ListArguments& arguments) const {
     kvrnstep_list list;
     listInit_(&list, sizeof(list));
-    list.Selection = arguments.Selection;
+    copyFields(listFields(list), listFields(arguments), Put());
     for (std::size_t i = 0; i < kListOptions.size(); ++i) {
       list.*kListOptions[i].field = arguments.Option[i] ? 1 : 0;
     }
-    list.Prefix = arguments.Prefix.c_str();
-    list.Suffix = arguments.Suffix.c_str();
-    list.Start = arguments.Start;
-    list.Count = arguments.Count;
-    list.LineSpacing = arguments.LineSpacing;
-    list.Beginning = arguments.Beginning.c_str();
-    list.Ending = arguments.Ending.c_str();
     list.bytSpcCount = arguments.bytSpcCount;
     return list;
   }

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "generator/generator.h"
+#include "kvrnstep/fields.hpp"
 #include "kvrnstep/kvrnstep.h"
 #include "platform/files.h"
 #include "plugin/c_icon.h"
@@ -90,48 +91,34 @@ bool fits(std::int32_t number) {
   return number >= Limits::min() && number <= Limits::max();
 }
 
-std::optional<plugin::ShowArguments> argumentsOf(const kvrnstep_dialog& dialog) {
-  if (!fits<std::int16_t>(dialog.iBuildStep) || !fits<std::int16_t>(dialog.i_EditorSize) ||
-      !fits<std::uint8_t>(dialog.bytSpcCount)) {
-    return std::nullopt;
+/// Takes over what a host passes, and notes when a number does not fit.
+struct Take {
+  bool allFit = true;
+  void operator()(bool& field, std::int32_t given) const { field = given != 0; }
+  void operator()(std::u16string& field, const char* given) const { field = textOf(given); }
+  template <class Number>
+  void operator()(Number& field, std::int32_t given) {
+    allFit = allFit && fits<Number>(given);
+    field = static_cast<Number>(given);
   }
-  return plugin::ShowArguments{
-      .iBuildStep = static_cast<std::int16_t>(dialog.iBuildStep),
-      .BuMenuMode = dialog.BuMenuMode != 0,
-      .bolIsSoundAvailable = dialog.bolIsSoundAvailable != 0,
-      .swavAlertQ = textOf(dialog.swavAlertQ),
-      .swavFinishQ = textOf(dialog.swavFinishQ),
-      .sPthStepFolder = textOf(dialog.sPthStepFolder),
-      .SEC_APP_NAME = textOf(dialog.SEC_APP_NAME),
-      .SEC_APP_LWDR = textOf(dialog.SEC_APP_LWDR),
-      .l_EditorBColor = dialog.l_EditorBColor,
-      .l_EditorFColor = dialog.l_EditorFColor,
-      .s_IniPathAndName = textOf(dialog.s_IniPathAndName),
-      .s_EditorFont = textOf(dialog.s_EditorFont),
-      .i_EditorSize = static_cast<std::int16_t>(dialog.i_EditorSize),
-      .bytSpcCount = static_cast<std::uint8_t>(dialog.bytSpcCount),
-      .insertCopies = dialog.insert_copies != 0,
-  };
+};
+
+std::optional<plugin::ShowArguments> argumentsOf(const kvrnstep_dialog& dialog) {
+  plugin::ShowArguments arguments;
+  Take take;
+  copyFields(callFields(arguments), callFields(dialog), take);
+  take(arguments.insertCopies, dialog.insert_copies);
+  return take.allFit ? std::optional(arguments) : std::nullopt;
 }
 
 std::optional<generator::ListSettings> settingsOf(const kvrnstep_list& list) {
   generator::ListSettings settings;
-  const auto take = [](std::int16_t& field, std::int32_t number) {
-    field = static_cast<std::int16_t>(number);
-    return fits<std::int16_t>(number);
-  };
-  bool allFit = fits<std::uint8_t>(list.bytSpcCount) && take(settings.Selection, list.Selection) &&
-                take(settings.Start, list.Start) && take(settings.Count, list.Count) &&
-                take(settings.LineSpacing, list.LineSpacing);
+  Take take{.allFit = fits<std::uint8_t>(list.bytSpcCount)};
+  copyFields(listFields(settings), listFields(list), take);
   for (std::size_t i = 0; i < kListOptions.size(); ++i) {
-    allFit = take(settings.Option.at(i), list.*kListOptions.at(i).field) && allFit;
+    take(settings.Option.at(i), list.*kListOptions.at(i).field);
   }
-  if (!allFit) return std::nullopt;
-  settings.Prefix = textOf(list.Prefix);
-  settings.Suffix = textOf(list.Suffix);
-  settings.Beginning = textOf(list.Beginning);
-  settings.Ending = textOf(list.Ending);
-  return settings;
+  return take.allFit ? std::optional(settings) : std::nullopt;
 }
 
 int showDialog(const kvrnstep_dialog* given, char** list) {

@@ -3,14 +3,13 @@
 #include <array>
 
 #include "component/bstr.h"
-#include "component/late_values.h"
 #include "plugin/c_icon.h"
 
 namespace kvrnstep::component {
 
 namespace {
 
-constexpr std::array<Parameter, 1> kParameters{{{u"piIndex101to103"}}};
+constexpr std::array<Parameter, 1> kParameters{{{u"piIndex101to103", ParameterType::Integer}}};
 /// Script hosts ask for a property with arguments as if it were a method.
 constexpr std::array<Member, 1> kMembers{{{u"RequestProgramIcon", KVRNSTEP_REQUEST_PROGRAM_ICON,
                                            DISPATCH_PROPERTYGET | DISPATCH_METHOD, kParameters}}};
@@ -32,7 +31,7 @@ std::span<const Member> IconObject::members() const {
 
 HRESULT IconObject::call(const Member& /*member*/, LateArguments& arguments, VARIANT* result) {
   std::int16_t id = 0;
-  arguments.read(0, readInteger, id);
+  arguments.read(0, id);
   if (FAILED(arguments.result())) return arguments.result();
   const std::u16string path = plugin::cIcon::RequestProgramIcon(id);
   if (result != nullptr) {

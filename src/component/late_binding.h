@@ -6,15 +6,12 @@
 #include <string_view>
 #include <vector>
 
+#include "component/late_values.h"
 #include "kvrnstep/component.hpp"
+#include "kvrnstep/fields.hpp"
 
 /// Members called by their names and numbers.
 namespace kvrnstep::component {
-
-struct Parameter {
-  std::u16string_view name;
-  bool optional = false;
-};
 
 struct Member {
   std::u16string_view name;
@@ -30,12 +27,12 @@ class LateArguments {
   /// Puts the caller's arguments, the last one first and the named ones before all, in order.
   HRESULT place(const Member& member, const DISPPARAMS& given);
 
-  /// Reads the argument, if it was passed, with one of the functions of late_values.h.
-  template <class Reader, class Value>
-  void read(std::size_t parameter, Reader reader, Value& value) {
+  /// Reads the argument, if it was passed.
+  template <class Value>
+  void read(std::size_t parameter, Value& value) {
     const VARIANT* argument = (*this)[parameter];
     if (argument == nullptr || FAILED(result_)) return;
-    note(reader(*argument, value), *argument);
+    note(readValue(*argument, value), *argument);
   }
   /// Judges the argument with a function of late_values.h.
   void check(std::size_t parameter, HRESULT (*judge)(const VARIANT&));

@@ -135,7 +135,7 @@ bool isMissing(const VARIANT& argument) {
   return v.vt == VT_ERROR && v.scode == DISP_E_PARAMNOTFOUND;
 }
 
-HRESULT readText(const VARIANT& argument, std::u16string& value) {
+HRESULT readValue(const VARIANT& argument, std::u16string& value) {
   struct Reader {
     std::u16string& value;
     HRESULT operator()(std::monostate) const { return DISP_E_TYPEMISMATCH; }
@@ -152,19 +152,19 @@ HRESULT readText(const VARIANT& argument, std::u16string& value) {
   return std::visit(Reader{value}, valueOf(argument));
 }
 
-HRESULT readInteger(const VARIANT& argument, std::int16_t& value) {
+HRESULT readValue(const VARIANT& argument, std::int16_t& value) {
   return readWhole(argument, value);
 }
 
-HRESULT readLong(const VARIANT& argument, std::int32_t& value) {
+HRESULT readValue(const VARIANT& argument, std::int32_t& value) {
   return readWhole(argument, value);
 }
 
-HRESULT readByte(const VARIANT& argument, std::uint8_t& value) {
+HRESULT readValue(const VARIANT& argument, std::uint8_t& value) {
   return readWhole(argument, value);
 }
 
-HRESULT readBoolean(const VARIANT& argument, bool& value) {
+HRESULT readValue(const VARIANT& argument, bool& value) {
   struct Reader {
     bool& value;
     HRESULT operator()(std::monostate) const { return DISP_E_TYPEMISMATCH; }
@@ -193,7 +193,7 @@ HRESULT checkTextTarget(const VARIANT& argument) {
   }
   if ((argument.vt & VT_BYREF) != 0) return DISP_E_TYPEMISMATCH;
   std::u16string lost;
-  return readText(argument, lost);
+  return readValue(argument, lost);
 }
 
 void writeText(const VARIANT& argument, const std::u16string& text) {

@@ -16,14 +16,14 @@ const VARIANT& referred(const VARIANT& argument);
 bool isMissing(const VARIANT& argument);
 
 /// Nothing at all is an empty text; numbers are written in decimal.
-HRESULT readText(const VARIANT& argument, std::u16string& value);
+HRESULT readValue(const VARIANT& argument, std::u16string& value);
 /// Numbers of any type and texts that are numbers, rounded with halves to even; True is −1, and
 /// all bits of a byte; nothing at all is 0.
-HRESULT readInteger(const VARIANT& argument, std::int16_t& value);
-HRESULT readLong(const VARIANT& argument, std::int32_t& value);
-HRESULT readByte(const VARIANT& argument, std::uint8_t& value);
+HRESULT readValue(const VARIANT& argument, std::int16_t& value);
+HRESULT readValue(const VARIANT& argument, std::int32_t& value);
+HRESULT readValue(const VARIANT& argument, std::uint8_t& value);
 /// Any number but 0 is True, and so is the text "True".
-HRESULT readBoolean(const VARIANT& argument, bool& value);
+HRESULT readValue(const VARIANT& argument, bool& value);
 
 /// Whether a text can be written back into the argument, or got lost as one that was passed by
 /// value.

@@ -1,55 +1,21 @@
 #include "component/listwright_object.h"
 
 #include <array>
+#include <tuple>
 
 #include "component/bstr.h"
-#include "component/late_values.h"
 #include "plugin/front_end.h"
 
 namespace kvrnstep::component {
 
 namespace {
 
-/// Positions of the parameters.
-enum Position : std::size_t {
-  kOutputString,
-  kBuildStep,
-  kMenuMode,
-  kSoundAvailable,
-  kAlertSound,
-  kFinishSound,
-  kStepFolder,
-  kSection,
-  kSecondSection,
-  kBackColor,
-  kForeColor,
-  kSettingsFile,
-  kFont,
-  kFontSize,
-  kBlanks,
-};
-
-constexpr std::array<Parameter, 15> kShowParameters{{
-    {u"theLwOutputString"},
-    {u"iBuildStep"},
-    {u"BuMenuMode"},
-    {u"bolIsSoundAvailable"},
-    {u"swavAlertQ"},
-    {u"swavFinishQ"},
-    {u"sPthStepFolder"},
-    {u"SEC_APP_NAME"},
-    {u"SEC_APP_LWDR"},
-    {u"l_EditorBColor", true},
-    {u"l_EditorFColor", true},
-    {u"s_IniPathAndName", true},
-    {u"s_EditorFont", true},
-    {u"i_EditorSize", true},
-    {u"bytSpcCount", true},
-}};
+static_assert(std::tuple_size_v<decltype(callFields(std::declval<plugin::ShowArguments&>()))> + 1 ==
+              kCallParameters.size());
 
 constexpr std::array<Member, 2> kMembers{{
     {u"PlugNameVersion", KVRNSTEP_PLUG_NAME_VERSION, DISPATCH_METHOD, {}},
-    {u"ShowListwrightDialog", KVRNSTEP_SHOW_LISTWRIGHT_DIALOG, DISPATCH_METHOD, kShowParameters},
+    {u"ShowListwrightDialog", KVRNSTEP_SHOW_LISTWRIGHT_DIALOG, DISPATCH_METHOD, kCallParameters},
 }};
 
 /// Shows the dialog where there is a front end to show it.
@@ -62,10 +28,19 @@ VARIANT_BOOL variantBool(bool truth) {
   return truth ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
-template <class T, class Given>
-void assignIfGiven(T& field, const Given* given) {
-  if (given != nullptr) field = *given;
-}
+/// Takes over what a host passes, and leaves alone what it left out.
+struct Take {
+  void operator()(std::int16_t& field, std::int16_t given) const { field = given; }
+  void operator()(bool& field, VARIANT_BOOL given) const { field = given != VARIANT_FALSE; }
+  void operator()(std::u16string& field, BSTR given) const { field = textOf(given); }
+  void operator()(std::u16string& field, const BSTR* given) const {
+    if (given != nullptr) field = textOf(*given);
+  }
+  template <class Number, class Given>
+  void operator()(Number& field, const Given* given) const {
+    if (given != nullptr) field = *given;
+  }
+};
 
 }  // namespace
 
@@ -87,23 +62,12 @@ HRESULT ListwrightObject::ShowListwrightDialog(
   if (theLwOutputString == nullptr || result == nullptr) return E_POINTER;
   *result = VARIANT_FALSE;
   return guarded([&] {
-    plugin::ShowArguments arguments{
-        .iBuildStep = iBuildStep,
-        .BuMenuMode = BuMenuMode != VARIANT_FALSE,
-        .bolIsSoundAvailable = bolIsSoundAvailable != VARIANT_FALSE,
-        .swavAlertQ = textOf(swavAlertQ),
-        .swavFinishQ = textOf(swavFinishQ),
-        .sPthStepFolder = textOf(sPthStepFolder),
-        .SEC_APP_NAME = textOf(SEC_APP_NAME),
-        .SEC_APP_LWDR = textOf(SEC_APP_LWDR),
-    };
-    assignIfGiven(arguments.l_EditorBColor, l_EditorBColor);
-    assignIfGiven(arguments.l_EditorFColor, l_EditorFColor);
-    if (s_IniPathAndName != nullptr) arguments.s_IniPathAndName = textOf(*s_IniPathAndName);
-    if (s_EditorFont != nullptr) arguments.s_EditorFont = textOf(*s_EditorFont);
-    assignIfGiven(arguments.i_EditorSize, i_EditorSize);
-    assignIfGiven(arguments.bytSpcCount, bytSpcCount);
-
+    plugin::ShowArguments arguments;
+    copyFields(callFields(arguments),
+               std::tie(iBuildStep, BuMenuMode, bolIsSoundAvailable, swavAlertQ, swavFinishQ,
+                        sPthStepFolder, SEC_APP_NAME, SEC_APP_LWDR, l_EditorBColor, l_EditorFColor,
+                        s_IniPathAndName, s_EditorFont, i_EditorSize, bytSpcCount),
+               Take());
     std::u16string list;
     *result = variantBool(show(arguments, list));
     BSTR written = newBstr(list);
@@ -129,26 +93,14 @@ HRESULT ListwrightObject::call(const Member& member, LateArguments& arguments, V
 
 HRESULT ListwrightObject::callShowListwrightDialog(LateArguments& arguments, VARIANT* result) {
   plugin::ShowArguments read;
-  arguments.check(kOutputString, checkTextTarget);
-  arguments.read(kBuildStep, readInteger, read.iBuildStep);
-  arguments.read(kMenuMode, readBoolean, read.BuMenuMode);
-  arguments.read(kSoundAvailable, readBoolean, read.bolIsSoundAvailable);
-  arguments.read(kAlertSound, readText, read.swavAlertQ);
-  arguments.read(kFinishSound, readText, read.swavFinishQ);
-  arguments.read(kStepFolder, readText, read.sPthStepFolder);
-  arguments.read(kSection, readText, read.SEC_APP_NAME);
-  arguments.read(kSecondSection, readText, read.SEC_APP_LWDR);
-  arguments.read(kBackColor, readLong, read.l_EditorBColor);
-  arguments.read(kForeColor, readLong, read.l_EditorFColor);
-  arguments.read(kSettingsFile, readText, read.s_IniPathAndName);
-  arguments.read(kFont, readText, read.s_EditorFont);
-  arguments.read(kFontSize, readInteger, read.i_EditorSize);
-  arguments.read(kBlanks, readByte, read.bytSpcCount);
+  arguments.check(0, checkTextTarget);
+  std::size_t parameter = 0;
+  std::apply([&](auto&... field) { (arguments.read(++parameter, field), ...); }, callFields(read));
   if (FAILED(arguments.result())) return arguments.result();
 
   std::u16string list;
   const bool inserted = show(read, list);
-  writeText(*arguments[kOutputString], list);
+  writeText(*arguments[0], list);
   if (result != nullptr) {
     result->vt = VT_BOOL;
     result->boolVal = variantBool(inserted);

@@ -1,0 +1,70 @@
+#pragma once
+
+// The parameters of a call and the values of a list, each written down once. The standard library
+// alone.
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <tuple>
+#include <utility>
+
+namespace kvrnstep {
+
+enum class ParameterType : std::uint8_t { Text, Boolean, Integer, Long, Byte };
+
+/// A parameter of a function of the component.
+struct Parameter {
+  std::u16string_view name;
+  ParameterType type;
+  bool optional = false;
+};
+
+/// Those of ShowListwrightDialog.
+inline constexpr auto kCallParameters = std::to_array<Parameter>({
+    {u"theLwOutputString", ParameterType::Text},
+    {u"iBuildStep", ParameterType::Integer},
+    {u"BuMenuMode", ParameterType::Boolean},
+    {u"bolIsSoundAvailable", ParameterType::Boolean},
+    {u"swavAlertQ", ParameterType::Text},
+    {u"swavFinishQ", ParameterType::Text},
+    {u"sPthStepFolder", ParameterType::Text},
+    {u"SEC_APP_NAME", ParameterType::Text},
+    {u"SEC_APP_LWDR", ParameterType::Text},
+    {u"l_EditorBColor", ParameterType::Long, true},
+    {u"l_EditorFColor", ParameterType::Long, true},
+    {u"s_IniPathAndName", ParameterType::Text, true},
+    {u"s_EditorFont", ParameterType::Text, true},
+    {u"i_EditorSize", ParameterType::Integer, true},
+    {u"bytSpcCount", ParameterType::Byte, true},
+});
+
+/// The fields of a record of the call's arguments: those of the table behind the first, which is
+/// where the list goes.
+template <class Arguments>
+constexpr auto callFields(Arguments& of) {
+  return std::tie(of.iBuildStep, of.BuMenuMode, of.bolIsSoundAvailable, of.swavAlertQ,
+                  of.swavFinishQ, of.sPthStepFolder, of.SEC_APP_NAME, of.SEC_APP_LWDR,
+                  of.l_EditorBColor, of.l_EditorFColor, of.s_IniPathAndName, of.s_EditorFont,
+                  of.i_EditorSize, of.bytSpcCount);
+}
+
+/// The fields of a record that describes a list, but for its options.
+template <class List>
+constexpr auto listFields(List& of) {
+  return std::tie(of.Selection, of.Prefix, of.Suffix, of.Start, of.Count, of.LineSpacing,
+                  of.Beginning, of.Ending);
+}
+
+/// Calls `copy` for each field of one record and the same field of the other.
+template <class... To, class... From, class Copy>
+void copyFields(std::tuple<To&...> to, std::tuple<From&...> from, Copy&& copy) {
+  static_assert(sizeof...(To) == sizeof...(From));
+  const auto each = [&]<std::size_t... I>(std::index_sequence<I...> /*all*/) {
+    (copy(std::get<I>(to), std::get<I>(from)), ...);
+  };
+  each(std::index_sequence_for<To...>());
+}
+
+}  // namespace kvrnstep
