@@ -62,8 +62,8 @@ LabelView::LabelView(WindowView& window, forms::Control& label)
   };
 }
 
-void LabelView::setBuddy(QWidget* buddy) {
-  label_->setBuddy(buddy);
+void LabelView::setBuddy(forms::ControlSync& buddy) {
+  label_->setBuddy(static_cast<ControlView&>(buddy).widget());
 }
 
 void LabelView::recolor() {

@@ -11,8 +11,7 @@ class LabelView : public ControlView {
   LabelView(WindowView& window, forms::Control& label);
 
   [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
-  /// The widget that the mnemonic leads to.
-  void setBuddy(QWidget* buddy);
+  void setBuddy(forms::ControlSync& buddy) override;
 
  protected:
   void setCaption(const std::u16string& caption) override;

@@ -40,7 +40,6 @@ WindowView::WindowView(forms::Window& window, QWidget* owner)
   topLevel_->setWindowIcon(windowIcon());
   if (window.hasMenuBar()) makeMenuBar();
   makeViews();
-  joinLabels();
   useCompactStyle(*topLevel_);
   showAll(1);
 
@@ -89,14 +88,6 @@ std::unique_ptr<forms::ControlSync> WindowView::makeView(Control& control) {
   return forms::makeViewOf<ContainerView, PushButtonView, CheckBoxView, OptionButtonView, ComboView,
                            TextBoxView, SpinnerView, ListView, LabelView, ImageView, StatusBarView,
                            MenuView>(*this, control);
-}
-
-void WindowView::joinLabels() {
-  for (const auto& control : window().controls()) {
-    if (control->kind() != forms::Kind::Label) continue;
-    const Control* box = window().find(control->row().buddy, control->row().buddyIndex);
-    if (box != nullptr) static_cast<LabelView&>(viewOf(*control)).setBuddy(viewOf(*box).widget());
-  }
 }
 
 ControlView& WindowView::viewOf(const Control& control) const {

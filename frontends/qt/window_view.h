@@ -65,7 +65,6 @@ class WindowView final : public forms::ViewSync {
   void lose();
   void endLoops();
   void makeMenuBar();
-  void joinLabels();
   void reportMove();
   void reportState();
   void followColors();

@@ -17,8 +17,9 @@ SpinnerView::SpinnerView(WindowView& window, forms::Spinner& spinner)
   ::SendMessageW(handle(), UDM_SETPOS32, 0, kEnd / 2);
 }
 
-void SpinnerView::setBuddy(HWND box) {
-  ::SendMessageW(handle(), UDM_SETBUDDY, reinterpret_cast<WPARAM>(box), 0);
+void SpinnerView::setBuddy(forms::ControlSync& box) {
+  const HWND edit = static_cast<ControlView&>(box).keyTarget();
+  ::SendMessageW(handle(), UDM_SETBUDDY, reinterpret_cast<WPARAM>(edit), 0);
 }
 
 void SpinnerView::announce(AccessibleNames& names) const {

@@ -13,7 +13,7 @@ class SpinnerView : public ControlView {
   void announce(AccessibleNames& names) const override;
   LRESULT notified(const NMHDR& notification) override;
   /// The box whose arrow keys turn the value too.
-  void setBuddy(HWND box);
+  void setBuddy(forms::ControlSync& box) override;
 
  protected:
   LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;

@@ -64,7 +64,7 @@ WindowView::WindowView(forms::Window& window, HWND owner)
       captionFont_(windows::captionFont(dpi_)),
       tips_(handle_) {
   makeViews();
-  connectViews();
+  for (const auto& control : window.controls()) viewOf(*control).announce(*names_);
   showAll(scaleOf(dpi_));
 }
 
@@ -91,18 +91,6 @@ std::unique_ptr<forms::ControlSync> WindowView::makeView(Control& control) {
   if (view.handle() != nullptr) byHandle_.emplace(view.handle(), &view);
   if (!control.row().toolTip.empty()) tips_.add(view.handle(), control.row().toolTip);
   return made;
-}
-
-void WindowView::connectViews() {
-  for (const auto& control : window().controls()) {
-    ControlView& view = viewOf(*control);
-    const forms::ControlRow& row = control->row();
-    const Control* box = window().find(row.buddy, row.buddyIndex);
-    if (row.kind == Kind::Spinner && box != nullptr) {
-      static_cast<SpinnerView&>(view).setBuddy(viewOf(*box).keyTarget());
-    }
-    view.announce(*names_);
-  }
 }
 
 ControlView& WindowView::viewOf(const Control& control) const {

@@ -71,7 +71,6 @@ class WindowView final : public forms::ViewSync, public Receiver {
   [[nodiscard]] ControlView* viewAt(HWND window) const;
 
   int create(HWND owner);
-  void connectViews();
   void enteredByKey();
   void tellOf(const MSG& message);
   [[nodiscard]] ControlView* viewWithKeys(HWND target) const;

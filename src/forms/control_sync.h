@@ -81,6 +81,8 @@ class ControlSync {
   /// Brings the widget in line with what has changed.
   void applyChanges();
 
+  /// What the control's row names as its buddy, to be told once.
+  virtual void setBuddy(ControlSync& /*buddy*/) {}
   /// Whether Tab leads to the control.
   virtual void setTabStop(bool /*on*/) {}
 

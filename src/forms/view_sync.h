@@ -60,7 +60,7 @@ class ViewSync : public View {
   virtual void updateBegins() {}
 
   // What a front end calls.
-  /// Makes the views of all controls, containers first.
+  /// Makes the views of all controls, containers first, and joins buddies.
   void makeViews();
   void destroyViews() { views_.clear(); }
   [[nodiscard]] ControlSync& syncOf(const Control& control) const { return *views_.at(&control); }
