@@ -95,7 +95,7 @@ find "$work/root" -xtype l | grep . && fail "links lead nowhere"
 silent desktop-file-validate "$prefix/share/applications/listwright.desktop"
 # completed COMMAND WORD… — what the last word may become, a line each.
 completed() {
-  bash --noprofile --norc -c '
+  PATH=$prefix/bin:$PATH bash --noprofile --norc -c '
     source "$0" && read -ra how <<<"$(complete -p "$1")"
     COMP_WORDS=("$@") COMP_CWORD=$(($# - 1))
     "${how[2]}" "$1" "${!#}" "${COMP_WORDS[COMP_CWORD - 1]}"

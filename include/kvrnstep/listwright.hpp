@@ -25,8 +25,8 @@ namespace kvrnstep {
 
 /// The arguments of a call.
 struct DialogArguments {
-  std::int32_t iBuildStep = 0;  ///< 0 numbered, 1 alphabetical, 2 Roman, 3 prefix and/or suffix
-  bool BuMenuMode = false;      ///< iBuildStep stands against the user's stored defaults
+  std::int32_t iBuildStep = Numbered;  ///< a ListingType
+  bool BuMenuMode = false;             ///< iBuildStep stands against the user's stored defaults
   bool bolIsSoundAvailable = false;
   std::string swavAlertQ{};
   std::string swavFinishQ{};

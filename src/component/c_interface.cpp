@@ -8,6 +8,7 @@
 #include <limits>
 #include <optional>
 #include <string>
+#include <type_traits>
 
 #include "generator/generator.h"
 #include "kvrnstep/fields.hpp"
@@ -35,10 +36,8 @@ constexpr kvrnstep_list kListDefaults{
 
 // A field that a later version adds must not come to lie in what was padding at the end of an
 // earlier struct, because a host may copy its struct without the padding.
-static_assert(sizeof(kvrnstep_dialog) ==
-              offsetof(kvrnstep_dialog, reserved) + sizeof(kvrnstep_dialog::reserved));
-static_assert(sizeof(kvrnstep_list) ==
-              offsetof(kvrnstep_list, reserved) + sizeof(kvrnstep_list::reserved));
+static_assert(std::has_unique_object_representations_v<kvrnstep_dialog>);
+static_assert(std::has_unique_object_representations_v<kvrnstep_list>);
 
 /// The sizes of the shortest structs that are taken; a shorter one is a host's mistake.
 constexpr std::size_t least(const kvrnstep_dialog& /*dialog*/) {
