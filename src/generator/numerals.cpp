@@ -18,8 +18,9 @@ std::u16string ToStepLetters(int iNumber) {
   const int repeats = std::clamp((iNumber + kLetters - 1) / kLetters, 1, 4);
   const int code = iNumber - kLetters * (repeats - 1) + (u'A' - 1);
   if (code < 0 || code > 255) return {};
-  return std::u16string(static_cast<std::size_t>(repeats),
-                        text::fromWindows1252(static_cast<unsigned char>(code)));
+  const char16_t letter = text::fromWindows1252(static_cast<unsigned char>(code));
+  std::u16string letters(static_cast<std::size_t>(repeats), letter);
+  return letters;
 }
 
 std::u16string ToRomanNumeral(int iNumber) {
