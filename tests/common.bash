@@ -5,6 +5,7 @@ work=$(mktemp -d)
 trap 'kill $(jobs -p) 2>/dev/null; wait; chmod -R u+w "$work"; rm -rf "$work"' EXIT
 export TMPDIR=$work
 cd "$work" || exit 1
+umask 022
 mkfifo .pause
 failed=0
 fail() {

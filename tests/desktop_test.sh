@@ -79,12 +79,8 @@ begin env LD_PRELOAD="$sanitizer" ASAN_OPTIONS=detect_leaks=0 \
   python3 "$tests/hosts/python_host.py" "$library" "$work"
 keys alt+i
 wait "$command" || fail "Python: $(cat err)"
-cat >wanted <<'END'
-'kvrn Listwright\t2.0.0'
-Stepicon.ico
-1 '      I. \r\n     II. \r\n    III. \r\n'
-END
-cmp wanted out || fail "Python: $(cat out)"
+printf "%s\n" Stepicon.ico "1 b'    I. \\r\\n   II. \\r\\n  III. \\r\\n'" | cmp - out ||
+  fail "Python: $(cat out)"
 
 # Windows that another program destroys, one over the other.
 begin timeout 60 "$bin/listwright"

@@ -29,17 +29,7 @@ same stepdrive $'opened frmListwright\nclosed frmListwright\nreturned False ""' 
 cat >host.c <<'END'
 #include <kvrnstep/kvrnstep.h>
 #include <stdio.h>
-int main(void) {
-  kvrnstep_list list;
-  char* text = NULL;
-  kvrnstep_list_init(&list, sizeof list);
-  list.Selection = 1;
-  list.Count = 2;
-  list.Suffix = ")";
-  if (kvrnstep_generate(&list, &text) == KVRNSTEP_DONE) fputs(text, stdout);
-  kvrnstep_free(text);
-  return 0;
-}
+int main(void) { return printf("%s", kvrnstep_plug_name_version()) < 0; }
 END
 cat >CMakeLists.txt <<'END'
 cmake_minimum_required(VERSION 3.25)
@@ -57,12 +47,12 @@ PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name kvrnstep.pc)")
 export PKG_CONFIG_PATH PKG_CONFIG_SYSROOT_DIR=$work/root
 read -ra flags <<<"$(pkg-config --cflags --libs kvrnstep)"
 silent cc -std=c99 -pedantic -Wall -Wextra -Werror host.c "${flags[@]}" -o linked
-same "a linked host" $'a)\r\nb)' \
-  "$(LD_LIBRARY_PATH=$(pkg-config --variable=libdir kvrnstep) ./linked)"
+version=$("$prefix/bin/listwright" --version)
+same "a linked host" "$version" "$(LD_LIBRARY_PATH=$(pkg-config --variable=libdir kvrnstep) ./linked)"
 same "the plug-in's path" "$(realpath "$plugin")" \
   "$(realpath "$(pkg-config --variable=plugin kvrnstep)")"
 if { cmake -B cmade -G Ninja -DCMAKE_PREFIX_PATH="$prefix" && cmake --build cmade; } >log 2>&1; then
-  same "a host made by CMake" $'a)\r\nb)' "$(cmade/host)"
+  same "a host made by CMake" "$version" "$(cmade/host)"
   same "the plug-in's path" "$plugin" "$(cat cmade/plugin)"
 else
   fail "CMake: $(cat log)"

@@ -22,6 +22,8 @@ status=$?
 [ "$status" -eq 1 ] && [ ! -s out ] || fail "Copy: status $status"
 printf '    1. \n    2. \n    3. \n' >wanted
 timeout 20 wl-paste --no-newline | cmp - wanted || fail 'Copy: not on the clipboard'
+sed '/xdg_toplevel@.*\.destroy/q' dialog.log | grep -q 'wl_data_source@.*\.send' ||
+  fail 'the window did not wait until its copy was fetched'
 grep -q '^Listwright_LT=2400' config/listwright/steps.ini &&
   grep -q '^Listwright_TT=1500' config/listwright/steps.ini || fail 'the place was not kept'
 exit "$failed"

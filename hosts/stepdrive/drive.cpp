@@ -105,8 +105,12 @@ void Drive::carryOut(const ScriptLine& line) {
     if (words.size() < 2) throw ScriptError("show wants CONTROL.PROPERTY");
     showProperties({words.begin() + 1, words.end()});
   } else if (command == "expect") {
-    wantWords(words, 3, 3);
-    expect(line.number, hosts::toUtf8(words[1]), words[2]);
+    if (words.size() < 3 || words.size() % 2 == 0) {
+      throw ScriptError("expect wants CONTROL.PROPERTY VALUE");
+    }
+    for (std::size_t i = 1; i < words.size(); i += 2) {
+      expect(line.number, hosts::toUtf8(words[i]), words[i + 1]);
+    }
   } else if (command == "set") {
     wantWords(words, 3, 3);
     std::string reason;

@@ -2,39 +2,31 @@
 // script uses them all: what was stored is there, as it was or as it was to become, and the dialog
 // goes on.
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <spawn.h>
 #include <sys/statvfs.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <csignal>
-#include <filesystem>
-#include <fstream>
+#include <cstdlib>
 #include <map>
-#include <set>
 #include <sstream>
 #include <vector>
+
+#include "temporary_folder.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+namespace tests = kvrnstep::tests;
 using Files = std::map<std::string, std::string>;  ///< content by path; of links, where they lead
 
 const std::string kLink = "-> ";
 const std::string kSettings = "run/real/settings";
 const std::string kForeignStart = "; mine\n[Other]\nDisplay=kept\n\n[Listwright]\nMine=1\n";
 const std::string kForeignEnd = "\n\n[Last]\nkept";
-
-std::string contentOf(const fs::path& path) {
-  std::ostringstream bytes;
-  bytes << std::ifstream(path, std::ios::binary).rdbuf();
-  return bytes.str();
-}
 
 std::vector<std::string> linesOf(const std::string& text) {
   std::vector<std::string> lines;
@@ -59,15 +51,10 @@ const Files kBefore{
 class Faults : public testing::Test {
  protected:
   Faults() {
-    std::string pattern = (fastFolder() / "faults-XXXXXX").string();
-    work_ = ::mkdtemp(pattern.data());
-    fs::create_directory(run());
-    fs::create_directory(icons());
-    for (const char* module : {PLUGIN_LIBRARY, FRONT_END}) {
-      fs::copy_file(module, icons() / fs::path(module).filename());
-    }
+    fs::create_directory(work_.path("run"));
+    fs::create_directory(work_.path("icons"));
+    for (const char* module : {PLUGIN_LIBRARY, FRONT_END}) fs::copy_file(module, inIcons(module));
   }
-  ~Faults() override { fs::remove_all(work_); }
 
   /// A folder in memory if there is one: the files are written some ten thousand times.
   static fs::path fastFolder() {
@@ -78,21 +65,21 @@ class Faults : public testing::Test {
     return usable ? fs::path(kInMemory) : fs::temp_directory_path();
   }
 
-  /// Where the script runs.
-  [[nodiscard]] fs::path run() const { return work_ / "run"; }
   /// The plug-in's own folder, to which its icons are written.
-  [[nodiscard]] fs::path icons() const { return work_ / "icons"; }
+  [[nodiscard]] fs::path inIcons(const fs::path& module) const {
+    return work_.path("icons") / module.filename();
+  }
 
   void putFilesBack() const {
-    for (const auto& [name, content] : files()) fs::remove(work_ / name);
-    fs::remove_all(run());
+    for (const auto& [name, content] : files()) fs::remove(work_.path(name));
+    fs::remove_all(work_.path("run"));
     for (const auto& [name, content] : kBefore) {
-      const fs::path path = work_ / name;
+      const fs::path path = work_.path(name);
       fs::create_directories(path.parent_path());
       if (content.starts_with(kLink)) {
         fs::create_symlink(content.substr(kLink.size()), path);
       } else {
-        std::ofstream(path, std::ios::binary) << content;
+        work_.put(name, content);
       }
     }
   }
@@ -100,13 +87,13 @@ class Faults : public testing::Test {
   [[nodiscard]] Files files() const {
     Files all;
     for (const char* part : {"run", "icons"}) {
-      for (const auto& entry : fs::recursive_directory_iterator(work_ / part)) {
-        const std::string name = entry.path().lexically_relative(work_).string();
+      for (const auto& entry : fs::recursive_directory_iterator(work_.path(part))) {
+        const std::string name = entry.path().lexically_relative(work_.path("")).string();
         if (name.find(".so") != std::string::npos) continue;
         if (entry.is_symlink()) {
           all[name] = kLink + fs::read_symlink(entry.path()).string();
         } else if (entry.is_regular_file()) {
-          all[name] = contentOf(entry.path());
+          all[name] = work_.get(name);
         }
       }
     }
@@ -115,29 +102,17 @@ class Faults : public testing::Test {
 
   /// Runs the script with a fault of this kind and returns how the process ended.
   [[nodiscard]] int runScript(const std::string& how) const {
-    const fs::path plugin = icons() / fs::path(PLUGIN_LIBRARY).filename();
-    std::vector<std::string> words{STEPDRIVE, "--plugin", plugin.string(), SCRIPT};
-    std::vector<std::string> environment{
-        "LD_PRELOAD=" FAILING_CALLS, "FAULTS_FOLDER=" + work_.string(),
-        "FAULTS_LOG=" + (work_ / "log").string(), "FAULTS_HOW=" + how,
-        "ASAN_OPTIONS=verify_asan_link_order=0:detect_leaks=0"};
-    posix_spawn_file_actions_t actions;
-    ::posix_spawn_file_actions_init(&actions);
-    constexpr int kHow = O_WRONLY | O_CREAT | O_TRUNC;
-    ::posix_spawn_file_actions_addchdir_np(&actions, run().c_str());
-    ::posix_spawn_file_actions_addopen(&actions, 1, (work_ / "out").c_str(), kHow, 0600);
-    ::posix_spawn_file_actions_adddup2(&actions, 1, 2);
-    pid_t child = -1;
-    int status = -1;
-    if (::posix_spawn(&child, STEPDRIVE, &actions, nullptr, pointers(words).data(),
-                      pointers(environment).data()) == 0) {
-      ::waitpid(child, &status, 0);
-    }
-    ::posix_spawn_file_actions_destroy(&actions);
-    return status;
+    const auto quoted = [this](const char* name) { return "'" + work_.native(name) + "'"; };
+    const std::string command =
+        "cd " + quoted("run") +
+        " && exec env -i LD_PRELOAD='" FAILING_CALLS "' FAULTS_FOLDER=" + quoted("") +
+        " FAULTS_LOG=" + quoted("log") + " FAULTS_HOW='" + how +
+        "' ASAN_OPTIONS=verify_asan_link_order=0:detect_leaks=0 '" STEPDRIVE "' --plugin '" +
+        inIcons(PLUGIN_LIBRARY).string() + "' '" SCRIPT "' >" + quoted("out") + " 2>&1";
+    return std::system(command.c_str());
   }
 
-  [[nodiscard]] std::string output() const { return contentOf(work_ / "out"); }
+  [[nodiscard]] std::string output() const { return work_.get("out"); }
 
   /// What opened, closed and returned, to the last line of the script.
   [[nodiscard]] std::vector<std::string> windowEvents() const {
@@ -149,15 +124,7 @@ class Faults : public testing::Test {
     return lines;
   }
 
-  fs::path work_;
-
- private:
-  static std::vector<char*> pointers(std::vector<std::string>& texts) {
-    std::vector<char*> all;
-    for (std::string& text : texts) all.push_back(text.data());
-    all.push_back(nullptr);
-    return all;
-  }
+  const tests::TemporaryFolder work_{fastFolder()};
 };
 
 /// What is right after a run, told by one in which nothing fails.
@@ -241,7 +208,7 @@ constexpr const char* kNoFault = "fail 0 0";
 TEST_F(Faults, OfEveryCallLeaveWhatWasStored) {
   putFilesBack();
   ASSERT_EQ(runScript("log"), 0) << output();
-  const auto calls = linesOf(contentOf(work_ / "log"));
+  const auto calls = linesOf(work_.get("log"));
   const auto events = windowEvents();
   const Judge judge(files());
   Calls known = kByFile;

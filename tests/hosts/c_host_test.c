@@ -116,8 +116,13 @@ static void says_why_it_shows_nothing(void) {
   EXPECT(text != NULL && strlen(text) > 10 && strchr(text, '\n') == NULL);
   kvrnstep_free(text);
   EXPECT(kvrnstep_can_show_dialog(NULL) == KVRNSTEP_NO_DISPLAY);
-  dialog.iBuildStep = 40000;
-  EXPECT(kvrnstep_show_dialog(&dialog, &text) == KVRNSTEP_BAD_ARGUMENT);
+  int32_t* numbers[] = {&dialog.iBuildStep, &dialog.i_EditorSize, &dialog.bytSpcCount};
+  for (int i = 0; i < 3; ++i) {
+    const int32_t before = *numbers[i];
+    *numbers[i] = 65536;
+    EXPECT(kvrnstep_show_dialog(&dialog, &text) == KVRNSTEP_BAD_ARGUMENT);
+    *numbers[i] = before;
+  }
   EXPECT(kvrnstep_show_dialog(NULL, &text) == KVRNSTEP_BAD_ARGUMENT);
   EXPECT(kvrnstep_show_dialog(&dialog, NULL) == KVRNSTEP_BAD_ARGUMENT);
 }

@@ -7,35 +7,18 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
+#include <cstring>
 #include <filesystem>
-#include <limits>
-#include <random>
 #include <vector>
 
-#include "kvrnstep/driving.hpp"
 #include "kvrnstep/library.hpp"
 #include "program.h"
+#include "temporary_folder.h"
+#include "user.h"
 
 namespace {
 
 using namespace kvrnstep;
-
-/// Presses Insert as soon as the dialog is there.
-class Inserter : public driving::Player {
- public:
-  driving::Stage* stage = nullptr;
-  int opened = 0;
-
-  void happened(std::string_view what, const std::vector<driving::Detail>& /*details*/) override {
-    if (what == "opened") ++opened;
-  }
-  void act() override {
-    std::string reason;
-    stage->perform("click", {u"cmdCIC(0)"}, reason);
-  }
-  std::optional<std::u16string> answer() override { return std::nullopt; }
-};
 
 BSTR bstr(std::u16string_view text) {
   return SysAllocStringLen(reinterpret_cast<const OLECHAR*>(text.data()),
@@ -61,47 +44,34 @@ bool isLoaded(const std::string& path) {
 #endif
 }
 
+template <class T>
+VARIANT variant(VARTYPE type, const T& value) {
+  VARIANT made;
+  VariantInit(&made);
+  made.vt = type;
+  std::memcpy(&made.llVal, &value, sizeof value);
+  return made;
+}
 VARIANT empty(VARTYPE type = VT_EMPTY) {
-  VARIANT variant;
-  VariantInit(&variant);
-  variant.vt = type;
-  return variant;
+  return variant(type, std::int64_t{0});
 }
 VARIANT integer(std::int16_t number) {
-  VARIANT variant = empty(VT_I2);
-  variant.iVal = number;
-  return variant;
-}
-VARIANT longInteger(std::int32_t number) {
-  VARIANT variant = empty(VT_I4);
-  variant.lVal = number;
-  return variant;
+  return variant(VT_I2, number);
 }
 VARIANT real(double number) {
-  VARIANT variant = empty(VT_R8);
-  variant.dblVal = number;
-  return variant;
+  return variant(VT_R8, number);
 }
 VARIANT text(std::u16string_view value) {
-  VARIANT variant = empty(VT_BSTR);
-  variant.bstrVal = bstr(value);
-  return variant;
+  return variant(VT_BSTR, bstr(value));
 }
 VARIANT missing() {
-  VARIANT variant = empty(VT_ERROR);
-  variant.scode = DISP_E_PARAMNOTFOUND;
-  return variant;
+  return variant(VT_ERROR, SCODE{DISP_E_PARAMNOTFOUND});
 }
 VARIANT referenceTo(VARIANT& target) {
-  VARIANT variant = empty(VT_BYREF | VT_VARIANT);
-  variant.pvarVal = &target;
-  return variant;
+  return variant(VT_BYREF | VT_VARIANT, &target);
 }
-template <class T>
-VARIANT referenceTo(VARTYPE type, T& target) {
-  VARIANT variant = empty(static_cast<VARTYPE>(VT_BYREF | type));
-  variant.byref = &target;
-  return variant;
+VARIANT referenceTo(BSTR& target) {
+  return variant(VT_BYREF | VT_BSTR, &target);
 }
 
 constexpr std::u16string_view kList = u"      I. \r\n     II. \r\n    III. \r\n";
@@ -109,35 +79,25 @@ constexpr std::u16string_view kList = u"      I. \r\n     II. \r\n    III. \r\n"
 class Component : public testing::Test {
  protected:
   void SetUp() override {
-    const auto folder = std::filesystem::temp_directory_path() /
-                        ("component-" + std::to_string(std::random_device()()));
-    ASSERT_TRUE(std::filesystem::create_directory(folder));
-    folder_ = folder.u16string();
     // The plug-in writes its icons into the folder in which it is.
     const std::filesystem::path built = hosts::pluginBesideProgram();
     const bool dll = built.extension() == ".dll";
     for (const auto& name : {built.filename().string(),
                              std::string("kvrnstep-headless-driven") + (dll ? ".dll" : ".so")}) {
-      copy_file(built.parent_path() / name, folder / name);
+      copy_file(built.parent_path() / name, folder_.path(name));
     }
-    plugin_ = (folder / built.filename()).string();
+    plugin_ = folder_.native(built.filename().string());
     load();
   }
   void TearDown() override {
     release();
     closeLibrary(library_);
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
   }
 
   void load() {
     library_ = openLibrary(plugin_);
     getClassObject_ = reinterpret_cast<GetClassObjectFunction>(symbolIn(library_, kGetClassObject));
-    const auto drive =
-        reinterpret_cast<driving::DriveFunction>(symbolIn(library_, "kvrnstepDrive"));
-    std::string problem;
-    inserter_.stage = drive("headless", &inserter_, &problem);
-    ASSERT_NE(inserter_.stage, nullptr) << problem;
+    user_.use(library_, "headless");
     listwright_ = create<_Listwright>(kClassListwright, kInterfaceListwright);
   }
   void release() {
@@ -161,9 +121,9 @@ class Component : public testing::Test {
   std::vector<VARIANT> arguments(VARIANT& output) {
     std::vector<VARIANT> all{
         referenceTo(output), integer(2),       empty(), empty(), empty(), empty(),
-        text(folder_),       text(u"Section"), empty()};
+        text(folder_("")),   text(u"Section"), empty()};
     while (all.size() < 15) all.push_back(missing());
-    all[11] = text(folder_ + u"/steps.ini");
+    all[11] = text(folder_("steps.ini"));
     return all;
   }
 
@@ -184,12 +144,12 @@ class Component : public testing::Test {
     return outcome;
   }
 
-  std::u16string folder_;
+  const tests::TemporaryFolder folder_;
   std::string plugin_;
   void* library_ = nullptr;
   GetClassObjectFunction getClassObject_ = nullptr;
   _Listwright* listwright_ = nullptr;
-  Inserter inserter_;
+  tests::User user_{tests::insertAtOnce};
 };
 
 constexpr DISPID kShow = KVRNSTEP_SHOW_LISTWRIGHT_DIALOG;
@@ -247,7 +207,7 @@ TEST_F(Component, LateCallsWriteTheListBack) {
   BSTR own = bstr(u"before");
   VARIANT nothing = empty();
   VARIANT held = text(u"before");
-  VARIANT refers = referenceTo(VT_BSTR, own);
+  VARIANT refers = referenceTo(own);
   for (VARIANT* output : {&nothing, &held, &refers}) {
     VARIANT result = empty();
     std::vector<VARIANT> given = arguments(*output);
@@ -255,7 +215,7 @@ TEST_F(Component, LateCallsWriteTheListBack) {
     EXPECT_EQ(result.vt, VT_BOOL);
     EXPECT_EQ(result.boolVal, VARIANT_TRUE);
     EXPECT_EQ(textOf(output == &refers ? own : output->bstrVal), kList);
-    given[0] = referenceTo(VT_BSTR, own);
+    given[0] = referenceTo(own);
     EXPECT_EQ(invoke(*listwright_, kShow, given, nullptr).result, S_OK);
     EXPECT_EQ(textOf(own), kList);
     for (VARIANT& variant : given) VariantClear(&variant);
@@ -290,8 +250,6 @@ TEST_F(Component, LateCallsTakeWhatCanBeRead) {
 TEST_F(Component, WrongArgumentsAreNamedByTheirPlace) {
   VARIANT output = text(u"kept");
   std::vector<VARIANT> given = arguments(output);
-  std::int32_t number = 0;
-  VARIANT object = empty(VT_UNKNOWN);
   const auto wrongAt = [&](std::size_t position, const VARIANT& argument) {
     std::vector<VARIANT> changed = given;
     changed.at(position) = argument;
@@ -299,11 +257,8 @@ TEST_F(Component, WrongArgumentsAreNamedByTheirPlace) {
   };
   const auto at = [](std::size_t position) { return static_cast<UINT>(14 - position); };
   for (std::size_t i = 0; i < given.size(); ++i) {
-    // No member can use these.
-    for (const VARIANT& none : {empty(VT_NULL), object, empty(0x2000 | VT_I2),
-                                empty(VT_BYREF | VT_I4), empty(VT_BYREF | VT_VARIANT)}) {
-      EXPECT_EQ(wrongAt(i, none), (Outcome{DISP_E_TYPEMISMATCH, at(i)})) << i << " " << none.vt;
-    }
+    EXPECT_EQ(wrongAt(i, empty(VT_NULL)), (Outcome{DISP_E_TYPEMISMATCH, at(i)})) << i;
+    EXPECT_EQ(wrongAt(i, empty(VT_BYREF | VT_VARIANT)), (Outcome{DISP_E_TYPEMISMATCH, at(i)})) << i;
     if (i < 9) {
       EXPECT_EQ(wrongAt(i, missing()), (Outcome{DISP_E_PARAMNOTOPTIONAL, at(i)})) << i;
     }
@@ -312,25 +267,26 @@ TEST_F(Component, WrongArgumentsAreNamedByTheirPlace) {
   for (const std::size_t i : {1U, 2U, 3U, 9U, 10U, 13U, 14U}) {
     EXPECT_EQ(wrongAt(i, word), (Outcome{DISP_E_TYPEMISMATCH, at(i)})) << i;
   }
-  EXPECT_EQ(wrongAt(0, referenceTo(VT_I4, number)), (Outcome{DISP_E_TYPEMISMATCH, at(0)}));
-  EXPECT_EQ(wrongAt(1, longInteger(32768)), (Outcome{DISP_E_OVERFLOW, at(1)}));
-  EXPECT_EQ(wrongAt(13, real(1e300)), (Outcome{DISP_E_OVERFLOW, at(13)}));
-  EXPECT_EQ(wrongAt(13, real(std::nan(""))), (Outcome{DISP_E_OVERFLOW, at(13)}));
-  EXPECT_EQ(wrongAt(14, integer(256)), (Outcome{DISP_E_OVERFLOW, at(14)}));
-  EXPECT_EQ(wrongAt(14, integer(-1)), (Outcome{DISP_E_OVERFLOW, at(14)}));
+  std::int32_t number = 0;
+  EXPECT_EQ(wrongAt(0, variant(VT_BYREF | VT_I4, &number)), (Outcome{DISP_E_TYPEMISMATCH, at(0)}));
+  for (const auto& [position, most] :
+       {std::pair{1, 32767.0}, {9, 2147483647.0}, {10, 2147483647.0}, {13, 32767.0}, {14, 255.0}}) {
+    const auto i = static_cast<std::size_t>(position);
+    EXPECT_EQ(wrongAt(i, real(most + 1)), (Outcome{DISP_E_OVERFLOW, at(i)})) << i;
+  }
 
-  // Too few, too many, named wrongly.
-  EXPECT_EQ(invoke(*listwright_, kShow, {given.begin(), given.begin() + 8}, nullptr).result,
-            DISP_E_BADPARAMCOUNT);
-  std::vector<VARIANT> many = given;
-  many.push_back(empty());
-  EXPECT_EQ(invoke(*listwright_, kShow, many, nullptr).result, DISP_E_BADPARAMCOUNT);
-  EXPECT_EQ(invoke(*listwright_, kShow, {given.begin(), given.begin() + 10}, nullptr,
-                   DISPATCH_METHOD, {15}),
-            (Outcome{DISP_E_PARAMNOTFOUND, 0}));
-  EXPECT_EQ(invoke(*listwright_, kShow, {given.begin(), given.begin() + 10}, nullptr,
-                   DISPATCH_METHOD, {3}),
-            (Outcome{DISP_E_PARAMNOTFOUND, 0}));
+  // Too few, too many, named wrongly, more names than arguments.
+  const auto counted = [&](std::size_t count, std::vector<DISPID> named) {
+    std::vector<VARIANT> some = given;
+    some.resize(count, empty());
+    return invoke(*listwright_, kShow, some, nullptr, DISPATCH_METHOD, std::move(named));
+  };
+  EXPECT_EQ(counted(8, {}).result, DISP_E_BADPARAMCOUNT);
+  EXPECT_EQ(counted(16, {}).result, DISP_E_BADPARAMCOUNT);
+  EXPECT_EQ(counted(0, {7}).result, DISP_E_BADPARAMCOUNT);
+  for (const DISPID wrong : {15, 3, -1}) {
+    EXPECT_EQ(counted(10, {wrong}), (Outcome{DISP_E_PARAMNOTFOUND, 0})) << wrong;
+  }
   EXPECT_EQ(invoke(*listwright_, 1, given, nullptr).result, DISP_E_MEMBERNOTFOUND);
   EXPECT_EQ(invoke(*listwright_, kShow, given, nullptr, DISPATCH_PROPERTYPUT).result,
             DISP_E_MEMBERNOTFOUND);
@@ -338,7 +294,7 @@ TEST_F(Component, WrongArgumentsAreNamedByTheirPlace) {
       listwright_->Invoke(kShow, kIidNull, 0, DISPATCH_METHOD, nullptr, nullptr, nullptr, nullptr),
       E_POINTER);
 
-  EXPECT_EQ(inserter_.opened, 0) << "none of these may show anything";
+  EXPECT_EQ(user_.opened, 0) << "none of these may show anything";
   EXPECT_EQ(textOf(output.bstrVal), u"kept");
   VariantClear(&word);
   VariantClear(&output);
@@ -347,8 +303,8 @@ TEST_F(Component, WrongArgumentsAreNamedByTheirPlace) {
 
 TEST_F(Component, EarlyCallsLeaveWhatTheyOnlyRead) {
   BSTR output = bstr(u"before");
-  BSTR folder = bstr(folder_);
-  BSTR settings = bstr(folder_ + u"/steps.ini");
+  BSTR folder = bstr(folder_(""));
+  BSTR settings = bstr(folder_("steps.ini"));
   BSTR font = bstr(u"");
   BSTR settingsBefore = settings;
   BSTR fontBefore = font;
@@ -367,7 +323,7 @@ TEST_F(Component, EarlyCallsLeaveWhatTheyOnlyRead) {
   EXPECT_EQ(show(&output, &result, true), S_OK);
   EXPECT_EQ(result, VARIANT_TRUE);
   EXPECT_EQ(textOf(output), u"   I. \r\n  II. \r\n III. \r\n");
-  EXPECT_TRUE(settings == settingsBefore && textOf(settings) == folder_ + u"/steps.ini");
+  EXPECT_TRUE(settings == settingsBefore && textOf(settings) == folder_("steps.ini"));
   EXPECT_TRUE(font == fontBefore && textOf(font).empty());
   EXPECT_TRUE(back == 0x123456 && fore == 7 && size == 12 && blanks == 1);
   EXPECT_EQ(show(&output, &result, false), S_OK);
@@ -404,23 +360,17 @@ TEST_F(Component, IconsAreWrittenAsFiles) {
 }
 
 TEST_F(Component, CanBeUnloadedAndLoadedAgain) {
-  release();
-  const auto use = [this] {
-    listwright_ = create<_Listwright>(kClassListwright, kInterfaceListwright);
+  // Nothing keeps the library in the process, and it can come back.
+  for (int i = 0; i < 3; ++i) {
+    release();
+    closeLibrary(library_);
+    ASSERT_EQ(isLoaded(plugin_), kLibrariesStay);
+    load();
     VARIANT output = empty();
     std::vector<VARIANT> given = arguments(output);
     EXPECT_EQ(invoke(*listwright_, kShow, given, nullptr).result, S_OK);
     for (VARIANT& variant : given) VariantClear(&variant);
     VariantClear(&output);
-    release();
-  };
-  // Nothing keeps the library in the process, and it can come back.
-  for (int i = 0; i < 3; ++i) {
-    closeLibrary(library_);
-    ASSERT_EQ(isLoaded(plugin_), kLibrariesStay);
-    load();
-    release();
-    use();
   }
 }
 

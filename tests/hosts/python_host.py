@@ -2,7 +2,7 @@
 
 import ctypes
 import sys
-from ctypes import POINTER, byref, c_char_p, c_int32, c_uint32, c_void_p
+from ctypes import byref, c_char_p, c_int32, c_uint32
 
 
 class Dialog(ctypes.Structure):
@@ -16,24 +16,11 @@ class Dialog(ctypes.Structure):
 
 
 library = ctypes.CDLL(sys.argv[1])
-library.kvrnstep_plug_name_version.restype = c_void_p
-library.kvrnstep_request_program_icon.restype = c_void_p
-library.kvrnstep_show_dialog.argtypes = [POINTER(Dialog), POINTER(c_void_p)]
-library.kvrnstep_free.argtypes = [c_void_p]
-
-
-def taken(text):
-    value = ctypes.string_at(text).decode() if text else ""
-    library.kvrnstep_free(text)
-    return value
-
-
-print(repr(taken(library.kvrnstep_plug_name_version())))
-print(taken(library.kvrnstep_request_program_icon(101)).rpartition("/")[2])
-dialog, text = Dialog(), c_void_p()
+library.kvrnstep_request_program_icon.restype = c_char_p
+print(library.kvrnstep_request_program_icon(101).decode().rpartition("/")[2])
+folder = sys.argv[2].encode()
+dialog, text = Dialog(), c_char_p()
 library.kvrnstep_dialog_init(byref(dialog), ctypes.sizeof(dialog))
-dialog.iBuildStep = 2
-dialog.sPthStepFolder = sys.argv[2].encode()
-dialog.s_IniPathAndName = (sys.argv[2] + "/steps.ini").encode()
-dialog.SEC_APP_NAME = b"Listwright"
-print(library.kvrnstep_show_dialog(byref(dialog), byref(text)), repr(taken(text.value)))
+dialog.iBuildStep, dialog.bytSpcCount = 2, 2
+dialog.sPthStepFolder, dialog.s_IniPathAndName = folder, folder + b"/steps.ini"
+print(library.kvrnstep_show_dialog(byref(dialog), byref(text)), text.value)

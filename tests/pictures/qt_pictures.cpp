@@ -1,12 +1,10 @@
-/// Draws every window, layout and box of the plug-in with Qt, and compares such pictures:
+/// Draws every window, layout and box of the plug-in with Qt:
 ///
 ///     pictures draw FOLDER SUFFIX     writes FOLDER/NAME-SUFFIX.png for each of them
 ///     pictures darken FOLDER SUFFIX   the same, with the desktop turning dark while it is open
-///     pictures compare KEPT DRAWN     ends with 1 where the pictures in two folders differ
 ///
 /// Scale and colours come from the environment, as for every program with Qt.
 #include <QApplication>
-#include <QDir>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
@@ -91,46 +89,10 @@ int drawAll(const QString& folder, const QString& suffix, bool darken) {
   return 0;
 }
 
-bool differs(QRgb one, QRgb other) {
-  constexpr int kTolerance = 48;
-  return std::abs(qRed(one) - qRed(other)) > kTolerance ||
-         std::abs(qGreen(one) - qGreen(other)) > kTolerance ||
-         std::abs(qBlue(one) - qBlue(other)) > kTolerance;
-}
-
-/// Thousandths of the pixels; all of them where the sizes differ.
-double difference(const QImage& one, const QImage& other) {
-  constexpr double kAll = 1000;
-  if (one.isNull() || one.size() != other.size()) return kAll;
-  long differing = 0;
-  for (int y = 0; y < one.height(); ++y) {
-    for (int x = 0; x < one.width(); ++x) differing += differs(one.pixel(x, y), other.pixel(x, y));
-  }
-  return kAll * static_cast<double>(differing) / one.width() / one.height();
-}
-
-int compare(const QDir& kept, const QDir& drawn) {
-  constexpr double kAccepted = 0.5;
-  const QStringList names = drawn.entryList({"*.png"}, QDir::Files);
-  bool same = !names.isEmpty();
-  if (kept.entryList({"*.png"}, QDir::Files) != names) {
-    std::puts("there are other pictures than the kept ones");
-    same = false;
-  }
-  for (const QString& name : names) {
-    const double found = difference(QImage(kept.filePath(name)), QImage(drawn.filePath(name)));
-    if (found <= kAccepted) continue;
-    std::printf("%s: %.1f of 1000 pixels are different\n", qPrintable(name), found);
-    same = false;
-  }
-  return same ? 0 : 1;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
   const std::vector<QString> words(argv + 1, argv + argc);
   if (words.size() != 3) return 2;
-  if (words[0] != "compare") return drawAll(words[1], words[2], words[0] == "darken");
-  return compare(QDir(words[1]), QDir(words[2]));
+  return drawAll(words[1], words[2], words[0] == "darken");
 }

@@ -3,19 +3,16 @@
 #include <algorithm>
 #include <array>
 
-#include "dialogs/frm_step_be.h"
 #include "dialogs/frm_step_ps_edit.h"
 #include "dialogs/list_sort.h"
 #include "forms/screen_place.h"
 #include "forms/user_actions.h"
 #include "headless_toolkit.h"
-#include "platform_temporary_folder.h"
 
 namespace kvrnstep::dialogs {
 
 namespace {
 
-using tests::TemporaryFolder;
 using Items = std::vector<std::u16string>;
 
 TEST(Sort, ByCodeUnits) {
@@ -51,50 +48,6 @@ TEST(ScreenPlace, IsNearAndOnTheScreens) {
   EXPECT_EQ(forms::placeOnScreen({-900, 0, 1, 1}, {}), (Rect{-900, 0, 1, 1}));
 }
 
-/// Closes the topmost window, after one click if one is wanted.
-class Closer : public driving::Player {
- public:
-  Closer(forms::Window& window, const char* clicked) : window_(window), clicked_(clicked) {}
-  void act() override {
-    if (clicked_ != nullptr) forms::userClicked(*window_.find(clicked_, -1));
-    forms::userClosed(window_);
-  }
-
- private:
-  forms::Window& window_;
-  const char* clicked_;
-};
-
-void select(frmStepPSEdit& editor, std::uint8_t kind) {
-  editor.PivitWhat = kind;
-}
-void select(frmStepBE& editor, std::uint8_t kind) {
-  editor.DoBegEnd(kind);
-}
-
-/// Shows an editor without a screen, with all of its files in the folder.
-template <class Editor>
-void show(const TemporaryFolder& folder, std::uint8_t kind, const char* clicked) {
-  headless::HeadlessToolkit toolkit;
-  plugin::HostContext host;
-  host.SEC_APP_NAME = u"Listwright";
-  host.sPthStepFolder = folder("");
-  host.s_IniPathAndName = folder("steps.ini");
-  Editor editor(toolkit, host);
-  select(editor, kind);
-  Closer closer(editor, clicked);
-  toolkit.setPlayer(closer);
-  editor.showModal(toolkit);
-}
-
-TEST(Editors, OfOtherKinds) {
-  const TemporaryFolder folder;
-  show<frmStepPSEdit>(folder, 2, "cmdOK");
-  EXPECT_EQ(folder.names(), (std::set<std::string>{"steps.ini"}));
-  show<frmStepBE>(folder, 2, nullptr);
-  EXPECT_EQ(folder.names(), (std::set<std::string>{"steps.ini", "ending_step.dat"}));
-}
-
 TEST(Editors, TakeOneLineOfWhatIsPastedIntoTheAddBox) {
   headless::HeadlessToolkit toolkit;
   const plugin::HostContext host;
@@ -109,21 +62,6 @@ TEST(Editors, TakeOneLineOfWhatIsPastedIntoTheAddBox) {
   box.setText(u"a\nb");
   forms::userEdited(box, u"a\nbc", {4, 0});
   EXPECT_EQ(box.text(), u"a\nbc");
-}
-
-TEST(Editors, DoNotReplaceWhatTheyCouldNotRead) {
-  const TemporaryFolder folder;
-  // A folder of that name can be read by nobody, not even by the superuser.
-  for (const char* name : {"beginning_step.dat", "Prefix_Step.dat"}) {
-    std::filesystem::create_directory(folder.native(name));
-  }
-  folder.put("Suffix_Step.dat", std::string(40'000, '\r') + "last");
-  show<frmStepBE>(folder, 0, nullptr);
-  show<frmStepPSEdit>(folder, 0, "cmdOK");
-  show<frmStepPSEdit>(folder, 1, "cmdOK");
-  EXPECT_TRUE(std::filesystem::is_directory(folder.native("Prefix_Step.dat")));
-  EXPECT_TRUE(std::filesystem::is_directory(folder.native("beginning_step.dat")));
-  EXPECT_TRUE(folder.get("Suffix_Step.dat").ends_with("last"));
 }
 
 }  // namespace

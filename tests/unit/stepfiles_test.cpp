@@ -4,12 +4,13 @@
 #include <vector>
 
 #include "generator/list_settings.h"
-#include "platform_temporary_folder.h"
+#include "platform/files.h"
 #include "stepfiles/path_part.h"
 #include "stepfiles/step_file_name.h"
 #include "stepfiles/step_folder.h"
 #include "stepfiles/step_record.h"
 #include "stepfiles/stored_texts.h"
+#include "temporary_folder.h"
 #include "text/paths.h"
 
 namespace kvrnstep::stepfiles {

@@ -2,12 +2,94 @@
 
 #include "platform/files.h"
 #include "platform/profile.h"
-#include "platform_temporary_folder.h"
+#include "temporary_folder.h"
 
 namespace kvrnstep::platform {
 namespace {
 
 using namespace std::string_literals;
+using Names = std::set<std::string>;
+
+class Files : public testing::Test {
+ protected:
+  tests::TemporaryFolder folder;
+};
+
+TEST_F(Files, AreReadWhole) {
+  folder.put("file", "a\0\r\n\xFF"s);
+  folder.put("empty", "");
+  EXPECT_EQ(readFile(folder("file")), "a\0\r\n\xFF"s);
+  EXPECT_EQ(readFile(folder("file"), 5), "a\0\r\n\xFF"s);
+  EXPECT_EQ(readFile(folder("file"), 4), std::nullopt);
+  EXPECT_EQ(readFile(folder("empty")), "");
+  for (const auto& none : {folder("missing"), folder(""), folder("file") + u'\0' + u"x", u""s}) {
+    EXPECT_EQ(readFile(none), std::nullopt);
+  }
+}
+
+TEST_F(Files, AreMadeWhereThereIsRoom) {
+  folder.put("file", "kept");
+  for (const auto* name : {"file", "new"}) EXPECT_TRUE(createEmptyFile(folder(name)));
+  for (const auto* name : {"missing/new", ""}) EXPECT_FALSE(createEmptyFile(folder(name)));
+  EXPECT_EQ(folder.get("file"), "kept");
+
+  EXPECT_FALSE(createFolder(folder("a/b")));
+  for (const auto* name : {"a", "a/b"}) EXPECT_TRUE(createFolder(folder(name)));
+  for (const auto* name : {"a", "file"}) EXPECT_FALSE(createFolder(folder(name)));
+  for (const auto* there : {"file", "new", "a", "a/b/", ""}) EXPECT_TRUE(pathExists(folder(there)));
+  for (const auto* none : {"missing", "file/below"}) EXPECT_FALSE(pathExists(folder(none)));
+  EXPECT_FALSE(pathExists(u""));
+}
+
+TEST_F(Files, AreListedAndDeleted) {
+  for (const auto* name : {"file", "kept", "\xC3\xA9", "\xE4\xB8\x80.step"}) folder.put(name, "");
+  folder.setMode("kept", 0444);
+  ASSERT_TRUE(createFolder(folder("folder")));
+  const auto names = filesIn(folder(""));
+  EXPECT_EQ(std::set(names.begin(), names.end()),
+            (std::set<std::u16string>{u"file", u"kept", u"é", u"\u4E00.step"}));
+  EXPECT_EQ(names.size(), 4U);
+  for (const auto& none : {folder("missing"), folder("file"), u""s}) {
+    EXPECT_TRUE(filesIn(none).empty());
+  }
+  for (const auto* name : {"kept", "folder", "missing", ""}) EXPECT_FALSE(deleteFile(folder(name)));
+  for (const auto* name : {"file", "\xC3\xA9"}) EXPECT_TRUE(deleteFile(folder(name)));
+  EXPECT_EQ(folder.names(), (Names{"folder", "kept", "\xE4\xB8\x80.step"}));
+  folder.setMode("kept", 0644);
+}
+
+TEST_F(Files, AreReplacedWhole) {
+  for (const auto& bytes : {""s, "a\0\r\n\xFF"s, std::string(3'000'000, 'x'), "short"s}) {
+    ASSERT_TRUE(replaceFile(folder("file"), bytes));
+    ASSERT_EQ(folder.get("file"), bytes);
+  }
+  // The same again is not written.
+  const auto path = folder.path("file");
+  std::filesystem::last_write_time(
+      path, std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
+  const auto before = std::filesystem::last_write_time(path);
+  EXPECT_TRUE(replaceFile(folder("file"), "short"));
+  EXPECT_EQ(std::filesystem::last_write_time(path), before);
+  const std::string longest(240, 'n');
+  for (const auto* bytes : {"one", "two"}) EXPECT_TRUE(replaceFile(folder(longest), bytes));
+  EXPECT_EQ(folder.get(longest), "two");
+  EXPECT_FALSE(replaceFile(folder(std::string(256, 'n')), "x"));
+  EXPECT_EQ(folder.names(), (Names{"file", longest}));
+}
+
+TEST_F(Files, AreLeftAloneWhereTheyMayNotBeReplaced) {
+  folder.put("file", "old");
+  folder.setMode("file", 0444);
+  ASSERT_TRUE(createFolder(folder("sub")));
+  for (const auto* name : {"file", "sub", "sub/", "new/", "file/new", "missing/new", ""}) {
+    EXPECT_FALSE(replaceFile(folder(name), "x")) << name;
+  }
+  EXPECT_FALSE(replaceFile(u"", "x"));
+  EXPECT_FALSE(replaceFile(folder("new") + u'\0' + u"x", "x"));
+  EXPECT_EQ(folder.get("file"), "old");
+  EXPECT_EQ(folder.names(), (Names{"file", "sub"}));
+  folder.setMode("file", 0644);
+}
 
 TEST(ProfileValue, FindsKeys) {
   struct Case {
@@ -112,18 +194,7 @@ TEST(WithProfileValue, OddNamesAreFoundAgain) {
   }
 }
 
-// Kinds of files for which a search that starts over at every line would take minutes.
-TEST(Profile, LargeFilesAreReadOnce) {
-  constexpr std::size_t kSize = 1 << 20;
-  for (const std::string piece : {"\r", "\n", "[\n", "[B]\r", "[Sec\n", "A=1\r", "=", "]"}) {
-    std::string bytes = "[B]\n[Sec]\n";
-    while (bytes.size() < kSize) bytes += piece;
-    const auto changed = withProfileValue(bytes, "Sec", "Key", "v");
-    EXPECT_EQ(profileValue(changed, "Sec", "Key"), "v") << testing::PrintToString(piece);
-  }
-}
-
-TEST(ProfileFile, Reads) {
+TEST(ProfileFile, ReadsIntoABuffer) {
   const tests::TemporaryFolder folder;
   folder.put("ini", "[Sec]\nKey=" + std::string(300, 'v') + "\nNul=a\0b\nEmpty=\n"s);
   const auto read = [&](std::string_view key) {
@@ -137,18 +208,20 @@ TEST(ProfileFile, Reads) {
   EXPECT_EQ(getPrivateProfileString("Sec", "Key", "d", folder("")), "d");
 }
 
-TEST(ProfileFile, WritesOrLeavesTheFileAlone) {
+TEST(ProfileFile, IsWrittenOrLeftAlone) {
   const tests::TemporaryFolder folder;
   EXPECT_TRUE(writePrivateProfileString("Sec", "Key", "1", folder("ini")));
   EXPECT_TRUE(writePrivateProfileString("Sec", "Key", std::string(300, 'v'), folder("ini")));
   EXPECT_EQ(folder.get("ini"), "[Sec]\r\nKey=" + std::string(300, 'v') + "\r\n");
-
-  EXPECT_FALSE(writePrivateProfileString("Sec", "K=y", "1", folder("ini")));
-  EXPECT_FALSE(writePrivateProfileString("Sec", "K=y", "1", folder("other")));
-  EXPECT_FALSE(writePrivateProfileString("Sec", "Key", "1", folder("missing/ini")));
-  EXPECT_FALSE(writePrivateProfileString("Sec", "Key", "1", folder("")));
+  for (const auto* name : {"ini", "other"}) {
+    EXPECT_FALSE(writePrivateProfileString("Sec", "K=y", "1", folder(name)));
+  }
+  for (const auto* name : {"missing/ini", ""}) {
+    EXPECT_FALSE(writePrivateProfileString("Sec", "Key", "1", folder(name)));
+  }
   folder.setMode("ini", 0444);
   EXPECT_FALSE(writePrivateProfileString("Sec", "Key", "2", folder("ini")));
+  folder.setMode("ini", 0644);
   EXPECT_EQ(folder.names(), std::set<std::string>{"ini"});
 }
 

@@ -7,18 +7,16 @@
 #include <sstream>
 #include <string>
 
-#include "text/codepage.h"
-
 namespace kvrnstep::tests {
 
-/// A folder of one test's own, gone with everything in it when the test ends.
+/// A folder of one test's own, gone with everything in it when the test ends. Names are UTF-8.
 class TemporaryFolder {
  public:
-  TemporaryFolder() {
+  explicit TemporaryFolder(
+      const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
     std::random_device random;
     do {
-      const auto name = "unit-" + std::to_string(random());
-      path_ = (std::filesystem::temp_directory_path() / name).string();
+      path_ = parent / ("kvrnstep-" + std::to_string(random()));
     } while (!std::filesystem::create_directory(path_));
   }
   ~TemporaryFolder() {
@@ -28,14 +26,12 @@ class TemporaryFolder {
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-  [[nodiscard]] std::string native(const std::string& name) const { return path_ + "/" + name; }
-  [[nodiscard]] std::u16string operator()(const std::string& name) const {
-    return text::fromUtf8(native(name));
-  }
-
-  /// @param name in UTF-8
   [[nodiscard]] std::filesystem::path path(const std::string& name) const {
-    return text::fromUtf8(native(name));
+    return path_ / std::u8string(name.begin(), name.end());
+  }
+  [[nodiscard]] std::string native(const std::string& name) const { return path(name).string(); }
+  [[nodiscard]] std::u16string operator()(const std::string& name) const {
+    return path(name).u16string();
   }
 
   void put(const std::string& name, const std::string& bytes) const {
@@ -49,23 +45,24 @@ class TemporaryFolder {
 
   /// Permission bits of a file.
   [[nodiscard]] unsigned mode(const std::string& name) const {
-    return static_cast<unsigned>(std::filesystem::status(native(name)).permissions());
+    return static_cast<unsigned>(std::filesystem::status(path(name)).permissions());
   }
   void setMode(const std::string& name, unsigned bits) const {
-    std::filesystem::permissions(native(name), std::filesystem::perms(bits));
+    std::filesystem::permissions(path(name), std::filesystem::perms(bits));
   }
 
   /// Every name in the folder, those that begin with a full stop included.
   [[nodiscard]] std::set<std::string> names() const {
     std::set<std::string> all;
     for (const auto& entry : std::filesystem::directory_iterator(path_)) {
-      all.insert(text::toUtf8(entry.path().filename().u16string()));
+      const std::u8string name = entry.path().filename().u8string();
+      all.insert({name.begin(), name.end()});
     }
     return all;
   }
 
  private:
-  std::string path_;
+  std::filesystem::path path_;
 };
 
 }  // namespace kvrnstep::tests
