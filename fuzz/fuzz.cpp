@@ -2,9 +2,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
-#include <stdexcept>
 
 namespace kvrnstep::fuzz {
 
@@ -12,10 +9,6 @@ void check(bool holds, const char* what) {
   if (holds) return;
   std::fprintf(stderr, "does not hold: %s\n", what);
   std::abort();
-}
-
-std::string_view bytesOf(const std::uint8_t* data, std::size_t size) {
-  return {reinterpret_cast<const char*>(data), size};
 }
 
 std::u16string anyText(FuzzedDataProvider& input, std::size_t most) {
@@ -47,31 +40,6 @@ generator::ListSettings anySettings(FuzzedDataProvider& input, std::size_t longe
     *text = anyText(input, longestText);
   }
   return settings;
-}
-
-ScratchFolder::ScratchFolder() {
-  std::string name = std::filesystem::temp_directory_path() / "fuzz-XXXXXX";
-  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no scratch folder");
-  path_ = name;
-}
-
-ScratchFolder::~ScratchFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
-
-std::u16string ScratchFolder::file(std::string_view name) const {
-  return (path_ / name).u16string();
-}
-
-void writeBytes(const std::u16string& file, std::string_view bytes) {
-  std::ofstream(std::filesystem::path(file), std::ios::binary) << bytes;
-}
-
-std::string readBytes(const std::u16string& file) {
-  if (!std::filesystem::is_regular_file(file)) return {};
-  std::ifstream stream(std::filesystem::path(file), std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 }  // namespace kvrnstep::fuzz

@@ -5,15 +5,14 @@
 #include <algorithm>
 #include <array>
 #include <deque>
-#include <filesystem>
 #include <sstream>
 
 #include "dialogs/frm_listwright.h"
+#include "driving/script_stage.h"
 #include "fuzz.h"
 #include "headless_toolkit.h"
 #include "script.h"
-#include "session_rules.h"
-#include "session_script.h"
+#include "temporary_folder.h"
 #include "text/codepage.h"
 #include "text/numbers.h"
 #include "text/text.h"
@@ -21,44 +20,143 @@
 namespace {
 
 using namespace kvrnstep;
+using fuzz::check;
 using Words = std::vector<std::u16string>;
+namespace fs = std::filesystem;
 
-/// Where a session finds and leaves its files.
-class Place {
+/// Reads properties of the topmost window.
+class Reader {
  public:
-  Place() { std::filesystem::create_directory(elsewhere()); }
+  explicit Reader(driving::Stage& stage) : stage_(stage) {}
 
-  void reset() const {
-    std::filesystem::remove_all(folder_.path() / "steps");
-    std::filesystem::remove_all(folder_.path() / "steps.ini");
-    std::filesystem::create_directory(folder_.path() / "steps");
+  [[nodiscard]] driving::Value value(const std::string& target) const {
+    driving::Value value;
+    std::string reason;
+    check(stage_.read(target, value, reason) == driving::Outcome::Done, "a property can be read");
+    return value;
   }
-  [[nodiscard]] std::filesystem::path elsewhere() const { return folder_.path() / "elsewhere"; }
-
-  [[nodiscard]] std::u16string steps() const { return folder_.file("steps"); }
-  [[nodiscard]] std::u16string settings() const { return folder_.file("steps.ini"); }
-
-  /// The settings file lies beside the step folder, everything else in it.
-  [[nodiscard]] std::u16string pathOf(std::string_view name) const {
-    return name == "steps.ini" ? settings() : folder_.file("steps/" + std::string(name));
+  [[nodiscard]] bool on(const std::string& target) const { return std::get<bool>(value(target)); }
+  [[nodiscard]] double number(const std::string& target) const {
+    return std::get<double>(value(target));
   }
-  [[nodiscard]] std::string contentOf(std::string_view name) const {
-    return fuzz::readBytes(pathOf(name));
+  [[nodiscard]] double numberIn(const std::string& box) const {
+    return text::leadingNumber(text(box));
   }
-
-  void checkNothingElse() const {
-    for (const auto& entry : std::filesystem::directory_iterator(folder_.path())) {
-      const std::string name = entry.path().filename();
-      fuzz::check(name == "steps" || name == "steps.ini" || name == "elsewhere",
-                  "nothing is written beside the step folder and the settings file");
-    }
-    fuzz::check(std::filesystem::is_empty(elsewhere()),
-                "nothing is written into the working folder");
+  [[nodiscard]] std::u16string text(const std::string& control) const {
+    return std::get<std::u16string>(value(control + ".text"));
+  }
+  [[nodiscard]] bool enabled(const std::string& control) const { return on(control + ".enabled"); }
+  [[nodiscard]] bool stepsValid() const {
+    return numberIn("txtBStart") > 0 && numberIn("txtBEndAt") > 0;
   }
 
  private:
-  fuzz::ScratchFolder folder_;
+  driving::Stage& stage_;
 };
+
+std::string element(std::string_view name, int index) {
+  return std::string(name) + "(" + std::to_string(index) + ")";
+}
+
+void checkNumbers(const Reader& read) {
+  for (const std::string spinner : {"updBStart", "updBEndAt"}) {
+    const double value = read.number(spinner + ".value");
+    check(value >= 1 && value <= 99, "a step lies between 1 and 99");
+  }
+  const double spacing = read.number("updLS.value");
+  check(spacing >= 0 && spacing <= 9, "line spacing lies between 0 and 9");
+  // While a box holds no number its spinner may be moved past the other one; the next number
+  // that is typed puts them in order.
+  if (!read.stepsValid()) return;
+  check(read.number("updBEndAt.value") >= read.number("updBStart.value"),
+        "the end is not below the start");
+}
+
+void checkListingType(const Reader& read) {
+  for (int type = 0; type < 4; ++type) {
+    if (!read.on(element("optNA", type) + ".value")) continue;
+    check(read.enabled("chkLWO(1)") == (type == 1 || type == 2), "upper case is for letters");
+    check(read.enabled("chkLWO(6)") == (type == 0), "ordinals are for numbers");
+    for (int picture = 0; picture < 4; ++picture) {
+      check(read.on(element("imgBull", picture) + ".visible") == (picture == type),
+            "the picture is that of the type");
+    }
+  }
+  check(read.enabled("chkLWO(0)") == (read.number("chkLWO(2).value") != 0),
+        "indented spacing needs indentation");
+}
+
+void checkLayout(const Reader& read) {
+  const bool files = read.on("mnuOptions(4).checked");
+  const bool preview = read.on("mnuOptions(5).checked");
+  check(read.number("frmListwright.width") == (preview ? 8220 : 4170), "the width is the layout's");
+  check(read.number("frmListwright.height") == (files ? 6855 : 5280), "and so is the height");
+  check(read.number("fraStep.left") == (preview ? 275 : 2), "the frame lies beside the preview");
+  check((read.number("txtPreview.left") > 0) == preview || files, "the preview shows when wanted");
+  for (int button = 3; button <= 5; ++button) {
+    const std::string name = element("cmdCIC", button);
+    if (files || preview) check(read.on(name + ".visible"), "panels have their buttons");
+    if (!files && !preview) check(!read.enabled(name), "without panels there is nothing to save");
+    if (preview) {
+      check(read.enabled(name) == read.enabled("cmdCIC(0)"), "the preview's buttons follow Insert");
+    }
+  }
+}
+
+void checkActions(const Reader& read) {
+  static const std::array<std::string, 5> kFollowers{"cmdCIC(2)", "mnuActions(0)", "mnuActions(2)",
+                                                     "mnuFiles(1)", "mnuFiles(3)"};
+  const bool insert = read.enabled("cmdCIC(0)");
+  for (const std::string& follower : kFollowers) {
+    check(read.enabled(follower) == insert, "all actions are enabled, or none");
+  }
+  check(read.enabled("cmdCIC(1)"), "Cancel is always to be had");
+}
+
+// What must hold of the windows whenever they wait for their user.
+
+void checkMainDialog(driving::Stage& stage) {
+  const Reader read(stage);
+  checkNumbers(read);
+  checkListingType(read);
+  checkLayout(read);
+  checkActions(read);
+}
+
+/// … and besides after something was typed into a numeric box, or its text deleted.
+void checkAfterTyping(driving::Stage& stage, std::string_view box) {
+  const Reader read(stage);
+  const bool insert = read.enabled("cmdCIC(0)");
+  const bool panelShown = read.on("mnuOptions(4).checked") || read.on("mnuOptions(5).checked");
+  if (box == "txtBStart" || box == "txtBEndAt") {
+    check(insert == read.stepsValid(), "Insert needs a start and an end");
+  } else if (box == "txtLS") {
+    // A refreshed preview writes the end anew, which is judged like a typed one.
+    const bool spacing = read.numberIn("txtLS") >= 0;
+    check(insert == (panelShown ? read.stepsValid() : spacing), "Insert needs a line spacing");
+  }
+}
+
+void checkStorageEditor(driving::Stage& stage) {
+  const Reader read(stage);
+  for (int slot = 0; slot < 15; ++slot) {
+    check(read.enabled(element("imgBE", slot)) == !read.text(element("txtHold", slot)).empty(),
+          "only a text can be applied");
+  }
+  check(read.number("frmStepBE.width") >= 8000, "the editor is no narrower");
+  check(read.number("frmStepBE.height") >= 4335, "the editor is no lower");
+}
+
+void checkAffixEditor(driving::Stage& stage) {
+  const Reader read(stage);
+  const bool selected = read.number("lstEdit.index") >= 0;
+  for (const char* button : {"cmdEdO", "cmdDelete", "cmdPatU", "cmdPatD"}) {
+    check(read.enabled(button) == selected, "selection buttons need a selected entry");
+  }
+  check(read.enabled("cmdAdd") == !read.text("txtAdd").empty(), "only a text can be added");
+  const bool entries = !std::get<std::u16string>(read.value("lstEdit.items")).empty();
+  check(entries || !read.enabled("cmdSort"), "nothing can be sorted in an empty list");
+}
 
 /// Files that a session may begin with.
 constexpr std::array<std::string_view, 9> kFiles{
@@ -68,18 +166,23 @@ constexpr std::array<std::string_view, 9> kFiles{
 /// What the program itself assigns; states that follow from others are left to it.
 constexpr std::array<std::string_view, 6> kAssigned{"text",     "value",    "index",
                                                     "topindex", "selstart", "sellength"};
-
-constexpr std::size_t kMostLines = 300;
 constexpr std::size_t kLongestTyped = 40;
+constexpr int kMostLines = 300;
+
+/// The settings file lies beside the step folder, everything else in it.
+std::string pathOf(const std::string& name) {
+  return name == "steps.ini" ? name : "steps/" + name;
+}
 
 class Session final : driving::Player {
  public:
-  Session(const Place& place, std::string_view script)
-      : place_(place), lines_(fuzz::linesOf(script)) {
-    if (lines_.size() > kMostLines) lines_.resize(kMostLines);
+  Session(const tests::TemporaryFolder& folder, const std::string& script)
+      : folder_(folder), script_(script) {
+    for (const char* part : {"steps", "steps.ini", "elsewhere"}) fs::remove_all(folder.path(part));
+    for (const char* part : {"steps", "elsewhere"}) fs::create_directory(folder.path(part));
     host_.SEC_APP_NAME = u"Listwright";
-    host_.sPthStepFolder = place.steps();
-    host_.s_IniPathAndName = place.settings();
+    host_.sPthStepFolder = folder("steps");
+    host_.s_IniPathAndName = folder("steps.ini");
     host_.s_EditorFont = u"Courier New";
     host_.i_EditorSize = 9;
     host_.bytSpcCount = 4;
@@ -89,23 +192,21 @@ class Session final : driving::Player {
   void run() {
     while (const auto words = nextWords()) {
       const std::string command = text::toAscii(words->front());
-      if (command == "call") {
-        call();
-      } else if (command == "#file" || command == "#folder") {
-        prepare(*words);
-      } else if (command == "arg" && words->size() == 3) {
+      if (command == "call") call();
+      if (command == "#file" || command == "#folder") prepare(*words);
+      if (command == "arg" && words->size() == 3) {
         setArgument(text::toAscii((*words)[1]), (*words)[2]);
-      } else if (command == "answer") {
-        queueAnswer(*words);
       }
+      if (command == "answer") queueAnswer(*words);
     }
   }
 
  private:
   std::optional<Words> nextWords() {
-    while (next_ < lines_.size()) {
+    for (std::string line; lines_ < kMostLines && std::getline(script_, line);) {
+      ++lines_;
       try {
-        Words words = stepdrive::splitWords(lines_[next_++]);
+        Words words = stepdrive::splitWords(line);
         if (!words.empty()) return words;
       } catch (const stepdrive::ScriptError&) {
         // A line that no script could hold.
@@ -117,10 +218,9 @@ class Session final : driving::Player {
   void prepare(const Words& words) {
     const std::string name = words.size() > 1 ? text::toAscii(words[1]) : "";
     if (std::ranges::find(kFiles, name) == kFiles.end()) return;
-    const std::filesystem::path path(place_.pathOf(name));
-    std::filesystem::remove_all(path);
-    if (words.size() == 3) fuzz::writeBytes(path.u16string(), text::toBytes(words[2]));
-    if (words.front() == u"#folder") std::filesystem::create_directory(path);
+    fs::remove_all(folder_.path(pathOf(name)));
+    if (words.size() == 3) folder_.put(pathOf(name), text::toBytes(words[2]));
+    if (words.front() == u"#folder") fs::create_directory(folder_.path(pathOf(name)));
   }
 
   void setArgument(const std::string& name, const std::u16string& value) {
@@ -140,21 +240,25 @@ class Session final : driving::Player {
     dialog.LwMenuMode(menuMode_);
     dialog_ = &dialog;
     dialog.showModal(stage_);
-    dialog_ = nullptr;
-    fuzz::check(dialog.LwSelectionMade() || dialog.LwOutputString().empty(),
-                "only Insert hands a list over");
-    place_.checkNothingElse();
+    check(dialog.LwSelectionMade() || dialog.LwOutputString().empty(),
+          "only Insert hands a list over");
+    checkFiles();
+  }
+
+  void checkFiles() const {
+    for (const std::string& name : folder_.names()) {
+      check(name == "steps" || name == "steps.ini" || name == "elsewhere",
+            "nothing is written beside the step folder and the settings file");
+    }
+    check(fs::is_empty(folder_.path("elsewhere")), "nor into the working folder");
   }
 
   void act() override {
     checkTopmost();
-    place_.checkNothingElse();
-    if (const auto words = nextWords()) {
-      perform(*words);
-      return;
-    }
+    checkFiles();
+    if (const auto words = nextWords()) return perform(*words);
     constexpr int kMostClosings = 100;
-    fuzz::check(++closings_ < kMostClosings, "a window closes by its close box");
+    check(++closings_ < kMostClosings, "a window closes by its close box");
     stage_.closeTopmost();
   }
 
@@ -170,7 +274,7 @@ class Session final : driving::Player {
     std::string reason;
     const bool done = stage_.perform(verb, rest, reason) == driving::Outcome::Done;
     const bool typed = done && (verb == "clear" || (verb == "type" && !rest.back().empty()));
-    if (typed && windows_.back() == "frmListwright") fuzz::checkAfterTyping(stage_, target);
+    if (typed && windows_.back() == "frmListwright") checkAfterTyping(stage_, target);
   }
 
   void assign(const Words& words) {
@@ -196,10 +300,10 @@ class Session final : driving::Player {
   }
 
   void checkTopmost() {
-    fuzz::check(dialog_->LwOutputString().empty(), "an idle dialog holds no list");
-    if (windows_.back() == "frmListwright") fuzz::checkMainDialog(stage_, *dialog_);
-    if (windows_.back() == "frmStepBE") fuzz::checkStorageEditor(stage_);
-    if (windows_.back() == "frmStepPSEdit") fuzz::checkAffixEditor(stage_);
+    check(dialog_->LwOutputString().empty(), "an idle dialog holds no list");
+    if (windows_.back() == "frmListwright") checkMainDialog(stage_);
+    if (windows_.back() == "frmStepBE") checkStorageEditor(stage_);
+    if (windows_.back() == "frmStepPSEdit") checkAffixEditor(stage_);
   }
 
   void happened(std::string_view what, const std::vector<driving::Detail>& details) override {
@@ -209,18 +313,18 @@ class Session final : driving::Player {
       lists_ = affixLists();
     } else if (what == "closed") {
       const bool kept = windows_.back() != "frmStepPSEdit" || listSaved_ || lists_ == affixLists();
-      fuzz::check(kept, "only OK saves a list");
+      check(kept, "only OK saves a list");
       windows_.pop_back();
     }
   }
 
   [[nodiscard]] std::string affixLists() const {
-    return place_.contentOf("Prefix_Step.dat") + '\f' + place_.contentOf("Suffix_Step.dat");
+    return folder_.get("steps/Prefix_Step.dat") + '\f' + folder_.get("steps/Suffix_Step.dat");
   }
 
-  const Place& place_;
-  fuzz::Lines lines_;
-  std::size_t next_ = 0;
+  const tests::TemporaryFolder& folder_;
+  std::istringstream script_;
+  int lines_ = 0;
   int closings_ = 0;
   std::deque<std::optional<std::u16string>> answers_;
   plugin::HostContext host_;
@@ -234,42 +338,15 @@ class Session final : driving::Player {
   bool listSaved_ = false;
 };
 
-std::size_t handOver(const fuzz::Lines& lines, std::uint8_t* data, std::size_t mostBytes) {
-  const std::string script = fuzz::scriptOf(lines, mostBytes);
-  std::ranges::copy(script, data);
-  return script.size();
-}
-
 }  // namespace
 
-extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size,
-                                        std::size_t mostBytes);
-
-extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size,
-                                               std::size_t mostBytes, unsigned seed) {
-  fuzz::Random random(seed);
-  constexpr unsigned kBytewise = 8;  // one of so many
-  if (random() % kBytewise == 0) return LLVMFuzzerMutate(data, size, mostBytes);
-  return handOver(fuzz::changed(fuzz::linesOf(fuzz::bytesOf(data, size)), random), data, mostBytes);
-}
-
-extern "C" std::size_t LLVMFuzzerCustomCrossOver(const std::uint8_t* one, std::size_t oneSize,
-                                                 const std::uint8_t* other, std::size_t otherSize,
-                                                 std::uint8_t* data, std::size_t mostBytes,
-                                                 unsigned seed) {
-  fuzz::Random random(seed);
-  return handOver(fuzz::crossed(fuzz::linesOf(fuzz::bytesOf(one, oneSize)),
-                                fuzz::linesOf(fuzz::bytesOf(other, otherSize)), random),
-                  data, mostBytes);
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const Place place;
-  static const std::filesystem::path home = std::filesystem::current_path();
-  place.reset();
+  static const tests::TemporaryFolder folder;
+  Session session(folder, std::string(reinterpret_cast<const char*>(data), size));
   // The fuzzer itself finds its files from where it was started.
-  std::filesystem::current_path(place.elsewhere());
-  Session(place, fuzz::bytesOf(data, size)).run();
-  std::filesystem::current_path(home);
+  static const fs::path home = fs::current_path();
+  fs::current_path(folder.path("elsewhere"));
+  session.run();
+  fs::current_path(home);
   return 0;
 }

@@ -1,0 +1,128 @@
+// Readers and writers of all that is kept in files: whatever the bytes and the texts, what was
+// read, or is written, comes back.
+
+#include <array>
+
+#include "fuzz.h"
+#include "generator/generator.h"
+#include "platform/profile.h"
+#include "stepfiles/quote_placeholder.h"
+#include "stepfiles/step_file_name.h"
+#include "stepfiles/step_record.h"
+#include "stepfiles/stored_texts.h"
+#include "storage/list_file.h"
+#include "text/characters.h"
+#include "text/codepage.h"
+
+namespace {
+
+using namespace kvrnstep;
+using fuzz::check;
+
+void encode(const std::u16string& text) {
+  const std::string bytes = text::toBytes(text);
+  check(text::isUtf8(bytes), "what is written is UTF-8");
+  check(text::fromBytes(bytes) == text && text::fromUtf8(bytes) == text, "a text comes back");
+}
+
+void decode(std::string_view bytes) {
+  const std::u16string text = text::fromBytes(bytes);
+  const bool utf8 = text::isUtf8(bytes);
+  check(text == (utf8 ? text::fromUtf8(bytes) : text::textFromWindows1252(bytes)),
+        "the bytes are one encoding or the other");
+  encode(text);
+  encode(text::fromUtf8(bytes));
+}
+
+void list(std::string_view bytes) {
+  const auto entries = storage::parseList(bytes);
+  check(storage::parseList(storage::formatList(entries)) == entries, "a list comes back");
+}
+
+/// Who types the token that stands for a double quote gets a double quote back.
+template <class... Texts>
+void quoteAsRead(Texts&... texts) {
+  ((texts = stepfiles::withQuotes(texts)), ...);
+}
+
+void stepFile(FuzzedDataProvider input, std::string_view bytes) {
+  const auto read = stepfiles::parseStepRecord(bytes);
+  const std::string written = stepfiles::formatStepRecord(read);
+  check(stepfiles::parseStepRecord(written) == read, "a setup is read as it was written");
+  const bool listed = read.Selection >= 0 && read.Selection <= 3;
+  check(stepfiles::isStepRecord(written) == listed, "what was written is recognised");
+  check(listed || !stepfiles::isStepRecord(bytes), "no other listing type is recognised");
+
+  const auto shown = stepfiles::withinRanges(read);
+  check(shown == stepfiles::withinRanges(shown), "numbers in range stay");
+  // Labels, what a macro gives, indents and blank lines are small.
+  const std::size_t longest = 99 * (read.Prefix.size() + read.Suffix.size() + 100);
+  check(generator::generateList(shown, 4).size() <=
+            read.Beginning.size() + read.Ending.size() + longest,
+        "a list stays small");
+
+  auto any = fuzz::anySettings(input, 64);
+  const std::string record = stepfiles::formatStepRecord(any);
+  quoteAsRead(any.Beginning, any.Ending, any.Prefix, any.Suffix);
+  check(stepfiles::parseStepRecord(record) == any, "any setup comes back");
+}
+
+void storedTexts(FuzzedDataProvider input, std::string_view bytes) {
+  stepfiles::StoredTexts any;
+  for (std::u16string& text : any) text = fuzz::anyText(input, 64);
+  for (stepfiles::StoredTexts texts : {any, stepfiles::parseStoredTexts(bytes)}) {
+    const std::string written = stepfiles::formatStoredTexts(texts);
+    for (std::u16string& text : texts) quoteAsRead(text);
+    check(stepfiles::parseStoredTexts(written) == texts, "texts are read as they were written");
+  }
+}
+
+void stepFileName(FuzzedDataProvider input) {
+  const std::u16string name = stepfiles::BuildStepFileName(fuzz::anySettings(input, 200));
+  check(name.find_first_of(u"\"?`!.'<>;:\\/\r\n\t ") == std::u16string::npos,
+        "a name holds nothing that a file name may not hold");
+  const std::u16string fitting = stepfiles::fittingFileName(name);
+  const std::size_t room = 255 - stepfiles::kStepExtension.size();
+  const std::size_t size = text::toUtf8(fitting).size();
+  check(size <= room && name.starts_with(fitting), "a name is only cut, and fits");
+  if (fitting == name) return;
+  check(size + 4 > room, "no more is cut than need be");
+  check(!text::isSurrogatePair({&name[fitting.size() - 1], 2}), "no character is torn apart");
+}
+
+/// Short names of few kinds, so that they are found in the file again and again.
+std::string profileName(FuzzedDataProvider& input) {
+  static constexpr std::array kNames{"Sec", "sEC", "Key", "KEY", "", " Key\t", "A]", "[Key", ";"};
+  return input.ConsumeBool() ? input.PickValueInArray(kNames) : input.ConsumeRandomLengthString(8);
+}
+
+void profile(FuzzedDataProvider input) {
+  const std::string section = profileName(input);
+  const std::string key = profileName(input);
+  const std::string otherKey = profileName(input);
+  const std::string value = input.ConsumeRandomLengthString(32);
+  const std::string bytes = input.ConsumeRemainingBytesAsString();
+  const std::string written = platform::withProfileValue(bytes, section, key, value);
+  if (!platform::isProfileName(section, key)) return check(written == bytes, "no name, no change");
+  if (value.find_first_of(" \t\r\n\"'") != std::string::npos) return;
+  check(platform::profileValue(written, section, key) == value, "a value comes back");
+  check(platform::withProfileValue(written, section, key, value) == written, "and is there once");
+  const auto other = platform::profileValue(written, section, otherKey);
+  check(other == value || other == platform::profileValue(bytes, section, otherKey),
+        "other keys stay");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string bytes(reinterpret_cast<const char*>(data), size);
+  decode(bytes);
+  FuzzedDataProvider texts(data, size);
+  encode(fuzz::anyText(texts, size));
+  list(bytes);
+  stepFile(FuzzedDataProvider(data, size), bytes);
+  storedTexts(FuzzedDataProvider(data, size), bytes);
+  stepFileName(FuzzedDataProvider(data, size));
+  profile(FuzzedDataProvider(data, size));
+  return 0;
+}
