@@ -158,7 +158,7 @@ void selectSecond(forms::Window& window) {
 }
 
 void clearCount(forms::Window& window) {
-  window.find("txtBEndAt", -1)->set(forms::Property::Text, std::u16string());
+  static_cast<forms::TextBox*>(window.find("txtBEndAt", -1))->setText({});
 }
 
 void dropDown(WindowView& view) {

@@ -27,7 +27,7 @@ class HeadlessToolkit final : public driving::DrivenToolkit {
 
   bool carryOut(const driving::Gesture& gesture) override;
   std::optional<driving::Value> shown(const forms::Control& /*control*/,
-                                      forms::Property /*property*/) override {
+                                      std::string_view /*property*/) override {
     return std::nullopt;
   }
 

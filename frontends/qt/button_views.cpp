@@ -65,15 +65,6 @@ void ButtonView::fitCaption() {
           fittedCaptionFont(toQt(text::withoutMnemonic(control().caption())), captionWidth()));
 }
 
-std::optional<forms::PropertyValue> ButtonView::shown(Property property) const {
-  if (property == Property::Caption) {
-    // The mark of a mnemonic that another control has is not drawn.
-    const std::u16string text = fromQt(button_->text());
-    return text == forms::drawnCaption(control()) ? control().caption() : text;
-  }
-  return ControlView::shown(property);
-}
-
 PushButtonView::PushButtonView(WindowView& window, forms::Control& control)
     : ButtonView(window, control, new QPushButton(window.parentFor(control))) {
   // Enter presses the button that has the focus, and no other one.
@@ -97,21 +88,6 @@ void CheckBoxView::setMark(forms::Mark mark) {
   box.setCheckState(checkState(mark));
 }
 
-std::optional<forms::PropertyValue> CheckBoxView::shown(Property property) const {
-  const auto& box = static_cast<QCheckBox&>(button());
-  const int value = static_cast<const forms::CheckBox&>(control()).value();
-  switch (property) {
-    case Property::Checked:
-      return box.checkState() == Qt::Checked;
-    case Property::Value:
-      // All values but 0 and 1 look the same.
-      if (box.checkState() == checkState(forms::markOf(value))) return static_cast<double>(value);
-      return box.checkState() == Qt::Checked ? 1.0 : box.checkState() == Qt::Unchecked ? 0.0 : 2.0;
-    default:
-      return ButtonView::shown(property);
-  }
-}
-
 OptionButtonView::OptionButtonView(WindowView& window, forms::Control& button)
     : ButtonView(window, button, new WholePlace<QRadioButton>(window.parentFor(button))) {}
 
@@ -126,11 +102,6 @@ void OptionButtonView::setMark(forms::Mark mark) {
   button().setAutoExclusive(false);
   button().setChecked(on);
   button().setAutoExclusive(true);
-}
-
-std::optional<forms::PropertyValue> OptionButtonView::shown(Property property) const {
-  if (property == Property::Value || property == Property::Checked) return button().isChecked();
-  return ButtonView::shown(property);
 }
 
 }  // namespace kvrnstep::qt

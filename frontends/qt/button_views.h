@@ -11,8 +11,6 @@ class ButtonView : public ControlView {
  public:
   ButtonView(WindowView& window, forms::Control& control, QAbstractButton* button);
 
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
-
  protected:
   void setCaption(const std::u16string& caption) override;
   void fitCaption() override;
@@ -36,8 +34,6 @@ class CheckBoxView : public ButtonView {
  public:
   CheckBoxView(WindowView& window, forms::Control& box);
 
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
-
  protected:
   void setMark(forms::Mark mark) override;
   [[nodiscard]] int captionWidth() const override;
@@ -46,8 +42,6 @@ class CheckBoxView : public ButtonView {
 class OptionButtonView : public ButtonView {
  public:
   OptionButtonView(WindowView& window, forms::Control& button);
-
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
   void setMark(forms::Mark mark) override;

@@ -77,17 +77,4 @@ void ComboView::setIndex(int index) {
   if (box_->currentIndex() != index) box_->setCurrentIndex(index);
 }
 
-std::optional<forms::PropertyValue> ComboView::shown(Property property) const {
-  switch (property) {
-    case Property::Items:
-      return text::joined(entries_->texts());
-    case Property::Index:
-      return static_cast<double>(box_->currentIndex());
-    default:
-      break;
-  }
-  const auto value = shownOf(*edit_, property);
-  return value ? value : ControlView::shown(property);
-}
-
 }  // namespace kvrnstep::qt

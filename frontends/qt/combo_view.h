@@ -15,8 +15,6 @@ class ComboView : public ControlView {
  public:
   ComboView(WindowView& window, forms::ComboBox& combo);
 
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
-
  protected:
   void setItems(const std::vector<std::u16string>& items) override;
   void setIndex(int index) override;

@@ -34,19 +34,4 @@ QPoint ControlView::menuPlace() const {
   return widget_->mapToGlobal(widget_->rect().center());
 }
 
-std::optional<forms::PropertyValue> ControlView::shown(Property property) const {
-  if (widget_ == nullptr) return std::nullopt;
-  switch (property) {
-    case Property::Enabled:
-      // isEnabled() would tell of the containers too.
-      return !widget_->testAttribute(Qt::WA_ForceDisabled);
-    case Property::Visible:
-      return !widget_->isHidden();
-    case Property::ToolTip:
-      return fromQt(widget_->toolTip());
-    default:
-      return std::nullopt;
-  }
-}
-
 }  // namespace kvrnstep::qt

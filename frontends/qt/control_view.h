@@ -22,9 +22,6 @@ class ControlView : public forms::ControlSync {
   /// Where on the screen a menu opens that the keyboard asked for.
   [[nodiscard]] virtual QPoint menuPlace() const;
 
-  /// What the widget really shows of a property; nothing where it does not tell.
-  [[nodiscard]] virtual std::optional<forms::PropertyValue> shown(forms::Property property) const;
-
  protected:
   /// To be called by the constructor of each kind.
   void adopt(QWidget* widget);

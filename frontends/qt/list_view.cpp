@@ -88,17 +88,4 @@ forms::Scroll ListView::scroll() const {
   return {bar.value(), bar.maximum()};
 }
 
-std::optional<forms::PropertyValue> ListView::shown(Property property) const {
-  switch (property) {
-    case Property::Items:
-      return text::joined(entries_->texts());
-    case Property::Index:
-      return static_cast<double>(selectedRow());
-    case Property::TopIndex:
-      return static_cast<double>(scrolledAsAsked() ? list().topIndex() : scroll().first);
-    default:
-      return ControlView::shown(property);
-  }
-}
-
 }  // namespace kvrnstep::qt

@@ -25,7 +25,6 @@ class ListView : public ControlView {
  public:
   ListView(WindowView& window, forms::ListBox& list);
 
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
   [[nodiscard]] QPoint menuPlace() const override;
 
  protected:

@@ -66,21 +66,4 @@ void MenuView::setEntry(const forms::DrawnEntry& entry) {
   action_->setChecked(entry.checked);
 }
 
-std::optional<forms::PropertyValue> MenuView::shown(Property property) const {
-  switch (property) {
-    case Property::Caption:
-      return action_->isSeparator() ? u"-" : fromQt(action_->text());
-    case Property::Enabled:
-      // What cannot be seen counts as disabled, whatever it was set to.
-      if (!action_->isVisible()) return std::nullopt;
-      return action_->isEnabled();
-    case Property::Visible:
-      return action_->isVisible();
-    case Property::Checked:
-      return action_->isChecked();
-    default:
-      return std::nullopt;
-  }
-}
-
 }  // namespace kvrnstep::qt

@@ -19,8 +19,6 @@ class MenuView : public ControlView {
   /// The menu that the entry stands in; null for a menu of the menu bar or a pop-up menu.
   [[nodiscard]] MenuView* parent() const { return parent_; }
 
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
-
  protected:
   void setEntry(const forms::DrawnEntry& entry) override;
   void recolor() override;

@@ -82,19 +82,13 @@ void LabelView::setCursor(int resourceId) {
 void LabelView::setCaption(const std::u16string& caption) {
   // Without a buddy a plain label takes no mnemonic and would show its mark.
   const bool marked = label_->buddy() != nullptr || label_->canBeActivated();
-  drawn_ = marked ? toQt(caption) : toQt(text::withoutMnemonic(control().caption()));
-  label_->showText(drawn_);
+  label_->showText(marked ? toQt(caption) : toQt(text::withoutMnemonic(control().caption())));
 }
 
 void LabelView::fitCaption() {
   QFont font = fittedCaptionFont(toQt(text::withoutMnemonic(control().caption())), label_->width());
   font.setUnderline(forms::isLink(control()));
   useFont(*label_, font);
-}
-
-std::optional<forms::PropertyValue> LabelView::shown(Property property) const {
-  if (property != Property::Caption) return ControlView::shown(property);
-  return label_->text() == drawn_ ? control().caption() : fromQt(label_->text());
 }
 
 ImageView::ImageView(WindowView& window, forms::Control& image)

@@ -10,7 +10,6 @@ class LabelView : public ControlView {
  public:
   LabelView(WindowView& window, forms::Control& label);
 
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
   void setBuddy(forms::ControlSync& buddy) override;
 
  protected:
@@ -21,7 +20,6 @@ class LabelView : public ControlView {
 
  private:
   DragLabel* label_;
-  QString drawn_;
 };
 
 /// A picture.

@@ -9,7 +9,6 @@
 namespace kvrnstep::qt {
 
 using forms::Property;
-using forms::PropertyValue;
 
 TextBoxView::TextBoxView(WindowView& window, forms::TextBox& box) : ControlView(window, box) {
   QWidget* parent = window.parentFor(box);
@@ -39,24 +38,6 @@ void TextBoxView::recolor() {
   palette.setColor(QPalette::Disabled, QPalette::Text,
                    own.color(QPalette::Disabled, QPalette::Text));
   widget()->setPalette(palette);
-}
-
-std::optional<PropertyValue> TextBoxView::shown(Property property) const {
-  const auto value = shownOf(*text_, property);
-  return value ? value : ControlView::shown(property);
-}
-
-std::optional<PropertyValue> shownOf(const forms::TextSync& text, Property property) {
-  switch (property) {
-    case Property::Text:
-      return text.shownText();
-    case Property::SelStart:
-      return static_cast<double>(text.shownSelection().start);
-    case Property::SelLength:
-      return static_cast<double>(text.shownSelection().length);
-    default:
-      return std::nullopt;
-  }
 }
 
 }  // namespace kvrnstep::qt

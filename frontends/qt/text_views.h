@@ -10,8 +10,6 @@ class TextBoxView : public ControlView {
  public:
   TextBoxView(WindowView& window, forms::TextBox& box);
 
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
-
  protected:
   void setFont(const std::u16string& font, float points) override;
   void recolor() override;
@@ -23,8 +21,5 @@ class TextBoxView : public ControlView {
 
   forms::TextSync* text_ = nullptr;
 };
-
-/// What a widget shows of a property of its text; nothing for other properties.
-std::optional<forms::PropertyValue> shownOf(const forms::TextSync& text, forms::Property property);
 
 }  // namespace kvrnstep::qt

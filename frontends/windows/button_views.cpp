@@ -60,11 +60,6 @@ void ButtonView::setMark(forms::Mark mark) {
   ::SendMessageW(handle(), BM_SETCHECK, static_cast<WPARAM>(wanted), 0);
 }
 
-std::optional<forms::PropertyValue> ButtonView::shown(Property property) const {
-  if (property == Property::Caption) return shownCaption();
-  return ControlView::shown(property);
-}
-
 PushButtonView::PushButtonView(WindowView& window, forms::Control& control)
     : ButtonView(window, control,
                  BS_PUSHBUTTON | (control.picture() == forms::Picture::None ? 0 : BS_ICON)) {}
@@ -80,28 +75,8 @@ void PushButtonView::setPicture(forms::Picture picture) {
 CheckBoxView::CheckBoxView(WindowView& window, forms::Control& box)
     : ButtonView(window, box, BS_3STATE) {}
 
-std::optional<forms::PropertyValue> CheckBoxView::shown(Property property) const {
-  const int value = static_cast<const forms::CheckBox&>(control()).value();
-  switch (property) {
-    case Property::Checked:
-      return shownMark() == BST_CHECKED;
-    case Property::Value:
-      // All values but 0 and 1 look the same.
-      return static_cast<double>(shownMark() == checkMark(forms::markOf(value)) ? value
-                                                                                : shownMark());
-    default:
-      return ButtonView::shown(property);
-  }
-}
-
 OptionButtonView::OptionButtonView(WindowView& window, forms::Control& button)
     : ButtonView(window, button,
                  BS_RADIOBUTTON | (beginsGroup(button) ? static_cast<DWORD>(WS_GROUP) : 0)) {}
-
-std::optional<forms::PropertyValue> OptionButtonView::shown(Property property) const {
-  if (property == Property::Value || property == Property::Checked)
-    return shownMark() == BST_CHECKED;
-  return ButtonView::shown(property);
-}
 
 }  // namespace kvrnstep::windows

@@ -10,7 +10,6 @@ class ButtonView : public ControlView {
   ButtonView(WindowView& window, forms::Control& control, DWORD style);
 
   void commanded(int notification) override;
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
   void setCaption(const std::u16string& caption) override;
@@ -40,8 +39,6 @@ class CheckBoxView : public ButtonView {
  public:
   CheckBoxView(WindowView& window, forms::Control& box);
 
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
-
  protected:
   [[nodiscard]] int beside() const override { return 18; }
 };
@@ -49,8 +46,6 @@ class CheckBoxView : public ButtonView {
 class OptionButtonView : public ButtonView {
  public:
   OptionButtonView(WindowView& window, forms::Control& button);
-
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
   [[nodiscard]] int beside() const override { return 18; }

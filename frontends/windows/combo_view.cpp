@@ -90,17 +90,4 @@ void ComboView::setIndex(int index) {
   if (selected() != index) ::SendMessageW(handle(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
 }
 
-std::optional<forms::PropertyValue> ComboView::shown(Property property) const {
-  switch (property) {
-    case Property::Items:
-      return entriesOf(handle(), kComboMessages);
-    case Property::Index:
-      return static_cast<double>(selected());
-    default:
-      break;
-  }
-  const auto value = edit_.shown(property);
-  return value ? value : ControlView::shown(property);
-}
-
 }  // namespace kvrnstep::windows

@@ -15,7 +15,6 @@ class ComboView : public ControlView {
   [[nodiscard]] bool usesKeys() const override;
   void commanded(int notification) override;
   void afterwards() override;
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
   void setPlace(const forms::PixelRect& place) override;

@@ -89,27 +89,6 @@ void ControlView::useFont(HFONT font) {
   ::SendMessageW(handle_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
-std::u16string ControlView::shownCaption() const {
-  const std::u16string shown = textOf(handle_);
-  return shown == forms::drawnCaption(control()) ? control().caption() : shown;
-}
-
-std::optional<forms::PropertyValue> ControlView::shown(Property property) const {
-  if (handle_ == nullptr) return std::nullopt;
-  // What the parents are would count too if the system were asked in another way.
-  const LONG_PTR style = ::GetWindowLongPtrW(handle_, GWL_STYLE);
-  switch (property) {
-    case Property::Enabled:
-      return (style & WS_DISABLED) == 0;
-    case Property::Visible:
-      return (style & WS_VISIBLE) != 0;
-    case Property::ToolTip:
-      return window_.toolTipOf(handle_);
-    default:
-      return std::nullopt;
-  }
-}
-
 std::u16string textOf(HWND window) {
   std::u16string text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, u'\0');
   text.resize(static_cast<std::size_t>(

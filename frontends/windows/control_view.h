@@ -47,9 +47,6 @@ class ControlView : public forms::ControlSync {
   /// What was put off until the control has dealt with its own message.
   virtual void afterwards() {}
 
-  /// What the window really shows of a property; nothing where it does not tell.
-  [[nodiscard]] virtual std::optional<forms::PropertyValue> shown(forms::Property property) const;
-
  protected:
   /// To be called by the constructor of each kind.
   void create(const wchar_t* className, DWORD style, DWORD extendedStyle = 0,
@@ -61,8 +58,6 @@ class ControlView : public forms::ControlSync {
   virtual LRESULT received(UINT message, WPARAM wide, LPARAM longer);
 
   void useFont(HFONT font);
-  /// The caption that the window shows, with its mark where the control's own has it.
-  [[nodiscard]] std::u16string shownCaption() const;
 
   [[nodiscard]] WindowView& window() const { return window_; }
 

@@ -119,17 +119,4 @@ void Edit::changed() {
   if (!showsText()) userChangedText();
 }
 
-std::optional<forms::PropertyValue> Edit::shown(Property property) const {
-  switch (property) {
-    case Property::Text:
-      return shownText();
-    case Property::SelStart:
-      return static_cast<double>(shownSelection().start);
-    case Property::SelLength:
-      return static_cast<double>(shownSelection().length);
-    default:
-      return std::nullopt;
-  }
-}
-
 }  // namespace kvrnstep::windows

@@ -25,8 +25,6 @@ class Edit final : public forms::TextSync {
 
   [[nodiscard]] std::u16string shownText() const override;
   void setSelection(forms::TextSelection selection) override;
-  /// What the window shows of a property of its text; nothing for other properties.
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const;
 
  protected:
   [[nodiscard]] forms::TextSelection selectionIn(const std::u16string& text) const override;

@@ -46,28 +46,4 @@ inline void add(HWND list, UINT message, const std::u16string& entry) {
   ::SendMessageW(list, message, 0, reinterpret_cast<LPARAM>(text::wide(entry)));
 }
 
-/// What asks a list for its entries.
-struct EntryMessages {
-  UINT count;
-  UINT length;
-  UINT text;
-};
-inline constexpr EntryMessages kListMessages{LB_GETCOUNT, LB_GETTEXTLEN, LB_GETTEXT};
-inline constexpr EntryMessages kComboMessages{CB_GETCOUNT, CB_GETLBTEXTLEN, CB_GETLBTEXT};
-
-/// The entries that a list shows, a blank between them.
-inline std::u16string entriesOf(HWND list, const EntryMessages& messages) {
-  std::u16string result;
-  const LRESULT count = ::SendMessageW(list, messages.count, 0, 0);
-  for (LRESULT i = 0; i < count; ++i) {
-    const auto place = static_cast<WPARAM>(i);
-    const LRESULT length = std::max<LRESULT>(0, ::SendMessageW(list, messages.length, place, 0));
-    std::u16string entry(static_cast<std::size_t>(length) + 1, u'\0');
-    ::SendMessageW(list, messages.text, place, reinterpret_cast<LPARAM>(entry.data()));
-    entry.resize(static_cast<std::size_t>(length));
-    result += (i > 0 ? u" " : u"") + entry;
-  }
-  return result;
-}
-
 }  // namespace kvrnstep::windows

@@ -132,9 +132,4 @@ void LabelView::released(POINT onScreen) {
   }
 }
 
-std::optional<forms::PropertyValue> LabelView::shown(Property property) const {
-  if (property == Property::Caption) return shownCaption();
-  return ControlView::shown(property);
-}
-
 }  // namespace kvrnstep::windows

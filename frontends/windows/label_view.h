@@ -29,7 +29,6 @@ class LabelView : public MouseView {
   LabelView(WindowView& window, forms::Control& label);
 
   HBRUSH colored(HDC context) override;
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
   void setPlace(const forms::PixelRect& place) override;

@@ -125,17 +125,4 @@ void ListView::setTopIndex(int index) {
   ::SendMessageW(handle(), LB_SETTOPINDEX, static_cast<WPARAM>(index), 0);
 }
 
-std::optional<forms::PropertyValue> ListView::shown(Property property) const {
-  switch (property) {
-    case Property::Items:
-      return entriesOf(handle(), kListMessages);
-    case Property::Index:
-      return static_cast<double>(selected());
-    case Property::TopIndex:
-      return static_cast<double>(scrolledAsAsked() ? list().topIndex() : top());
-    default:
-      return ControlView::shown(property);
-  }
-}
-
 }  // namespace kvrnstep::windows

@@ -14,7 +14,6 @@ class ListView : public ControlView {
   /// Below the selected entry.
   [[nodiscard]] std::optional<POINT> menuPlace() const override;
   void commanded(int notification) override;
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
   /// The first entry that equals a text but for letter case; −1 for none.
   [[nodiscard]] int find(const std::u16string& text) const;
 

@@ -30,27 +30,6 @@ UINT stateOf(const forms::DrawnEntry& entry) {
          (entry.checked ? MFS_CHECKED : MFS_UNCHECKED);
 }
 
-/// What the system holds of an entry.
-struct ShownItem {
-  std::u16string label;
-  UINT type = 0;
-  UINT state = 0;
-};
-
-ShownItem shownItem(const MenuPlace& place) {
-  MENUITEMINFOW item{};
-  item.cbSize = sizeof item;
-  item.fMask = MIIM_FTYPE | MIIM_STATE | MIIM_STRING;
-  const auto position = static_cast<UINT>(place.position);
-  ::GetMenuItemInfoW(place.menu, position, TRUE, &item);
-  std::u16string label(item.cch + 1, u'\0');
-  item.dwTypeData = text::wide(label.data());
-  ++item.cch;
-  ::GetMenuItemInfoW(place.menu, position, TRUE, &item);
-  label.resize(item.cch);
-  return {std::move(label), item.fType, item.fState};
-}
-
 }  // namespace
 
 MenuBar::MenuBar(forms::Window& window) {
@@ -175,31 +154,8 @@ bool MenuBar::show(const forms::Control& entry, const forms::DrawnEntry& drawn) 
   return place->menu == bar_.get();
 }
 
-std::optional<forms::PropertyValue> MenuBar::shown(const forms::Control& entry,
-                                                   Property property) const {
-  const auto place = placeOf(entry);
-  if (property == Property::Visible) return place.has_value();
-  if (!place) return std::nullopt;
-  const ShownItem item = shownItem(*place);
-  switch (property) {
-    case Property::Caption:
-      if ((item.type & MFT_SEPARATOR) != 0) return u"-";
-      return item.label.substr(0, item.label.find(u'\t'));
-    case Property::Enabled:
-      return (item.state & MFS_DISABLED) == 0;
-    case Property::Checked:
-      return (item.state & MFS_CHECKED) != 0;
-    default:
-      return std::nullopt;
-  }
-}
-
 void MenuEntryView::setEntry(const forms::DrawnEntry& entry) {
   if (window().menus().show(control(), entry)) ::DrawMenuBar(window().handle());
-}
-
-std::optional<forms::PropertyValue> MenuEntryView::shown(Property property) const {
-  return window().menus().shown(control(), property);
 }
 
 }  // namespace kvrnstep::windows

@@ -32,8 +32,6 @@ class MenuBar {
 
   /// Shows an entry. True: the bar itself has changed.
   bool show(const forms::Control& entry, const forms::DrawnEntry& drawn);
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(const forms::Control& entry,
-                                                          forms::Property property) const;
 
  private:
   struct Item {
@@ -61,7 +59,6 @@ class MenuEntryView : public ControlView {
   MenuEntryView(WindowView& window, forms::MenuEntry& entry) : ControlView(window, entry) {}
 
   void announce(AccessibleNames& /*names*/) const override {}
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
   void setEntry(const forms::DrawnEntry& entry) override;

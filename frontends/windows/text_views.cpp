@@ -57,9 +57,4 @@ void TextBoxView::recolor() {
   ::InvalidateRect(handle(), nullptr, TRUE);
 }
 
-std::optional<forms::PropertyValue> TextBoxView::shown(Property property) const {
-  const auto value = edit_.shown(property);
-  return value ? value : ControlView::shown(property);
-}
-
 }  // namespace kvrnstep::windows

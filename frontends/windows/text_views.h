@@ -12,7 +12,6 @@ class TextBoxView : public ControlView {
 
   void commanded(int notification) override;
   HBRUSH colored(HDC context) override;
-  [[nodiscard]] std::optional<forms::PropertyValue> shown(forms::Property property) const override;
 
  protected:
   void setFont(const std::u16string& font, float points) override;

@@ -36,11 +36,4 @@ void ToolTips::add(HWND control, std::u16string_view text) {
   ::SendMessageW(tips_.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-std::u16string ToolTips::textFor(HWND control) const {
-  std::array<char16_t, 256> text{};
-  TTTOOLINFOW tool = toolOf(owner_, control, text::wide(text.data()));
-  ::SendMessageW(tips_.get(), TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&tool));
-  return text.data();
-}
-
 }  // namespace kvrnstep::windows

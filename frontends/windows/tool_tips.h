@@ -14,8 +14,6 @@ class ToolTips {
   explicit ToolTips(HWND owner);
 
   void add(HWND control, std::u16string_view text);
-  /// The text that is shown for a control, up to some length.
-  [[nodiscard]] std::u16string textFor(HWND control) const;
 
  private:
   HWND owner_;

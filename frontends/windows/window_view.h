@@ -42,7 +42,6 @@ class WindowView final : public forms::ViewSync, public Receiver {
   [[nodiscard]] HFONT captionFont() const { return captionFont_.get(); }
   /// The control that a click at that point of the screen would meet, or null.
   [[nodiscard]] forms::Control* controlAt(POINT onScreen) const;
-  [[nodiscard]] std::u16string toolTipOf(HWND control) const { return tips_.textFor(control); }
   /// Where a pop-up menu opens: at the mouse, or where the keyboard has asked for it.
   [[nodiscard]] POINT menuPlace() const;
   /// Calls the view's afterwards() when all that is under way has been dealt with.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string_view>
 
 #include "driving/gesture.h"
 #include "forms/toolkit.h"
@@ -21,7 +22,7 @@ class DrivenToolkit : public forms::Toolkit {
   virtual bool carryOut(const Gesture& gesture) = 0;
 
   /// What the front end really shows of a property, where it can tell.
-  virtual std::optional<Value> shown(const forms::Control& control, forms::Property property) = 0;
+  virtual std::optional<Value> shown(const forms::Control& control, std::string_view property) = 0;
 };
 
 }  // namespace kvrnstep::driving

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "driving/properties.h"
 #include "forms/user_actions.h"
 #include "text/numbers.h"
 #include "text/text.h"
@@ -18,7 +19,6 @@ using forms::Control;
 using forms::Kind;
 using forms::ListBox;
 using forms::MenuEntry;
-using forms::Property;
 using forms::Window;
 using What = Gesture::What;
 
@@ -167,14 +167,6 @@ void scrollToEntry(const Gesture& gesture) {
   if (top != list.topIndex()) forms::userScrolled(list, top);
 }
 
-/// The word as a value of the same type as the one that is there now.
-Value valueLike(const Value& current, const std::u16string& word) {
-  if (std::holds_alternative<std::u16string>(current)) return word;
-  if (std::holds_alternative<double>(current)) return number(word);
-  if (word != u"True" && word != u"False") throw WrongScript("True or False is wanted");
-  return word == u"True";
-}
-
 /// Does what a script wants; it is told what is wrong with it.
 template <class Action>
 Outcome judged(std::string& reason, Action action) {
@@ -253,41 +245,34 @@ bool ScriptStage::isOffered(const MenuEntry& entry) const {
   return popUp_ != nullptr ? menu == popUp_ : menu->visible();
 }
 
-ScriptStage::Place ScriptStage::placeOf(std::string_view target) const {
-  const std::size_t dot = target.rfind('.');
+ScriptStage::Target ScriptStage::targetOf(std::string_view text) const {
+  const std::size_t dot = text.rfind('.');
   if (dot == std::string_view::npos) throw WrongScript("CONTROL.PROPERTY is wanted");
-  const std::string_view name = target.substr(0, dot);
-  const auto property = forms::propertyByName(target.substr(dot + 1));
-  if (!property) throw WrongScript("no property " + std::string(target.substr(dot + 1)));
-  if (name == topmost().design().name) return {nullptr, *property};
-  return {&named(name), *property};
+  const std::string_view name = text.substr(0, dot);
+  Control* control = name == topmost().design().name ? nullptr : &named(name);
+  return {control, text.substr(dot + 1)};
 }
 
-Value ScriptStage::held(const Place& place, std::string_view target) const {
-  const auto value =
-      place.control != nullptr ? place.control->get(place.property) : topmost().get(place.property);
-  if (!value) throw WrongScript("no such property in " + std::string(target));
-  return *value;
-}
-
-Outcome ScriptStage::read(std::string_view target, Value& value, std::string& reason) {
+Outcome ScriptStage::read(std::string_view text, Value& value, std::string& reason) {
   return judged(reason, [&] {
-    const Place place = placeOf(target);
-    value = held(place, target);
-    if (place.control == nullptr) return true;
-    if (auto shown = toolkit_.shown(*place.control, place.property)) value = std::move(*shown);
+    const auto [control, property] = targetOf(text);
+    auto found = control != nullptr ? held(*control, property) : held(topmost(), property);
+    if (!found) throw WrongScript("no such property in " + std::string(text));
+    value = std::move(*found);
+    if (control == nullptr) return true;
+    const auto shown = toolkit_.shown(*control, property);
+    if (shown && !looksLike(*control, property, *shown)) value = *shown;
     return true;
   });
 }
 
-Outcome ScriptStage::assign(std::string_view target, const std::u16string& word,
+Outcome ScriptStage::assign(std::string_view text, const std::u16string& word,
                             std::string& reason) {
   return judged(reason, [&] {
-    const Place place = placeOf(target);
-    const Value value = valueLike(held(place, target), word);
-    const bool done = place.control != nullptr ? place.control->set(place.property, value)
-                                               : topmost().set(place.property, value);
-    if (!done) throw WrongScript(std::string(target) + " cannot be assigned");
+    const auto [control, property] = targetOf(text);
+    const bool done = control != nullptr ? driving::assign(*control, property, word)
+                                         : driving::assign(topmost(), property, word);
+    if (!done) throw WrongScript(std::string(text) + " cannot be assigned that value");
     topmost().update();
     return true;
   });

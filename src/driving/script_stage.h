@@ -47,16 +47,15 @@ class ScriptStage final : public forms::Toolkit, public Stage {
   void playSound(const std::u16string& file, forms::SoundMode mode) override;
 
  private:
-  struct Place {
+  struct Target {
     forms::Control* control;  ///< null: the window itself
-    forms::Property property;
+    std::string_view property;
   };
 
   // Where a script names what is not there these throw what is wrong with it.
   [[nodiscard]] forms::Window& topmost() const;
   [[nodiscard]] forms::Control& named(std::string_view name) const;
-  [[nodiscard]] Place placeOf(std::string_view target) const;
-  [[nodiscard]] Value held(const Place& place, std::string_view target) const;
+  [[nodiscard]] Target targetOf(std::string_view text) const;
   [[nodiscard]] bool inReach(const Gesture& gesture) const;
   [[nodiscard]] bool isOffered(const forms::MenuEntry& entry) const;
 

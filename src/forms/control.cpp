@@ -13,33 +13,6 @@ namespace kvrnstep::forms {
 
 namespace {
 
-/// The value's number where it is a whole one that fits 32 bits.
-std::optional<std::int32_t> wholeNumber(const PropertyValue& value) {
-  const auto* number = std::get_if<double>(&value);
-  if (number == nullptr || *number != std::nearbyint(*number) ||
-      std::abs(*number) > std::numeric_limits<std::int32_t>::max()) {
-    return std::nullopt;
-  }
-  return static_cast<std::int32_t>(*number);
-}
-
-/// Hands the value on to `assign` when it is of the wanted type.
-template <class T, class Assign>
-bool assignAs(const PropertyValue& value, Assign assign) {
-  const T* held = std::get_if<T>(&value);
-  if (held == nullptr) return false;
-  assign(*held);
-  return true;
-}
-
-template <class Assign>
-bool assignWhole(const PropertyValue& value, Assign assign) {
-  const auto number = wholeNumber(value);
-  if (!number) return false;
-  assign(*number);
-  return true;
-}
-
 /// No caret stands between CR and LF; it goes behind both.
 std::size_t outOfLineBreak(std::u16string_view text, std::size_t position) {
   const bool within = position > 0 && position < text.size() && text[position - 1] == u'\r' &&
@@ -157,50 +130,6 @@ bool Control::covered() const {
   });
 }
 
-std::optional<PropertyValue> Control::get(Property property) const {
-  switch (property) {
-    case Property::Caption:
-      return caption_;
-    case Property::ToolTip:
-      return std::u16string(row_.toolTip);
-    case Property::Enabled:
-      return enabled_;
-    case Property::Visible:
-      return visible_;
-    case Property::Left:
-      return place_.left;
-    case Property::Top:
-      return place_.top;
-    case Property::Width:
-      return place_.width;
-    case Property::Height:
-      return place_.height;
-    case Property::Cursor:
-      return static_cast<double>(cursor_);
-    default:
-      return std::nullopt;
-  }
-}
-
-bool Control::set(Property property, const PropertyValue& value) {
-  switch (property) {
-    case Property::Caption:
-      return assignAs<std::u16string>(value, [&](const auto& text) { setCaption(text); });
-    case Property::Enabled:
-      return assignAs<bool>(value, [&](bool on) { setEnabled(on); });
-    case Property::Visible:
-      return assignAs<bool>(value, [&](bool on) { setVisible(on); });
-    case Property::Left:
-      return assignAs<double>(value, [&](double left) { setLeft(left); });
-    case Property::Width:
-      return assignAs<double>(value, [&](double width) { setWidth(width); });
-    case Property::Cursor:
-      return assignWhole(value, [&](std::int32_t id) { setCursor(id); });
-    default:
-      return false;
-  }
-}
-
 TextControl::TextControl(Window& window, const ControlRow& row, Control* container)
     : Control(window, row, container), text_(row.text) {}
 
@@ -239,37 +168,6 @@ void TextControl::replaceSelection(std::u16string_view text) {
   setSelection({caret, 0});
 }
 
-std::optional<PropertyValue> TextControl::get(Property property) const {
-  switch (property) {
-    case Property::Text:
-      return text_;
-    case Property::SelStart:
-      return static_cast<double>(selection_.start);
-    case Property::SelLength:
-      return static_cast<double>(selection_.length);
-    default:
-      return Control::get(property);
-  }
-}
-
-bool TextControl::set(Property property, const PropertyValue& value) {
-  const auto select = [&](TextSelection selection) { setSelection(selection); };
-  switch (property) {
-    case Property::Text:
-      return assignAs<std::u16string>(value, [&](const auto& text) { setText(text); });
-    case Property::SelStart:
-      return assignWhole(value, [&](std::int32_t start) {
-        select({static_cast<std::size_t>(std::max(start, 0)), 0});
-      });
-    case Property::SelLength:
-      return assignWhole(value, [&](std::int32_t length) {
-        select({selection_.start, static_cast<std::size_t>(std::max(length, 0))});
-      });
-    default:
-      return Control::set(property, value);
-  }
-}
-
 void TextBox::setFont(std::u16string_view font) {
   font_ = font;
   changed(Property::Font);
@@ -288,37 +186,6 @@ void TextBox::setBackColor(std::int32_t color) {
 void TextBox::setForeColor(std::int32_t color) {
   foreColor_ = color;
   changed(Property::ForeColor);
-}
-
-std::optional<PropertyValue> TextBox::get(Property property) const {
-  switch (property) {
-    case Property::Font:
-      return font_;
-    case Property::FontSize:
-      return static_cast<double>(fontSize_);
-    case Property::BackColor:
-      return static_cast<double>(backColor_);
-    case Property::ForeColor:
-      return static_cast<double>(foreColor_);
-    default:
-      return TextControl::get(property);
-  }
-}
-
-bool TextBox::set(Property property, const PropertyValue& value) {
-  switch (property) {
-    case Property::Font:
-      return assignAs<std::u16string>(value, [&](const auto& font) { setFont(font); });
-    case Property::FontSize:
-      return assignAs<double>(value,
-                              [&](double points) { setFontSize(static_cast<float>(points)); });
-    case Property::BackColor:
-      return assignWhole(value, [&](std::int32_t color) { setBackColor(color); });
-    case Property::ForeColor:
-      return assignWhole(value, [&](std::int32_t color) { setForeColor(color); });
-    default:
-      return TextControl::set(property, value);
-  }
 }
 
 const std::u16string& ComboBox::List(int index) const {
@@ -340,24 +207,6 @@ void ComboBox::choose(int index) {
   entries_.selected_ = index;
   setText(List(index));
   if (onClick) onClick(this->index());
-}
-
-std::optional<PropertyValue> ComboBox::get(Property property) const {
-  switch (property) {
-    case Property::Items:
-      return text::joined(entries_.all());
-    case Property::Index:
-      return static_cast<double>(entries_.selected());
-    default:
-      return TextControl::get(property);
-  }
-}
-
-bool ComboBox::set(Property property, const PropertyValue& value) {
-  if (property == Property::Index) {
-    return assignWhole(value, [&](std::int32_t index) { choose(index); });
-  }
-  return TextControl::set(property, value);
 }
 
 const std::u16string& ListBox::List(int index) const {
@@ -433,30 +282,6 @@ int ListBox::topShowing(int index) const {
   return index < first + lines() ? topIndex_ : index - lines() + 1;
 }
 
-std::optional<PropertyValue> ListBox::get(Property property) const {
-  switch (property) {
-    case Property::Items:
-      return text::joined(entries_.all());
-    case Property::Index:
-      return static_cast<double>(entries_.selected());
-    case Property::TopIndex:
-      return static_cast<double>(topIndex_);
-    default:
-      return Control::get(property);
-  }
-}
-
-bool ListBox::set(Property property, const PropertyValue& value) {
-  switch (property) {
-    case Property::Index:
-      return assignWhole(value, [&](std::int32_t index) { setIndex(index); });
-    case Property::TopIndex:
-      return assignWhole(value, [&](std::int32_t index) { setTopIndex(index); });
-    default:
-      return Control::set(property, value);
-  }
-}
-
 CheckBox::CheckBox(Window& window, const ControlRow& row, Control* container)
     : Control(window, row, container), value_(row.checked ? 1 : 0) {}
 
@@ -464,28 +289,6 @@ void CheckBox::setValue(int value) {
   value_ = value;
   changed(Property::Value);
   if (onClick) onClick(index());
-}
-
-std::optional<PropertyValue> CheckBox::get(Property property) const {
-  switch (property) {
-    case Property::Value:
-      return static_cast<double>(value_);
-    case Property::Checked:
-      return checked();
-    default:
-      return Control::get(property);
-  }
-}
-
-bool CheckBox::set(Property property, const PropertyValue& value) {
-  switch (property) {
-    case Property::Value:
-      return assignWhole(value, [&](std::int32_t number) { setValue(number); });
-    case Property::Checked:
-      return assignAs<bool>(value, [&](bool on) { setValue(on ? 1 : 0); });
-    default:
-      return Control::set(property, value);
-  }
 }
 
 OptionButton::OptionButton(Window& window, const ControlRow& row, Control* container)
@@ -506,18 +309,6 @@ void OptionButton::setValue(bool value) {
   if (onClick) onClick(index());
 }
 
-std::optional<PropertyValue> OptionButton::get(Property property) const {
-  if (property == Property::Value || property == Property::Checked) return value_;
-  return Control::get(property);
-}
-
-bool OptionButton::set(Property property, const PropertyValue& value) {
-  if (property == Property::Value || property == Property::Checked) {
-    return assignAs<bool>(value, [&](bool on) { setValue(on); });
-  }
-  return Control::set(property, value);
-}
-
 Spinner::Spinner(Window& window, const ControlRow& row, Control* container)
     : Control(window, row, container), value_(row.value) {}
 
@@ -534,18 +325,6 @@ void Spinner::putValue(std::int32_t value) {
   buddy->setText(text::decimal(value_));
 }
 
-std::optional<PropertyValue> Spinner::get(Property property) const {
-  if (property == Property::Value) return static_cast<double>(value_);
-  return Control::get(property);
-}
-
-bool Spinner::set(Property property, const PropertyValue& value) {
-  if (property == Property::Value) {
-    return assignWhole(value, [&](std::int32_t number) { setValue(number); });
-  }
-  return Control::set(property, value);
-}
-
 MenuEntry::MenuEntry(Window& window, const ControlRow& row, Control* container)
     : Control(window, row, container), checked_(row.checked) {}
 
@@ -557,18 +336,6 @@ bool MenuEntry::opensMenu() const {
 
 void MenuEntry::setChecked(bool checked) {
   if (std::exchange(checked_, checked) != checked) changed(Property::Checked);
-}
-
-std::optional<PropertyValue> MenuEntry::get(Property property) const {
-  if (property == Property::Checked) return checked_;
-  return Control::get(property);
-}
-
-bool MenuEntry::set(Property property, const PropertyValue& value) {
-  if (property == Property::Checked) {
-    return assignAs<bool>(value, [&](bool on) { setChecked(on); });
-  }
-  return Control::set(property, value);
 }
 
 }  // namespace kvrnstep::forms

@@ -137,12 +137,6 @@ class Control {
   /// visible.
   [[nodiscard]] bool reachable() const;
 
-  /// Reads a property; nothing where this kind of control has none of that name.
-  [[nodiscard]] virtual std::optional<PropertyValue> get(Property property) const;
-  /// Assigns a property as the window's own code does. False: no such property here, it cannot
-  /// be assigned, or the value is of the wrong type.
-  virtual bool set(Property property, const PropertyValue& value);
-
   std::function<void(int index)> onClick;
   std::function<void(int index)> onDblClick;
   std::function<void(int index, MouseButton button)> onMouseUp;
@@ -194,9 +188,6 @@ class TextControl : public Control {
   /// Puts a text in the place of the marked part, or in at the caret, which then stands behind it.
   void replaceSelection(std::u16string_view text);
 
-  [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
-  bool set(Property property, const PropertyValue& value) override;
-
   std::function<void(int index)> onChange;
   /// Judges a typed character, control characters included; false discards it.
   std::function<bool(int index, char16_t character)> onKeyPress;
@@ -226,9 +217,6 @@ class TextBox : public TextControl {
   void setBackColor(std::int32_t color);
   [[nodiscard]] std::int32_t foreColor() const { return foreColor_; }
   void setForeColor(std::int32_t color);
-
-  [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
-  bool set(Property property, const PropertyValue& value) override;
 
  private:
   std::u16string font_{row().font};
@@ -265,9 +253,6 @@ class ComboBox : public TextControl {
   /// As the user's choice: the entry's text goes into the box and onClick is raised.
   void choose(int index);
 
-  [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
-  bool set(Property property, const PropertyValue& value) override;
-
  private:
   Entries entries_;
 };
@@ -301,9 +286,6 @@ class ListBox : public Control {
   /// Ends inside the window.
   [[nodiscard]] Rect shownPlace() const override;
 
-  [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
-  bool set(Property property, const PropertyValue& value) override;
-
  private:
   /// How many entries are in view at once.
   [[nodiscard]] int lines() const;
@@ -322,9 +304,6 @@ class CheckBox : public Control {
   /// Raises onClick.
   void setValue(int value);
 
-  [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
-  bool set(Property property, const PropertyValue& value) override;
-
  private:
   int value_;
 };
@@ -337,9 +316,6 @@ class OptionButton : public Control {
   [[nodiscard]] bool value() const { return value_; }
   /// True raises onClick; the button that it clears raises nothing.
   void setValue(bool value);
-
-  [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
-  bool set(Property property, const PropertyValue& value) override;
 
  private:
   bool value_;
@@ -357,9 +333,6 @@ class Spinner : public Control {
   void setValue(std::int32_t value);
   /// Writes the value into the box even if the spinner holds it: the box may have been emptied.
   void putValue(std::int32_t value);
-
-  [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
-  bool set(Property property, const PropertyValue& value) override;
 
   /// An arrow was clicked; raised after the value has changed, or could not change any further.
   std::function<void(int index)> onUpClick;
@@ -379,9 +352,6 @@ class MenuEntry : public Control {
   [[nodiscard]] bool opensMenu() const;
   [[nodiscard]] bool checked() const { return checked_; }
   void setChecked(bool checked);
-
-  [[nodiscard]] std::optional<PropertyValue> get(Property property) const override;
-  bool set(Property property, const PropertyValue& value) override;
 
  private:
   bool checked_;

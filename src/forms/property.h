@@ -1,14 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
-#include <string>
-#include <string_view>
-#include <variant>
 
 namespace kvrnstep::forms {
 
-/// What can be read from, and in part assigned to, a control or a window by name.
+/// What a front end shows of a control or a window, and is told of when it changes.
 enum class Property : std::uint8_t {
   Text,
   Value,
@@ -16,7 +12,6 @@ enum class Property : std::uint8_t {
   Checked,
   Enabled,
   Visible,
-  ToolTip,
   Left,
   Top,
   Width,
@@ -25,7 +20,6 @@ enum class Property : std::uint8_t {
   Items,
   TopIndex,
   SelStart,
-  SelLength,
   Font,
   FontSize,
   BackColor,
@@ -33,11 +27,5 @@ enum class Property : std::uint8_t {
   Cursor,
   Picture,
 };
-
-/// The value of a property: a truth value, a number or a text.
-using PropertyValue = std::variant<bool, double, std::u16string>;
-
-/// The property of that name as scripts write it ("selstart"), or nothing.
-std::optional<Property> propertyByName(std::string_view name);
 
 }  // namespace kvrnstep::forms

@@ -141,42 +141,4 @@ std::optional<int> Window::findEntry(const ListBox& list, const std::u16string& 
   return view_ == nullptr ? std::nullopt : view_->findEntry(list, text);
 }
 
-std::optional<PropertyValue> Window::get(Property property) const {
-  switch (property) {
-    case Property::Caption:
-      return caption_;
-    case Property::Left:
-      return place_.left;
-    case Property::Top:
-      return place_.top;
-    case Property::Width:
-      return place_.width;
-    case Property::Height:
-      return place_.height;
-    default:
-      return std::nullopt;
-  }
-}
-
-bool Window::set(Property property, const PropertyValue& value) {
-  const auto* twips = std::get_if<double>(&value);
-  if (twips == nullptr) return false;
-  switch (property) {
-    case Property::Left:
-      setLeft(*twips);
-      return true;
-    case Property::Top:
-      setTop(*twips);
-      return true;
-    case Property::Width:
-      setWidth(*twips);
-      return true;
-    case Property::Height:
-      setHeight(*twips);
-      return true;
-    default:
-      return false;
-  }
-}
-
 }  // namespace kvrnstep::forms

@@ -99,9 +99,6 @@ class Window {
   /// As View::findEntry; nothing while no front end draws the window.
   [[nodiscard]] std::optional<int> findEntry(const ListBox& list, const std::u16string& text) const;
 
-  [[nodiscard]] std::optional<PropertyValue> get(Property property) const;
-  bool set(Property property, const PropertyValue& value);
-
   /// The front end that draws the window, or none.
   void attach(View* view) { view_ = view; }
   /// Has the front end show what has changed outside an action of the user.

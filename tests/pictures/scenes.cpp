@@ -44,7 +44,7 @@ void click(forms::Window& window, std::string_view name, int index) {
 
 void writeList(forms::Window& window) {
   const auto text = [&window](const char* name, int index, const char16_t* value) {
-    window.find(name, index)->set(forms::Property::Text, std::u16string(value));
+    static_cast<forms::TextControl*>(window.find(name, index))->setText(value);
   };
   click(window, "optNA", 2);
   text("cboPreSuf", 0, u"Step");

@@ -6,6 +6,7 @@
 #include <QTimer>
 
 #include "gestures.h"
+#include "shown.h"
 #include "text.h"
 #include "user_input.h"
 
@@ -110,9 +111,9 @@ bool DrivenQtToolkit::carryOut(const driving::Gesture& gesture) {
 }
 
 std::optional<driving::Value> DrivenQtToolkit::shown(const forms::Control& control,
-                                                     forms::Property property) {
+                                                     std::string_view property) {
   const WindowView* view = native().viewOf(control.window());
-  return view == nullptr ? std::nullopt : view->viewOf(control).shown(property);
+  return view == nullptr ? std::nullopt : qt::shown(*view, control, property);
 }
 
 }  // namespace kvrnstep::qt

@@ -14,7 +14,7 @@ class DrivenQtToolkit final : public driving::DrivenOver<QtToolkit>, private Att
 
   bool carryOut(const driving::Gesture& gesture) override;
   std::optional<driving::Value> shown(const forms::Control& control,
-                                      forms::Property property) override;
+                                      std::string_view property) override;
 
  private:
   void windowOpened(WindowView& view) override;

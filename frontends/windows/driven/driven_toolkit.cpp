@@ -2,6 +2,7 @@
 
 #include "boxes.h"
 #include "gestures.h"
+#include "shown.h"
 #include "user_input.h"
 
 namespace kvrnstep::windows {
@@ -62,9 +63,9 @@ bool DrivenWindowsToolkit::carryOut(const driving::Gesture& gesture) {
 }
 
 std::optional<driving::Value> DrivenWindowsToolkit::shown(const forms::Control& control,
-                                                          forms::Property property) {
+                                                          std::string_view property) {
   const WindowView* view = native().viewOf(control.window());
-  return view == nullptr ? std::nullopt : view->viewOf(control).shown(property);
+  return view == nullptr ? std::nullopt : windows::shown(*view, control, property);
 }
 
 }  // namespace kvrnstep::windows

@@ -16,7 +16,7 @@ class DrivenWindowsToolkit final : public driving::DrivenOver<WindowsToolkit>, p
 
   bool carryOut(const driving::Gesture& gesture) override;
   std::optional<driving::Value> shown(const forms::Control& control,
-                                      forms::Property property) override;
+                                      std::string_view property) override;
 
  private:
   void windowIdle(WindowView& view) override;

@@ -5,6 +5,7 @@
 #include "forms/user_actions.h"
 #include "scale.h"
 #include "shortcut.h"
+#include "shown.h"
 #include "ticker.h"
 #include "user_input.h"
 
@@ -15,7 +16,6 @@ using forms::Chrome;
 using forms::Kind;
 using forms::kTwipsPerPixel;
 using forms::MouseButton;
-using forms::Property;
 using What = Gesture::What;
 
 namespace {
@@ -61,7 +61,7 @@ const forms::Control* entryWith(const WindowView& view, std::u16string_view keys
 }
 
 bool isEnabled(const WindowView& view, const forms::Control& entry) {
-  const auto enabled = view.menus().shown(entry, Property::Enabled);
+  const auto enabled = shown(view, entry, "enabled");
   return enabled && std::get<bool>(*enabled);
 }
 
