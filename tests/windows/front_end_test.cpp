@@ -196,6 +196,20 @@ TEST(WindowsHost, TakesNoInputMeanwhileAndHasTheKeyboardAgain) {
   ::DestroyWindow(host);
 }
 
+TEST(WindowsHost, FindsTheWindowAgainByAnotherCall) {
+  TestWindow window;
+  WindowsToolkit* used = nullptr;
+  Steps attendant({[&](WindowView& view) {
+    ::ShowWindow(view.handle(), SW_MINIMIZE);
+    used->bringToFront();
+    EXPECT_FALSE(::IsIconic(view.handle()));
+    EXPECT_EQ(::GetForegroundWindow(), view.handle());
+  }});
+  WindowsToolkit toolkit(&attendant);
+  used = &toolkit;
+  window.showModal(toolkit);
+}
+
 TEST(WindowsHost, HearsThatItShallEnd) {
   constexpr int kStatus = 7;
   TestWindow window;
