@@ -23,28 +23,8 @@ constexpr std::array kCursors{
 };
 
 QString pictureFile(forms::Picture picture) {
-  using forms::Picture;
-  switch (picture) {
-    case Picture::Numbered:
-      return ":/listwright/numbered.png";
-    case Picture::Alphabetical:
-      return ":/listwright/alphabetical.png";
-    case Picture::Roman:
-      return ":/listwright/roman.png";
-    case Picture::PrefixSuffix:
-      return ":/listwright/prefix-suffix.png";
-    case Picture::ApplyActive:
-      return ":/listwright/apply-active.png";
-    case Picture::ApplyInactive:
-      return ":/listwright/apply-inactive.png";
-    case Picture::ArrowUp:
-      return ":/listwright/arrow-up.png";
-    case Picture::ArrowDown:
-      return ":/listwright/arrow-down.png";
-    case Picture::None:
-      break;
-  }
-  return {};
+  if (picture.empty()) return {};
+  return ":/listwright/" + QString::fromLatin1(picture.data(), picture.size()) + ".png";
 }
 
 /// Each file is read once, and not with every dialog that opens.

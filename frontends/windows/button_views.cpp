@@ -61,8 +61,7 @@ void ButtonView::setMark(forms::Mark mark) {
 }
 
 PushButtonView::PushButtonView(WindowView& window, forms::Control& control)
-    : ButtonView(window, control,
-                 BS_PUSHBUTTON | (control.picture() == forms::Picture::None ? 0 : BS_ICON)) {}
+    : ButtonView(window, control, BS_PUSHBUTTON | (control.picture().empty() ? 0 : BS_ICON)) {}
 
 void PushButtonView::setPicture(forms::Picture picture) {
   constexpr int kSize = 16;

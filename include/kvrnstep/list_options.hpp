@@ -22,7 +22,7 @@ enum ListingType : std::int16_t {
 };
 
 struct ListingTypeRow {
-  const char* word;              ///< the command's --type
+  const char* word;              ///< the command's --type, and the name of its picture
   std::u16string_view name;      ///< what a screen reader calls its picture
   std::u16string_view caption;   ///< of its option button
   std::u16string_view fileName;  ///< what the names of its step files begin with

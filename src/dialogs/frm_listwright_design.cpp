@@ -8,7 +8,6 @@ namespace {
 
 using forms::ControlRow;
 using enum forms::Kind;
-using forms::Picture;
 
 constexpr std::u16string_view kBoxFont = u"MS Sans Serif";
 
@@ -18,9 +17,9 @@ constexpr ControlRow typeRow(ListingType type, forms::Rect place) {
           .caption = kListingTypes.at(type).caption, .checked = type == Numbered};
 }
 
-constexpr ControlRow pictureRow(ListingType type, Picture picture) {
+constexpr ControlRow pictureRow(ListingType type) {
   return {.kind = Image, .name = "imgBull", .index = type, .in = "fraStep",
-          .place = {11, 15, 32, 32}, .visible = type == Numbered, .picture = picture,
+          .place = {11, 15, 32, 32}, .visible = type == Numbered, .picture = kListingTypes.at(type).word,
           .accessibleName = kListingTypes.at(type).name};
 }
 
@@ -55,10 +54,10 @@ constexpr auto kControls = std::to_array<ControlRow>({
     typeRow(Alphabetical, {0, 17, 203, 17}),
     typeRow(RomanNumeral, {0, 34, 203, 17}),
     typeRow(PrefixSuffix, {0, 51, 203, 17}),
-    pictureRow(Numbered, Picture::Numbered),
-    pictureRow(Alphabetical, Picture::Alphabetical),
-    pictureRow(RomanNumeral, Picture::Roman),
-    pictureRow(PrefixSuffix, Picture::PrefixSuffix),
+    pictureRow(Numbered),
+    pictureRow(Alphabetical),
+    pictureRow(RomanNumeral),
+    pictureRow(PrefixSuffix),
 
     optionRow(Indentation, {9, 75, 124, 17}),
     optionRow(IndentSpacing, {137, 75, 124, 17}),

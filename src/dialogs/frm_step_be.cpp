@@ -8,7 +8,6 @@
 namespace kvrnstep::dialogs {
 
 using forms::Control;
-using forms::Picture;
 using forms::Rect;
 using forms::TextBox;
 
@@ -49,7 +48,7 @@ frmStepBE::frmStepBE(forms::Toolkit& toolkit, const plugin::HostContext& host)
 void frmStepBE::Form_Load() {
   IsBEBapplied(u"");
   for (Control* image : imgBE.all()) {
-    image->setPicture(Picture::ApplyInactive);
+    image->setPicture("apply-inactive");
     image->setCursor(kLinkCursor);
     image->setEnabled(false);
   }
@@ -60,7 +59,7 @@ void frmStepBE::Form_Load() {
 
 void frmStepBE::Form_QueryUnload() {
   for (Control* image : imgBE.all()) {
-    image->setPicture(Picture::None);
+    image->setPicture({});
     image->setCursor(0);
   }
   LoadOrSaveSlots(true, storageFile());
@@ -100,7 +99,7 @@ void frmStepBE::saveSlots(const std::u16string& sFile) {
 
 void frmStepBE::txtHold_Change(int Index) {
   const bool holdsText = !txtHold(Index).text().empty();
-  imgBE(Index).setPicture(holdsText ? Picture::ApplyActive : Picture::ApplyInactive);
+  imgBE(Index).setPicture(holdsText ? "apply-active" : "apply-inactive");
   imgBE(Index).setEnabled(holdsText);
 }
 

@@ -9,7 +9,6 @@ namespace {
 using forms::Chrome;
 using forms::ControlRow;
 using enum forms::Kind;
-using forms::Picture;
 
 constexpr double kInnerWidth = 8220;
 constexpr double kInnerHeight = 3975;
@@ -48,7 +47,7 @@ constexpr ControlRow slotPicture(int slot) {
           .toolTip = u"Apply",
           .enabled = false,
           .clickable = true,
-          .picture = Picture::ApplyInactive,
+          .picture = "apply-inactive",
           .tab = 2 + 2 * slot,
           .accessibleName = u"Apply text #"};
 }

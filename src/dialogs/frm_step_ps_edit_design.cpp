@@ -9,7 +9,6 @@ namespace {
 using forms::Chrome;
 using forms::ControlRow;
 using enum forms::Kind;
-using forms::Picture;
 
 constexpr double kInnerWidth = 5145;
 constexpr double kInnerHeight = 3810;
@@ -49,9 +48,9 @@ constexpr auto kControls = std::to_array<ControlRow>({
     {.kind = Button, .name = "cmdDelete", .place = {3930, 1305, 1200, 345}, .caption = u"&Delete",
      .enabled = false, .tab = 4},
     {.kind = Button, .name = "cmdPatU", .place = {2415, 1965, 330, 570}, .enabled = false,
-     .picture = Picture::ArrowUp, .accessibleName = u"Move up"},
+     .picture = "arrow-up", .accessibleName = u"Move up"},
     {.kind = Button, .name = "cmdPatD", .place = {2415, 2580, 330, 570}, .enabled = false,
-     .picture = Picture::ArrowDown, .accessibleName = u"Move down"},
+     .picture = "arrow-down", .accessibleName = u"Move down"},
     {.kind = Button, .name = "cmdOK", .place = {2685, 3435, 1200, 345}, .caption = u"&OK"},
     {.kind = Button, .name = "cmdCancel", .place = {3930, 3435, 1200, 345}, .caption = u"&Cancel",
      .clickedByEscape = true},

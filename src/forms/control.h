@@ -42,18 +42,9 @@ enum class Kind : std::uint8_t {
 
 enum class MouseButton : std::uint8_t { Left, Middle, Right };
 
-/// The pictures that an image or a button can show; a front end keeps the artwork.
-enum class Picture : std::uint8_t {
-  None,
-  Numbered,
-  Alphabetical,
-  Roman,
-  PrefixSuffix,
-  ApplyActive,
-  ApplyInactive,
-  ArrowUp,
-  ArrowDown,
-};
+/// The name of the picture that an image or a button shows; empty: none. A front end keeps the
+/// artwork.
+using Picture = std::string_view;
 
 /// One row of a window's declaration table. Only what differs from the usual is written out.
 struct ControlRow {
@@ -67,28 +58,28 @@ struct ControlRow {
   bool enabled = true;
   bool visible = true;
   bool checked = false;
-  bool multiLine = false;           ///< text boxes
-  bool horizontalScroll = false;    ///< multi-line text boxes; the vertical bar is always there
-  bool clickable = false;           ///< labels and images: react to mouse and keyboard
-  bool draggable = false;           ///< labels: a drag begins as soon as they are pressed
-  bool readOnly = false;            ///< text boxes: the user reads and copies only
-  bool markedByClick = false;       ///< text boxes: a click marks the text as Tab does
-  int maxLength = 0;                ///< text boxes: most characters a user can type; 0 is no limit
-  std::u16string_view text{};       ///< text boxes: first text
-  std::string_view buddy{};         ///< spinners: the text box that shows the value; labels: what
-                                    ///< the mnemonic and a screen reader lead to
-  int buddyIndex = -1;              ///< … and its index
-  int minimum = 0;                  ///< spinners
-  int maximum = 0;                  ///< spinners
-  int value = 0;                    ///< spinners: first value
-  std::u16string_view font{};       ///< empty: the window's
-  Picture picture = Picture::None;  ///< images and buttons: first picture
-  int tab = 0;                      ///< turn when Tab is pressed; 0: after those that have one, as
-                                    ///< the eye reads
-  std::string_view shortcut{};      ///< menu entries: "Ctrl+O"
-  char16_t accessKey = 0;           ///< labels: letter that activates them with Alt, in upper case
-  bool clickedByEnter = false;      ///< buttons: Enter in a box of one line clicks them
-  bool clickedByEscape = false;     ///< buttons: Escape clicks them, wherever the keyboard is
+  bool multiLine = false;         ///< text boxes
+  bool horizontalScroll = false;  ///< multi-line text boxes; the vertical bar is always there
+  bool clickable = false;         ///< labels and images: react to mouse and keyboard
+  bool draggable = false;         ///< labels: a drag begins as soon as they are pressed
+  bool readOnly = false;          ///< text boxes: the user reads and copies only
+  bool markedByClick = false;     ///< text boxes: a click marks the text as Tab does
+  int maxLength = 0;              ///< text boxes: most characters a user can type; 0 is no limit
+  std::u16string_view text{};     ///< text boxes: first text
+  std::string_view buddy{};       ///< spinners: the text box that shows the value; labels: what
+                                  ///< the mnemonic and a screen reader lead to
+  int buddyIndex = -1;            ///< … and its index
+  int minimum = 0;                ///< spinners
+  int maximum = 0;                ///< spinners
+  int value = 0;                  ///< spinners: first value
+  std::u16string_view font{};     ///< empty: the window's
+  Picture picture{};              ///< images and buttons: first picture
+  int tab = 0;                    ///< turn when Tab is pressed; 0: after those that have one, as
+                                  ///< the eye reads
+  std::string_view shortcut{};    ///< menu entries: "Ctrl+O"
+  char16_t accessKey = 0;         ///< labels: letter that activates them with Alt, in upper case
+  bool clickedByEnter = false;    ///< buttons: Enter in a box of one line clicks them
+  bool clickedByEscape = false;   ///< buttons: Escape clicks them, wherever the keyboard is
   std::u16string_view accessibleName{};  ///< for screen readers, where no label and no caption is
                                          ///< the name; "#" is the element's number, from 1
 };
