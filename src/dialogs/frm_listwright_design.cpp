@@ -11,16 +11,20 @@ using enum forms::Kind;
 
 constexpr std::u16string_view kBoxFont = u"MS Sans Serif";
 
+constexpr const ListingTypeRow& rowOf(ListingType type) {
+  return kListingTypes.at(static_cast<std::size_t>(type));
+}
+
 // clang-format off
 constexpr ControlRow typeRow(ListingType type, forms::Rect place) {
   return {.kind = OptionButton, .name = "optNA", .index = type, .in = "Picture1", .place = place,
-          .caption = kListingTypes.at(type).caption, .checked = type == Numbered};
+          .caption = rowOf(type).caption, .checked = type == Numbered};
 }
 
 constexpr ControlRow pictureRow(ListingType type) {
   return {.kind = Image, .name = "imgBull", .index = type, .in = "fraStep",
-          .place = {11, 15, 32, 32}, .visible = type == Numbered, .picture = kListingTypes.at(type).word,
-          .accessibleName = kListingTypes.at(type).name};
+          .place = {11, 15, 32, 32}, .visible = type == Numbered, .picture = rowOf(type).word,
+          .accessibleName = rowOf(type).name};
 }
 
 constexpr ControlRow optionRow(ListOption option, forms::Rect place) {

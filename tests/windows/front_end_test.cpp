@@ -234,6 +234,10 @@ class OneStep final : public Steps {
   }
 };
 
+void CALLBACK destroy(HWND doomed, UINT, UINT_PTR, DWORD) {
+  ::DestroyWindow(doomed);
+}
+
 TEST(WindowsHost, MayDestroyTheWindowWhateverLiesOverIt) {
   const auto all = std::to_array<void (*)(TestWindow&, WindowsToolkit&)>({
       [](TestWindow&, WindowsToolkit&) {},
@@ -257,8 +261,7 @@ TEST(WindowsHost, MayDestroyTheWindowWhateverLiesOverIt) {
     window.onQueryUnload = [&] { ++closed; };
     WindowsToolkit* used = nullptr;
     OneStep attendant({[&](WindowView& view) {
-      ::SetTimer(view.handle(), 1, USER_TIMER_MINIMUM,
-                 [](HWND doomed, UINT, UINT_PTR, DWORD) { ::DestroyWindow(doomed); });
+      ::SetTimer(view.handle(), 1, USER_TIMER_MINIMUM, destroy);
       open(window, *used);
     }});
     WindowsToolkit toolkit(&attendant);
