@@ -82,10 +82,13 @@ wait "$command" || fail "Python: $(cat err)"
 printf "%s\n" Stepicon.ico "1 b'    I. \\r\\n   II. \\r\\n  III. \\r\\n'" | cmp - out ||
   fail "Python: $(cat out)"
 
-# Windows that another program destroys, one over the other.
+# Windows that another program destroys, one tied to the other.
 begin timeout 60 "$bin/listwright"
+owner=$(xdotool getwindowfocus)
 keys alt+e Return
 await titled 'Edit Step - Prefixes'
+xprop -id "$(xdotool getwindowfocus)" WM_TRANSIENT_FOR | grep -qi "$(printf %x "$owner")" ||
+  fail 'the editor is not in front of the dialog'
 timeout 20 xdotool getwindowfocus windowclose
 await titled Listwright
 timeout 20 xdotool getwindowfocus windowclose

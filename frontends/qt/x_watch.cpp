@@ -47,8 +47,11 @@ XWatch::XWatch(QWidget& window) : window_(&window) {
   x_ = display == nullptr ? nullptr : display->connection();
   if (x_ == nullptr) return;
   qApp->installNativeEventFilter(this);
-  // A toolkit of a window that has an owner, or of a host with Qt, deals with its own windows.
-  if (window.parentWidget() == nullptr && applicationIsOurs()) findHost();
+  if (const QWidget* owner = window.parentWidget()) {
+    behind_ = static_cast<std::uint32_t>(owner->winId());
+  } else if (applicationIsOurs()) {
+    findHost();
+  }
 }
 
 void XWatch::findHost() {
@@ -66,7 +69,7 @@ void XWatch::findHost() {
 
 void XWatch::shown() {
   if (behind_ == XCB_WINDOW_NONE) return;
-  // Qt leaves it to us to say so of windows that are none of its own.
+  // Qt says so of its dialogs only.
   xcb_change_property(x_, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(window_->winId()),
                       XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32, 1, &behind_);
 }

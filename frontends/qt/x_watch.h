@@ -13,6 +13,7 @@ namespace kvrnstep::qt {
 /// What the X server and the window manager tell of a window of ours and Qt does not heed. On other
 /// displays it does nothing.
 ///
+/// - A window stays in front of its owner.
 /// - A window that somebody else destroys on the screen is closed, as are the boxes over it.
 /// - In a process with another toolkit the window stays in front of that one's windows. When the
 ///   user goes to one of them, which takes no input meanwhile, what is in front of all of ours gets
@@ -38,7 +39,7 @@ class XWatch final : public QAbstractNativeEventFilter {
   QPointer<QWidget> window_;
   xcb_connection_t* x_ = nullptr;
   std::vector<std::uint32_t> hostWindows_;  ///< the topmost one is the last one
-  std::uint32_t behind_ = 0;                ///< the one of them that the user comes from
+  std::uint32_t behind_ = 0;                ///< the owner, or the one that the user comes from
   std::uint32_t activeWindow_ = 0;
 };
 
