@@ -19,9 +19,9 @@ class HeadlessToolkit final : public driving::DrivenToolkit {
   void popUp(forms::MenuEntry& menu) override;
   void print(const std::u16string& /*text*/) override {}
   void setBusy(bool /*busy*/) override {}
-  double screenWidth() override { return 1280 * forms::kTwipsPerPixel; }
-  double screenHeight() override { return 1024 * forms::kTwipsPerPixel; }
-  void letEventsRun() override {}
+  forms::Size screenSize() override {
+    return {1280 * forms::kTwipsPerPixel, 1024 * forms::kTwipsPerPixel};
+  }
   void setClipboard(const std::u16string& /*text*/) override {}
   void playSound(const std::u16string& /*file*/, forms::SoundMode /*mode*/) override {}
 

@@ -126,19 +126,11 @@ void QtToolkit::setBusy(bool busy) {
   }
 }
 
-double QtToolkit::screenWidth() {
+forms::Size QtToolkit::screenSize() {
   const QScreen* screen = QGuiApplication::primaryScreen();
-  return screen == nullptr ? 0 : screen->geometry().width() * kTwipsPerPixel;
-}
-
-double QtToolkit::screenHeight() {
-  const QScreen* screen = QGuiApplication::primaryScreen();
-  return screen == nullptr ? 0 : screen->geometry().height() * kTwipsPerPixel;
-}
-
-void QtToolkit::letEventsRun() {
-  // Nothing runs in between. What the user does meanwhile stays queued, so that a typed character
-  // never meets controls that are half refreshed, and what is drawn is drawn once, at the end.
+  if (screen == nullptr) return {};
+  return {screen->geometry().width() * kTwipsPerPixel,
+          screen->geometry().height() * kTwipsPerPixel};
 }
 
 void QtToolkit::setClipboard(const std::u16string& text) {

@@ -36,9 +36,7 @@ class QtToolkit final : public forms::Toolkit {
   void popUp(forms::MenuEntry& menu) override;
   void print(const std::u16string& text) override;
   void setBusy(bool busy) override;
-  double screenWidth() override;
-  double screenHeight() override;
-  void letEventsRun() override;
+  forms::Size screenSize() override;
   void setClipboard(const std::u16string& text) override;
   void playSound(const std::u16string& file, forms::SoundMode mode) override;
 

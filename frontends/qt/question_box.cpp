@@ -25,7 +25,6 @@ QuestionBox::QuestionBox(const forms::Question& question, QWidget* owner) : QDia
   line_ = new QLineEdit(toQt(question.proposal), this);
   line_->selectAll();
   line_->setMinimumWidth(kNarrowest);
-  line_->setAccessibleName(text.trimmed());
   prompt->setBuddy(line_);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   for (QAbstractButton* button : buttons->buttons()) button->setIcon({});

@@ -178,24 +178,14 @@ void WindowsToolkit::setBusy(bool busy) {
   ::SetCursor(::LoadCursorW(nullptr, busy_ > 0 ? IDC_WAIT : IDC_ARROW));
 }
 
-double WindowsToolkit::screenWidth() {
+forms::Size WindowsToolkit::screenSize() {
   const NativeLook look;
-  return screenTwips(SM_CXSCREEN);
-}
-
-double WindowsToolkit::screenHeight() {
-  const NativeLook look;
-  return screenTwips(SM_CYSCREEN);
+  return {screenTwips(SM_CXSCREEN), screenTwips(SM_CYSCREEN)};
 }
 
 double WindowsToolkit::fontSize(const std::u16string& font, double points) {
   const NativeLook look;
   return boxFontSize(font, points, desktopDpi());
-}
-
-void WindowsToolkit::letEventsRun() {
-  // Nothing runs in between. What the user does meanwhile stays queued, so that a typed character
-  // never meets controls that are half refreshed, and what is drawn is drawn once, at the end.
 }
 
 void WindowsToolkit::setClipboard(const std::u16string& text) {

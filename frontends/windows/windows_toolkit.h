@@ -36,10 +36,8 @@ class WindowsToolkit final : public forms::Toolkit {
   void popUp(forms::MenuEntry& menu) override;
   void print(const std::u16string& text) override;
   void setBusy(bool busy) override;
-  double screenWidth() override;
-  double screenHeight() override;
+  forms::Size screenSize() override;
   double fontSize(const std::u16string& font, double points) override;
-  void letEventsRun() override;
   void setClipboard(const std::u16string& text) override;
   void playSound(const std::u16string& file, forms::SoundMode mode) override;
 

@@ -1,4 +1,5 @@
 #include "dialogs/frm_listwright.h"
+#include "dialogs/window_position.h"
 
 namespace kvrnstep::dialogs {
 
@@ -73,8 +74,9 @@ void frmListwright::showPanelButtons(bool shown) {
 }
 
 void frmListwright::centre() {
-  setTop((toolkit_.screenHeight() - place().height) / 2);
-  setLeft((toolkit_.screenWidth() - place().width) / 2);
+  const forms::Rect middle = centred(place(), toolkit_);
+  setTop(middle.top);
+  setLeft(middle.left);
 }
 
 }  // namespace kvrnstep::dialogs

@@ -62,9 +62,6 @@ void frmListwright::RefreshPreview() {
   // With the step files alone the options frame has the preview's place.
   if (mnuOptions(kDisplayPreview).checked()) txtPreview.setLeft(kPanelLeft);
   txtPreview.setText(lwOutputString_);
-  toolkit_.letEventsRun();
-  // An event may have inserted the list and closed the dialog; what it left belongs to the host.
-  if (unloaded()) return;
   lwOutputString_.clear();
   writeCountToEndBox();
   if (txtBEndAt.text() == typed) txtBEndAt.setSelection(caret);

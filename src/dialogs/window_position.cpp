@@ -17,16 +17,18 @@ void storeTwips(const plugin::HostContext& host, std::u16string_view key, double
                         host.s_IniPathAndName);
 }
 
+forms::Rect centred(const forms::Rect& place, forms::Toolkit& toolkit) {
+  const forms::Size screen = toolkit.screenSize();
+  return {(screen.width - place.width) / 2, (screen.height - place.height) / 2, place.width,
+          place.height};
+}
+
 void restorePosition(forms::Window& window, forms::Toolkit& toolkit,
                      const plugin::HostContext& host, std::u16string_view leftKey,
                      std::u16string_view topKey) {
-  const forms::Rect& place = window.place();
-  if (const auto left = storedTwips(host, leftKey, (toolkit.screenWidth() - place.width) / 2)) {
-    window.setLeft(*left);
-  }
-  if (const auto top = storedTwips(host, topKey, (toolkit.screenHeight() - place.height) / 2)) {
-    window.setTop(*top);
-  }
+  const forms::Rect middle = centred(window.place(), toolkit);
+  if (const auto left = storedTwips(host, leftKey, middle.left)) window.setLeft(*left);
+  if (const auto top = storedTwips(host, topKey, middle.top)) window.setTop(*top);
 }
 
 void savePosition(const forms::Window& window, const plugin::HostContext& host,

@@ -15,6 +15,9 @@ std::optional<double> storedTwips(const plugin::HostContext& host, std::u16strin
                                   double fallback);
 void storeTwips(const plugin::HostContext& host, std::u16string_view key, double twips);
 
+/// The upper left corner of a window of that size in the middle of the screen.
+forms::Rect centred(const forms::Rect& place, forms::Toolkit& toolkit);
+
 /// Puts the window where the keys say, and where they say nothing in the middle of the screen.
 void restorePosition(forms::Window& window, forms::Toolkit& toolkit,
                      const plugin::HostContext& host, std::u16string_view leftKey,

@@ -27,12 +27,10 @@ class DrivenOver : public DrivenToolkit {
   void popUp(forms::MenuEntry& menu) override { native_.popUp(menu); }
   void print(const std::u16string& text) override { native_.print(text); }
   void setBusy(bool busy) override { native_.setBusy(busy); }
-  double screenWidth() override { return native_.screenWidth(); }
-  double screenHeight() override { return native_.screenHeight(); }
+  forms::Size screenSize() override { return native_.screenSize(); }
   double fontSize(const std::u16string& font, double points) override {
     return native_.fontSize(font, points);
   }
-  void letEventsRun() override { native_.letEventsRun(); }
   void setClipboard(const std::u16string& text) override { native_.setClipboard(text); }
   void playSound(const std::u16string& file, forms::SoundMode mode) override {
     native_.playSound(file, mode);

@@ -37,12 +37,10 @@ class ScriptStage final : public forms::Toolkit, public Stage {
   void popUp(forms::MenuEntry& menu) override;
   void print(const std::u16string& text) override;
   void setBusy(bool busy) override { toolkit_.setBusy(busy); }
-  double screenWidth() override { return toolkit_.screenWidth(); }
-  double screenHeight() override { return toolkit_.screenHeight(); }
+  forms::Size screenSize() override { return toolkit_.screenSize(); }
   double fontSize(const std::u16string& font, double points) override {
     return toolkit_.fontSize(font, points);
   }
-  void letEventsRun() override { toolkit_.letEventsRun(); }
   void setClipboard(const std::u16string& text) override;
   void playSound(const std::u16string& file, forms::SoundMode mode) override;
 

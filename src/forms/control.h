@@ -24,6 +24,11 @@ struct Rect {
   bool operator==(const Rect&) const = default;
 };
 
+struct Size {
+  double width = 0;
+  double height = 0;
+};
+
 enum class Kind : std::uint8_t {
   Frame,
   Panel,

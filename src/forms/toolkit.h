@@ -69,16 +69,13 @@ class Toolkit {
   /// Opens a pop-up menu of the window at the mouse and returns when it has closed; an entry that
   /// was picked has then been dealt with.
   virtual void popUp(MenuEntry& menu) = 0;
-  /// Of the screen that dialogs are centred on, in twips.
-  virtual double screenWidth() = 0;
-  virtual double screenHeight() = 0;
+  /// The size of the screen that dialogs are centred on, in twips.
+  virtual Size screenSize() = 0;
   /// The size in points that the font of a box has where this one is wanted: a font is a whole
   /// number of pixels high.
   virtual double fontSize(const std::u16string& /*font*/, double points) {
     return std::round(points * kPixelsPerPoint) / kPixelsPerPoint;
   }
-  /// Lets events run that have gathered while a handler was at work.
-  virtual void letEventsRun() = 0;
   /// Replaces what is on the clipboard, if that is possible.
   virtual void setClipboard(const std::u16string& text) = 0;
   /// Sends a text to the default printer as one job; without a printer nothing happens.
