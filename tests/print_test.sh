@@ -3,11 +3,10 @@
 # and in folders of its own, to a printer that takes PDF and is a file.
 # Skipped (77) where the scheduler's programs are missing, and for who may not run one.
 set -u
-print=$(realpath "$1")/print_file
 module=$(realpath "$2")/kvrnstep-cups.so
 PATH=$PATH:/usr/sbin
 source "$(dirname "$0")/common.bash"
-need cupsd lp lpadmin lpstat cupsreject pdftoppm pdfinfo
+need python3 cupsd lp lpadmin lpstat cupsreject pdftoppm pdfinfo
 [ -x /usr/lib/cups/filter/texttopdf ] || { echo 'no texttopdf'; exit 77; }
 [ "$(id -u)" -eq 0 ] || { echo 'not root'; exit 77; }
 
@@ -59,11 +58,19 @@ await running
 lpadmin -p paper -E -v "file:$work/paper.pdf" -P paper.ppd 2>lpadmin.err ||
   { echo "no printer: $(cat lpadmin.err)"; exit 1; }
 
+# print_list [SETTING…] — has the module print list.txt: 0 when the scheduler took it, 1 when not.
+print_list() {
+  timeout 60 env "$@" python3 -c 'import ctypes, sys
+service = ctypes.CDLL(sys.argv[1])
+service.kvrnstepPrint.restype = ctypes.c_bool
+text = open("list.txt", "rb").read()
+sys.exit(not service.kvrnstepPrint(text, ctypes.c_size_t(len(text))))' "$module" >out 2>&1
+}
 # refused WHAT [SETTING…] — list.txt is not printed, and neither a word nor a job says so.
 refused() {
   local what=$1
   shift
-  timeout 60 env "$@" "$print" "$module" list.txt >out 2>&1
+  print_list "$@"
   [ $? -eq 1 ] || fail "$what: not refused"
   [ ! -s out ] || fail "$what: not silent: $(cat out)"
   [ -z "$(lpstat -W not-completed 2>/dev/null)" ] || fail "$what: a job stays"
@@ -89,7 +96,7 @@ prints() {
   local what=$1 pages=$2
   shift 2
   { tr -d '\r' <list.txt; echo; } >wanted.txt
-  timeout 60 env "$@" "$print" "$module" list.txt >out 2>&1 || fail "$what: refused"
+  print_list "$@" || fail "$what: refused"
   [ ! -s out ] || fail "$what: not silent: $(cat out)"
   on_paper printed
   cmp wanted.txt "$(printf 'spool/d%05d-001' "$jobs")" || fail "$what: not the text"

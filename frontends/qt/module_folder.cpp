@@ -15,4 +15,10 @@ std::string besideThisModule(const std::string& name) {
   return failed ? std::string() : (path.parent_path() / name).string();
 }
 
+void* functionBeside(const std::string& module, const char* name) {
+  const std::string path = besideThisModule(module);
+  void* library = path.empty() ? nullptr : dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+  return library == nullptr ? nullptr : dlsym(library, name);
+}
+
 }  // namespace kvrnstep::qt

@@ -8,4 +8,7 @@ namespace kvrnstep::qt {
 /// not known.
 std::string besideThisModule(const std::string& name);
 
+/// A function of a module in that folder; null where the module is not installed.
+void* functionBeside(const std::string& module, const char* name);
+
 }  // namespace kvrnstep::qt

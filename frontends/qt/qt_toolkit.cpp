@@ -11,8 +11,9 @@
 #include "line_breaks.h"
 #include "locale_guard.h"
 #include "menu_view.h"
+#include "module_folder.h"
 #include "qt_fonts.h"
-#include "services.h"
+#include "services/services.h"
 #include "text.h"
 
 namespace kvrnstep::qt {
@@ -115,7 +116,10 @@ void QtToolkit::popUp(forms::MenuEntry& menu) {
 }
 
 void QtToolkit::print(const std::u16string& text) {
-  printText(text);
+  const auto print = reinterpret_cast<decltype(&kvrnstepPrint)>(
+      functionBeside("kvrnstep-cups.so", "kvrnstepPrint"));
+  const QByteArray bytes = toQt(text).toUtf8();
+  if (print != nullptr) print(bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }
 
 void QtToolkit::setBusy(bool busy) {
@@ -139,7 +143,10 @@ void QtToolkit::setClipboard(const std::u16string& text) {
 }
 
 void QtToolkit::playSound(const std::u16string& file, forms::SoundMode mode) {
-  startSound(file, mode == forms::SoundMode::GiveWay);
+  const auto play = reinterpret_cast<decltype(&kvrnstepPlaySound)>(
+      functionBeside("kvrnstep-sound.so", "kvrnstepPlaySound"));
+  const int giveWay = mode == forms::SoundMode::GiveWay ? 1 : 0;
+  if (play != nullptr) play(toQt(file).toUtf8().constData(), giveWay);
 }
 
 WindowView* QtToolkit::viewOf(const forms::Window& window) const {

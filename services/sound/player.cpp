@@ -1,5 +1,3 @@
-#include "player.h"
-
 #include <QAbstractEventDispatcher>
 #include <QAudioDevice>
 #include <QAudioSink>
@@ -7,25 +5,60 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QMediaDevices>
+#include <QThread>
 #include <QTimer>
 #include <chrono>
+#include <condition_variable>
 #include <cstdlib>
+#include <deque>
+#include <exception>
 #include <memory>
+#include <mutex>
+#include <string>
 #include <utility>
 
+#include "services/services.h"
 #include "sound_file.h"
-
-namespace kvrnstep::sound {
 
 namespace {
 
 using namespace std::chrono_literals;
+using kvrnstep::sound::SoundFile;
 
 constexpr auto kTick = 20ms;
 constexpr auto kBuffer = 200ms;
 constexpr auto kSettle = 100ms;
 /// A server that does not answer must not keep the process from ending.
 constexpr auto kLongestStop = 2s;
+
+struct Request {
+  std::string path;
+  bool giveWay = false;  ///< plays nothing while another sound plays
+};
+
+/// Plays one sound at a time on a thread of its own. So nobody waits for the sound server, and a
+/// sound is heard to its end when the thread that asked for it runs no events any more.
+class Player : public QThread {
+ public:
+  void play(Request request);
+  /// Ends what is playing and the thread; a later sound starts it again.
+  void stop();
+
+ protected:
+  void run() override;
+
+ private:
+  void playToEnd(const Request& request);
+  bool isReplaced();
+
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::deque<Request> requests_;
+  bool stopping_ = false;
+};
+
+/// The one player of the process.
+Player& thePlayer();
 
 thread_local bool isPlayerThread = false;
 QtMessageHandler othersHandler = nullptr;
@@ -52,8 +85,6 @@ void stopBeforeConnectionEnds(const QAudioDevice& device) {
   }();
   static_cast<void>(done);
 }
-
-}  // namespace
 
 Player& thePlayer() {
   // Never deleted: it is stopped before the process ends.
@@ -138,4 +169,12 @@ bool Player::isReplaced() {
   return stopping_ || !requests_.empty();
 }
 
-}  // namespace kvrnstep::sound
+}  // namespace
+
+extern "C" [[gnu::visibility("default")]] void kvrnstepPlaySound(const char* path, int giveWay) {
+  try {
+    if (path != nullptr) thePlayer().play({path, giveWay != 0});
+  } catch (const std::exception&) {
+    // Without memory for it there is no sound.
+  }
+}

@@ -1,5 +1,3 @@
-#include "print_service.h"
-
 #include <cups/cups.h>
 #include <pthread.h>
 
@@ -8,6 +6,8 @@
 #include <string>
 #include <string_view>
 #include <thread>
+
+#include "services/services.h"
 
 namespace {
 
@@ -27,9 +27,8 @@ struct Release {
 template <class Type>
 using Owned = std::unique_ptr<Type, Release>;
 
-/// What the scheduler reads. Its text filter ends a line at LF and takes CR for a return to the
-/// first column, to print over the line; LF is also what every other program here sends, so queues
-/// that filter nothing are set up for it.
+/// The text with LF line ends. The scheduler's text filter takes a CR for a return to the first
+/// column, and queues without a filter are set up for LF, because every other program sends it.
 std::string documentOf(std::string_view text) {
   std::string document;
   document.reserve(text.size() + 1);
@@ -39,18 +38,10 @@ std::string documentOf(std::string_view text) {
   return document += '\n';
 }
 
-int giveUp(http_t* /*connection*/, void* /*data*/) {
-  return 0;
-}
-
-const char* noPassword(const char* /*prompt*/, http_t* /*connection*/, const char* /*method*/,
-                       const char* /*resource*/, void* /*data*/) {
-  return nullptr;
-}
-
 Owned<http_t> connected() {
   Owned<http_t> connection(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC,
                                         cupsEncryption(), 1, kConnectMilliseconds, nullptr));
+  const auto giveUp = [](http_t*, void*) { return 0; };
   if (connection != nullptr) httpSetTimeout(connection.get(), kAnswerSeconds, giveUp, nullptr);
   return connection;
 }
@@ -66,7 +57,9 @@ bool sent(http_t* connection, cups_dest_t* printer, cups_dinfo_t* abilities, int
 }
 
 bool printed(const std::string& document) {
-  // libcups would ask on the terminal of the host.
+  // libcups would ask for one on the terminal of the host.
+  const cups_password_cb2_t noPassword = [](const char*, http_t*, const char*, const char*,
+                                            void*) -> const char* { return nullptr; };
   cupsSetPasswordCB2(noPassword, nullptr);
   const Owned<http_t> connection = connected();
   if (connection == nullptr) return false;
@@ -87,7 +80,7 @@ bool printed(const std::string& document) {
   return false;
 }
 
-/// Keeps signals from the thread that holds it, and from those that this one starts meanwhile.
+/// As long as it exists, neither this thread nor those that it starts get signals.
 class SignalsKeptOff {
  public:
   SignalsKeptOff() {
@@ -113,8 +106,8 @@ std::thread startedWithoutSignals(Work work) {
 }  // namespace
 
 /// libcups keeps its connection, its settings and the way it asks for a password by thread: in a
-/// thread of our own they are not those of a host that prints too. From its first use on it ignores
-/// SIGPIPE in the whole process. That stays so, for it relies on it wherever else the host uses it.
+/// thread of our own they are not those of a host that prints too. When it is first used it has the
+/// whole process ignore SIGPIPE. That is left so, because the host's own use of it may rely on it.
 extern "C" [[gnu::visibility("default")]] bool kvrnstepPrint(const char* text, std::size_t length) {
   try {
     const std::string document = documentOf({text, length});
