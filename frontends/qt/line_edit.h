@@ -3,7 +3,7 @@
 #include <QLineEdit>
 #include <optional>
 
-#include "forms/text_sync.h"
+#include "forms/control_sync.h"
 #include "typing.h"
 
 namespace kvrnstep::qt {

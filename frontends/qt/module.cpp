@@ -1,4 +1,4 @@
-#include "forms/front_end_module.h"
+#include "forms/toolkit.h"
 #include "qt_application.h"
 #include "qt_toolkit.h"
 

@@ -2,7 +2,7 @@
 
 #include <QPlainTextEdit>
 
-#include "forms/text_sync.h"
+#include "forms/control_sync.h"
 #include "sharp_frame.h"
 #include "typing.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "control_view.h"
-#include "forms/text_sync.h"
+#include "forms/control_sync.h"
 
 namespace kvrnstep::qt {
 

@@ -10,7 +10,7 @@
 #include "combo_view.h"
 #include "compact_style.h"
 #include "forms/user_actions.h"
-#include "forms/view_kinds.h"
+#include "forms/view_sync.h"
 #include "list_view.h"
 #include "menu_view.h"
 #include "picture_views.h"

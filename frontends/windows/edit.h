@@ -4,7 +4,7 @@
 // After the other one.
 #include <commctrl.h>
 
-#include "forms/text_sync.h"
+#include "forms/control_sync.h"
 
 namespace kvrnstep::windows {
 

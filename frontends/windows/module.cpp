@@ -1,4 +1,4 @@
-#include "forms/front_end_module.h"
+#include "forms/toolkit.h"
 #include "platform/thread_record.h"
 #include "windows_toolkit.h"
 

@@ -138,7 +138,7 @@ void frmListwright::DeleteStepFile(const std::u16string& path) {
 }
 
 std::u16string frmListwright::selectedStepFile() const {
-  const int selected = lstStepf.entries().selected();
+  const int selected = lstStepf.entries().selected;
   if (selected < 0) return {};
   return stepfiles::pathOfEntry(host_.sPthStepFolder, lstStepf.List(selected));
 }
@@ -154,7 +154,7 @@ void frmListwright::lstStepf_MouseUp(forms::MouseButton button) {
 }
 
 void frmListwright::mnuHid_Click() {
-  const bool selected = lstStepf.entries().selected() >= 0;
+  const bool selected = lstStepf.entries().selected >= 0;
   mnuHidd(0).setEnabled(selected);
   mnuHidd(2).setEnabled(selected);
 }

@@ -119,7 +119,7 @@ void frmStepPSEdit::lstEdit_Click() {
 
 int frmStepPSEdit::findExact(const std::u16string& text) const {
   if (const auto found = findEntry(lstEdit, text)) return *found;
-  const auto& entries = lstEdit.entries().all();
+  const auto& entries = lstEdit.entries().items;
   const auto found = std::ranges::find_if(
       entries, [&](const std::u16string& entry) { return text::equalIgnoringCase(entry, text); });
   return found == entries.end() ? -1 : static_cast<int>(found - entries.begin());

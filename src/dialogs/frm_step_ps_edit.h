@@ -39,7 +39,7 @@ class frmStepPSEdit : public forms::Window {
 
   [[nodiscard]] std::optional<std::u16string> listFile() const;
   [[nodiscard]] int findExact(const std::u16string& text) const;
-  [[nodiscard]] int selected() const { return lstEdit.entries().selected(); }
+  [[nodiscard]] int selected() const { return lstEdit.entries().selected; }
   [[nodiscard]] bool entrySelected() const { return lstEdit.ListCount() > 0 && selected() >= 0; }
   void showEntry(int index);
   void enableSelectionButtons(bool enabled);

@@ -10,7 +10,7 @@ void QuickSortStrings(std::vector<std::u16string>& sItems, std::int32_t lMin, st
 }
 
 void SortList(forms::ListBox& lstSort) {
-  std::vector<std::u16string> items = lstSort.entries().all();
+  std::vector<std::u16string> items = lstSort.entries().items;
   QuickSortStrings(items, 0, static_cast<std::int32_t>(items.size()) - 1);
   lstSort.Clear();
   for (std::u16string& item : items) lstSort.AddItem(std::move(item));

@@ -114,11 +114,11 @@ void check(CheckBox& box, bool on) {
 }
 template <class T>
 int selected(const T& list) {
-  return list.entries().selected();
+  return list.entries().selected;
 }
 template <class T>
 std::u16string items(const T& list) {
-  return text::joined(list.entries().all());
+  return text::joined(list.entries().items);
 }
 double start(const TextControl& box) {
   return static_cast<double>(box.selection().start);

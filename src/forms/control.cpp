@@ -32,15 +32,12 @@ void dropFurtherLines(std::u16string_view before, std::u16string& text, TextSele
 
 }  // namespace
 
-Control::Control(Window& window, const ControlRow& row, Control* container)
-    : window_(window),
-      row_(row),
-      container_(container),
-      caption_(row.caption),
-      place_(row.place),
-      picture_(row.picture),
-      enabled_(row.enabled),
-      visible_(row.visible) {}
+Rect common(const Rect& one, const Rect& other) {
+  const double left = std::max(one.left, other.left);
+  const double top = std::max(one.top, other.top);
+  return {left, top, std::max(0.0, std::min(one.right(), other.right()) - left),
+          std::max(0.0, std::min(one.bottom(), other.bottom()) - top)};
+}
 
 std::string Control::scriptName() const {
   std::string name(row_.name);
@@ -52,60 +49,31 @@ void Control::changed(Property property) {
   window_.changed(*this, property);
 }
 
-void Control::setEnabled(bool enabled) {
-  if (std::exchange(enabled_, enabled) != enabled) changed(Property::Enabled);
-}
-
-void Control::setVisible(bool visible) {
-  if (std::exchange(visible_, visible) != visible) changed(Property::Visible);
-}
-
-void Control::setCaption(std::u16string_view caption) {
-  caption_ = caption;
-  changed(Property::Caption);
-}
-
-void Control::setLeft(double left) {
-  place_.left = left;
-  changed(Property::Left);
-}
-
-void Control::setWidth(double width) {
-  place_.width = width;
-  changed(Property::Width);
-}
-
-void Control::setPlace(const Rect& place) {
-  if (std::exchange(place_, place) != place) changed(Property::Width);
-}
-
-void Control::setPicture(Picture picture) {
-  if (std::exchange(picture_, picture) != picture) changed(Property::Picture);
-}
-
-void Control::setCursor(int resourceId) {
-  cursor_ = resourceId;
-  changed(Property::Cursor);
-}
-
-void Control::setDragCursor(int resourceId) {
-  dragCursor_ = resourceId;
-  changed(Property::Cursor);
+Rect Control::shownPlace() const {
+  if (kind() == Kind::Button && container_ != nullptr) {
+    return common(place_, {0, 0, container_->place_.width, container_->place_.height});
+  }
+  Rect shown = place_;
+  if (kind() == Kind::ListBox && container_ == nullptr) {
+    const double onePixel = kTwipsPerPixel / window_.design().twipsPerUnit;
+    const double room = window_.innerHeight() - onePixel - shown.top;
+    if (room > 0) shown.height = std::min(shown.height, room);
+  }
+  return shown;
 }
 
 bool Control::reachable() const {
   if (window_.unloaded()) return false;
   if (kind() == Kind::Menu) return pickable();
-  double left = place_.left;
-  double top = place_.top;
+  Rect inWindow = place_;
   for (const Control* control = this; control != nullptr; control = control->container_) {
     if (!control->enabled_ || !control->visible_) return false;
     if (control == this) continue;
-    left += control->place_.left;
-    top += control->place_.top;
+    inWindow.left += control->place_.left;
+    inWindow.top += control->place_.top;
   }
-  return left + place_.width > 0 && left < window_.innerWidth() && top + place_.height > 0 &&
-         top < window_.innerHeight() && !covered();
+  const Rect inside{0, 0, window_.innerWidth(), window_.innerHeight()};
+  return common(inWindow, inside).area() > 0 && !covered();
 }
 
 bool Control::pickable() const {
@@ -125,13 +93,9 @@ bool Control::covered() const {
   return std::any_of(self + 1, all.end(), [&](const auto& other) {
     const Rect& place = other->place_;
     return other->kind() == Kind::Frame && other->container_ == nullptr && other->visible_ &&
-           x >= place.left && x < place.left + place.width && y >= place.top &&
-           y < place.top + place.height;
+           x >= place.left && x < place.right() && y >= place.top && y < place.bottom();
   });
 }
-
-TextControl::TextControl(Window& window, const ControlRow& row, Control* container)
-    : Control(window, row, container), text_(row.text) {}
 
 void TextControl::setText(std::u16string text) {
   if (text_ != text) {
@@ -157,7 +121,7 @@ void TextControl::setSelection(TextSelection selection) {
   selection.length = outOfLineBreak(text_, end) - selection.start;
   if (selection == selection_) return;
   selection_ = selection;
-  changed(Property::SelStart);
+  changed(Property::Selection);
 }
 
 void TextControl::replaceSelection(std::u16string_view text) {
@@ -168,100 +132,43 @@ void TextControl::replaceSelection(std::u16string_view text) {
   setSelection({caret, 0});
 }
 
-void TextBox::setFont(std::u16string_view font) {
-  font_ = font;
-  changed(Property::Font);
-}
-
-void TextBox::setFontSize(float points) {
-  fontSize_ = points;
-  changed(Property::FontSize);
-}
-
-void TextBox::setBackColor(std::int32_t color) {
-  backColor_ = color;
-  changed(Property::BackColor);
-}
-
-void TextBox::setForeColor(std::int32_t color) {
-  foreColor_ = color;
-  changed(Property::ForeColor);
-}
-
-const std::u16string& ComboBox::List(int index) const {
-  return entries_.items_.at(static_cast<std::size_t>(index));
-}
-
-void ComboBox::Clear() {
-  entries_ = Entries();
-  changed(Property::Items);
-}
-
-void ComboBox::AddItem(std::u16string text) {
-  entries_.items_.push_back(std::move(text));
-  changed(Property::Items);
-}
-
 void ComboBox::choose(int index) {
   if (index < 0 || index >= ListCount()) return;
-  entries_.selected_ = index;
+  entries_.selected = index;
   setText(List(index));
   if (onClick) onClick(this->index());
 }
 
-const std::u16string& ListBox::List(int index) const {
-  return entries_.items_.at(static_cast<std::size_t>(index));
-}
-
-void ListBox::Clear() {
-  entries_ = Entries();
-  topIndex_ = 0;
-  changed(Property::Items);
-}
-
-void ListBox::AddItem(std::u16string text) {
-  entries_.items_.push_back(std::move(text));
-  changed(Property::Items);
-}
-
 void ListBox::InsertItem(int index, std::u16string text) {
   index = std::clamp(index, 0, ListCount());
-  entries_.items_.insert(entries_.items_.begin() + index, std::move(text));
-  if (entries_.selected_ >= index) ++entries_.selected_;
+  entries_.items.insert(entries_.items.begin() + index, std::move(text));
+  if (entries_.selected >= index) ++entries_.selected;
   changed(Property::Items);
 }
 
 void ListBox::RemoveItem(int index) {
   if (index < 0 || index >= ListCount()) return;
-  entries_.items_.erase(entries_.items_.begin() + index);
-  if (entries_.selected_ == index) {
-    entries_.selected_ = -1;
-  } else if (entries_.selected_ > index) {
-    --entries_.selected_;
+  entries_.items.erase(entries_.items.begin() + index);
+  if (entries_.selected == index) {
+    entries_.selected = -1;
+  } else if (entries_.selected > index) {
+    --entries_.selected;
   }
-  topIndex_ = std::min(topIndex_, std::max(ListCount() - 1, 0));
+  entries_.top = std::min(entries_.top, std::max(ListCount() - 1, 0));
   changed(Property::Items);
 }
 
 void ListBox::setIndex(int index) {
   if (index < -1 || index >= ListCount()) return;
-  if (std::exchange(entries_.selected_, index) == index) return;
+  if (std::exchange(entries_.selected, index) == index) return;
   changed(Property::Index);
   if (index >= 0) setTopIndex(topShowing(index));
   if (onClick) onClick(this->index());
 }
 
 void ListBox::setTopIndex(int index) {
-  if (index >= 0 && index < ListCount()) topIndex_ = index;
+  if (index >= 0 && index < ListCount()) entries_.top = index;
   changed(Property::TopIndex);
-}
-
-Rect ListBox::shownPlace() const {
-  Rect shown = place();
-  const double onePixel = kTwipsPerPixel / window().design().twipsPerUnit;
-  const double room = window().innerHeight() - onePixel - shown.top;
-  if (container() == nullptr && room > 0) shown.height = std::min(shown.height, room);
-  return shown;
 }
 
 int ListBox::lines() const {
@@ -273,26 +180,20 @@ int ListBox::lines() const {
 }
 
 int ListBox::firstInView() const {
-  return std::clamp(topIndex_, 0, std::max(0, ListCount() - lines()));
+  return std::clamp(entries_.top, 0, std::max(0, ListCount() - lines()));
 }
 
 int ListBox::topShowing(int index) const {
   const int first = firstInView();
   if (index < first) return index;
-  return index < first + lines() ? topIndex_ : index - lines() + 1;
+  return index < first + lines() ? entries_.top : index - lines() + 1;
 }
-
-CheckBox::CheckBox(Window& window, const ControlRow& row, Control* container)
-    : Control(window, row, container), value_(row.checked ? 1 : 0) {}
 
 void CheckBox::setValue(int value) {
   value_ = value;
   changed(Property::Value);
   if (onClick) onClick(index());
 }
-
-OptionButton::OptionButton(Window& window, const ControlRow& row, Control* container)
-    : Control(window, row, container), value_(row.checked) {}
 
 void OptionButton::setValue(bool value) {
   value_ = value;
@@ -309,9 +210,6 @@ void OptionButton::setValue(bool value) {
   if (onClick) onClick(index());
 }
 
-Spinner::Spinner(Window& window, const ControlRow& row, Control* container)
-    : Control(window, row, container), value_(row.value) {}
-
 void Spinner::setValue(std::int32_t value) {
   // A value that has to be clamped comes from a box that must not go on showing it.
   if (value != value_) putValue(value);
@@ -325,17 +223,10 @@ void Spinner::putValue(std::int32_t value) {
   buddy->setText(text::decimal(value_));
 }
 
-MenuEntry::MenuEntry(Window& window, const ControlRow& row, Control* container)
-    : Control(window, row, container), checked_(row.checked) {}
-
 bool MenuEntry::opensMenu() const {
   return container() == nullptr || std::ranges::any_of(window().controls(), [&](const auto& entry) {
            return entry->container() == this;
          });
-}
-
-void MenuEntry::setChecked(bool checked) {
-  if (std::exchange(checked_, checked) != checked) changed(Property::Checked);
 }
 
 }  // namespace kvrnstep::forms

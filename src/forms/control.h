@@ -3,26 +3,49 @@
 #include <array>
 #include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
-
-#include "forms/property.h"
 
 namespace kvrnstep::forms {
 
 class Window;
 
-/// A place in the scale of the window that a control stands in, relative to its container.
+/// What a front end shows of a control or a window, and is told of when it changes.
+enum class Property : std::uint8_t {
+  Text,
+  Value,
+  Caption,
+  Checked,
+  Enabled,
+  Visible,
+  Place,  ///< of a window: the position alone
+  Size,   ///< of a window
+  Index,
+  Items,
+  TopIndex,
+  Selection,
+  Font,
+  Colors,
+  Cursor,
+  Picture,
+};
+
+/// A place in the scale of the control's window, relative to its container.
 struct Rect {
   double left = 0;
   double top = 0;
   double width = 0;
   double height = 0;
 
+  [[nodiscard]] double right() const { return left + width; }
+  [[nodiscard]] double bottom() const { return top + height; }
+  [[nodiscard]] double area() const { return width * height; }
   bool operator==(const Rect&) const = default;
 };
+/// What is inside of both; its size is 0 where nothing is.
+Rect common(const Rect& one, const Rect& other);
 
 struct Size {
   double width = 0;
@@ -41,7 +64,7 @@ enum class Kind : std::uint8_t {
   ListBox,
   Label,
   Image,
-  StatusBar,  ///< lies along the window's bottom edge; sizes a resizable window
+  StatusBar,  ///< fills the window's bottom edge; a resizable window has a grip there
   Menu,
 };
 
@@ -94,7 +117,8 @@ struct ControlRow {
 /// the control's handler at once, exactly as a user's change does.
 class Control {
  public:
-  Control(Window& window, const ControlRow& row, Control* container);
+  Control(Window& window, const ControlRow& row, Control* container)
+      : window_(window), row_(row), container_(container) {}
   virtual ~Control() = default;
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
@@ -108,28 +132,29 @@ class Control {
   [[nodiscard]] Control* container() const { return container_; }
 
   [[nodiscard]] bool enabled() const { return enabled_; }
-  void setEnabled(bool enabled);
+  void setEnabled(bool enabled) { assign(enabled_, enabled, Property::Enabled); }
   [[nodiscard]] bool visible() const { return visible_; }
-  void setVisible(bool visible);
+  void setVisible(bool visible) { assign(visible_, visible, Property::Visible); }
   [[nodiscard]] const std::u16string& caption() const { return caption_; }
-  void setCaption(std::u16string_view caption);
+  void setCaption(std::u16string_view caption) { assign(caption_, caption, Property::Caption); }
   [[nodiscard]] const Rect& place() const { return place_; }
-  void setLeft(double left);
-  void setWidth(double width);
-  void setPlace(const Rect& place);
-  /// What of the place the control takes.
-  [[nodiscard]] virtual Rect shownPlace() const { return place_; }
+  void setLeft(double left) { assign(place_.left, left, Property::Place); }
+  void setWidth(double width) { assign(place_.width, width, Property::Place); }
+  void setPlace(const Rect& place) { assign(place_, place, Property::Place); }
+  /// The part of the place that is drawn: a list outside of containers ends inside the window, and
+  /// a button inside its container, because its borders would be cut off there.
+  [[nodiscard]] Rect shownPlace() const;
   [[nodiscard]] Picture picture() const { return picture_; }
-  void setPicture(Picture picture);
+  void setPicture(Picture picture) { assign(picture_, picture, Property::Picture); }
   /// Resource id of the mouse cursor over the control; 0 for the usual one.
   [[nodiscard]] int cursor() const { return cursor_; }
-  void setCursor(int resourceId);
-  /// … and of the one while the control is dragged.
+  void setCursor(int resourceId) { assign(cursor_, resourceId, Property::Cursor); }
+  /// The same for the cursor while the control is dragged.
   [[nodiscard]] int dragCursor() const { return dragCursor_; }
-  void setDragCursor(int resourceId);
+  void setDragCursor(int resourceId) { assign(dragCursor_, resourceId, Property::Cursor); }
 
   /// Whether a user can reach the control: it and its containers are visible and enabled, some of
-  /// it lies inside the window, and no frame lies in front of it. Menus need only be enabled and
+  /// it is inside the window, and no frame is in front of it. Menus need only be enabled and
   /// visible.
   [[nodiscard]] bool reachable() const;
 
@@ -142,6 +167,13 @@ class Control {
 
  protected:
   void changed(Property property);
+  /// Takes the value of a property over, and tells of it if it is another one.
+  template <class Held, class Value>
+  void assign(Held& held, const Value& value, Property property) {
+    if (held == value) return;
+    held = value;
+    changed(property);
+  }
 
  private:
   [[nodiscard]] bool covered() const;
@@ -150,16 +182,16 @@ class Control {
   Window& window_;
   const ControlRow& row_;
   Control* container_;
-  std::u16string caption_;
-  Rect place_;
+  std::u16string caption_{row_.caption};
+  Rect place_{row_.place};
   int cursor_ = 0;
   int dragCursor_ = 0;
-  Picture picture_;
-  bool enabled_;
-  bool visible_;
+  Picture picture_{row_.picture};
+  bool enabled_ = row_.enabled;
+  bool visible_ = row_.visible;
 };
 
-/// Where the caret or the marked part of a text lies, in UTF-16 units.
+/// Where the caret or the marked part of a text is, in UTF-16 units.
 struct TextSelection {
   std::size_t start = 0;
   std::size_t length = 0;
@@ -170,7 +202,7 @@ struct TextSelection {
 /// A control that holds a text a user can type into: a text box or the box of a combo box.
 class TextControl : public Control {
  public:
-  TextControl(Window& window, const ControlRow& row, Control* container);
+  using Control::Control;
 
   [[nodiscard]] const std::u16string& text() const { return text_; }
   /// Puts the caret behind the text of a single line and before the text of several lines.
@@ -190,7 +222,7 @@ class TextControl : public Control {
   std::function<void(int index)> onKeyUp;
 
  private:
-  std::u16string text_;
+  std::u16string text_{row().text};
   TextSelection selection_;
 };
 
@@ -204,15 +236,15 @@ class TextBox : public TextControl {
   using TextControl::TextControl;
 
   [[nodiscard]] const std::u16string& font() const { return font_; }
-  void setFont(std::u16string_view font);
+  void setFont(std::u16string_view font) { assign(font_, font, Property::Font); }
   /// In points; 0 is the window's own size.
   [[nodiscard]] float fontSize() const { return fontSize_; }
-  void setFontSize(float points);
+  void setFontSize(float points) { assign(fontSize_, points, Property::Font); }
   /// Colours are 0x00BBGGRR, or 0x80000000 + n for the system's colour n.
   [[nodiscard]] std::int32_t backColor() const { return backColor_; }
-  void setBackColor(std::int32_t color);
+  void setBackColor(std::int32_t color) { assign(backColor_, color, Property::Colors); }
   [[nodiscard]] std::int32_t foreColor() const { return foreColor_; }
-  void setForeColor(std::int32_t color);
+  void setForeColor(std::int32_t color) { assign(foreColor_, color, Property::Colors); }
 
  private:
   std::u16string font_{row().font};
@@ -221,47 +253,51 @@ class TextBox : public TextControl {
   std::int32_t foreColor_ = static_cast<std::int32_t>(0x80000008);
 };
 
-/// The entries of a list box or a combo box, and which one is selected.
-class Entries {
- public:
-  [[nodiscard]] const std::vector<std::u16string>& all() const { return items_; }
-  [[nodiscard]] int selected() const { return selected_; }
-  [[nodiscard]] int count() const { return static_cast<int>(items_.size()); }
-
- private:
-  friend class ListBox;
-  friend class ComboBox;
-  std::vector<std::u16string> items_;
-  int selected_ = -1;
+/// The entries of a list box or a combo box.
+struct Entries {
+  std::vector<std::u16string> items;
+  int selected = -1;
+  int top = 0;  ///< of a list box: the first one in view, as far as was asked for
 };
 
-/// An editable text with a drop-down list. Choosing an entry raises onClick.
-class ComboBox : public TextControl {
+/// A control with entries.
+template <class Base>
+class WithEntries : public Base {
  public:
-  using TextControl::TextControl;
+  using Base::Base;
 
   [[nodiscard]] const Entries& entries() const { return entries_; }
-  [[nodiscard]] int ListCount() const { return entries_.count(); }
-  [[nodiscard]] const std::u16string& List(int index) const;
-  /// Removes all entries; the text stays.
-  void Clear();
-  void AddItem(std::u16string text);
-  /// As the user's choice: the entry's text goes into the box and onClick is raised.
-  void choose(int index);
+  [[nodiscard]] int ListCount() const { return static_cast<int>(entries_.items.size()); }
+  [[nodiscard]] const std::u16string& List(int index) const {
+    return entries_.items.at(static_cast<std::size_t>(index));
+  }
+  /// Removes all entries; the text of a combo box stays.
+  void Clear() {
+    entries_ = Entries();
+    this->changed(Property::Items);
+  }
+  void AddItem(std::u16string text) {
+    entries_.items.push_back(std::move(text));
+    this->changed(Property::Items);
+  }
 
- private:
+ protected:
   Entries entries_;
 };
 
-class ListBox : public Control {
+/// An editable text with a drop-down list. Choosing an entry raises onClick.
+class ComboBox : public WithEntries<TextControl> {
  public:
-  using Control::Control;
+  using WithEntries::WithEntries;
 
-  [[nodiscard]] const Entries& entries() const { return entries_; }
-  [[nodiscard]] int ListCount() const { return entries_.count(); }
-  [[nodiscard]] const std::u16string& List(int index) const;
-  void Clear();
-  void AddItem(std::u16string text);
+  /// As the user's choice: the entry's text goes into the box and onClick is raised.
+  void choose(int index);
+};
+
+class ListBox : public WithEntries<Control> {
+ public:
+  using WithEntries::WithEntries;
+
   /// Puts an entry in before the one at `index`, or behind the last one. The selected entry stays
   /// selected.
   void InsertItem(int index, std::u16string text);
@@ -270,7 +306,7 @@ class ListBox : public Control {
   /// Selects an entry, −1 for none, brings it into view and raises onClick, all when that changes
   /// the selection.
   void setIndex(int index);
-  [[nodiscard]] int topIndex() const { return topIndex_; }
+  [[nodiscard]] int topIndex() const { return entries_.top; }
   /// Scrolls so that the entry is the first visible one, as far as the list reaches. Where there
   /// is no such entry the list stays where it is.
   void setTopIndex(int index);
@@ -279,21 +315,16 @@ class ListBox : public Control {
   /// The top index that brings the entry into view with the least scrolling; the present one if
   /// the entry is in view.
   [[nodiscard]] int topShowing(int index) const;
-  /// Ends inside the window.
-  [[nodiscard]] Rect shownPlace() const override;
 
  private:
   /// How many entries are in view at once.
   [[nodiscard]] int lines() const;
-
-  Entries entries_;
-  int topIndex_ = 0;
 };
 
 /// Value 1 is checked, 0 is clear; only 1 counts as on.
 class CheckBox : public Control {
  public:
-  CheckBox(Window& window, const ControlRow& row, Control* container);
+  using Control::Control;
 
   [[nodiscard]] int value() const { return value_; }
   [[nodiscard]] bool checked() const { return value_ == 1; }
@@ -301,27 +332,27 @@ class CheckBox : public Control {
   void setValue(int value);
 
  private:
-  int value_;
+  int value_ = row().checked ? 1 : 0;
 };
 
 /// One of the option buttons of a container; selecting one clears the others.
 class OptionButton : public Control {
  public:
-  OptionButton(Window& window, const ControlRow& row, Control* container);
+  using Control::Control;
 
   [[nodiscard]] bool value() const { return value_; }
   /// True raises onClick; the button that it clears raises nothing.
   void setValue(bool value);
 
  private:
-  bool value_;
+  bool value_ = row().checked;
 };
 
 /// Up and down arrows bound to a text box. A changed value goes into the box as plain decimal
 /// digits, which raises the box's handler; an equal value changes nothing.
 class Spinner : public Control {
  public:
-  Spinner(Window& window, const ControlRow& row, Control* container);
+  using Control::Control;
 
   [[nodiscard]] std::int32_t value() const { return value_; }
   /// A value outside the range becomes the nearest end of it, which then goes into the box even
@@ -335,22 +366,22 @@ class Spinner : public Control {
   std::function<void(int index)> onDownClick;
 
  private:
-  std::int32_t value_;
+  std::int32_t value_ = row().value;
 };
 
 /// A menu of the menu bar, an entry of a menu, or a pop-up menu.
 class MenuEntry : public Control {
  public:
-  MenuEntry(Window& window, const ControlRow& row, Control* container);
+  using Control::Control;
 
   [[nodiscard]] bool separator() const { return caption() == u"-"; }
   /// It has entries of its own, or pops up.
   [[nodiscard]] bool opensMenu() const;
   [[nodiscard]] bool checked() const { return checked_; }
-  void setChecked(bool checked);
+  void setChecked(bool checked) { assign(checked_, checked, Property::Checked); }
 
  private:
-  bool checked_;
+  bool checked_ = row().checked;
 };
 
 /// The elements of a control array, by their index.

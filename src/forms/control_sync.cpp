@@ -4,16 +4,22 @@
 #include <utility>
 
 #include "forms/keyboard.h"
-#include "forms/text_sync.h"
 #include "forms/user_actions.h"
 #include "forms/view_sync.h"
 
 namespace kvrnstep::forms {
 
-Mark markOf(int value) {
+namespace {
+
+Mark markOf(const Control& control) {
+  const int value = control.kind() == Kind::CheckBox
+                        ? static_cast<const CheckBox&>(control).value()
+                        : static_cast<int>(static_cast<const OptionButton&>(control).value());
   if (value == 0) return Mark::Clear;
   return value == 1 ? Mark::On : Mark::Mixed;
 }
+
+}  // namespace
 
 DrawnEntry drawnEntry(const MenuEntry& entry) {
   return {drawnCaption(entry), entry.separator(), entry.enabled(), entry.visible(),
@@ -33,14 +39,14 @@ void ControlSync::applyChanges() {
 
 void ControlSync::apply(const Changes& changes) {
   if (control_.kind() == Kind::Menu) {
-    if (changes.has(Property::ForeColor)) recolor();
+    if (changes.has(Property::Colors)) recolor();
     return setEntry(drawnEntry(static_cast<const MenuEntry&>(control_)));
   }
-  if (changes.hasAny(Property::Left, Property::Width)) setPlace(pixelPlace());
+  if (changes.has(Property::Place)) setPlace(pixelPlace());
   if (changes.has(Property::Enabled)) setEnabled(control_.enabled());
   if (changes.has(Property::Visible)) setVisible(control_.visible());
   if (changes.has(Property::Cursor)) setCursor(control_.cursor());
-  if (changes.hasAny(Property::ForeColor, Property::BackColor)) recolor();
+  if (changes.has(Property::Colors)) recolor();
   switch (control_.kind()) {
     case Kind::Button:
     case Kind::Label:
@@ -48,19 +54,12 @@ void ControlSync::apply(const Changes& changes) {
       if (changes.has(Property::Picture)) setPicture(control_.picture());
       break;
     case Kind::Image:
-      if (changes.hasAny(Property::Picture, Property::Width)) setPicture(control_.picture());
+      if (changes.hasAny(Property::Picture, Property::Place)) setPicture(control_.picture());
       break;
     case Kind::CheckBox:
-      applyCaption(changes);
-      if (changes.has(Property::Value)) {
-        setMark(markOf(static_cast<const CheckBox&>(control_).value()));
-      }
-      break;
     case Kind::OptionButton:
       applyCaption(changes);
-      if (changes.has(Property::Value)) {
-        setMark(static_cast<const OptionButton&>(control_).value() ? Mark::On : Mark::Clear);
-      }
+      if (changes.has(Property::Value)) setMark(markOf(control_));
       break;
     case Kind::TextBox:
       return applyBox(static_cast<const TextBox&>(control_), changes);
@@ -75,18 +74,18 @@ void ControlSync::apply(const Changes& changes) {
 
 void ControlSync::applyCaption(const Changes& changes) {
   if (changes.has(Property::Caption)) setCaption(drawnCaption(control_));
-  if (changes.hasAny(Property::Caption, Property::Width)) fitCaption();
+  if (changes.hasAny(Property::Caption, Property::Place)) fitCaption();
 }
 
 void ControlSync::applyBox(const TextBox& box, const Changes& changes) {
-  if (changes.hasAny(Property::Font, Property::FontSize)) setFont(box.font(), box.fontSize());
+  if (changes.has(Property::Font)) setFont(box.font(), box.fontSize());
   if (changes.has(Property::Text)) text()->showText();
-  if (changes.hasAny(Property::Text, Property::SelStart)) text()->showSelection();
+  if (changes.hasAny(Property::Text, Property::Selection)) text()->showSelection();
 }
 
 void ControlSync::applyCombo(const ComboBox& combo, const Changes& changes) {
-  if (changes.has(Property::Items)) setItems(combo.entries().all());
-  setIndex(combo.entries().selected());
+  if (changes.has(Property::Items)) setItems(combo.entries().items);
+  setIndex(combo.entries().selected);
   // Last, because the entries and the selected one change the text of the box too.
   text()->showText();
   text()->showSelection();
@@ -95,16 +94,16 @@ void ControlSync::applyCombo(const ComboBox& combo, const Changes& changes) {
 void ControlSync::applyList(const ListBox& list, const Changes& changes) {
   const bool filled = changes.has(Property::Items);
   const bool selected = filled || changes.has(Property::Index);
-  if (filled) setItems(list.entries().all());
-  if (selected) setIndex(list.entries().selected());
+  if (filled) setItems(list.entries().items);
+  if (selected) setIndex(list.entries().selected);
   // Last, because widgets scroll on their own when they get entries or a selected one.
   if (selected || changes.has(Property::TopIndex)) setTopIndex(list.topIndex());
   if (!changes.has(Property::Index)) return;
-  bringIntoView(list.entries().selected());
+  bringIntoView(list.entries().selected);
   if (!scrolledAsAsked()) userScrolled(this->list(), scroll().first);
 }
 
-/// A scroll bar or a larger scale may leave room for fewer entries than the control counts on.
+/// A scroll bar or a larger scale may leave room for fewer entries than the control reckons with.
 void ControlSync::bringIntoView(int index) {
   if (index < 0) return;
   const Scroll now = scroll();
@@ -120,20 +119,51 @@ bool ControlSync::scrolledAsAsked() const {
 
 void ControlSync::userPressedButton() {
   if (applying_) return;
-  // The widget may have changed its mark already, and those of its neighbours; the control decides.
+  // The widget may have changed its mark and those of its neighbours; the controls' values count.
   view_.markKind(control_.kind(), Property::Value);
   userClicked(control_);
 }
 
 void ControlSync::userSelectedEntry(int index) {
   if (applying_) return;
-  // The control may refuse; a selection that was taken away comes back.
+  // The control may refuse, and the widget then selects the old entry again.
   mark(Property::Index);
   userClickedEntry(list(), index);
 }
 
 void ControlSync::userMayHaveScrolled() {
   if (!applying_ && !scrolledAsAsked()) userScrolled(list(), scroll().first);
+}
+
+void TextSync::showText() {
+  if (showsText()) return;
+  showing_ = true;
+  setText(box_.text());
+  showing_ = false;
+}
+
+void TextSync::showSelection() {
+  if (shownSelection() == box_.selection()) return;
+  showing_ = true;
+  setSelection(box_.selection());
+  showing_ = false;
+}
+
+void TextSync::userChangedText() {
+  if (showing_) return;
+  std::u16string text = editedText();
+  const TextSelection caret = selectionIn(text);
+  userEdited(box_, std::move(text), caret);
+}
+
+void TextSync::userMovedCaret() {
+  // While a text is being replaced the caret is told of with the text.
+  if (showing_ || box_.window().unloaded() || !showsText()) return;
+  const TextSelection caret = selectionIn(box_.text());
+  if (caret == box_.selection()) return;
+  userSelected(box_, caret);
+  // The control may have moved an end of the selection out of a line break.
+  showSelection();
 }
 
 }  // namespace kvrnstep::forms

@@ -4,11 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "forms/control.h"
+#include "forms/window.h"
 
 namespace kvrnstep::forms {
 
-class TextSync;
 class ViewSync;
 
 /// Properties that have changed since they were last shown.
@@ -29,7 +28,13 @@ class Changes {
   std::bitset<32> bits_;
 };
 
-/// In the pixels that a front end places its widgets by.
+/// In the pixels that a front end places its widgets by; those of the desktop for windows.
+struct PixelPoint {
+  int left = 0;
+  int top = 0;
+
+  bool operator==(const PixelPoint&) const = default;
+};
 struct PixelSize {
   int width = 0;
   int height = 0;
@@ -41,13 +46,10 @@ struct PixelRect {
   int top = 0;
   int width = 0;
   int height = 0;
-
-  bool operator==(const PixelRect&) const = default;
 };
 
 /// The mark of a check box or an option button.
 enum class Mark : std::uint8_t { Clear, On, Mixed };
-Mark markOf(int value);
 
 /// A menu entry as it is to be drawn.
 struct DrawnEntry {
@@ -65,9 +67,49 @@ struct Scroll {
   int last = 0;
 };
 
+/// Keeps the text of a control and the widget that shows it alike. What the widget tells while it
+/// is being changed is not the user's doing.
+class TextSync {
+ public:
+  explicit TextSync(TextControl& box) : box_(box) {}
+  virtual ~TextSync() = default;
+  TextSync(const TextSync&) = delete;
+  TextSync& operator=(const TextSync&) = delete;
+
+  void showText();
+  void showSelection();
+
+  /// What the widget really shows, as the control would hold it.
+  [[nodiscard]] virtual std::u16string shownText() const = 0;
+  [[nodiscard]] TextSelection shownSelection() const { return selectionIn(shownText()); }
+  /// Marks a part of the text in the widget.
+  virtual void setSelection(TextSelection selection) = 0;
+
+ protected:
+  [[nodiscard]] TextControl& box() const { return box_; }
+  [[nodiscard]] bool showing() const { return showing_; }
+
+  /// Whether the widget shows the control's text, as far as it can.
+  [[nodiscard]] virtual bool showsText() const { return shownText() == box_.text(); }
+  /// What the control's text becomes by what the user has changed in the widget.
+  [[nodiscard]] virtual std::u16string editedText() const { return shownText(); }
+  /// The widget's caret or marked part, as places in that text.
+  [[nodiscard]] virtual TextSelection selectionIn(const std::u16string& text) const = 0;
+  virtual void setText(const std::u16string& text) = 0;
+
+  /// The user has changed the text in the widget …
+  void userChangedText();
+  /// … or may have moved its caret or its mark.
+  void userMovedCaret();
+
+ private:
+  TextControl& box_;
+  bool showing_ = false;
+};
+
 /// Keeps the widget of one control in line with it. What has changed is marked, and shown later all
-/// at once: what of which kind of control, and in which order, is decided here. A front end
-/// implements the setters for what its widgets can show, and tells of the user.
+/// at once. What is shown of each kind of control, and in which order, is decided here. A front end
+/// implements the setters for what its widgets can show, and tells what the user does.
 class ControlSync {
  public:
   ControlSync(ViewSync& view, Control& control) : view_(view), control_(control) {}
@@ -81,7 +123,7 @@ class ControlSync {
   /// Brings the widget in line with what has changed.
   void applyChanges();
 
-  /// What the control's row names as its buddy, to be told once.
+  /// Told once, of the control that the row names as its buddy.
   virtual void setBuddy(ControlSync& /*buddy*/) {}
   /// Whether Tab leads to the control.
   virtual void setTabStop(bool /*on*/) {}
@@ -97,10 +139,10 @@ class ControlSync {
   virtual void setVisible(bool visible) = 0;
   /// "&" is before the letter of the mnemonic, and nowhere else.
   virtual void setCaption(const std::u16string& /*caption*/) {}
-  /// The caption or its room has changed.
+  /// The caption or the room for it has changed.
   virtual void fitCaption() {}
   virtual void setMark(Mark /*mark*/) {}
-  /// The picture or its room has changed.
+  /// The picture or the room for it has changed.
   virtual void setPicture(Picture /*picture*/) {}
   virtual void setCursor(int /*resourceId*/) {}
   virtual void setFont(const std::u16string& /*font*/, float /*points*/) {}
@@ -113,16 +155,16 @@ class ControlSync {
   [[nodiscard]] virtual Scroll scroll() const { return {}; }
   /// Of a control that holds a text.
   [[nodiscard]] virtual TextSync* text() { return nullptr; }
-  /// Of a menu entry, in the place of all others.
+  /// Of a menu entry; none of the other setters is called for it.
   virtual void setEntry(const DrawnEntry& /*entry*/) {}
 
   /// The user has pressed the button, or clicked the mark.
   void userPressedButton();
   /// The user has selected an entry of the list, or none.
   void userSelectedEntry(int index);
-  /// The list may have been scrolled by the user's doing.
+  /// The user may have scrolled the list.
   void userMayHaveScrolled();
-  /// Scrolled as far as the list reaches is as good as scrolled further.
+  /// A list that cannot be scrolled as far as was asked is scrolled as far as it reaches.
   [[nodiscard]] bool scrolledAsAsked() const;
 
  private:

@@ -44,7 +44,7 @@ bool click(Control* button) {
 
 /// Where nothing is selected yet the arrows begin with what is in view.
 bool selectFirst(ListBox& list) {
-  if (list.entries().selected() >= 0 || list.ListCount() == 0) return false;
+  if (list.entries().selected >= 0 || list.ListCount() == 0) return false;
   userClickedEntry(list, list.firstInView());
   return true;
 }
@@ -73,8 +73,8 @@ bool activate(Control& control) {
 bool enter(Control& focus) {
   if (focus.kind() == Kind::ListBox) {
     auto& list = static_cast<ListBox&>(focus);
-    if (!list.onDblClick || list.entries().selected() < 0) return false;
-    userDoubleClickedEntry(list, list.entries().selected());
+    if (!list.onDblClick || list.entries().selected < 0) return false;
+    userDoubleClickedEntry(list, list.entries().selected);
     return true;
   }
   if (focus.kind() == Kind::TextBox && !focus.row().multiLine) {

@@ -2,11 +2,12 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "forms/window.h"
 
-/// A window without a mouse: what its keys do, and what a screen reader says of its controls.
-/// Deciding is done here; a front end maps its keys to these, draws and passes on.
+/// A window without a mouse: what its keys do, and what a screen reader says of its controls. A
+/// front end maps its keys to these.
 namespace kvrnstep::forms {
 
 /// A key that does something else than type or move a caret.
@@ -20,8 +21,8 @@ enum class CommandKey : std::uint8_t {
   Menu,  ///< the menu key, or Shift+F10
 };
 
-/// A key was pressed while the control had the keyboard. True: that was all there is to it, and the
-/// widget must not see the key. Ends with View::update(), like every action of the user.
+/// A key was pressed while the control had the keyboard. True: it has been dealt with, and the
+/// widget must not see it.
 ///
 /// - Escape clicks the button that the window's design names for it.
 /// - Enter in a box of one line clicks the button that the design names for Enter; in a list it is
@@ -45,6 +46,14 @@ void userActivated(Control& control);
 
 /// A label that is clicked as a link is.
 [[nodiscard]] bool isLink(const Control& control);
+
+/// The visible controls of a window in the order in which Tab leads through them: those first whose
+/// turn is declared, then the others as the eye reads, each label right before what it leads to.
+std::vector<Control*> tabOrder(const Window& window);
+
+/// Where the keyboard is when the window opens: the first control in that order that the user can
+/// set something with, of a group of option buttons the selected one. Null where there is none.
+Control* firstFocus(const Window& window);
 
 /// The letter, in upper case, that reaches the control together with Alt; 0 where it has none. The
 /// menu bar comes first and each letter has one owner: where a menu and a button want the same one

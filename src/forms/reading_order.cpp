@@ -1,8 +1,8 @@
-#include "forms/reading_order.h"
-
 #include <algorithm>
 #include <limits>
 #include <tuple>
+
+#include "forms/keyboard.h"
 
 namespace kvrnstep::forms {
 
@@ -19,11 +19,11 @@ enum class Cut { IntoRows, IntoColumns };
 
 Span spanOf(const Control& control, Cut cut) {
   const Rect& place = control.place();
-  if (cut == Cut::IntoRows) return {place.top, place.top + place.height};
-  return {place.left, place.left + place.width};
+  if (cut == Cut::IntoRows) return {place.top, place.bottom()};
+  return {place.left, place.right()};
 }
 
-/// Parts of the group between which a straight line can be drawn that touches no control.
+/// The group cut wherever a straight line can be drawn that touches no control.
 std::vector<Group> parts(Group group, Cut cut) {
   std::ranges::stable_sort(group, {}, [cut](const Control* c) { return spanOf(*c, cut).begin; });
   std::vector<Group> result;
@@ -47,11 +47,11 @@ Group visibleIn(const Window& window, const Control* container) {
   return group;
 }
 
-void read(const Group& group, Group& order);
+void readGroup(const Group& group, Group& order);
 
 void readOne(Control* control, Group& order) {
   order.push_back(control);
-  read(visibleIn(control->window(), control), order);
+  readGroup(visibleIn(control->window(), control), order);
 }
 
 /// Controls that overlap, by their upper left corners.
@@ -62,13 +62,15 @@ void readPile(Group group, Group& order) {
   for (Control* control : group) readOne(control, order);
 }
 
-void read(const Group& group, Group& order) {
+/// Adds the controls as the eye reads: rows from top to bottom, each from left to right, and what
+/// is in a container right behind it.
+void readGroup(const Group& group, Group& order) {
   if (group.empty()) return;
   if (group.size() == 1) return readOne(group.front(), order);
   for (const Cut cut : {Cut::IntoRows, Cut::IntoColumns}) {
     const auto cutUp = parts(group, cut);
     if (cutUp.size() == 1) continue;
-    for (const Group& part : cutUp) read(part, order);
+    for (const Group& part : cutUp) readGroup(part, order);
     return;
   }
   readPile(group, order);
@@ -98,30 +100,16 @@ int turn(const Control& control) {
 }
 
 bool takesInput(const Control& control) {
-  switch (control.kind()) {
-    case Kind::CheckBox:
-    case Kind::ComboBox:
-    case Kind::ListBox:
-      return true;
-    case Kind::OptionButton:
-      return static_cast<const OptionButton&>(control).value();
-    case Kind::TextBox:
-      return !control.row().readOnly;
-    default:
-      return false;
-  }
+  return takesFocus(control) && control.kind() != Kind::Button && !takesKeyboard(control) &&
+         !control.row().readOnly;
 }
 
 }  // namespace
 
-std::vector<Control*> readingOrder(const Window& window) {
-  Group order;
-  read(visibleIn(window, nullptr), order);
-  return order;
-}
-
 std::vector<Control*> tabOrder(const Window& window) {
-  Group order = withLabelsBeforeTheirBoxes(readingOrder(window));
+  Group read;
+  readGroup(visibleIn(window, nullptr), read);
+  Group order = withLabelsBeforeTheirBoxes(read);
   std::ranges::stable_sort(order, {}, [](const Control* control) { return turn(*control); });
   return order;
 }

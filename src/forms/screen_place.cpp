@@ -7,41 +7,16 @@ namespace kvrnstep::forms {
 
 namespace {
 
-/// A rectangle in one direction.
-struct Extent {
-  double begin;
-  double length;
-
-  [[nodiscard]] double end() const { return begin + length; }
-};
-
-Extent across(const Rect& rect) {
-  return {rect.left, rect.width};
+/// How far apart two stretches of a line are; 0 where they touch.
+double gap(double begin, double end, double otherBegin, double otherEnd) {
+  return std::max({0.0, otherBegin - end, begin - otherEnd});
 }
 
-Extent down(const Rect& rect) {
-  return {rect.top, rect.height};
-}
-
-/// How much the two have in common; negative: how far they are apart.
-double common(const Extent& one, const Extent& other) {
-  return std::min(one.end(), other.end()) - std::max(one.begin, other.begin);
-}
-
-double commonArea(const Rect& one, const Rect& other) {
-  return std::max(0.0, common(across(one), across(other))) *
-         std::max(0.0, common(down(one), down(other)));
-}
-
-/// The better, the greater: first what is seen of the window there, then how near it is.
+/// The greater, the better: first how much of the window the screen shows, then how near it is.
 std::pair<double, double> suitability(const Rect& window, const Rect& screen) {
-  const double nearness = std::min(0.0, common(across(window), across(screen))) +
-                          std::min(0.0, common(down(window), down(screen)));
-  return {commonArea(window, screen), nearness};
-}
-
-double inside(const Extent& screen, const Extent& window) {
-  return std::max(screen.begin, std::min(window.begin, screen.end() - window.length));
+  return {common(window, screen).area(),
+          -gap(window.left, window.right(), screen.left, screen.right()) -
+              gap(window.top, window.bottom(), screen.top, screen.bottom())};
 }
 
 }  // namespace
@@ -49,11 +24,12 @@ double inside(const Extent& screen, const Extent& window) {
 Rect placeOnScreen(const Rect& wanted, std::span<const Rect> screens) {
   if (screens.empty()) return wanted;
   double seen = 0;
-  for (const Rect& screen : screens) seen += commonArea(wanted, screen);
-  if (seen >= wanted.width * wanted.height) return wanted;
+  for (const Rect& screen : screens) seen += common(wanted, screen).area();
+  if (seen >= wanted.area()) return wanted;
   const Rect& screen = *std::ranges::max_element(
       screens, {}, [&](const Rect& each) { return suitability(wanted, each); });
-  return {inside(across(screen), across(wanted)), inside(down(screen), down(wanted)), wanted.width,
+  return {std::max(screen.left, std::min(wanted.left, screen.right() - wanted.width)),
+          std::max(screen.top, std::min(wanted.top, screen.bottom() - wanted.height)), wanted.width,
           wanted.height};
 }
 

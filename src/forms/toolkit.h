@@ -47,14 +47,14 @@ enum class SoundMode : std::uint8_t {
   GiveWay,  ///< is not played while another one plays
 };
 
-/// Everything that a user sees or hears. A front end implements it, draws and passes on; it
-/// decides nothing. All calls come from the thread that shows the dialog.
+/// Everything that a user sees or hears. A front end implements it and decides nothing. All calls
+/// come from the thread that shows the dialog.
 class Toolkit {
  public:
   virtual ~Toolkit() = default;
 
-  /// Shows a loaded window, without an owner or over the window that is open, and returns when
-  /// it has been unloaded.
+  /// Shows a loaded window, in front of the one that is open if there is one, and returns when it
+  /// has been unloaded.
   virtual void runModal(Window& window) = 0;
   /// Shows what is open in front of other windows, and gives it the keyboard.
   virtual void bringToFront() = 0;
@@ -71,8 +71,7 @@ class Toolkit {
   virtual void popUp(MenuEntry& menu) = 0;
   /// The size of the screen that dialogs are centred on, in twips.
   virtual Size screenSize() = 0;
-  /// The size in points that the font of a box has where this one is wanted: a font is a whole
-  /// number of pixels high.
+  /// The size in points that a font really gets, because it is a whole number of pixels high.
   virtual double fontSize(const std::u16string& /*font*/, double points) {
     return std::round(points * kPixelsPerPoint) / kPixelsPerPoint;
   }
@@ -86,4 +85,11 @@ class Toolkit {
   virtual void playSound(const std::u16string& file, SoundMode mode) = 0;
 };
 
+inline constexpr const char* kFrontEndSymbol = "kvrnstepFrontEnd";
+
 }  // namespace kvrnstep::forms
+
+/// What a front-end module exports under that name: a toolkit for the calling thread, which lives
+/// as long as the module is loaded. Null where that thread can show no window; `problem` then says
+/// why, in one line.
+extern "C" using KvrnstepFrontEnd = kvrnstep::forms::Toolkit * (std::string * problem);

@@ -4,24 +4,21 @@
 
 namespace kvrnstep::forms {
 
-/// Brackets one action of the user: the view is brought up to date when the outermost one ends.
+/// One action of the user. All that has changed is shown when the outermost one ends.
 class UserAction {
  public:
   explicit UserAction(Window& window) : window_(window) { ++window_.actionDepth_; }
   ~UserAction() {
-    if (--window_.actionDepth_ == 0 && window_.view_ != nullptr) window_.view_->update();
+    if (--window_.actionDepth_ == 0) window_.update();
   }
   UserAction(const UserAction&) = delete;
   UserAction& operator=(const UserAction&) = delete;
 
-  static std::map<KeyCode, TextControl*>& heldKeys(Window& window) { return window.heldKeys_; }
-  static void setMinimized(Window& window, bool minimized) { window.minimized_ = minimized; }
+  // What of a window only its user changes.
+  static auto& heldKeys(Window& window) { return window.heldKeys_; }
+  static bool& minimized(Window& window) { return window.minimized_; }
   static void setPlace(Window& window, const Rect& place) { window.place_ = place; }
-  static void resize(Window& window, double width, double height) {
-    window.place_.width = width;
-    window.place_.height = height;
-    window.resized();
-  }
+  static void resized(Window& window) { window.resized(); }
 
  private:
   Window& window_;
@@ -30,19 +27,14 @@ class UserAction {
 void userClicked(Control& control) {
   const UserAction action(control.window());
   if (!control.reachable()) return;
-  switch (control.kind()) {
-    case Kind::CheckBox: {
-      auto& box = static_cast<CheckBox&>(control);
-      box.setValue(box.checked() ? 0 : 1);
-      return;
-    }
-    case Kind::OptionButton: {
-      auto& button = static_cast<OptionButton&>(control);
-      if (!button.value()) button.setValue(true);
-      return;
-    }
-    default:
-      if (control.onClick) control.onClick(control.index());
+  if (control.kind() == Kind::CheckBox) {
+    auto& box = static_cast<CheckBox&>(control);
+    box.setValue(box.checked() ? 0 : 1);
+  } else if (control.kind() == Kind::OptionButton) {
+    auto& button = static_cast<OptionButton&>(control);
+    if (!button.value()) button.setValue(true);
+  } else if (control.onClick) {
+    control.onClick(control.index());
   }
 }
 
@@ -134,12 +126,13 @@ void userMoved(Window& window, double left, double top) {
 
 void userResized(Window& window, double width, double height) {
   const UserAction action(window);
-  UserAction::resize(window, width, height);
+  UserAction::setPlace(window, {window.place().left, window.place().top, width, height});
+  UserAction::resized(window);
 }
 
 void userMinimized(Window& window, bool minimized) {
   const UserAction action(window);
-  UserAction::setMinimized(window, minimized);
+  UserAction::minimized(window) = minimized;
 }
 
 void userClosed(Window& window) {

@@ -6,7 +6,7 @@
 
 /// What a user can do to a window. A front end passes each of the user's actions on through one
 /// of these functions and does nothing else with it. Actions on a control that is disabled or out
-/// of reach are ignored. All of them end with View::update().
+/// of reach are ignored. When an action ends all that it changed is shown.
 namespace kvrnstep::forms {
 
 /// The left button, or the keyboard in its place: presses a button, toggles a check box, selects
@@ -18,7 +18,7 @@ void userReleasedMouse(Control& control, MouseButton button);
 void userClickedEntry(ListBox& list, int index);
 /// … or double-clicked.
 void userDoubleClickedEntry(ListBox& list, int index);
-/// The list was scrolled so that this entry is the first visible one.
+/// The list was scrolled, and this entry is the first visible one.
 void userScrolled(ListBox& list, int topIndex);
 /// A control that can be dragged was dropped on another one of its window.
 void userDropped(const Control& source, Control& target);
@@ -29,24 +29,24 @@ void userSpun(Spinner& spinner, bool up);
 
 /// How a user brings the keyboard to a box.
 enum class Way : std::uint8_t { Tab, Click };
-/// The user has brought the keyboard to a box. What Tab leads to is marked, so that typing replaces
-/// it; of several lines it shows the first one. A click marks the text of some boxes, too.
-/// False: the caret is left to the front end.
+/// The user has brought the keyboard to a box. Tab marks the text of a box of one line, so that
+/// typing replaces it, and goes to the beginning of several lines. A click marks the text of those
+/// boxes whose row says so. False: the front end decides where the caret is.
 bool userEntered(TextControl& box, Way way);
-/// A key went down while the control had the keyboard, whatever the key does. Repeats of a key that
-/// is held are not told.
+/// A key was pressed while the control had the keyboard, whatever the key does. A front end leaves
+/// out the repeats of a key that is held.
 void userPressedKey(Control& focus, KeyCode key);
-/// A key came up in the window, whichever control had the keyboard by then. It counts in the box
-/// that saw it go down, because fast typists press Tab before they let go of the last digit. A key
-/// that went down in another window, the one that closed a message for example, counts nowhere.
+/// A key was released in the window, whichever control has the keyboard by then. It counts in the
+/// box where it was pressed, because fast typists press Tab before they let go of the last digit. A
+/// key that was pressed in another window, to close a message for example, counts nowhere.
 /// False: it did not count.
 bool userReleasedKey(Window& window, KeyCode key);
-/// The window has lost the keyboard, to another window or to a menu. The keys that are held come up
-/// there.
+/// The window has lost the keyboard to another window or to a menu. The keys that are held will be
+/// released there.
 void userLeft(Window& window);
 /// A key types a character. False: the character must not reach the box.
 [[nodiscard]] bool userTypes(TextControl& box, char16_t character);
-/// The text of a box has become `text` by the user's doing; the caret lies at `selection`.
+/// The user has changed the text of a box to `text`; the caret is at `selection`.
 void userEdited(TextControl& box, std::u16string text, TextSelection selection);
 /// The caret or the marked part has moved.
 void userSelected(TextControl& box, TextSelection selection);

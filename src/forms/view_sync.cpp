@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "forms/keyboard.h"
-#include "forms/reading_order.h"
 #include "forms/screen_place.h"
 #include "forms/user_actions.h"
 
@@ -22,27 +21,11 @@ double aboveAndBelow(const Window& window) {
   return Chrome::kTitleAndBorders + (window.hasMenuBar() ? Chrome::kMenuBar : 0);
 }
 
-PixelRect common(const PixelRect& one, const PixelRect& other) {
-  const int left = std::max(one.left, other.left);
-  const int top = std::max(one.top, other.top);
-  const int right = std::min(one.left + one.width, other.left + other.width);
-  const int bottom = std::min(one.top + one.height, other.top + other.height);
-  return {left, top, std::max(0, right - left), std::max(0, bottom - top)};
-}
-
-/// Whether another turn of Tab may follow from the change.
+/// Whether Tab may lead another way because of the change.
 bool rearranges(const Control& control, Property property) {
-  switch (property) {
-    case Property::Left:
-    case Property::Width:
-    case Property::Visible:
-    case Property::Enabled:
-      return true;
-    case Property::Value:
-      return control.kind() == Kind::OptionButton;
-    default:
-      return false;
-  }
+  return property == Property::Place || property == Property::Visible ||
+         property == Property::Enabled ||
+         (property == Property::Value && control.kind() == Kind::OptionButton);
 }
 
 }  // namespace
@@ -66,7 +49,7 @@ void ViewSync::showAll(double scale) {
 
 void ViewSync::rescaledTo(double scale) {
   scale_ = scale;
-  changes_.add(Property::Width);
+  changes_.add(Property::Size);
   markAllControls();
   update();
 }
@@ -83,12 +66,7 @@ PixelRect ViewSync::pixelPlace(const Control& control) const {
   const Rect place = control.shownPlace();
   const int left = pixels(place.left);
   const int top = pixels(place.top);
-  const PixelRect inPixels{left, top, pixels(place.left + place.width) - left,
-                           pixels(place.top + place.height) - top};
-  if (control.kind() != Kind::Button || control.container() == nullptr) return inPixels;
-  // A button that is larger than its container ends inside, because its borders would be cut off.
-  const PixelRect container = pixelPlace(*control.container());
-  return common(inPixels, {0, 0, container.width, container.height});
+  return {left, top, pixels(place.right()) - left, pixels(place.bottom()) - top};
 }
 
 PixelSize ViewSync::innerSize() const {
@@ -139,8 +117,8 @@ void ViewSync::applyWindow() {
   // A window that is minimized takes its new place when it comes back.
   if (window_.minimized()) return;
   const Changes changes = std::exchange(changes_, Changes());
-  if (changes.hasAny(Property::Width, Property::Height)) setInnerSize(innerSize());
-  if (changes.hasAny(Property::Left, Property::Top)) applyPosition();
+  if (changes.has(Property::Size)) setInnerSize(innerSize());
+  if (changes.has(Property::Place)) applyPosition();
 }
 
 void ViewSync::applyPosition() {
@@ -164,10 +142,6 @@ void ViewSync::arrange() {
   setTabOrder(order);
 }
 
-void ViewSync::setFocus(Control& control) {
-  focus_ = &control;
-}
-
 void ViewSync::unloaded() {
   close();
   vanish();
@@ -184,7 +158,7 @@ void ViewSync::resizedTo(PixelSize inner) {
   const auto twips = [&](int pixels) { return pixels / scale_ * kTwipsPerPixel; };
   userResized(window_, twips(inner.width) + Chrome::kSides,
               twips(inner.height) + aboveAndBelow(window_));
-  // What lies inside follows, and the window has a least size.
+  // The handler may have made the window larger than the user did.
   if (open_) setInnerSize(innerSize());
 }
 
@@ -193,7 +167,7 @@ void ViewSync::minimizedTo(bool minimized) {
 }
 
 void ViewSync::recolored() {
-  for (const auto& [control, view] : views_) view->mark(Property::ForeColor);
+  for (const auto& [control, view] : views_) view->mark(Property::Colors);
   update();
 }
 

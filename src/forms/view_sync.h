@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -9,20 +11,14 @@
 
 namespace kvrnstep::forms {
 
-/// In the pixels of the desktop.
-struct PixelPoint {
-  int left = 0;
-  int top = 0;
-
-  bool operator==(const PixelPoint&) const = default;
-};
-
 /// Keeps what a front end shows of a window in line with it: knows what has changed, shows it when
 /// the user's action has been dealt with, in the one order in which that works, and turns sizes
-/// from twips into pixels and back. A front end implements the setters and tells of the user.
-class ViewSync : public View {
+/// from twips into pixels and back. A front end implements the setters and tells what the user
+/// does.
+class ViewSync {
  public:
   explicit ViewSync(Window& window);
+  virtual ~ViewSync() = default;
   ViewSync(const ViewSync&) = delete;
   ViewSync& operator=(const ViewSync&) = delete;
 
@@ -32,25 +28,34 @@ class ViewSync : public View {
   /// Marks a property of all controls of a kind.
   void markKind(Kind kind, Property property);
 
-  void changed(Control& control, Property property) final;
-  void changed(Property property) final;
-  void update() final;
-  void setFocus(Control& control) final;
-  void unloaded() final;
+  // What the window calls.
+  /// A property of a control or of the window has changed. It is shown by the next update().
+  void changed(Control& control, Property property);
+  void changed(Property property);
+  void update();
+  /// The control has the keyboard after the next update().
+  void setFocus(Control& control) { focus_ = &control; }
+  /// The first entry of a list that equals a text but for letter case, as the system's lists
+  /// compare; −1 for none. Nothing where they do not search.
+  virtual std::optional<int> findEntry(const ListBox& /*list*/, const std::u16string& /*text*/) {
+    return std::nullopt;
+  }
+  /// The window has been unloaded.
+  void unloaded();
 
  protected:
   // What a front end implements.
   virtual std::unique_ptr<ControlSync> makeView(Control& control) = 0;
   virtual void setTitle(const std::u16string& caption) = 0;
-  /// What borders and menu bar leave for the controls.
+  /// The size of the area between borders and below the menu bar, where the controls are.
   virtual void setInnerSize(PixelSize size) = 0;
   virtual void setPosition(PixelPoint position) = 0;
-  /// Tab leads through the controls in this order, as far as they are tab stops.
+  /// Tab leads through those of the controls that are tab stops, in this order.
   virtual void setTabOrder(const std::vector<Control*>& order) = 0;
   /// The keyboard goes to a control, or stays where it is.
   virtual void giveKeyboard(const Control* control) = 0;
   virtual void vanish() = 0;
-  /// What the desktop has for windows on each screen, in its pixels.
+  /// The room for windows on each screen, in the desktop's pixels.
   [[nodiscard]] virtual std::vector<Rect> screens() const = 0;
   /// Of the window with its frame, in pixels of the desktop.
   [[nodiscard]] virtual PixelSize frameSize() const;
@@ -66,16 +71,15 @@ class ViewSync : public View {
   [[nodiscard]] ControlSync& syncOf(const Control& control) const { return *views_.at(&control); }
   /// Marks everything as changed and shows it, so many pixels to 1/96 inch.
   void showAll(double scale);
-  /// The monitor has another density. The window keeps the corner that the desktop gives it.
+  /// The monitor has another density. The window stays where the desktop has moved it.
   void rescaledTo(double scale);
-  /// There is nothing left to show: the window has been unloaded, or somebody else has destroyed
-  /// it.
+  /// Nothing is shown any more: the window has been unloaded, or somebody else has destroyed it.
   void close() { open_ = false; }
   [[nodiscard]] PixelSize innerSize() const;
   /// The least that a user can make of the inner size.
   [[nodiscard]] PixelSize smallestInnerSize() const;
 
-  /// The window is there now. `byUser`: and not where the desktop has put it on its own.
+  /// The window is there now. `byUser` is false where the desktop has put it there on its own.
   void movedTo(PixelPoint position, bool byUser);
   void resizedTo(PixelSize inner);
   void minimizedTo(bool minimized);
@@ -99,5 +103,40 @@ class ViewSync : public View {
   bool updating_ = false;
   bool open_ = true;
 };
+
+/// Makes the view of a control, of the class that a front end has for its kind.
+template <class ContainerView, class ButtonView, class CheckBoxView, class OptionButtonView,
+          class ComboView, class TextBoxView, class SpinnerView, class ListView, class LabelView,
+          class ImageView, class StatusBarView, class MenuView, class WindowView>
+std::unique_ptr<ControlSync> makeViewOf(WindowView& window, Control& control) {
+  switch (control.kind()) {
+    case Kind::Button:
+      return std::make_unique<ButtonView>(window, control);
+    case Kind::CheckBox:
+      return std::make_unique<CheckBoxView>(window, control);
+    case Kind::OptionButton:
+      return std::make_unique<OptionButtonView>(window, control);
+    case Kind::ComboBox:
+      return std::make_unique<ComboView>(window, static_cast<ComboBox&>(control));
+    case Kind::TextBox:
+      return std::make_unique<TextBoxView>(window, static_cast<TextBox&>(control));
+    case Kind::Spinner:
+      return std::make_unique<SpinnerView>(window, static_cast<Spinner&>(control));
+    case Kind::ListBox:
+      return std::make_unique<ListView>(window, static_cast<ListBox&>(control));
+    case Kind::Label:
+      return std::make_unique<LabelView>(window, control);
+    case Kind::Image:
+      return std::make_unique<ImageView>(window, control);
+    case Kind::StatusBar:
+      return std::make_unique<StatusBarView>(window, control);
+    case Kind::Menu:
+      return std::make_unique<MenuView>(window, static_cast<MenuEntry&>(control));
+    case Kind::Frame:
+    case Kind::Panel:
+      break;
+  }
+  return std::make_unique<ContainerView>(window, control);
+}
 
 }  // namespace kvrnstep::forms

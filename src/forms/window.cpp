@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "forms/toolkit.h"
+#include "forms/view_sync.h"
 
 namespace kvrnstep::forms {
 
@@ -25,15 +26,9 @@ std::unique_ptr<Control> makeControl(Window& window, const ControlRow& row, Cont
       return std::make_unique<ListBox>(window, row, container);
     case Kind::Menu:
       return std::make_unique<MenuEntry>(window, row, container);
-    case Kind::Frame:
-    case Kind::Panel:
-    case Kind::Button:
-    case Kind::Label:
-    case Kind::Image:
-    case Kind::StatusBar:
-      break;
+    default:
+      return std::make_unique<Control>(window, row, container);
   }
-  return std::make_unique<Control>(window, row, container);
 }
 
 }  // namespace
@@ -64,37 +59,20 @@ void Window::changed(Property property) {
   if (view_ != nullptr) view_->changed(property);
 }
 
-void Window::assign(double& edge, double twips, Property property) {
-  if (std::exchange(edge, twips) != twips) changed(property);
-}
-
-void Window::setCaption(std::u16string_view caption) {
-  caption_ = caption;
-  changed(Property::Caption);
-}
-
-void Window::setLeft(double twips) {
-  assign(place_.left, twips, Property::Left);
-}
-
-void Window::setTop(double twips) {
-  assign(place_.top, twips, Property::Top);
-}
-
 void Window::setWidth(double twips) {
-  assign(place_.width, twips, Property::Width);
+  assign(place_.width, twips, Property::Size);
   resized();
 }
 
 void Window::setHeight(double twips) {
-  assign(place_.height, twips, Property::Height);
+  assign(place_.height, twips, Property::Size);
   resized();
 }
 
 void Window::resized() {
   for (const auto& control : controls_) {
-    // What a list takes of its place depends on the window's height.
-    if (control->kind() == Kind::ListBox) changed(*control, Property::Width);
+    // How much of a list is shown depends on the height of the window.
+    if (control->kind() == Kind::ListBox) changed(*control, Property::Place);
     if (control->kind() != Kind::StatusBar) continue;
     const double height = control->place().height;
     control->setPlace({0, innerHeight() - height, innerWidth(), height});

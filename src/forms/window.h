@@ -14,6 +14,7 @@
 namespace kvrnstep::forms {
 
 class Toolkit;
+class ViewSync;
 
 inline constexpr double kTwipsPerPixel = 15;
 inline constexpr double kPixelsPerPoint = 96.0 / 72.0;
@@ -36,32 +37,12 @@ struct WindowDesign {
   bool resizable = false;
   double minimumWidth = 0;  ///< of the outside of a resizable window, in twips
   double minimumHeight = 0;
-  std::span<const ControlRow> controls;  ///< containers before their contents; later rows lie in
+  std::span<const ControlRow> controls;  ///< containers before their contents; later rows are in
                                          ///< front of earlier ones
 };
 
 /// A key of the keyboard, by whatever number a front end tells keys apart.
 using KeyCode = std::uint32_t;
-
-/// Implemented by a front end that draws a window.
-class View {
- public:
-  virtual ~View() = default;
-  /// A property changed. Nothing has to be drawn before the next update().
-  virtual void changed(Control& control, Property property) = 0;
-  /// A property of the window itself changed.
-  virtual void changed(Property property) = 0;
-  /// The user's action has been dealt with: show all that has changed since the last update().
-  virtual void update() = 0;
-  virtual void setFocus(Control& control) = 0;
-  /// The first entry of a list that equals a text but for letter case, as the platform's lists
-  /// compare; −1 for none. Nothing where they do not search.
-  virtual std::optional<int> findEntry(const ListBox& /*list*/, const std::u16string& /*text*/) {
-    return std::nullopt;
-  }
-  /// The window has been unloaded and must vanish.
-  virtual void unloaded() = 0;
-};
 
 /// A window as a plain object that owns its controls. Sizes and places are of its outside, in
 /// twips, as the settings file keeps them.
@@ -78,10 +59,11 @@ class Window {
   [[nodiscard]] Control* find(std::string_view name, int index) const;
 
   [[nodiscard]] const std::u16string& caption() const { return caption_; }
-  void setCaption(std::u16string_view caption);
+  void setCaption(std::u16string_view caption) { assign(caption_, caption, Property::Caption); }
   [[nodiscard]] const Rect& place() const { return place_; }
-  void setLeft(double twips);
-  void setTop(double twips);
+  void setLeft(double twips) { assign(place_.left, twips, Property::Place); }
+  void setTop(double twips) { assign(place_.top, twips, Property::Place); }
+  /// A new size, even one that equals the old one, raises onResize.
   void setWidth(double twips);
   void setHeight(double twips);
   [[nodiscard]] bool minimized() const { return minimized_; }
@@ -96,19 +78,18 @@ class Window {
   void unload();
   [[nodiscard]] bool unloaded() const { return unloaded_; }
   void setFocus(Control& control);
-  /// As View::findEntry; nothing while no front end draws the window.
+  /// As ViewSync::findEntry; nothing while no front end draws the window.
   [[nodiscard]] std::optional<int> findEntry(const ListBox& list, const std::u16string& text) const;
 
-  /// The front end that draws the window, or none.
-  void attach(View* view) { view_ = view; }
-  /// Has the front end show what has changed outside an action of the user.
+  /// What draws the window; null for nothing.
+  void attach(ViewSync* view) { view_ = view; }
+  /// Shows what has changed.
   void update();
 
   std::function<void()> onLoad;
   std::function<void()> onQueryUnload;
   std::function<void()> onResize;
 
- protected:
   template <class T>
   T& control(std::string_view name, int index = -1) {
     return static_cast<T&>(*find(name, index));
@@ -125,16 +106,21 @@ class Window {
   friend class UserAction;
 
   void changed(Control& control, Property property);
-  void changed(Property property);
-  void assign(double& edge, double twips, Property property);
   void resized();
+  template <class Held, class Value>
+  void assign(Held& held, const Value& value, Property property) {
+    if (held == value) return;
+    held = value;
+    changed(property);
+  }
+  void changed(Property property);
 
   const WindowDesign& design_;
   std::vector<std::unique_ptr<Control>> controls_;
   std::u16string caption_;
   Rect place_;
-  View* view_ = nullptr;
-  std::map<KeyCode, TextControl*> heldKeys_;  ///< with the boxes in which they went down
+  ViewSync* view_ = nullptr;
+  std::map<KeyCode, TextControl*> heldKeys_;  ///< with the boxes where they were pressed
   int actionDepth_ = 0;
   bool minimized_ = false;
   bool unloading_ = false;

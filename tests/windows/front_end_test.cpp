@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "driven/user_input.h"
-#include "forms/front_end_module.h"
+#include "forms/toolkit.h"
 #include "forms/window.h"
 #include "window_class.h"
 #include "windows_toolkit.h"

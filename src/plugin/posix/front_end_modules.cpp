@@ -1,4 +1,4 @@
-#include "forms/front_end_module.h"
+#include "forms/toolkit.h"
 #include "plugin/front_end_source.h"
 
 namespace kvrnstep::plugin {
