@@ -82,17 +82,6 @@ void typeCharacter(TextControl& box, std::u16string_view typed) {
   forms::userReleasedKey(box.window(), character);
 }
 
-/// "Ctrl+O" of a menu entry that is not greyed out.
-MenuEntry* shortcutEntry(const Window& window, std::u16string_view keys) {
-  for (const auto& control : window.controls()) {
-    if (control->kind() == Kind::Menu && !control->row().shortcut.empty() &&
-        std::ranges::equal(control->row().shortcut, keys) && control->reachable()) {
-      return static_cast<MenuEntry*>(control.get());
-    }
-  }
-  return nullptr;
-}
-
 /// A name without a folder belongs to the folder that the dialog shows.
 std::filesystem::path inFolder(const forms::FileDialog& dialog, const std::u16string& named) {
   return std::filesystem::path(dialog.folder) / named;
@@ -169,11 +158,9 @@ bool HeadlessToolkit::carryOut(const Gesture& gesture) {
       enter(*gesture.control);
       forms::userSelected(gesture.on<TextControl>(), gesture.selection());
       return true;
-    case What::Press: {
-      MenuEntry* entry = shortcutEntry(window, gesture.text);
-      if (entry != nullptr) forms::userClicked(*entry);
-      return entry != nullptr;
-    }
+    case What::Press:
+      forms::userClicked(*gesture.control);
+      return true;
     case What::Choose:
       forms::userChose(gesture.on<forms::ComboBox>(), *gesture.entry);
       return true;
@@ -189,10 +176,10 @@ bool HeadlessToolkit::carryOut(const Gesture& gesture) {
     case What::Escape:
       return std::exchange(popUpOpen_, false);
     case What::Move:
-      forms::userMoved(window, gesture.first, gesture.second);
+      forms::userMoved(window, gesture.numbers[0], gesture.numbers[1]);
       return true;
     case What::Resize:
-      forms::userResized(window, gesture.first, gesture.second);
+      forms::userResized(window, gesture.numbers[0], gesture.numbers[1]);
       return true;
     case What::Minimize:
     case What::Restore:

@@ -1,8 +1,10 @@
 #include "call_arguments.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <stdexcept>
+#include <tuple>
 
 #include "kvrnstep/fields.hpp"
 #include "numbers.h"
@@ -27,6 +29,35 @@ std::optional<Number> numberOf(const std::u16string& word) {
   return hosts::numberOf<Number>(hosts::toUtf8(word));
 }
 
+/// One argument, as whatever the function takes. Left out, it is a null pointer, an empty text or
+/// 0.
+class Argument {
+ public:
+  void give(const std::u16string& word) {
+    given_ = true;
+    text_.set(word);
+    const int truth = word == u"True" ? VARIANT_TRUE : VARIANT_FALSE;
+    number_ = static_cast<LONG>(numberOf<std::int32_t>(word).value_or(truth));
+    integer_ = static_cast<std::int16_t>(number_);
+    byte_ = static_cast<std::uint8_t>(number_);
+  }
+
+  operator BSTR() const { return text_.get(); }
+  operator BSTR*() { return given_ ? text_.place() : nullptr; }
+  operator std::int16_t() const { return integer_; }
+  operator std::int16_t*() { return given_ ? &integer_ : nullptr; }
+  operator LONG*() { return given_ ? &number_ : nullptr; }
+  operator std::uint8_t*() { return given_ ? &byte_ : nullptr; }
+  [[nodiscard]] std::u16string text() const { return text_.text(); }
+
+ private:
+  bool given_ = false;
+  Bstr text_;
+  LONG number_ = 0;
+  std::int16_t integer_ = 0;
+  std::uint8_t byte_ = 0;
+};
+
 bool fits(ParameterType type, const std::u16string& word) {
   switch (type) {
     case ParameterType::Boolean:
@@ -45,10 +76,6 @@ bool fits(ParameterType type, const std::u16string& word) {
 
 }  // namespace
 
-CallArguments::CallArguments() {
-  values_[u"SEC_APP_NAME"] = u"Listwright";
-}
-
 void CallArguments::set(std::u16string_view name, const std::u16string& value) {
   if (!fits(parameter(name).type, value)) {
     throw ScriptError(hosts::toUtf8(name) + " cannot hold that value");
@@ -58,49 +85,21 @@ void CallArguments::set(std::u16string_view name, const std::u16string& value) {
 
 void CallArguments::omit(std::u16string_view name) {
   if (!parameter(name).optional) throw ScriptError(hosts::toUtf8(name) + " cannot be left out");
-  if (const auto found = values_.find(name); found != values_.end()) values_.erase(found);
-}
-
-const std::u16string* CallArguments::given(std::u16string_view name) const {
-  const auto found = values_.find(name);
-  return found == values_.end() ? nullptr : &found->second;
-}
-
-std::u16string CallArguments::text(std::u16string_view name) const {
-  const std::u16string* value = given(name);
-  return value == nullptr ? std::u16string() : *value;
-}
-
-kvrnstep::VARIANT_BOOL CallArguments::truth(std::u16string_view name) const {
-  return text(name) == u"True" ? VARIANT_TRUE : VARIANT_FALSE;
+  values_.erase(std::u16string(name));
 }
 
 bool CallArguments::call(kvrnstep::_Listwright& listwright, std::u16string& list) const {
-  Bstr output(text(u"theLwOutputString"));
-  const Bstr alertSound(text(u"swavAlertQ"));
-  const Bstr finishSound(text(u"swavFinishQ"));
-  const Bstr stepFolder(text(u"sPthStepFolder"));
-  const Bstr section(text(u"SEC_APP_NAME"));
-  const Bstr secondSection(text(u"SEC_APP_LWDR"));
-  Bstr settings(text(u"s_IniPathAndName"));
-  Bstr font(text(u"s_EditorFont"));
-  auto backColor = numberOf<kvrnstep::LONG>(text(u"l_EditorBColor"));
-  auto foreColor = numberOf<kvrnstep::LONG>(text(u"l_EditorFColor"));
-  auto fontSize = numberOf<std::int16_t>(text(u"i_EditorSize"));
-  auto blanks = numberOf<std::uint8_t>(text(u"bytSpcCount"));
-  const auto pointer = [](auto& value) { return value ? &*value : nullptr; };
-  kvrnstep::VARIANT_BOOL result = VARIANT_FALSE;
-  // Whose texts these are the analyzer cannot see: they lie behind their counts.
-  // NOLINTNEXTLINE(clang-analyzer-unix.Malloc)
-  const kvrnstep::HRESULT done = listwright.ShowListwrightDialog(
-      output.place(), numberOf<std::int16_t>(text(u"iBuildStep")).value_or(std::int16_t{0}),
-      truth(u"BuMenuMode"), truth(u"bolIsSoundAvailable"), alertSound.get(), finishSound.get(),
-      stepFolder.get(), section.get(), secondSection.get(), pointer(backColor), pointer(foreColor),
-      given(u"s_IniPathAndName") != nullptr ? settings.place() : nullptr,
-      given(u"s_EditorFont") != nullptr ? font.place() : nullptr, pointer(fontSize),
-      pointer(blanks), &result);
-  if (FAILED(done)) throw std::runtime_error("the call failed");
-  list = output.text();
+  std::array<Argument, kCallParameters.size()> arguments;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    const auto found = values_.find(kCallParameters[i].name);
+    if (found != values_.end()) arguments[i].give(found->second);
+  }
+  VARIANT_BOOL result = VARIANT_FALSE;
+  const auto call = [&](auto&... each) {
+    return listwright.ShowListwrightDialog(each..., &result);
+  };
+  if (FAILED(std::apply(call, arguments))) throw std::runtime_error("the call failed");
+  list = arguments.front().text();
   return result != VARIANT_FALSE;
 }
 

@@ -30,9 +30,11 @@ class Reference {
 class Bstr {
  public:
   Bstr() = default;
-  explicit Bstr(std::u16string_view text)
-      : text_(kvrnstep::SysAllocStringLen(reinterpret_cast<const kvrnstep::OLECHAR*>(text.data()),
-                                          static_cast<kvrnstep::UINT>(text.size()))) {}
+  void set(std::u16string_view text) {
+    kvrnstep::SysFreeString(text_);
+    text_ = kvrnstep::SysAllocStringLen(reinterpret_cast<const kvrnstep::OLECHAR*>(text.data()),
+                                        static_cast<kvrnstep::UINT>(text.size()));
+  }
   ~Bstr() { kvrnstep::SysFreeString(text_); }
   Bstr(const Bstr&) = delete;
   Bstr& operator=(const Bstr&) = delete;

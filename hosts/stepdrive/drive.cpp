@@ -33,12 +33,6 @@ std::int16_t iconNumber(const std::u16string& word) {
   return *number;
 }
 
-void wantWords(const std::vector<std::u16string>& words, std::size_t fewest, std::size_t most) {
-  if (words.size() < fewest || words.size() > most) {
-    throw ScriptError(hosts::toUtf8(words.front()) + " takes another number of words");
-  }
-}
-
 }  // namespace
 
 Drive::Drive(const Component& plugin, std::istream& script) : plugin_(plugin), script_(script) {
@@ -75,44 +69,42 @@ bool Drive::step() {
 }
 
 void Drive::carryOut(const ScriptLine& line) {
+  constexpr std::size_t kAny = 1'000'000;
   const Words& words = line.words;
   const std::string command = hosts::toUtf8(words.front());
-  if (command == "arg") {
-    wantWords(words, 3, 3);
+  const auto is = [&](const char* name, std::size_t fewest, std::size_t most) {
+    if (command != name) return false;
+    if (words.size() > fewest && words.size() <= most + 1) return true;
+    throw ScriptError(command + " takes another number of words");
+  };
+  if (is("arg", 2, 2)) {
     arguments_.set(words[1], words[2]);
-  } else if (command == "omit") {
-    wantWords(words, 2, 2);
+  } else if (is("omit", 1, 1)) {
     arguments_.omit(words[1]);
-  } else if (command == "call") {
-    wantWords(words, 1, 1);
+  } else if (is("call", 0, 0)) {
     call();
-  } else if (command == "version") {
-    wantWords(words, 1, 1);
+  } else if (is("version", 0, 0)) {
     printVersion();
-  } else if (command == "icon") {
-    wantWords(words, 2, 2);
+  } else if (is("icon", 1, 1)) {
     printIcon(words[1]);
-  } else if (command == "context") {
-    wantWords(words, 2, 2);
+  } else if (is("context", 1, 1)) {
     const std::string name = hosts::toUtf8(words[1]);
     const auto value = stage_->contextField(name);
     if (!value) throw ScriptError("no field " + name + " in the host context");
     print("context " + name + " = " + formatted(*value));
-  } else if (command == "answer") {
-    wantWords(words, 1, 2);
+  } else if (is("answer", 0, 1)) {
     answers_.push_back(words.size() == 2 ? std::optional(words[1]) : std::nullopt);
-  } else if (command == "show") {
-    if (words.size() < 2) throw ScriptError("show wants CONTROL.PROPERTY");
-    showProperties({words.begin() + 1, words.end()});
-  } else if (command == "expect") {
-    if (words.size() < 3 || words.size() % 2 == 0) {
-      throw ScriptError("expect wants CONTROL.PROPERTY VALUE");
+  } else if (is("show", 1, kAny)) {
+    for (std::size_t i = 1; i < words.size(); ++i) {
+      const std::string target = hosts::toUtf8(words[i]);
+      print(target + " = " + formatted(read(target)));
     }
+  } else if (is("expect", 2, kAny)) {
+    if (words.size() % 2 == 0) throw ScriptError("expect wants CONTROL.PROPERTY VALUE");
     for (std::size_t i = 1; i < words.size(); i += 2) {
       expect(line.number, hosts::toUtf8(words[i]), words[i + 1]);
     }
-  } else if (command == "set") {
-    wantWords(words, 3, 3);
+  } else if (is("set", 2, 2)) {
     std::string reason;
     if (stage_->assign(hosts::toUtf8(words[1]), words[2], reason) != Outcome::Done) {
       throw ScriptError(reason);
@@ -140,13 +132,6 @@ void Drive::printIcon(const std::u16string& number) {
   Bstr path;
   icons->RequestProgramIcon(iconNumber(number), path.place());
   print("icon " + quoted(path.text()));
-}
-
-void Drive::showProperties(const Words& targets) {
-  for (const auto& word : targets) {
-    const std::string target = hosts::toUtf8(word);
-    print(target + " = " + formatted(read(target)));
-  }
 }
 
 Value Drive::read(const std::string& target) {

@@ -36,7 +36,6 @@ class Drive final : public kvrnstep::driving::Player {
   void call();
   void printVersion();
   void printIcon(const std::u16string& number);
-  void showProperties(const Words& targets);
   void expect(int lineNumber, const std::string& target, const std::u16string& wanted);
   void userCommand(const ScriptLine& line);
   kvrnstep::driving::Value read(const std::string& target);

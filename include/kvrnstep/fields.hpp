@@ -40,14 +40,20 @@ inline constexpr auto kCallParameters = std::to_array<Parameter>({
     {u"bytSpcCount", ParameterType::Byte, true},
 });
 
-/// The fields of a record of the call's arguments: those of the table behind the first, which is
-/// where the list goes.
+/// The fields that a record of the call's arguments and the host context share: the last ones of
+/// the table.
+template <class Record>
+constexpr auto contextFields(Record& of) {
+  return std::tie(of.bolIsSoundAvailable, of.swavAlertQ, of.swavFinishQ, of.sPthStepFolder,
+                  of.SEC_APP_NAME, of.SEC_APP_LWDR, of.l_EditorBColor, of.l_EditorFColor,
+                  of.s_IniPathAndName, of.s_EditorFont, of.i_EditorSize, of.bytSpcCount);
+}
+
+/// The fields of a record of the call's arguments: those of the table, without the first one, which
+/// takes the list.
 template <class Arguments>
 constexpr auto callFields(Arguments& of) {
-  return std::tie(of.iBuildStep, of.BuMenuMode, of.bolIsSoundAvailable, of.swavAlertQ,
-                  of.swavFinishQ, of.sPthStepFolder, of.SEC_APP_NAME, of.SEC_APP_LWDR,
-                  of.l_EditorBColor, of.l_EditorFColor, of.s_IniPathAndName, of.s_EditorFont,
-                  of.i_EditorSize, of.bytSpcCount);
+  return std::tuple_cat(std::tie(of.iBuildStep, of.BuMenuMode), contextFields(of));
 }
 
 /// The fields of a record that describes a list, but for its options.

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "forms/window.h"
 
@@ -17,7 +18,7 @@ struct Gesture {
     Type,    ///< puts the caret at the end of the box's text, types the characters one by one
     Clear,   ///< marks all of the box's text and presses Delete
     Select,  ///< marks part of the box's text
-    Press,   ///< a shortcut of the window: "Ctrl+S"
+    Press,   ///< the shortcut of a menu entry
     Choose,  ///< drops the list of a combo box down and picks an entry
     SpinUp,
     SpinDown,
@@ -36,17 +37,16 @@ struct Gesture {
   forms::Control* control = nullptr;  ///< null: what is done is done to the window itself
   forms::Control* target = nullptr;   ///< where a control is dropped
   std::optional<int> entry{};         ///< of a list; nothing is the list itself
-  std::u16string text{};              ///< that is typed, or the shortcut
-  double first = 0;                   ///< left edge or width of the window, in twips; start of the
-                                      ///< marked part
-  double second = 0;                  ///< top edge or height; length of the marked part
+  std::u16string text{};              ///< that is typed
+  std::vector<double> numbers{};      ///< start and length of the marked part; left and top edge,
+                                      ///< or width and height, in twips
 
   template <class T>
   [[nodiscard]] T& on() const {
     return static_cast<T&>(*control);
   }
   [[nodiscard]] forms::TextSelection selection() const {
-    return {static_cast<std::size_t>(first), static_cast<std::size_t>(second)};
+    return {static_cast<std::size_t>(numbers[0]), static_cast<std::size_t>(numbers[1])};
   }
 };
 

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <type_traits>
 
 #include "forms/keyboard.h"
+#include "kvrnstep/fields.hpp"
 #include "text/numbers.h"
 #include "text/text.h"
 
@@ -52,44 +54,6 @@ std::optional<T> parsed(const std::u16string& word) {
   }
 }
 
-// What reads and what assigns a property: a member of the control, or a function on it.
-template <auto Function>
-struct Read;
-template <class T, class Result, Result (T::*Function)() const>
-struct Read<Function> {
-  template <class Thing>
-  static Value from(const Thing& thing) {
-    return asValue((static_cast<const T&>(thing).*Function)());
-  }
-};
-template <class T, class Result, Result (*Function)(const T&)>
-struct Read<Function> {
-  template <class Thing>
-  static Value from(const Thing& thing) {
-    return asValue(Function(static_cast<const T&>(thing)));
-  }
-};
-template <auto Function>
-struct Assign;
-template <class T, class V, void (T::*Function)(V)>
-struct Assign<Function> {
-  template <class Thing>
-  static bool to(Thing& thing, const std::u16string& word) {
-    const auto value = parsed<std::remove_cvref_t<V>>(word);
-    if (value) (static_cast<T&>(thing).*Function)(*value);
-    return value.has_value();
-  }
-};
-template <class T, class V, void (*Function)(T&, V)>
-struct Assign<Function> {
-  template <class Thing>
-  static bool to(Thing& thing, const std::u16string& word) {
-    const auto value = parsed<V>(word);
-    if (value) Function(static_cast<T&>(thing), *value);
-    return value.has_value();
-  }
-};
-
 template <class T>
 double left(const T& thing) {
   return thing.place().left;
@@ -120,11 +84,11 @@ template <class T>
 std::u16string items(const T& list) {
   return text::joined(list.entries().items);
 }
-double start(const TextControl& box) {
-  return static_cast<double>(box.selection().start);
+std::int32_t start(const TextControl& box) {
+  return static_cast<std::int32_t>(box.selection().start);
 }
-double length(const TextControl& box) {
-  return static_cast<double>(box.selection().length);
+std::int32_t length(const TextControl& box) {
+  return static_cast<std::int32_t>(box.selection().length);
 }
 void setStart(TextControl& box, std::int32_t start) {
   box.setSelection({static_cast<std::size_t>(std::max(start, 0)), 0});
@@ -145,63 +109,82 @@ struct Property {
   std::string_view name;
   Kinds kinds;
   Value (*get)(const Thing& thing);
-  bool (*set)(Thing& thing, const std::u16string& word) = nullptr;
+  bool (*set)(Thing& thing, const std::u16string& word);
 };
 
-template <auto Function>
-constexpr auto get = &Read<Function>::template from<Control>;
-template <auto Function>
-constexpr auto set = &Assign<Function>::template to<Control>;
+/// The row of a property of a class: what reads it and what assigns it, which are members of the
+/// class or functions on it.
+template <class T, auto Get, auto Set = nullptr>
+constexpr auto row(std::string_view name, Kinds kinds = kAll) {
+  using Thing = std::conditional_t<std::is_same_v<T, Window>, Window, Control>;
+  using Held = std::remove_cvref_t<std::invoke_result_t<decltype(Get), const T&>>;
+  return Property<Thing>{
+      name, kinds,
+      [](const Thing& thing) { return asValue(std::invoke(Get, static_cast<const T&>(thing))); },
+      []([[maybe_unused]] Thing& thing, [[maybe_unused]] const std::u16string& word) {
+        if constexpr (std::is_null_pointer_v<decltype(Set)>)
+          return false;
+        else {
+          const auto value = parsed<Held>(word);
+          if (value) std::invoke(Set, static_cast<T&>(thing), *value);
+          return value.has_value();
+        }
+      }};
+}
 
-constexpr auto kOfControls = std::to_array<Property<Control>>({
-    {"text", kText, get<&TextControl::text>, set<&TextControl::setText>},
-    {"value", of(Kind::CheckBox), get<&CheckBox::value>, set<&CheckBox::setValue>},
-    {"value", of(Kind::OptionButton), get<&OptionButton::value>, set<&OptionButton::setValue>},
-    {"value", of(Kind::Spinner), get<&Spinner::value>, set<&Spinner::setValue>},
-    {"caption", kAll, get<&Control::caption>, set<&Control::setCaption>},
-    {"checked", of(Kind::CheckBox), get<&CheckBox::checked>, set<&check>},
-    {"checked", of(Kind::OptionButton), get<&OptionButton::value>, set<&OptionButton::setValue>},
-    {"checked", of(Kind::Menu), get<&MenuEntry::checked>, set<&MenuEntry::setChecked>},
-    {"enabled", kAll, get<&Control::enabled>, set<&Control::setEnabled>},
-    {"visible", kAll, get<&Control::visible>, set<&Control::setVisible>},
-    {"tooltip", kAll, get<&toolTip>},
-    {"left", kAll, get<&left<Control>>, set<&Control::setLeft>},
-    {"top", kAll, get<&top<Control>>},
-    {"width", kAll, get<&width<Control>>, set<&Control::setWidth>},
-    {"height", kAll, get<&height<Control>>},
-    {"index", of(Kind::ComboBox), get<&selected<ComboBox>>, set<&ComboBox::choose>},
-    {"index", of(Kind::ListBox), get<&selected<ListBox>>, set<&ListBox::setIndex>},
-    {"items", of(Kind::ComboBox), get<&items<ComboBox>>},
-    {"items", of(Kind::ListBox), get<&items<ListBox>>},
-    {"topindex", of(Kind::ListBox), get<&ListBox::topIndex>, set<&ListBox::setTopIndex>},
-    {"selstart", kText, get<&start>, set<&setStart>},
-    {"sellength", kText, get<&length>, set<&setLength>},
-    {"font", of(Kind::TextBox), get<&TextBox::font>, set<&TextBox::setFont>},
-    {"fontsize", of(Kind::TextBox), get<&TextBox::fontSize>, set<&TextBox::setFontSize>},
-    {"backcolor", of(Kind::TextBox), get<&TextBox::backColor>, set<&TextBox::setBackColor>},
-    {"forecolor", of(Kind::TextBox), get<&TextBox::foreColor>, set<&TextBox::setForeColor>},
-    {"cursor", kAll, get<&Control::cursor>, set<&Control::setCursor>},
-});
+constexpr std::array kOfControls{
+    row<TextControl, &TextControl::text, &TextControl::setText>("text", kText),
+    row<CheckBox, &CheckBox::value, &CheckBox::setValue>("value", of(Kind::CheckBox)),
+    row<OptionButton, &OptionButton::value, &OptionButton::setValue>("value",
+                                                                     of(Kind::OptionButton)),
+    row<Spinner, &Spinner::value, &Spinner::setValue>("value", of(Kind::Spinner)),
+    row<Control, &Control::caption, &Control::setCaption>("caption"),
+    row<CheckBox, &CheckBox::checked, check>("checked", of(Kind::CheckBox)),
+    row<OptionButton, &OptionButton::value, &OptionButton::setValue>("checked",
+                                                                     of(Kind::OptionButton)),
+    row<MenuEntry, &MenuEntry::checked, &MenuEntry::setChecked>("checked", of(Kind::Menu)),
+    row<Control, &Control::enabled, &Control::setEnabled>("enabled"),
+    row<Control, &Control::visible, &Control::setVisible>("visible"),
+    row<Control, toolTip>("tooltip"),
+    row<Control, left<Control>, &Control::setLeft>("left"),
+    row<Control, top<Control>>("top"),
+    row<Control, width<Control>, &Control::setWidth>("width"),
+    row<Control, height<Control>>("height"),
+    row<ComboBox, selected<ComboBox>, &ComboBox::choose>("index", of(Kind::ComboBox)),
+    row<ListBox, selected<ListBox>, &ListBox::setIndex>("index", of(Kind::ListBox)),
+    row<ComboBox, items<ComboBox>>("items", of(Kind::ComboBox)),
+    row<ListBox, items<ListBox>>("items", of(Kind::ListBox)),
+    row<ListBox, &ListBox::topIndex, &ListBox::setTopIndex>("topindex", of(Kind::ListBox)),
+    row<TextControl, start, setStart>("selstart", kText),
+    row<TextControl, length, setLength>("sellength", kText),
+    row<TextBox, &TextBox::font, &TextBox::setFont>("font", of(Kind::TextBox)),
+    row<TextBox, &TextBox::fontSize, &TextBox::setFontSize>("fontsize", of(Kind::TextBox)),
+    row<TextBox, &TextBox::backColor, &TextBox::setBackColor>("backcolor", of(Kind::TextBox)),
+    row<TextBox, &TextBox::foreColor, &TextBox::setForeColor>("forecolor", of(Kind::TextBox)),
+    row<Control, &Control::cursor, &Control::setCursor>("cursor"),
+};
 
-template <auto Function>
-constexpr auto getOfWindow = &Read<Function>::template from<Window>;
-template <auto Function>
-constexpr auto setOfWindow = &Assign<Function>::template to<Window>;
+constexpr std::array kOfWindows{
+    row<Window, &Window::caption>("caption"),
+    row<Window, left<Window>, &Window::setLeft>("left"),
+    row<Window, top<Window>, &Window::setTop>("top"),
+    row<Window, width<Window>, &Window::setWidth>("width"),
+    row<Window, height<Window>, &Window::setHeight>("height"),
+};
 
-constexpr auto kOfWindows = std::to_array<Property<Window>>({
-    {"caption", kAll, getOfWindow<&Window::caption>},
-    {"left", kAll, getOfWindow<&left<Window>>, setOfWindow<&Window::setLeft>},
-    {"top", kAll, getOfWindow<&top<Window>>, setOfWindow<&Window::setTop>},
-    {"width", kAll, getOfWindow<&width<Window>>, setOfWindow<&Window::setWidth>},
-    {"height", kAll, getOfWindow<&height<Window>>, setOfWindow<&Window::setHeight>},
-});
-
-/// The row for things of that kind, or null.
 template <class Table>
 const auto* rowIn(const Table& table, Kinds kind, std::string_view name) {
   const auto* found = std::ranges::find_if(
       table, [&](const auto& row) { return row.name == name && (row.kinds & kind) != 0; });
   return found == table.end() ? nullptr : found;
+}
+
+const Property<Control>* rowFor(const Control& control, std::string_view name) {
+  return rowIn(kOfControls, of(control.kind()), name);
+}
+
+const Property<Window>* rowFor(const Window& /*window*/, std::string_view name) {
+  return rowIn(kOfWindows, kAll, name);
 }
 
 /// The mark that shows a value of a check box: all values but 0 and 1 look the same.
@@ -211,26 +194,31 @@ double mark(double value) {
 
 }  // namespace
 
-std::optional<Value> held(const Control& control, std::string_view property) {
-  const auto* row = rowIn(kOfControls, of(control.kind()), property);
-  if (row == nullptr) return std::nullopt;
-  return row->get(control);
+template <class Thing>
+std::optional<Value> held(const Thing& thing, std::string_view property) {
+  const auto* row = rowFor(thing, property);
+  return row == nullptr ? std::nullopt : std::optional(row->get(thing));
 }
+template std::optional<Value> held(const Control& control, std::string_view property);
+template std::optional<Value> held(const Window& window, std::string_view property);
 
-std::optional<Value> held(const Window& window, std::string_view property) {
-  const auto* row = rowIn(kOfWindows, kAll, property);
-  if (row == nullptr) return std::nullopt;
-  return row->get(window);
+template <class Thing>
+bool assign(Thing& thing, std::string_view property, const std::u16string& word) {
+  const auto* row = rowFor(thing, property);
+  return row != nullptr && row->set(thing, word);
 }
+template bool assign(Control& control, std::string_view property, const std::u16string& word);
+template bool assign(Window& window, std::string_view property, const std::u16string& word);
 
-bool assign(Control& control, std::string_view property, const std::u16string& word) {
-  const auto* row = rowIn(kOfControls, of(control.kind()), property);
-  return row != nullptr && row->set != nullptr && row->set(control, word);
-}
-
-bool assign(Window& window, std::string_view property, const std::u16string& word) {
-  const auto* row = rowIn(kOfWindows, kAll, property);
-  return row != nullptr && row->set != nullptr && row->set(window, word);
+std::optional<Value> held(const plugin::HostContext& context, std::string_view field) {
+  std::optional<Value> found;
+  const auto fields = contextFields(context);
+  const Parameter* parameter = kCallParameters.end() - std::tuple_size_v<decltype(fields)>;
+  const auto look = [&](const auto& value) {
+    if (std::ranges::equal((parameter++)->name, field)) found = asValue(value);
+  };
+  std::apply([&](const auto&... value) { (look(value), ...); }, fields);
+  return found;
 }
 
 bool looksLike(const Control& control, std::string_view property, const Value& shown) {

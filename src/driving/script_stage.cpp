@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <span>
 #include <stdexcept>
-#include <utility>
 
 #include "driving/properties.h"
 #include "forms/user_actions.h"
@@ -30,65 +28,45 @@ class WrongScript : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// What a command is done to.
-enum class On : std::uint8_t { Window, Control, Text, ComboBox, Spinner, Menu };
-
-/// … and with what.
-enum class With : std::uint8_t {
-  Nothing,
-  PerhapsEntry,
-  Entry,
-  Text,
-  Control,
-  Selection,  ///< a start and a length
-  Twips,      ///< a place or a size
-};
-
-/// A command as scripts write it.
+/// A command as scripts write it, and what its words are, a letter each:
+///   c a control, t one that holds a text, o a combo box, s a spinner, m a menu entry;
+///   d the control that another one is dropped on;
+///   i an entry of the combo box, l an entry of a list box, which may be left out;
+///   w a text, n a number, # a whole number from 0.
 struct Verb {
   std::string_view name;
   What what;
-  On on;
-  With with;
+  std::string_view words;
 };
 
 constexpr auto kVerbs = std::to_array<Verb>({
-    {"click", What::Click, On::Control, With::PerhapsEntry},
-    {"dblclick", What::DoubleClick, On::Control, With::PerhapsEntry},
-    {"rightclick", What::RightClick, On::Control, With::PerhapsEntry},
-    {"type", What::Type, On::Text, With::Text},
-    {"clear", What::Clear, On::Text, With::Nothing},
-    {"select", What::Select, On::Text, With::Selection},
-    {"press", What::Press, On::Window, With::Text},
-    {"choose", What::Choose, On::ComboBox, With::Entry},
-    {"up", What::SpinUp, On::Spinner, With::Nothing},
-    {"down", What::SpinDown, On::Spinner, With::Nothing},
-    {"drag", What::Drag, On::Control, With::Control},
-    {"menu", What::Pick, On::Menu, With::Nothing},
-    {"escape", What::Escape, On::Window, With::Nothing},
-    {"move", What::Move, On::Window, With::Twips},
-    {"resize", What::Resize, On::Window, With::Twips},
-    {"minimize", What::Minimize, On::Window, With::Nothing},
-    {"restore", What::Restore, On::Window, With::Nothing},
-    {"close", What::Close, On::Window, With::Nothing},
+    {"click", What::Click, "cl"},
+    {"dblclick", What::DoubleClick, "cl"},
+    {"rightclick", What::RightClick, "cl"},
+    {"type", What::Type, "tw"},
+    {"clear", What::Clear, "t"},
+    {"select", What::Select, "t##"},
+    {"press", What::Press, "w"},
+    {"choose", What::Choose, "oi"},
+    {"up", What::SpinUp, "s"},
+    {"down", What::SpinDown, "s"},
+    {"drag", What::Drag, "cd"},
+    {"menu", What::Pick, "m"},
+    {"escape", What::Escape, ""},
+    {"move", What::Move, "nn"},
+    {"resize", What::Resize, "nn"},
+    {"minimize", What::Minimize, ""},
+    {"restore", What::Restore, ""},
+    {"close", What::Close, ""},
 });
 
-bool takes(const Verb& verb, std::size_t words) {
-  const std::size_t first = verb.on == On::Window ? 0 : 1;
-  switch (verb.with) {
-    case With::Nothing:
-      return words == first;
-    case With::PerhapsEntry:
-      return words == first || words == first + 1;
-    case With::Selection:
-    case With::Twips:
-      return words == first + 2;
-    case With::Entry:
-    case With::Text:
-    case With::Control:
-      break;
-  }
-  return words == first + 1;
+const Verb& verbNamed(std::string_view name, std::size_t words) {
+  const auto* verb = std::ranges::find(kVerbs, name, &Verb::name);
+  if (verb == kVerbs.end()) throw WrongScript("unknown command " + std::string(name));
+  const std::size_t most = verb->words.size();
+  const std::size_t fewest = verb->words.ends_with('l') ? most - 1 : most;
+  if (words >= fewest && words <= most) return *verb;
+  throw WrongScript(std::string(name) + " takes another number of words");
 }
 
 double number(const std::u16string& word) {
@@ -113,45 +91,24 @@ Control* controlNamed(const Window& window, std::string_view name) {
   return found == controls.end() ? nullptr : found->get();
 }
 
-void mustBe(const Control& control, On on) {
-  const auto is = [&](Kind kind, const char* what) {
-    if (control.kind() != kind) throw WrongScript(control.scriptName() + " is no " + what);
+void mustBe(char sort, const Control& control) {
+  const auto must = [&](bool is, const char* otherwise) {
+    if (!is) throw WrongScript(control.scriptName() + otherwise);
   };
-  if (on == On::ComboBox) is(Kind::ComboBox, "combo box");
-  if (on == On::Spinner) is(Kind::Spinner, "spinner");
-  if (on == On::Menu) is(Kind::Menu, "menu entry");
-  if (on == On::Text && !forms::holdsText(control)) {
-    throw WrongScript(control.scriptName() + " holds no text");
-  }
+  if (sort == 't') must(forms::holdsText(control), " holds no text");
+  if (sort == 'o') must(control.kind() == Kind::ComboBox, " is no combo box");
+  if (sort == 's') must(control.kind() == Kind::Spinner, " is no spinner");
+  if (sort == 'm') must(control.kind() == Kind::Menu, " is no menu entry");
+  if (sort == 'l') must(control.kind() == Kind::ListBox, " is no list");
 }
 
-/// Adds to a gesture what the words behind its control say.
-void addWords(Gesture& gesture, With with, std::span<const std::u16string> words) {
-  const bool isList = gesture.control != nullptr && gesture.control->kind() == Kind::ListBox;
-  switch (with) {
-    case With::Nothing:
-    case With::Control:
-      return;
-    case With::PerhapsEntry:
-      if (words.empty()) return;
-      if (!isList) throw WrongScript(gesture.control->scriptName() + " is no list");
-      [[fallthrough]];
-    case With::Entry:
-      gesture.entry = static_cast<int>(wholeNumber(words[0]));
-      return;
-    case With::Text:
-      gesture.text = words[0];
-      return;
-    case With::Selection:
-      gesture.first = wholeNumber(words[0]);
-      gesture.second = wholeNumber(words[1]);
-      if (gesture.first < 0 || gesture.second < 0) throw WrongScript("no such selection");
-      return;
-    case With::Twips:
-      gesture.first = number(words[0]);
-      gesture.second = number(words[1]);
-      return;
-  }
+/// The menu entry with that shortcut, or null.
+Control* entryWith(const Window& window, const std::u16string& shortcut) {
+  const auto& controls = window.controls();
+  const auto found = std::ranges::find_if(controls, [&](const auto& control) {
+    return !shortcut.empty() && std::ranges::equal(control->row().shortcut, shortcut);
+  });
+  return found == controls.end() ? nullptr : found->get();
 }
 
 int entryCount(const Control& control) {
@@ -199,26 +156,43 @@ Control& ScriptStage::named(std::string_view name) const {
 Outcome ScriptStage::perform(std::string_view name, const std::vector<std::u16string>& words,
                              std::string& reason) {
   return judged(reason, [&] {
-    const auto* verb = std::ranges::find(kVerbs, name, &Verb::name);
-    if (verb == kVerbs.end()) throw WrongScript("unknown command " + std::string(name));
-    if (!takes(*verb, words.size())) {
-      throw WrongScript(std::string(name) + " takes another number of words");
-    }
-    Gesture gesture{verb->what, topmost()};
-    std::span<const std::u16string> further(words);
-    if (verb->on != On::Window) {
-      gesture.control = &named(text::toAscii(words[0]));
-      mustBe(*gesture.control, verb->on);
-      further = further.subspan(1);
-    }
-    if (verb->with == With::Control) gesture.target = &named(text::toAscii(further[0]));
-    addWords(gesture, verb->with, further);
+    const Verb& verb = verbNamed(name, words.size());
+    Gesture gesture{verb.what, topmost()};
+    for (std::size_t i = 0; i < words.size(); ++i) addWord(gesture, verb.words[i], words[i]);
+    if (verb.what == What::Press) gesture.control = entryWith(gesture.window, gesture.text);
     if (!inReach(gesture)) return false;
     // Whatever cannot be dragged stays where it is.
     if (gesture.what == What::Drag && !gesture.control->row().draggable) return true;
     scrollToEntry(gesture);
     return toolkit_.carryOut(gesture);
   });
+}
+
+void ScriptStage::addWord(Gesture& gesture, char sort, const std::u16string& word) const {
+  switch (sort) {
+    case 'w':
+      gesture.text = word;
+      return;
+    case 'n':
+      gesture.numbers.push_back(number(word));
+      return;
+    case '#':
+      gesture.numbers.push_back(wholeNumber(word));
+      if (gesture.numbers.back() < 0) throw WrongScript("no such selection");
+      return;
+    case 'l':
+      mustBe(sort, *gesture.control);
+      [[fallthrough]];
+    case 'i':
+      gesture.entry = static_cast<int>(wholeNumber(word));
+      return;
+    case 'd':
+      gesture.target = &named(text::toAscii(word));
+      return;
+    default:
+      gesture.control = &named(text::toAscii(word));
+      mustBe(sort, *gesture.control);
+  }
 }
 
 bool ScriptStage::inReach(const Gesture& gesture) const {
@@ -233,6 +207,7 @@ bool ScriptStage::inReach(const Gesture& gesture) const {
   for (const Control* control : {gesture.control, gesture.target}) {
     if (control != nullptr && !control->reachable()) return false;
   }
+  if (gesture.what == What::Press && gesture.control == nullptr) return false;
   if (gesture.what == What::Resize && !gesture.window.design().resizable) return false;
   if (gesture.what == What::Pick && !isOffered(gesture.on<MenuEntry>())) return false;
   return !gesture.entry || (*gesture.entry >= 0 && *gesture.entry < entryCount(*gesture.control));
@@ -284,26 +259,7 @@ void ScriptStage::closeTopmost() {
 }
 
 std::optional<Value> ScriptStage::contextField(std::string_view name) {
-  if (context_ == nullptr) return std::nullopt;
-  const plugin::HostContext& context = context_();
-  const auto fields = std::to_array<std::pair<std::string_view, Value>>({
-      {"SEC_APP_NAME", context.SEC_APP_NAME},
-      {"SEC_APP_LWDR", context.SEC_APP_LWDR},
-      {"swavAlertQ", context.swavAlertQ},
-      {"swavFinishQ", context.swavFinishQ},
-      {"sPthStepFolder", context.sPthStepFolder},
-      {"s_IniPathAndName", context.s_IniPathAndName},
-      {"s_EditorFont", context.s_EditorFont},
-      {"i_EditorSize", static_cast<double>(context.i_EditorSize)},
-      {"bolIsSoundAvailable", context.bolIsSoundAvailable},
-      {"l_EditorBColor", static_cast<double>(context.l_EditorBColor)},
-      {"l_EditorFColor", static_cast<double>(context.l_EditorFColor)},
-      {"bytSpcCount", static_cast<double>(context.bytSpcCount)},
-  });
-  for (const auto& [field, value] : fields) {
-    if (field == name) return value;
-  }
-  return std::nullopt;
+  return context_ == nullptr ? std::nullopt : held(context_(), name);
 }
 
 void ScriptStage::runModal(Window& window) {

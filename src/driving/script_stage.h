@@ -54,6 +54,7 @@ class ScriptStage final : public forms::Toolkit, public Stage {
   [[nodiscard]] forms::Window& topmost() const;
   [[nodiscard]] forms::Control& named(std::string_view name) const;
   [[nodiscard]] Target targetOf(std::string_view text) const;
+  void addWord(Gesture& gesture, char sort, const std::u16string& word) const;
   [[nodiscard]] bool inReach(const Gesture& gesture) const;
   [[nodiscard]] bool isOffered(const forms::MenuEntry& entry) const;
 

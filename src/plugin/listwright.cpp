@@ -1,6 +1,9 @@
 #include "plugin/listwright.h"
 
+#include <type_traits>
+
 #include "dialogs/frm_listwright.h"
+#include "kvrnstep/fields.hpp"
 #include "platform/files.h"
 #include "platform/module.h"
 #include "plugin/host_context.h"
@@ -26,18 +29,11 @@ std::u16string stepFolder(const std::u16string& named) {
 }
 
 void fill(HostContext& context, const ShowArguments& arguments) {
-  context.s_EditorFont = arguments.s_EditorFont.empty() ? u"Courier New" : arguments.s_EditorFont;
-  context.i_EditorSize = arguments.i_EditorSize;
-  context.bytSpcCount = arguments.bytSpcCount;
-  context.l_EditorBColor = arguments.l_EditorBColor;
-  context.l_EditorFColor = arguments.l_EditorFColor;
-  context.SEC_APP_NAME = arguments.SEC_APP_NAME;
-  context.SEC_APP_LWDR = arguments.SEC_APP_LWDR;
+  copyFields(contextFields(context), contextFields(arguments),
+             [](auto& field, const auto& given) { field = given; });
+  if (context.s_EditorFont.empty()) context.s_EditorFont = u"Courier New";
   context.sPthStepFolder = stepFolder(arguments.sPthStepFolder);
   context.s_IniPathAndName = settingsFile(arguments.s_IniPathAndName);
-  context.bolIsSoundAvailable = arguments.bolIsSoundAvailable;
-  context.swavAlertQ = arguments.swavAlertQ;
-  context.swavFinishQ = arguments.swavFinishQ;
 }
 
 /// A call that is open. When it ends, by an exception too, the texts are emptied; numbers and truth
@@ -47,12 +43,10 @@ class Call {
   explicit Call(HostContext& context) : context_(context) { context_.callIsOpen = true; }
   ~Call() {
     context_.callIsOpen = false;
-    for (std::u16string* text :
-         {&context_.SEC_APP_NAME, &context_.SEC_APP_LWDR, &context_.sPthStepFolder,
-          &context_.s_IniPathAndName, &context_.s_EditorFont, &context_.swavAlertQ,
-          &context_.swavFinishQ}) {
-      text->clear();
-    }
+    const auto empty = [](auto& field) {
+      if constexpr (std::is_same_v<decltype(field), std::u16string&>) field.clear();
+    };
+    std::apply([&](auto&... field) { (empty(field), ...); }, contextFields(context_));
   }
   Call(const Call&) = delete;
   Call& operator=(const Call&) = delete;

@@ -52,15 +52,6 @@ bool enterBox(WindowView& view, forms::TextControl& box, forms::TextSelection se
   return true;
 }
 
-QAction* actionWith(const WindowView& view, const QKeySequence& keys) {
-  for (const auto& control : view.window().controls()) {
-    if (control->kind() != Kind::Menu) continue;
-    QAction& action = static_cast<MenuView&>(view.viewOf(*control)).action();
-    if (action.shortcut() == keys) return &action;
-  }
-  return nullptr;
-}
-
 /// Opens the menu by the way that leads to it: the menu bar, then each menu on the way down.
 bool openMenu(WindowView& view, const MenuView& menu) {
   if (menu.menu()->isVisible()) return true;
@@ -116,12 +107,12 @@ bool clear(WindowView& view, forms::TextControl& box) {
   return true;
 }
 
-bool pressShortcut(WindowView& view, const std::u16string& keys) {
-  const auto sequence = QKeySequence::fromString(toQt(keys), QKeySequence::PortableText);
-  const QAction* action = sequence.isEmpty() ? nullptr : actionWith(view, sequence);
-  if (action == nullptr || !action->isEnabled()) return false;
+bool pressShortcut(WindowView& view, const forms::Control& entry) {
+  const QAction& action = static_cast<MenuView&>(view.viewOf(entry)).action();
+  if (!action.isEnabled()) return false;
+  const QKeyCombination keys = action.shortcut()[0];
   waitForUser(view.topLevel());
-  pressKey(view.topLevel(), sequence[0].key(), sequence[0].keyboardModifiers());
+  pressKey(view.topLevel(), keys.key(), keys.keyboardModifiers());
   return true;
 }
 
@@ -196,7 +187,7 @@ bool carryOut(WindowView& view, const Gesture& gesture) {
     case What::Select:
       return enterBox(view, gesture.on<forms::TextControl>(), gesture.selection());
     case What::Press:
-      return pressShortcut(view, gesture.text);
+      return pressShortcut(view, *gesture.control);
     case What::Choose:
       return chooseEntry(view, gesture);
     case What::SpinUp:
@@ -209,9 +200,9 @@ bool carryOut(WindowView& view, const Gesture& gesture) {
     case What::Pick:
       return pickEntry(view, *gesture.control);
     case What::Move:
-      return move(view, gesture.first, gesture.second);
+      return move(view, gesture.numbers[0], gesture.numbers[1]);
     case What::Resize:
-      return resize(view, gesture.first, gesture.second);
+      return resize(view, gesture.numbers[0], gesture.numbers[1]);
     case What::Minimize:
     case What::Restore:
       return minimize(view, gesture.what == What::Minimize);

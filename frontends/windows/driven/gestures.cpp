@@ -1,7 +1,5 @@
 #include "gestures.h"
 
-#include <algorithm>
-
 #include "forms/user_actions.h"
 #include "scale.h"
 #include "shortcut.h"
@@ -50,14 +48,6 @@ bool enterBox(WindowView& view, const forms::TextControl& box, forms::TextSelect
                  static_cast<LPARAM>(selection.start + selection.length));
   settle();
   return true;
-}
-
-const forms::Control* entryWith(const WindowView& view, std::u16string_view keys) {
-  for (const auto& control : view.window().controls()) {
-    if (control->kind() == Kind::Menu && std::ranges::equal(control->row().shortcut, keys))
-      return control.get();
-  }
-  return nullptr;
 }
 
 bool isEnabled(const WindowView& view, const forms::Control& entry) {
@@ -136,11 +126,9 @@ bool clear(WindowView& view, const forms::TextControl& box, const Settle& settle
   return true;
 }
 
-bool pressShortcut(WindowView& view, const std::u16string& keys) {
-  const forms::Control* entry = entryWith(view, keys);
-  if (entry == nullptr || !isEnabled(view, *entry)) return false;
-  const auto shortcut = shortcutOf(entry->row().shortcut);
-  if (!shortcut) return false;
+bool pressShortcut(WindowView& view, const forms::Control& entry) {
+  const auto shortcut = shortcutOf(entry.row().shortcut);
+  if (!shortcut || !isEnabled(view, entry)) return false;
   ::SetForegroundWindow(view.handle());
   pressKey(shortcut->key, shortcut->control ? VK_CONTROL : 0);
   return true;
@@ -241,7 +229,7 @@ bool begin(WindowView& view, const Gesture& gesture, const Settle& settle) {
     case What::Select:
       return enterBox(view, gesture.on<forms::TextControl>(), gesture.selection(), settle);
     case What::Press:
-      return pressShortcut(view, gesture.text);
+      return pressShortcut(view, *gesture.control);
     case What::Choose:
       return chooseEntry(view, gesture, settle);
     case What::SpinUp:
@@ -252,9 +240,9 @@ bool begin(WindowView& view, const Gesture& gesture, const Settle& settle) {
     case What::Pick:
       return pickEntry(view, *gesture.control, settle);
     case What::Move:
-      return move(view, gesture.first, gesture.second, settle);
+      return move(view, gesture.numbers[0], gesture.numbers[1], settle);
     case What::Resize:
-      return resize(view, gesture.first, gesture.second, settle);
+      return resize(view, gesture.numbers[0], gesture.numbers[1], settle);
     case What::Minimize:
     case What::Restore:
       return minimize(view, gesture.what == What::Minimize, settle);
