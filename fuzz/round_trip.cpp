@@ -6,13 +6,14 @@
 #include "fuzz.h"
 #include "generator/generator.h"
 #include "platform/profile.h"
-#include "stepfiles/quote_placeholder.h"
+#include "stepfiles/field_reader.h"
 #include "stepfiles/step_file_name.h"
 #include "stepfiles/step_record.h"
 #include "stepfiles/stored_texts.h"
 #include "storage/list_file.h"
 #include "text/characters.h"
 #include "text/codepage.h"
+#include "text/text.h"
 
 namespace {
 
@@ -44,7 +45,7 @@ void list(std::string_view bytes) {
 /// Who types the token that stands for a double quote gets a double quote back.
 template <class... Texts>
 void quoteAsRead(Texts&... texts) {
-  ((texts = stepfiles::withQuotes(texts)), ...);
+  ((texts = text::ReplaceText(texts, stepfiles::kQuotePlaceholder, u"\"")), ...);
 }
 
 void stepFile(FuzzedDataProvider input, std::string_view bytes) {

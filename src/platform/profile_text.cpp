@@ -2,7 +2,6 @@
 #include <string>
 
 #include "platform/profile.h"
-#include "platform/profile_lines.h"
 #include "text/codepage.h"
 #include "text/letter_case.h"
 #include "text/text.h"
@@ -10,6 +9,86 @@
 namespace kvrnstep::platform {
 
 namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kBlanksAndTabs = " \t";
+
+/// The line end that a text ends with; empty if there is none.
+std::string_view endOf(std::string_view text) {
+  if (!text.ends_with('\r') && !text.ends_with('\n')) return {};
+  return text.substr(text.size() - (text.ends_with("\r\n") ? 2 : 1));
+}
+
+std::string_view trimBlanksAndTabs(std::string_view text) {
+  const auto first = text.find_first_not_of(kBlanksAndTabs);
+  if (first == std::string_view::npos) return text.substr(text.size());
+  return text.substr(first, text.find_last_not_of(kBlanksAndTabs) - first + 1);
+}
+
+struct ProfileLine {
+  std::string_view text;     ///< without the line end
+  std::string_view end;      ///< CR LF, LF or CR; empty where the file ends without one
+  std::string_view usedEnd;  ///< `end`, or else that of the line before; CR LF for a lone line
+};
+
+/// Gives the lines of a file one after the other. The byte order mark at the start of a file is
+/// part of no line, and nothing follows the last line end.
+class ProfileLines {
+ public:
+  explicit ProfileLines(std::string_view bytes) : bytes_(bytes) {
+    if (bytes_.starts_with(kByteOrderMark)) at_ = kByteOrderMark.size();
+  }
+
+  std::optional<ProfileLine> next() {
+    if (at_ == bytes_.size()) return std::nullopt;
+    const auto textEnd = std::min(bytes_.find_first_of("\r\n", at_), bytes_.size());
+    const std::size_t endLength = bytes_.substr(textEnd, 2) == "\r\n" ? 2 : 1;
+    const auto end = bytes_.substr(textEnd, endLength);
+    if (!end.empty()) usedEnd_ = end;
+    const ProfileLine line{bytes_.substr(at_, textEnd - at_), end, usedEnd_};
+    at_ = textEnd + end.size();
+    return line;
+  }
+
+  /// Skips lines without a "[", which begin no section, but never the last line of the file.
+  void skipToBracket() {
+    std::string_view before = bytes_.substr(at_, bytes_.find('[', at_) - at_);
+    if (at_ + before.size() == bytes_.size()) before.remove_suffix(endOf(before).size());
+    while (!before.empty() && endOf(before).empty()) before.remove_suffix(1);
+    if (before.empty()) return;
+    usedEnd_ = endOf(before);
+    at_ += before.size();
+  }
+
+ private:
+  std::string_view bytes_;
+  std::string_view usedEnd_ = "\r\n";
+  std::size_t at_ = 0;
+};
+
+/// A key line taken apart.
+struct ProfileKey {
+  std::string_view name;
+  std::string_view afterSign;  ///< all that follows the "="
+};
+
+/// The name in a section line.
+std::optional<std::string_view> sectionName(const ProfileLine& line) {
+  const auto open = line.text.find_first_not_of(kBlanksAndTabs);
+  if (open == std::string_view::npos || line.text[open] != '[') return std::nullopt;
+  const auto close = line.text.rfind(']');
+  if (close == std::string_view::npos) return std::nullopt;
+  return line.text.substr(open + 1, close - open - 1);
+}
+
+/// Nothing for a comment and for a line without "=". A section line is not told apart here.
+std::optional<ProfileKey> keyOf(const ProfileLine& line) {
+  const auto sign = line.text.find('=');
+  if (sign == std::string_view::npos) return std::nullopt;
+  const auto name = trimBlanksAndTabs(line.text.substr(0, sign));
+  if (name.starts_with(';')) return std::nullopt;
+  return ProfileKey{name, line.text.substr(sign + 1)};
+}
 
 /// What one reading of the file finds of a key and of the place where it would go.
 struct Search {
@@ -58,25 +137,10 @@ std::size_t offsetBehind(std::string_view bytes, std::string_view part) {
   return static_cast<std::size_t>(part.data() + part.size() - bytes.data());
 }
 
-std::string withNewLines(std::string_view bytes, const ProfileLine& after, std::string_view added) {
-  const auto at = offsetBehind(bytes, after.text) + after.end.size();
-  std::string result;
-  result.reserve(bytes.size() + added.size() + after.usedEnd.size());
-  result += bytes.substr(0, at);
-  if (after.end.empty()) result += after.usedEnd;
-  result += added;
-  if (!after.end.empty()) result += after.usedEnd;
-  result += bytes.substr(at);
-  return result;
-}
-
-std::string withReplaced(std::string_view bytes, std::string_view part, std::string_view by) {
-  const auto end = offsetBehind(bytes, part);
-  std::string result;
-  result.reserve(bytes.size() + by.size());
-  result += bytes.substr(0, end - part.size());
-  result += by;
-  result += bytes.substr(end);
+std::string withNewLines(std::string_view bytes, const ProfileLine& after, std::string lines) {
+  lines.insert(after.end.empty() ? 0 : lines.size(), after.usedEnd);
+  std::string result(bytes);
+  result.insert(offsetBehind(bytes, after.text) + after.end.size(), lines);
   return result;
 }
 
@@ -94,22 +158,22 @@ std::string withProfileValue(std::string_view bytes, std::string_view section, s
   if (!isProfileName(section, key)) return std::string(bytes);
   const auto name = trimBlanksAndTabs(key);
   const auto found = search(bytes, section, name);
-  if (found.afterSign) return withReplaced(bytes, *found.afterSign, value);
-
-  std::string added(name);
-  added += '=';
-  added += value;
+  std::string result(bytes);
+  if (const auto old = found.afterSign) {
+    result.replace(offsetBehind(bytes, *old) - old->size(), old->size(), value);
+    return result;
+  }
+  std::string added = std::string(name) + '=' + std::string(value);
   if (found.lastOfSection) return withNewLines(bytes, *found.lastOfSection, added);
 
   const std::string_view lineEnd = found.lastOfFile ? found.lastOfFile->usedEnd : "\r\n";
   added.insert(0, "[" + std::string(section) + "]" + std::string(lineEnd));
   if (found.lastOfFile) return withNewLines(bytes, *found.lastOfFile, added);
-  return std::string(bytes) + added + std::string(lineEnd);
+  return result + added + std::string(lineEnd);
 }
 
 bool isProfileName(std::string_view section, std::string_view key) {
-  constexpr std::string_view kLineBreaks = "\r\n";
-  if (section.find_first_of(kLineBreaks) != std::string_view::npos) return false;
+  if (section.find_first_of("\r\n") != std::string_view::npos) return false;
   if (key.find_first_of("\r\n=") != std::string_view::npos) return false;
   const auto name = trimBlanksAndTabs(key);
   return !name.starts_with('[') && !name.starts_with(';');

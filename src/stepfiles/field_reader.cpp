@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "text/numbers.h"
+#include "text/text.h"
 
 namespace kvrnstep::stepfiles {
 
@@ -13,11 +14,11 @@ constexpr std::u16string_view kBlanks = u" \t";
 constexpr std::u16string_view kFieldEnds = u",\r\n";
 constexpr char16_t kByteOrderMark = 0xFEFF;
 
-std::u16string_view trimmedRight(std::u16string_view text) {
-  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
-
 }  // namespace
+
+std::u16string quoted(std::u16string_view text) {
+  return u'"' + text::ReplaceText(text, u"\"", kQuotePlaceholder) + u'"';
+}
 
 FieldReader::FieldReader(std::u16string_view text) : rest_(text) {
   if (rest_.starts_with(kByteOrderMark)) rest_.remove_prefix(1);
@@ -25,17 +26,26 @@ FieldReader::FieldReader(std::u16string_view text) : rest_(text) {
 }
 
 bool FieldReader::nextRecord() {
-  rest_.remove_prefix(std::min(rest_.find_first_not_of(u" \t\r\n"), rest_.size()));
+  skip(u" \t\r\n");
   ended_ = rest_.empty();
   return !ended_;
 }
 
-std::u16string_view FieldReader::text() {
+std::u16string FieldReader::text() {
   if (ended_) return {};
-  skipBlanks();
-  const std::u16string_view field = rest_.starts_with(u'"') ? quoted() : plain();
-  endField();
-  return field;
+  skip(kBlanks);
+  const bool inQuotes = rest_.starts_with(u'"');
+  if (inQuotes) rest_.remove_prefix(1);
+  auto field = rest_.substr(0, inQuotes ? rest_.find(u'"') : rest_.find_first_of(kFieldEnds));
+  rest_.remove_prefix(field.size());
+  if (!inQuotes) field = field.substr(0, field.find_last_not_of(kBlanks) + 1);
+
+  // What follows a closing quote up to the comma is lost.
+  const std::size_t end = rest_.find_first_of(kFieldEnds);
+  ended_ = end == std::u16string_view::npos || rest_[end] != u',';
+  rest_.remove_prefix(std::min(end, rest_.size()));
+  if (!ended_) rest_.remove_prefix(1);
+  return text::ReplaceText(field, kQuotePlaceholder, u"\"");
 }
 
 std::optional<std::int16_t> FieldReader::number() {
@@ -45,28 +55,8 @@ std::optional<std::int16_t> FieldReader::number() {
   return text::roundToInt16(std::clamp<double>(*number, Limits::min(), Limits::max()));
 }
 
-void FieldReader::skipBlanks() {
-  rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
-}
-
-std::u16string_view FieldReader::quoted() {
-  rest_.remove_prefix(1);
-  const std::u16string_view field = rest_.substr(0, rest_.find(u'"'));
-  rest_.remove_prefix(std::min(field.size() + 1, rest_.size()));
-  return field;
-}
-
-std::u16string_view FieldReader::plain() {
-  const std::u16string_view field = rest_.substr(0, rest_.find_first_of(kFieldEnds));
-  return trimmedRight(field);
-}
-
-/// Goes on behind the comma; what stands between a closing quote and the comma is lost.
-void FieldReader::endField() {
-  const std::size_t end = rest_.find_first_of(kFieldEnds);
-  ended_ = end == std::u16string_view::npos || rest_[end] != u',';
-  rest_.remove_prefix(std::min(end, rest_.size()));
-  if (!ended_) rest_.remove_prefix(1);
+void FieldReader::skip(std::u16string_view characters) {
+  rest_.remove_prefix(std::min(rest_.find_first_not_of(characters), rest_.size()));
 }
 
 }  // namespace kvrnstep::stepfiles

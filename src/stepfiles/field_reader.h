@@ -7,6 +7,12 @@
 
 namespace kvrnstep::stepfiles {
 
+/// Stands for a double quote inside of a stored text, which double quotes enclose.
+inline constexpr std::u16string_view kQuotePlaceholder = u"<WXEQUOTE>";
+
+/// A text as records hold it.
+std::u16string quoted(std::u16string_view text);
+
 /// Reads the comma-separated fields of records. A text in double quotes runs to the next double
 /// quote, commas and line breaks included; any other field runs to the next comma or line end,
 /// without the blanks around it. A record ends with its line.
@@ -17,7 +23,7 @@ class FieldReader {
   explicit FieldReader(std::u16string_view text);
 
   /// The next field of the record; empty behind the last one.
-  std::u16string_view text();
+  std::u16string text();
   /// The next field as a whole number, halves rounded to even, the nearest that fits 16 bits;
   /// nothing when it is none.
   std::optional<std::int16_t> number();
@@ -28,10 +34,7 @@ class FieldReader {
   bool nextRecord();
 
  private:
-  void skipBlanks();
-  std::u16string_view quoted();
-  std::u16string_view plain();
-  void endField();
+  void skip(std::u16string_view characters);
 
   std::u16string_view rest_;
   bool ended_ = false;

@@ -5,7 +5,6 @@
 
 #include "platform/files.h"
 #include "stepfiles/field_reader.h"
-#include "stepfiles/quote_placeholder.h"
 #include "text/codepage.h"
 #include "text/numbers.h"
 
@@ -25,7 +24,7 @@ constexpr std::array kNumbers{&ListSettings::LineSpacing, &ListSettings::Start,
 
 std::string formatStepRecord(const ListSettings& settings) {
   std::u16string record = text::decimal(settings.Selection);
-  for (const auto field : kTexts) record += u",\"" + withoutQuotes(settings.*field) + u'"';
+  for (const auto field : kTexts) record += u',' + quoted(settings.*field);
   for (const auto field : kNumbers) record += u',' + text::decimal(settings.*field);
   for (const std::int16_t option : settings.Option) record += u',' + text::decimal(option);
   return text::toBytes(record + u"\r\n");
@@ -36,7 +35,7 @@ ListSettings parseStepRecord(std::string_view bytes) {
   FieldReader fields(text);
   ListSettings settings;
   settings.Selection = fields.number().value_or(0);
-  for (const auto field : kTexts) settings.*field = withQuotes(fields.text());
+  for (const auto field : kTexts) settings.*field = fields.text();
   for (const auto field : kNumbers) settings.*field = fields.number().value_or(0);
   for (std::int16_t& option : settings.Option) option = fields.number().value_or(0);
   return settings;

@@ -2,7 +2,6 @@
 
 #include "platform/files.h"
 #include "stepfiles/field_reader.h"
-#include "stepfiles/quote_placeholder.h"
 #include "storage/text_file.h"
 #include "text/codepage.h"
 
@@ -10,7 +9,7 @@ namespace kvrnstep::stepfiles {
 
 std::string formatStoredTexts(const StoredTexts& texts) {
   std::u16string records;
-  for (const std::u16string& text : texts) records += u'"' + withoutQuotes(text) + u"\"\r\n";
+  for (const std::u16string& text : texts) records += quoted(text) + u"\r\n";
   return text::toBytes(records);
 }
 
@@ -20,7 +19,7 @@ StoredTexts parseStoredTexts(std::string_view bytes) {
   StoredTexts texts;
   for (std::u16string& text : texts) {
     if (fields.ended() && !fields.nextRecord()) break;
-    text = withQuotes(fields.text());
+    text = fields.text();
   }
   return texts;
 }

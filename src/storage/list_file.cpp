@@ -2,9 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/files.h"
 #include "storage/text_file.h"
-#include "text/codepage.h"
 
 namespace kvrnstep::storage {
 
@@ -40,10 +38,6 @@ LoadedList readListFile(const std::u16string& path) {
   if (!FileExists(path)) platform::createEmptyFile(path);
   const auto bytes = platform::readFile(path);
   return bytes ? parseList(*bytes) : LoadedList();
-}
-
-bool writeListFile(const std::u16string& path, std::u16string_view lines) {
-  return platform::replaceFile(path, text::toBytes(lines));
 }
 
 }  // namespace kvrnstep::storage

@@ -6,6 +6,9 @@
 #include <utility>
 #include <vector>
 
+#include "platform/files.h"
+#include "text/codepage.h"
+
 /// List files: one entry a line.
 namespace kvrnstep::storage {
 
@@ -25,9 +28,6 @@ LoadedList parseList(std::string_view bytes);
 /// The entries of a list file, which is created empty when it is missing and can be created. None
 /// when it cannot be read.
 LoadedList readListFile(const std::u16string& path);
-
-/// Replaces the content of a list file. False when it cannot be written; it is then unchanged.
-bool writeListFile(const std::u16string& path, std::u16string_view lines);
 
 /// Loads a list file into a list-like control, or saves the control's entries to the file. What
 /// fails is skipped: a target without a readable file is left empty, a file that cannot be
@@ -49,7 +49,7 @@ bool LoadSaveListFile(ListTarget& lstTarget, bool bSave, const std::u16string& s
     lines += lstTarget.List(i);
     lines += u"\r\n";
   }
-  return writeListFile(sListFile, lines);
+  return platform::replaceFile(sListFile, text::toBytes(lines));
 }
 
 }  // namespace kvrnstep::storage

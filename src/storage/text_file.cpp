@@ -1,6 +1,5 @@
 #include "storage/text_file.h"
 
-#include "platform/files.h"
 #include "text/codepage.h"
 
 namespace kvrnstep::storage {
@@ -21,14 +20,6 @@ std::u16string ReadTextFile(const std::u16string& sFile) {
   std::string_view bytes = *content;
   if (bytes.ends_with(kLineEnd)) bytes.remove_suffix(kLineEnd.size());
   return text::fromBytes(bytes);
-}
-
-bool FileExists(const std::u16string& sFile) {
-  return platform::pathExists(sFile);
-}
-
-bool PathExists(const std::u16string& sPath) {
-  return platform::pathExists(sPath);
 }
 
 }  // namespace kvrnstep::storage

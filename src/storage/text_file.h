@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/files.h"
+
 /// Files that hold one text, and the questions whether a path exists.
 namespace kvrnstep::storage {
 
@@ -15,7 +17,11 @@ bool WriteTextFile(const std::u16string& sFile, std::u16string_view sText);
 std::u16string ReadTextFile(const std::u16string& sFile);
 
 /// Whether the path names a file or a folder.
-bool FileExists(const std::u16string& sFile);
-bool PathExists(const std::u16string& sPath);
+inline bool FileExists(const std::u16string& sFile) {
+  return platform::pathExists(sFile);
+}
+inline bool PathExists(const std::u16string& sPath) {
+  return platform::pathExists(sPath);
+}
 
 }  // namespace kvrnstep::storage

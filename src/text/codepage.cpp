@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
@@ -27,8 +28,8 @@ constexpr std::uint64_t notAscii(std::u16string_view) {
   return 0xFF80FF80FF80FF80U;
 }
 
-/// How many characters from a place on are ASCII. What files mostly hold is passed over a word of
-/// memory at a time.
+/// How many characters from a place on are ASCII. They are read eight bytes at a time, because
+/// files hold little else.
 template <class Char>
 std::size_t asciiRun(std::basic_string_view<Char> text, std::size_t from) {
   constexpr std::size_t kStep = sizeof(std::uint64_t) / sizeof(Char);
@@ -47,32 +48,20 @@ struct Character {
   std::size_t bytes = 0;  ///< 0: no UTF-8
 };
 
-/// The length that the first byte promises, and the smallest code that needs it.
-struct LeadByte {
-  std::size_t bytes;
-  char32_t bits;
-  char32_t smallest;
-};
-
-LeadByte leadByte(unsigned char byte) {
-  if (byte < 0x80) return {1, byte, 0};
-  if (byte >= 0xC0 && byte < 0xE0) return {2, byte & 0x1FU, 0x80};
-  if (byte >= 0xE0 && byte < 0xF0) return {3, byte & 0x0FU, 0x800};
-  if (byte >= 0xF0 && byte < 0xF8) return {4, byte & 0x07U, 0x10000};
-  return {0, 0, 0};
-}
-
 Character characterAt(std::string_view bytes, std::size_t at) {
-  const LeadByte lead = leadByte(static_cast<unsigned char>(bytes[at]));
-  if (lead.bytes == 0 || bytes.size() - at < lead.bytes) return {};
-  char32_t code = lead.bits;
-  for (std::size_t i = 1; i < lead.bytes; ++i) {
+  constexpr std::array<char32_t, 5> kSmallest{0, 0, 0x80, 0x800, 0x10000};  // by number of bytes
+  const auto lead = static_cast<unsigned char>(bytes[at]);
+  if (lead < 0x80) return {lead, 1};
+  const auto count = static_cast<std::size_t>(std::countl_one(lead));
+  if (count < 2 || count >= kSmallest.size() || bytes.size() - at < count) return {};
+  char32_t code = lead & (0x7FU >> count);
+  for (std::size_t i = 1; i < count; ++i) {
     const auto next = static_cast<unsigned char>(bytes[at + i]);
     if ((next & 0xC0U) != 0x80U) return {};
     code = (code << 6U) | (next & 0x3FU);
   }
-  if (code < lead.smallest || code > 0x10FFFF) return {};
-  return {code, lead.bytes};
+  if (code < kSmallest.at(count) || code > 0x10FFFF) return {};
+  return {code, count};
 }
 
 void append(std::u16string& text, char32_t code) {
@@ -86,23 +75,11 @@ void append(std::u16string& text, char32_t code) {
 }
 
 void append(std::string& bytes, char32_t code) {
-  const auto following = [&](unsigned shift) {
-    bytes += static_cast<char>(0x80U | ((code >> shift) & 0x3FU));
-  };
-  if (code < 0x80) {
-    bytes += static_cast<char>(code);
-  } else if (code < 0x800) {
-    bytes += static_cast<char>(0xC0U | (code >> 6U));
-    following(0);
-  } else if (code < 0x10000) {
-    bytes += static_cast<char>(0xE0U | (code >> 12U));
-    following(6);
-    following(0);
-  } else {
-    bytes += static_cast<char>(0xF0U | (code >> 18U));
-    following(12);
-    following(6);
-    following(0);
+  constexpr std::array<unsigned, 4> kLeads{0, 0xC0, 0xE0, 0xF0};
+  unsigned following = code < 0x80 ? 0 : code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
+  bytes += static_cast<char>(kLeads.at(following) | (code >> (6 * following)));
+  while (following > 0) {
+    bytes += static_cast<char>(0x80U | ((code >> (6 * --following)) & 0x3FU));
   }
 }
 
