@@ -91,8 +91,11 @@ Times editLongList(const kvrnstep::Listwright& plugin, const QString& folder) {
     dialog->close();
   });
   std::string text;
-  plugin.ShowListwrightDialog(
-      text, {.sPthStepFolder = steps, .SEC_APP_NAME = "Listwright", .s_IniPathAndName = settings});
+  kvrnstep_dialog arguments = kvrnstep::kDialogDefaults;
+  arguments.sPthStepFolder = steps.c_str();
+  arguments.SEC_APP_NAME = "Listwright";
+  arguments.s_IniPathAndName = settings.c_str();
+  plugin.ShowListwrightDialog(text, arguments);
   return times;
 }
 

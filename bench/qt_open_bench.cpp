@@ -63,9 +63,12 @@ class Dialog {
  public:
   void open() const {
     std::string list;
-    plugin_.ShowListwrightDialog(list, {.sPthStepFolder = steps_,
-                                        .SEC_APP_NAME = "Listwright",
-                                        .s_IniPathAndName = steps_ + "/steps.ini"});
+    const std::string settings = steps_ + "/steps.ini";
+    kvrnstep_dialog arguments = kvrnstep::kDialogDefaults;
+    arguments.sPthStepFolder = steps_.c_str();
+    arguments.SEC_APP_NAME = "Listwright";
+    arguments.s_IniPathAndName = settings.c_str();
+    plugin_.ShowListwrightDialog(list, arguments);
   }
 
  private:

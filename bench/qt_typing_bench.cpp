@@ -39,9 +39,12 @@ void inDialog(Work work) {
     dialog()->close();
   });
   std::string list;
-  plugin.ShowListwrightDialog(list, {.sPthStepFolder = steps,
-                                     .SEC_APP_NAME = "Listwright",
-                                     .s_IniPathAndName = steps + "/steps.ini"});
+  const std::string settings = steps + "/steps.ini";
+  kvrnstep_dialog arguments = kvrnstep::kDialogDefaults;
+  arguments.sPthStepFolder = steps.c_str();
+  arguments.SEC_APP_NAME = "Listwright";
+  arguments.s_IniPathAndName = settings.c_str();
+  plugin.ShowListwrightDialog(list, arguments);
 }
 
 void typeIntoEndBox(benchmark::State& state) {

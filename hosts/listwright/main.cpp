@@ -13,7 +13,7 @@ namespace {
 enum ExitStatus { Printed = 0, NotInserted = 1, Failed = 2 };
 
 ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options) {
-  kvrnstep::DialogArguments arguments = options.dialog;
+  kvrnstep_dialog arguments = options.dialog;
   arguments.iBuildStep = options.described.Selection;
   arguments.bytSpcCount = options.described.bytSpcCount;
   requireUtf8(arguments.sPthStepFolder);
@@ -21,7 +21,7 @@ ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options
   makeWritableFolder(arguments.sPthStepFolder);
   makeWritableFolder(folderOf(arguments.s_IniPathAndName));
   const bool read = hosts::outputIsRead();
-  if (!read) arguments.insertCopies = true;
+  if (!read) arguments.insert_copies = 1;
   std::string list;
   const bool inserted = plugin.ShowListwrightDialog(list, arguments);
   if (!inserted) return NotInserted;

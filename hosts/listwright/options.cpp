@@ -86,7 +86,7 @@ class CommandLine {
     return true;
   }
 
-  [[nodiscard]] const Options& options() const { return options_; }
+  Options options() { return std::move(options_); }
 
  private:
   /// Whether an argument is an option that takes a value, which may be there already, behind "=".
@@ -128,7 +128,7 @@ class CommandLine {
   }
 
   void describeList() {
-    kvrnstep::ListArguments& list = options_.described;
+    kvrnstep_list& list = options_.described;
     app_.add_option_function<std::string>(
             "--type",
             [&list](const std::string& word) {
@@ -152,34 +152,36 @@ class CommandLine {
     addText("--suffix", list.Suffix, "text after each label", kList);
     addText("--beginning", list.Beginning, "text before the first step", kList);
     addText("--ending", list.Ending, "text after the last step", kList);
-    for (std::size_t i = 0; i < kvrnstep::kListOptions.size(); ++i) {
-      const auto& option = kvrnstep::kListOptions.at(i);
-      app_.add_flag(option.word, list.Option.at(i), option.help)->group(kList);
+    for (const auto& option : kvrnstep::kListOptions) {
+      addFlag(option.word, list.*option.field, option.help, kList);
     }
   }
 
   void describeDialog() {
-    kvrnstep::DialogArguments& dialog = options_.dialog;
-    dialog.sPthStepFolder = userStepFolder();
-    dialog.s_IniPathAndName = userSettingsFolder() + "/steps.ini";
-    options_.plugin = hosts::pluginBesideProgram();
-    app_.add_option("--step-folder", dialog.sPthStepFolder, "folder of your lists and step files")
-        ->type_name("DIR")
-        ->group(kDialog);
-    app_.add_option("--settings", dialog.s_IniPathAndName, "settings file")
-        ->type_name("FILE")
-        ->group(kDialog);
+    kvrnstep_dialog& dialog = options_.dialog;
+    dialog.sPthStepFolder = kept(userStepFolder());
+    dialog.s_IniPathAndName = kept(userSettingsFolder() + "/steps.ini");
     dialog.SEC_APP_NAME = "Listwright";
+    options_.plugin = hosts::pluginBesideProgram();
+    addText("--step-folder", dialog.sPthStepFolder, "folder of your lists and step files", kDialog,
+            "DIR");
+    addText("--settings", dialog.s_IniPathAndName, "settings file", kDialog, "FILE");
     addText("--section", dialog.SEC_APP_NAME, "section of the settings file (Listwright)", kDialog);
     addText("--font", dialog.s_EditorFont, "font of the preview", kDialog);
     addNumber("--font-size", dialog.i_EditorSize, 1, 200, "its size in points (9)", kDialog);
-    app_.add_flag("--menu-mode", dialog.BuMenuMode, "--type stands against stored defaults")
-        ->group(kDialog);
-    app_.add_flag("--clipboard", dialog.insertCopies, "Insert puts the list on the clipboard, too")
-        ->group(kDialog);
+    addFlag("--menu-mode", dialog.BuMenuMode, "--type stands against stored defaults", kDialog);
+    addFlag("--clipboard", dialog.insert_copies, "Insert puts the list on the clipboard, too",
+            kDialog);
     app_.add_option("--plugin", options_.plugin, "the plug-in's library")
         ->type_name("FILE")
         ->group("");
+  }
+
+  void addFlag(const std::string& name, std::int32_t& target, const std::string& help,
+               const std::string& group) {
+    app_.add_flag_callback(
+            name, [&target] { target = 1; }, help)
+        ->group(group);
   }
 
   void addNumber(const std::string& name, std::int32_t& target, int least, int most,
@@ -200,12 +202,16 @@ class CommandLine {
         ->group(group);
   }
 
-  void addText(const std::string& name, std::string& target, const std::string& help,
-               const std::string& group) {
+  void addText(const std::string& name, const char*& target, const std::string& help,
+               const std::string& group, const std::string& kind = "TEXT") {
     app_.add_option_function<std::string>(
-            name, [&target](const std::string& text) { target = text; }, help)
-        ->type_name("TEXT")
+            name, [this, &target](const std::string& text) { target = kept(text); }, help)
+        ->type_name(kind)
         ->group(group);
+  }
+
+  const char* kept(std::string text) {
+    return options_.texts.emplace_front(std::move(text)).c_str();
   }
 
   void check() {
@@ -230,7 +236,7 @@ class CommandLine {
       throw std::runtime_error(std::string(saves ? "--save" : "--list") +
                                " needs --end, the number of the last step: 1 to 99");
     }
-    kvrnstep::ListArguments& list = options_.described;
+    kvrnstep_list& list = options_.described;
     if (list.Start > list.Count) {
       throw std::runtime_error("the last step comes before the first: --start " +
                                std::to_string(list.Start) + ", --end " +
@@ -240,10 +246,10 @@ class CommandLine {
       throw std::runtime_error("--save: the name of a step file ends in .step");
     }
     if (list.bytSpcCount > 0 && app_.count("--indent") > 0) {
-      list.Option.at(kvrnstep::Indentation) = true;
+      list.Indentation = 1;
     }
     if (app_.count("--beginning") + app_.count("--ending") > 0) {
-      list.Option.at(kvrnstep::AddBegEnd) = true;
+      list.AddBegEnd = 1;
     }
   }
 

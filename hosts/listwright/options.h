@@ -1,9 +1,11 @@
 #pragma once
 
+#include <forward_list>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "kvrnstep/list_options.hpp"
 #include "kvrnstep/listwright.hpp"
 #include "printing.h"
 #include "program.h"
@@ -17,8 +19,9 @@ struct Options {
   std::vector<std::string> files;  ///< step files whose lists are printed
   PrintFormat format;
   bool version = false;
-  kvrnstep::ListArguments described;
-  kvrnstep::DialogArguments dialog;  ///< listing type and indentation are those of `described`
+  kvrnstep_list described = kvrnstep::kListDefaults;
+  kvrnstep_dialog dialog = kvrnstep::kDialogDefaults;  ///< type, indentation as `described` has it
+  std::forward_list<std::string> texts;                ///< those that the two structs point to
   std::string plugin;
 };
 

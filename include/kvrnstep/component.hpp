@@ -43,36 +43,10 @@ namespace kvrnstep {
 
 #ifdef _WIN32
 
-using ::BOOL;
-using ::BSTR;
-using ::CLSID;
-using ::CY;
-using ::DISPID;
-using ::DISPPARAMS;
-using ::EXCEPINFO;
-using ::GUID;
-using ::HRESULT;
-using ::IClassFactory;
-using ::IDispatch;
-using ::IID;
-using ::ITypeInfo;
-using ::IUnknown;
-using ::LCID;
-using ::LONG;
-using ::LPOLESTR;
-using ::OLECHAR;
-using ::SCODE;
-using ::SysAllocStringLen;
-using ::SysFreeString;
-using ::SysStringLen;
-using ::UINT;
-using ::ULONG;
-using ::VARIANT;
-using ::VARIANT_BOOL;
-using ::VariantClear;
-using ::VariantInit;
-using ::VARTYPE;
-using ::WORD;
+using ::BOOL, ::BSTR, ::CLSID, ::CY, ::DISPID, ::DISPPARAMS, ::EXCEPINFO, ::GUID, ::HRESULT,
+    ::IClassFactory, ::IDispatch, ::IID, ::ITypeInfo, ::IUnknown, ::LCID, ::LONG, ::LPOLESTR,
+    ::OLECHAR, ::SCODE, ::SysAllocStringLen, ::SysFreeString, ::SysStringLen, ::UINT, ::ULONG,
+    ::VARIANT, ::VARIANT_BOOL, ::VariantClear, ::VariantInit, ::VARTYPE, ::WORD;
 
 // The system's interfaces have no destructor of any kind.
 #pragma GCC diagnostic push
@@ -124,8 +98,6 @@ constexpr HRESULT asResult(std::uint32_t code) {
   return static_cast<HRESULT>(code);
 }
 inline constexpr HRESULT S_OK = 0;
-inline constexpr HRESULT S_FALSE = 1;
-inline constexpr HRESULT E_NOTIMPL = asResult(0x80004001);
 inline constexpr HRESULT E_NOINTERFACE = asResult(0x80004002);
 inline constexpr HRESULT E_POINTER = asResult(0x80004003);
 inline constexpr HRESULT E_FAIL = asResult(0x80004005);
@@ -137,8 +109,6 @@ inline constexpr HRESULT DISP_E_MEMBERNOTFOUND = asResult(0x80020003);
 inline constexpr HRESULT DISP_E_PARAMNOTFOUND = asResult(0x80020004);
 inline constexpr HRESULT DISP_E_TYPEMISMATCH = asResult(0x80020005);
 inline constexpr HRESULT DISP_E_UNKNOWNNAME = asResult(0x80020006);
-inline constexpr HRESULT DISP_E_NONAMEDARGS = asResult(0x80020007);
-inline constexpr HRESULT DISP_E_BADVARTYPE = asResult(0x80020008);
 inline constexpr HRESULT DISP_E_OVERFLOW = asResult(0x8002000A);
 inline constexpr HRESULT DISP_E_BADINDEX = asResult(0x8002000B);
 inline constexpr HRESULT DISP_E_BADPARAMCOUNT = asResult(0x8002000E);
@@ -151,11 +121,9 @@ inline constexpr bool FAILED(HRESULT result) {
 }
 
 inline constexpr DISPID DISPID_UNKNOWN = -1;
-inline constexpr DISPID DISPID_PROPERTYPUT = -3;
 inline constexpr WORD DISPATCH_METHOD = 1;
 inline constexpr WORD DISPATCH_PROPERTYGET = 2;
 inline constexpr WORD DISPATCH_PROPERTYPUT = 4;
-inline constexpr WORD DISPATCH_PROPERTYPUTREF = 8;
 
 /// Types of what a variant holds.
 enum VariantType : VARTYPE {

@@ -1,7 +1,7 @@
 #pragma once
 
-// The parameters of a call and the values of a list, each written down once. The standard library
-// alone.
+// The parameters of a call and the values of a list, each written down once, with what they are
+// where a host says nothing. It needs the standard library and kvrnstep.h alone.
 
 #include <array>
 #include <cstddef>
@@ -10,7 +10,19 @@
 #include <tuple>
 #include <utility>
 
+#include "kvrnstep/kvrnstep.h"
+
 namespace kvrnstep {
+
+inline constexpr kvrnstep_dialog kDialogDefaults{
+    .size = sizeof(kvrnstep_dialog),
+    .l_EditorBColor = static_cast<std::int32_t>(0x80000005),
+    .l_EditorFColor = static_cast<std::int32_t>(0x80000008),
+    .i_EditorSize = 9,
+    .bytSpcCount = 4,
+};
+inline constexpr kvrnstep_list kListDefaults{
+    .size = sizeof(kvrnstep_list), .Start = 1, .Count = 3, .bytSpcCount = 4};
 
 enum class ParameterType : std::uint8_t { Text, Boolean, Integer, Long, Byte };
 

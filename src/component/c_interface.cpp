@@ -24,16 +24,6 @@ namespace kvrnstep::component {
 
 namespace {
 
-constexpr kvrnstep_dialog kDialogDefaults{
-    .size = sizeof(kvrnstep_dialog),
-    .l_EditorBColor = static_cast<std::int32_t>(0x80000005),
-    .l_EditorFColor = static_cast<std::int32_t>(0x80000008),
-    .i_EditorSize = 9,
-    .bytSpcCount = 4,
-};
-constexpr kvrnstep_list kListDefaults{
-    .size = sizeof(kvrnstep_list), .Start = 1, .Count = 3, .bytSpcCount = 4};
-
 // A field that a later version adds must not come to lie in what was padding at the end of an
 // earlier struct, because a host may copy its struct without the padding.
 static_assert(std::has_unique_object_representations_v<kvrnstep_dialog>);
@@ -77,7 +67,7 @@ char* handedOut(const std::string& bytes) {
   return copy;
 }
 
-/// Hands a list out where the host wants it.
+/// Hands a text out where the host wants it.
 int handOut(const std::u16string& list, char** where, int result) {
   *where = handedOut(text::toUtf8(list));
   return *where == nullptr ? KVRNSTEP_FAILED : result;
@@ -102,8 +92,8 @@ struct Take {
   }
 };
 
-std::optional<plugin::ShowArguments> argumentsOf(const kvrnstep_dialog& dialog) {
-  plugin::ShowArguments arguments;
+std::optional<plugin::CallArguments> argumentsOf(const kvrnstep_dialog& dialog) {
+  plugin::CallArguments arguments;
   Take take;
   copyFields(callFields(arguments), callFields(dialog), take);
   take(arguments.insertCopies, dialog.insert_copies);
@@ -199,11 +189,11 @@ namespace component = kvrnstep::component;
 extern "C" {
 
 void kvrnstep_dialog_init(kvrnstep_dialog* dialog, uint32_t size) {
-  component::initialise(dialog, size, component::kDialogDefaults);
+  component::initialise(dialog, size, kvrnstep::kDialogDefaults);
 }
 
 void kvrnstep_list_init(kvrnstep_list* list, uint32_t size) {
-  component::initialise(list, size, component::kListDefaults);
+  component::initialise(list, size, kvrnstep::kListDefaults);
 }
 
 char* kvrnstep_plug_name_version(void) {

@@ -14,16 +14,16 @@ namespace kvrnstep::component {
 namespace {
 
 struct Nothing {};
-/// A variant's value; no alternative is for what no member can use: Null, objects, arrays …
+/// What a variant holds; monostate for what no member can use: Null, objects, arrays …
 using Value = std::variant<std::monostate, Nothing, bool, std::int64_t, double, std::u16string>;
 
-/// A simple value that lies in the variant, or that it points to.
+/// A value that is in the variant, or that the variant points to.
 template <class T>
 T held(const VARIANT& variant, T own) {
   return (variant.vt & VT_BYREF) != 0 ? *static_cast<const T*>(variant.byref) : own;
 }
 
-/// The largest whole number is as good as a larger one: both fit nothing.
+/// A number that is too large becomes the largest, which no parameter can hold either.
 std::int64_t signedOf(std::uint64_t number) {
   constexpr auto kLargest = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
   return static_cast<std::int64_t>(number < kLargest ? number : kLargest);
@@ -75,46 +75,29 @@ Value valueOf(const VARIANT& argument) {
   }
 }
 
-/// A whole number of the wanted type.
-template <class Whole>
-struct IntegerReader {
-  using Limits = std::numeric_limits<Whole>;
-  Whole& value;
-
-  HRESULT operator()(std::monostate) const { return DISP_E_TYPEMISMATCH; }
-  HRESULT operator()(Nothing) const { return take(std::int64_t{0}); }
-  HRESULT operator()(bool truth) const {
-    value = truth ? static_cast<Whole>(-1) : Whole{0};
-    return S_OK;
-  }
-  HRESULT operator()(std::int64_t number) const { return take(number); }
-  HRESULT operator()(double number) const {
-    const auto rounded = text::roundToInt32(number);
-    return rounded ? take(std::int64_t{*rounded}) : DISP_E_OVERFLOW;
-  }
-  HRESULT operator()(const std::u16string& text) const {
-    const auto number = text::wholeTextNumber(text);
-    return number ? (*this)(*number) : DISP_E_TYPEMISMATCH;
-  }
-
- private:
-  [[nodiscard]] HRESULT take(std::int64_t number) const {
-    if (number < Limits::min() || number > Limits::max()) return DISP_E_OVERFLOW;
-    value = static_cast<Whole>(number);
-    return S_OK;
-  }
-};
+/// Nothing at all is 0. No result: the value is no number.
+std::optional<double> numberOf(const Value& value) {
+  if (std::holds_alternative<Nothing>(value)) return 0;
+  if (const auto* truth = std::get_if<bool>(&value)) return *truth ? -1 : 0;
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) return static_cast<double>(*whole);
+  if (const auto* number = std::get_if<double>(&value)) return *number;
+  if (const auto* text = std::get_if<std::u16string>(&value)) return text::wholeTextNumber(*text);
+  return std::nullopt;
+}
 
 template <class Whole>
 HRESULT readWhole(const VARIANT& argument, Whole& value) {
-  return std::visit(IntegerReader<Whole>{value}, valueOf(argument));
-}
-
-std::optional<bool> truthOf(std::u16string_view text) {
-  if (text::equalIgnoringCase(text, u"True")) return true;
-  if (text::equalIgnoringCase(text, u"False")) return false;
-  if (const auto number = text::wholeTextNumber(text)) return *number != 0;
-  return std::nullopt;
+  using Limits = std::numeric_limits<Whole>;
+  const Value given = valueOf(argument);
+  const auto number = numberOf(given);
+  if (!number) return DISP_E_TYPEMISMATCH;
+  const auto rounded = text::roundToInt32(*number);
+  if (!rounded) return DISP_E_OVERFLOW;
+  // True has all bits set, in a byte too.
+  const bool fits = *rounded >= Limits::min() && *rounded <= Limits::max();
+  if (!fits && !std::holds_alternative<bool>(given)) return DISP_E_OVERFLOW;
+  value = static_cast<Whole>(*rounded);
+  return S_OK;
 }
 
 std::u16string decimalText(double number) {
@@ -136,20 +119,18 @@ bool isMissing(const VARIANT& argument) {
 }
 
 HRESULT readValue(const VARIANT& argument, std::u16string& value) {
-  struct Reader {
-    std::u16string& value;
-    HRESULT operator()(std::monostate) const { return DISP_E_TYPEMISMATCH; }
-    HRESULT operator()(Nothing) const { return take(u""); }
-    HRESULT operator()(bool truth) const { return take(truth ? u"True" : u"False"); }
-    HRESULT operator()(std::int64_t number) const { return take(text::decimal(number)); }
-    HRESULT operator()(double number) const { return take(decimalText(number)); }
-    HRESULT operator()(std::u16string text) const { return take(std::move(text)); }
-    [[nodiscard]] HRESULT take(std::u16string text) const {
-      value = std::move(text);
-      return S_OK;
-    }
+  Value given = valueOf(argument);
+  if (std::holds_alternative<std::monostate>(given)) return DISP_E_TYPEMISMATCH;
+  struct Text {
+    std::u16string operator()(std::monostate) const { return {}; }
+    std::u16string operator()(Nothing) const { return {}; }
+    std::u16string operator()(bool truth) const { return truth ? u"True" : u"False"; }
+    std::u16string operator()(std::int64_t number) const { return text::decimal(number); }
+    std::u16string operator()(double number) const { return decimalText(number); }
+    std::u16string operator()(std::u16string& text) const { return std::move(text); }
   };
-  return std::visit(Reader{value}, valueOf(argument));
+  value = std::visit(Text(), given);
+  return S_OK;
 }
 
 HRESULT readValue(const VARIANT& argument, std::int16_t& value) {
@@ -165,31 +146,19 @@ HRESULT readValue(const VARIANT& argument, std::uint8_t& value) {
 }
 
 HRESULT readValue(const VARIANT& argument, bool& value) {
-  struct Reader {
-    bool& value;
-    HRESULT operator()(std::monostate) const { return DISP_E_TYPEMISMATCH; }
-    HRESULT operator()(Nothing) const { return take(false); }
-    HRESULT operator()(bool truth) const { return take(truth); }
-    HRESULT operator()(std::int64_t number) const { return take(number != 0); }
-    HRESULT operator()(double number) const { return take(number != 0); }
-    HRESULT operator()(const std::u16string& text) const {
-      const auto truth = truthOf(text);
-      return truth ? take(*truth) : DISP_E_TYPEMISMATCH;
-    }
-    [[nodiscard]] HRESULT take(bool truth) const {
-      value = truth;
-      return S_OK;
-    }
-  };
-  return std::visit(Reader{value}, valueOf(argument));
+  const Value given = valueOf(argument);
+  const auto* text = std::get_if<std::u16string>(&given);
+  const bool isTrue = text != nullptr && text::equalIgnoringCase(*text, u"True");
+  const bool isFalse = text != nullptr && text::equalIgnoringCase(*text, u"False");
+  const auto number = isTrue || isFalse ? std::nullopt : numberOf(given);
+  if (!number && !isTrue && !isFalse) return DISP_E_TYPEMISMATCH;
+  value = number ? *number != 0 : isTrue;
+  return S_OK;
 }
 
 HRESULT checkTextTarget(const VARIANT& argument) {
-  if (argument.vt == (VT_BYREF | VT_VARIANT)) {
-    return argument.pvarVal != nullptr ? S_OK : DISP_E_TYPEMISMATCH;
-  }
-  if (argument.vt == (VT_BYREF | VT_BSTR)) {
-    return argument.pbstrVal != nullptr ? S_OK : DISP_E_TYPEMISMATCH;
+  if (argument.vt == (VT_BYREF | VT_VARIANT) || argument.vt == (VT_BYREF | VT_BSTR)) {
+    return argument.byref != nullptr ? S_OK : DISP_E_TYPEMISMATCH;
   }
   if ((argument.vt & VT_BYREF) != 0) return DISP_E_TYPEMISMATCH;
   std::u16string lost;

@@ -5,6 +5,7 @@
 #include <new>
 #include <span>
 
+#include "component/bstr.h"
 #include "component/late_binding.h"
 #include "component/type_info.h"
 #include "kvrnstep/component.hpp"
@@ -27,6 +28,17 @@ HRESULT guarded(Work work) noexcept {
   } catch (const std::exception&) {
     return E_FAIL;
   }
+}
+
+/// Hands out the text that `work` makes.
+template <class Work>
+HRESULT handOut(BSTR* result, Work work) noexcept {
+  if (result == nullptr) return E_POINTER;
+  *result = nullptr;
+  return guarded([&] {
+    *result = newBstr(work());
+    return S_OK;
+  });
 }
 
 /// An object with a dual interface: references, and members called by names and numbers.

@@ -1,22 +1,28 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "forms/toolkit.h"
 #include "kvrnstep/driving.hpp"
 
-/// The front end that draws the plug-in's windows. It is set up on the first call that shows a
-/// window, never before.
+/// The front end that draws the plug-in's windows. It is loaded by the first call that shows a
+/// window, never before. Where there is none, `problem` says why in one line, and the next call
+/// tries again.
 namespace kvrnstep::plugin {
 
-/// The front end for the calling thread, set up if need be. Null when no window can be shown;
-/// `problem` then says why, in one line. What failed is tried again at the next call.
+/// The front end for the calling thread; null when it cannot show a window.
 forms::Toolkit* frontEnd(std::string& problem);
 
 /// Loads the front end of that name ("headless", "qt", "windows") whose user is the player. It
-/// serves all calls from now on. Null with the reason in `problem` when that fails.
-driving::Stage* drivenFrontEnd(std::string_view name, driving::Player& player,
+/// serves all calls from now on. Null when that fails.
+driving::Stage* drivenFrontEnd(const std::string& name, driving::Player& player,
                                std::string& problem);
+
+/// The one for people: a module in the plug-in's folder, or on Windows a part of the plug-in.
+forms::Toolkit* toolkitForPeople(std::string& problem);
+
+/// What a module of the plug-in's folder exports as `symbol`; null when that fails.
+/// @param name the module's, without extension
+void* loadedSymbol(const std::string& name, const char* symbol, std::string& problem);
 
 }  // namespace kvrnstep::plugin

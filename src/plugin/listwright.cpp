@@ -1,12 +1,11 @@
 #include "plugin/listwright.h"
 
-#include <type_traits>
+#include <tuple>
 
 #include "dialogs/frm_listwright.h"
 #include "kvrnstep/fields.hpp"
 #include "platform/files.h"
 #include "platform/module.h"
-#include "plugin/host_context.h"
 #include "plugin/plugin_folder.h"
 #include "storage/text_file.h"
 #include "text/paths.h"
@@ -14,11 +13,6 @@
 namespace kvrnstep::plugin {
 
 namespace {
-
-std::u16string settingsFile(const std::u16string& named) {
-  if (!named.empty()) return named;
-  return text::inFolder(GetPluginFolder(), u"steps.ini");
-}
 
 /// The named folder, made if it is missing, or the plug-in folder.
 std::u16string stepFolder(const std::u16string& named) {
@@ -28,30 +22,31 @@ std::u16string stepFolder(const std::u16string& named) {
   return folder;
 }
 
-void fill(HostContext& context, const ShowArguments& arguments) {
-  copyFields(contextFields(context), contextFields(arguments),
-             [](auto& field, const auto& given) { field = given; });
-  if (context.s_EditorFont.empty()) context.s_EditorFont = u"Courier New";
+void fill(CallArguments& context, const CallArguments& arguments) {
+  context = arguments;
   context.sPthStepFolder = stepFolder(arguments.sPthStepFolder);
-  context.s_IniPathAndName = settingsFile(arguments.s_IniPathAndName);
+  if (context.s_EditorFont.empty()) context.s_EditorFont = u"Courier New";
+  if (context.s_IniPathAndName.empty()) {
+    context.s_IniPathAndName = text::inFolder(GetPluginFolder(), u"steps.ini");
+  }
 }
 
-/// A call that is open. When it ends, by an exception too, the texts are emptied; numbers and truth
-/// values keep what the call brought.
+/// A call that is open. When it ends, by an exception too, the texts are emptied.
 class Call {
  public:
   explicit Call(HostContext& context) : context_(context) { context_.callIsOpen = true; }
   ~Call() {
     context_.callIsOpen = false;
-    const auto empty = [](auto& field) {
-      if constexpr (std::is_same_v<decltype(field), std::u16string&>) field.clear();
-    };
-    std::apply([&](auto&... field) { (empty(field), ...); }, contextFields(context_));
+    std::apply([](auto&... field) { (empty(field), ...); }, callFields(context_));
   }
   Call(const Call&) = delete;
   Call& operator=(const Call&) = delete;
 
  private:
+  static void empty(std::u16string& text) { text.clear(); }
+  template <class Number>
+  static void empty(Number& /*stays*/) {}
+
   HostContext& context_;
 };
 
@@ -62,7 +57,7 @@ std::u16string Listwright::PlugNameVersion() {
 }
 
 bool Listwright::ShowListwrightDialog(forms::Toolkit* toolkit, std::u16string& theLwOutputString,
-                                      const ShowArguments& arguments) {
+                                      const CallArguments& arguments) {
   HostContext& context = hostContext();
   theLwOutputString.clear();
   if (context.callIsOpen) {
@@ -71,17 +66,14 @@ bool Listwright::ShowListwrightDialog(forms::Toolkit* toolkit, std::u16string& t
   }
   const Call call(context);
   fill(context, arguments);
-  bool selectionMade = false;
-  if (toolkit != nullptr) {
-    dialogs::frmListwright dialog(*toolkit, context);
-    dialog.LwStepStart(arguments.iBuildStep);
-    dialog.LwMenuMode(arguments.BuMenuMode);
-    dialog.insertCopies(arguments.insertCopies);
-    dialog.showModal(*toolkit);
-    selectionMade = dialog.LwSelectionMade();
-    theLwOutputString = dialog.LwOutputString();
-  }
-  return selectionMade;
+  if (toolkit == nullptr) return false;
+  dialogs::frmListwright dialog(*toolkit, context);
+  dialog.LwStepStart(arguments.iBuildStep);
+  dialog.LwMenuMode(arguments.BuMenuMode);
+  dialog.insertCopies(arguments.insertCopies);
+  dialog.showModal(*toolkit);
+  theLwOutputString = dialog.LwOutputString();
+  return dialog.LwSelectionMade();
 }
 
 }  // namespace kvrnstep::plugin

@@ -45,10 +45,12 @@ class QtHost : public testing::Test {
 
   bool show() {
     std::string list = "before";
-    const bool inserted =
-        plugin_.ShowListwrightDialog(list, {.sPthStepFolder = folder_,
-                                            .SEC_APP_NAME = "Listwright",
-                                            .s_IniPathAndName = folder_ + "/steps.ini"});
+    const std::string settings = folder_ + "/steps.ini";
+    kvrnstep_dialog dialog = kvrnstep::kDialogDefaults;
+    dialog.sPthStepFolder = folder_.c_str();
+    dialog.SEC_APP_NAME = "Listwright";
+    dialog.s_IniPathAndName = settings.c_str();
+    const bool inserted = plugin_.ShowListwrightDialog(list, dialog);
     EXPECT_EQ(list, "");
     return inserted;
   }

@@ -39,9 +39,12 @@ int main(int argc, char** argv) {
   const int openings = std::atoi(argv[2]);
   const tests::TemporaryFolder folder;
   const auto plugin = Listwright::load(PLUGIN_LIBRARY);
-  const DialogArguments arguments{.sPthStepFolder = folder.native(""),
-                                  .SEC_APP_NAME = "Listwright",
-                                  .s_IniPathAndName = folder.native("steps.ini")};
+  const std::string steps = folder.native("");
+  const std::string settings = folder.native("steps.ini");
+  kvrnstep_dialog arguments = kDialogDefaults;
+  arguments.sPthStepFolder = steps.c_str();
+  arguments.SEC_APP_NAME = "Listwright";
+  arguments.s_IniPathAndName = settings.c_str();
   bool failed = false;
   std::size_t turn = 0;
   tests::User user([&](tests::User& self) {

@@ -25,8 +25,8 @@ class Call : driving::Player {
     toolkit.setPlayer(*this);
     std::u16string list;
     EXPECT_THROW(Listwright::ShowListwrightDialog(&toolkit, list,
-                                                  {.sPthStepFolder = folder_(""),
-                                                   .SEC_APP_NAME = section_,
+                                                  {.SEC_APP_NAME = section_,
+                                                   .sPthStepFolder = folder_(""),
                                                    .s_IniPathAndName = folder_("steps.ini")}),
                  std::bad_alloc);
     EXPECT_EQ(hostContext().SEC_APP_NAME, u"") << "it is emptied however the call ends";

@@ -1,5 +1,4 @@
-#include "forms/toolkit.h"
-#include "plugin/front_end_source.h"
+#include "plugin/front_end.h"
 
 namespace kvrnstep::plugin {
 
