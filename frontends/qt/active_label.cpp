@@ -1,13 +1,17 @@
 #include "active_label.h"
 
 #include <QAccessibleWidget>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QShortcutEvent>
 #include <QStyle>
+#include <utility>
 
-#include "qt_colors.h"
+#include "forms/keyboard.h"
+#include "looks.h"
 #include "text.h"
 #include "text/text.h"
+#include "window_view.h"
 
 namespace kvrnstep::qt {
 
@@ -18,7 +22,9 @@ class PressableLabel : public QAccessibleWidget {
   using Relation = QPair<QAccessibleInterface*, QAccessible::Relation>;
 
   explicit PressableLabel(ActiveLabel& label)
-      : QAccessibleWidget(&label, label.role()), label_(label) {}
+      : QAccessibleWidget(&label,
+                          forms::isLink(label.control()) ? QAccessible::Link : QAccessible::Button),
+        label_(label) {}
 
   [[nodiscard]] QStringList actionNames() const override {
     if (!label_.isEnabled()) return {};
@@ -30,7 +36,7 @@ class PressableLabel : public QAccessibleWidget {
     QMetaObject::invokeMethod(
         &label_,
         [&label = label_] {
-          if (label.isEnabled()) label.activate();
+          if (label.isEnabled()) forms::userActivated(label.control());
         },
         Qt::QueuedConnection);
   }
@@ -47,10 +53,16 @@ class PressableLabel : public QAccessibleWidget {
   ActiveLabel& label_;
 };
 
-QAccessibleInterface* describe(const QString& className, QObject* object) {
-  if (className != QLatin1String("QLabel")) return nullptr;
+class Group : public QWidget {
+ public:
+  using QWidget::QWidget;
+};
+
+QAccessibleInterface* describe(const QString& /*className*/, QObject* object) {
   auto* label = dynamic_cast<ActiveLabel*>(object);
-  return label == nullptr || !label->canBeActivated() ? nullptr : new PressableLabel(*label);
+  if (label != nullptr && forms::takesKeyboard(label->control())) return new PressableLabel(*label);
+  auto* group = dynamic_cast<Group*>(object);
+  return group == nullptr ? nullptr : new QAccessibleWidget(group, QAccessible::Grouping);
 }
 
 /// A frame inside the rectangle.
@@ -64,12 +76,36 @@ void paintFrame(QPainter& painter, const QRect& rect, const QPen& pen, const QBr
 
 }  // namespace
 
-void announceActiveLabels() {
+QWidget* makeGroup(QWidget* parent) {
+  auto* group = new Group(parent);
+  // Controls that stand behind it do not show through.
+  group->setAutoFillBackground(true);
+  return group;
+}
+
+void announceLabelsAndGroups() {
   // Qt takes the same factory once only.
   QAccessible::installFactory(describe);
 }
 
+ActiveLabel::ActiveLabel(WindowView& window, forms::Control& control)
+    : MouseReleases<QLabel>(control, window.parentFor(control)),
+      window_(window),
+      active_(forms::takesKeyboard(control)) {
+  setTextFormat(Qt::PlainText);
+  setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  if (active_) setFocusPolicy(Qt::TabFocus);
+}
+
+ActiveLabel::~ActiveLabel() {
+  endDrag();
+}
+
 void ActiveLabel::showText(const QString& text) {
+  // Without a buddy a plain label takes no mnemonic and would show its mark.
+  if (!active_ && buddy() == nullptr) {
+    return setText(toQt(text::withoutMnemonic(control().caption())));
+  }
   // A plain label that can have the focus would make an editor for its text.
   const Qt::FocusPolicy policy = focusPolicy();
   setFocusPolicy(Qt::NoFocus);
@@ -77,26 +113,20 @@ void ActiveLabel::showText(const QString& text) {
   setFocusPolicy(policy);
   if (shortcut_ != 0) releaseShortcut(shortcut_);
   const QKeySequence mnemonic = QKeySequence::mnemonic(text);
-  shortcut_ = action_ && !mnemonic.isEmpty() ? grabShortcut(mnemonic) : 0;
-}
-
-void ActiveLabel::activateBy(std::function<void()> action, QAccessible::Role role) {
-  action_ = std::move(action);
-  role_ = role;
-  setFocusPolicy(Qt::TabFocus);
+  shortcut_ = active_ && !mnemonic.isEmpty() ? grabShortcut(mnemonic) : 0;
 }
 
 bool ActiveLabel::event(QEvent* event) {
   if (event->type() == QEvent::Shortcut &&
       static_cast<QShortcutEvent*>(event)->shortcutId() == shortcut_ && shortcut_ != 0) {
-    action_();
+    forms::userActivated(control());
     return true;
   }
   return MouseReleases<QLabel>::event(event);
 }
 
 void ActiveLabel::paintEvent(QPaintEvent* event) {
-  if (!action_) return MouseReleases<QLabel>::paintEvent(event);
+  if (!active_) return MouseReleases<QLabel>::paintEvent(event);
   QPainter painter(this);
   if (text().isEmpty()) {
     paintPicture(painter);
@@ -126,8 +156,8 @@ void ActiveLabel::paintFocus(QPainter& painter) const {
   paintFrame(painter, words.adjusted(-kGap, 0, kGap, 0) & rect(), line, ground);
 }
 
-/// The pictures are drawn for light windows: there a grey one steps back by itself.
 void ActiveLabel::paintPicture(QPainter& painter) {
+  // The pictures are drawn for light windows, in which a grey one steps back by itself.
   constexpr double kFaded = 0.3;
   if (!isEnabled() && isDark(palette())) painter.setOpacity(kFaded);
   painter.drawPixmap(0, 0, pixmap(Qt::ReturnByValue));
@@ -141,6 +171,36 @@ void ActiveLabel::focusInEvent(QFocusEvent* /*event*/) {
 
 void ActiveLabel::focusOutEvent(QFocusEvent* /*event*/) {
   update();
+}
+
+void ActiveLabel::released(forms::MouseButton button) {
+  MouseReleases<QLabel>::released(button);
+  if (button == forms::MouseButton::Left) forms::userClicked(control());
+}
+
+void ActiveLabel::mousePressEvent(QMouseEvent* event) {
+  MouseReleases<QLabel>::mousePressEvent(event);
+  if (!control().row().draggable || dragged_ || event->button() != Qt::LeftButton) return;
+  dragged_ = true;
+  QGuiApplication::setOverrideCursor(cursorOf(control().dragCursor(), devicePixelRatioF()));
+}
+
+void ActiveLabel::mouseReleaseEvent(QMouseEvent* event) {
+  MouseReleases<QLabel>::mouseReleaseEvent(event);
+  if (event->button() != Qt::LeftButton || !endDrag()) return;
+  forms::Control* target = window_.controlAt(event->globalPosition().toPoint());
+  if (target != nullptr) forms::userDropped(control(), *target);
+}
+
+void ActiveLabel::hideEvent(QHideEvent* event) {
+  endDrag();
+  MouseReleases<QLabel>::hideEvent(event);
+}
+
+/// False: nothing was dragged.
+bool ActiveLabel::endDrag() {
+  if (dragged_) QGuiApplication::restoreOverrideCursor();
+  return std::exchange(dragged_, false);
 }
 
 }  // namespace kvrnstep::qt

@@ -1,43 +1,53 @@
 #pragma once
 
-#include <QAccessible>
 #include <QLabel>
-#include <functional>
 
 #include "mouse_releases.h"
 
 namespace kvrnstep::qt {
 
-/// A text or a picture; once it can be activated, the keyboard can come to it.
+class WindowView;
+
+/// A text or a picture. If it reacts to clicks or can be dragged, it can have the keyboard, and
+/// screen readers are told of it as of a link or a button that they can press.
+///
+/// From the press of the left button to its release the mouse carries a label about that can be
+/// dragged. It never leaves the window, so no other program is told of it.
 class ActiveLabel : public MouseReleases<QLabel> {
  public:
-  using MouseReleases<QLabel>::MouseReleases;
+  ActiveLabel(WindowView& window, forms::Control& control);
+  ~ActiveLabel() override;
+  ActiveLabel(const ActiveLabel&) = delete;
+  ActiveLabel& operator=(const ActiveLabel&) = delete;
 
-  /// What happens when a screen reader presses the label, which calls it by that role, and when
-  /// the text's mnemonic is pressed.
-  void activateBy(std::function<void()> action, QAccessible::Role role);
-  [[nodiscard]] bool canBeActivated() const { return bool(action_); }
-  void activate() { action_(); }
-  [[nodiscard]] QAccessible::Role role() const { return role_; }
-  /// A text in which "&" marks the letter that activates the label.
+  /// "&" marks the letter that activates the label, or leads to its buddy.
   void showText(const QString& text);
 
  protected:
+  void released(forms::MouseButton button) override;
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
  private:
   void paintPicture(QPainter& painter);
   void paintFocus(QPainter& painter) const;
+  bool endDrag();
 
-  std::function<void()> action_;
-  QAccessible::Role role_ = QAccessible::StaticText;
+  WindowView& window_;
+  const bool active_;
+  bool dragged_ = false;
   int shortcut_ = 0;
 };
 
-/// Has screen readers told of active labels as of links and buttons that they can press.
-void announceActiveLabels();
+/// A plain ground for controls, of which screen readers are told as of a group.
+QWidget* makeGroup(QWidget* parent);
+
+/// Tells Qt what screen readers are to hear of active labels and groups.
+void announceLabelsAndGroups();
 
 }  // namespace kvrnstep::qt

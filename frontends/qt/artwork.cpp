@@ -1,9 +1,9 @@
-#include "artwork.h"
-
 #include <QHash>
-#include <QString>
 #include <algorithm>
 #include <array>
+
+#include "looks.h"
+#include "text.h"
 
 namespace kvrnstep::qt {
 
@@ -12,62 +12,42 @@ namespace {
 /// A mouse cursor and the point of it that points.
 struct CursorFile {
   int resourceId = 0;
-  const char* file = nullptr;
+  std::string_view picture;
   QPoint hotSpot;
 };
-constexpr QSize kCursorSize(32, 32);
 constexpr std::array kCursors{
-    CursorFile{104, ":/listwright/cursor-104.png", {10, 1}},   // a hand that points
-    CursorFile{106, ":/listwright/cursor-106.png", {16, 16}},  // one that carries something
-    CursorFile{107, ":/listwright/cursor-107.png", {16, 16}},  // one that may take something
+    CursorFile{104, "cursor-104", {10, 1}},   // a hand that points
+    CursorFile{106, "cursor-106", {16, 16}},  // one that carries something
+    CursorFile{107, "cursor-107", {16, 16}},  // one that may take something
 };
-
-QString pictureFile(forms::Picture picture) {
-  if (picture.empty()) return {};
-  return ":/listwright/" + QString::fromLatin1(picture.data(), picture.size()) + ".png";
-}
-
-/// Each file is read once, and not with every dialog that opens.
-const QIcon& iconFrom(const QString& file) {
-  static QHash<QString, QIcon> read;
-  auto found = read.find(file);
-  if (found == read.end()) found = read.insert(file, QIcon(file));
-  return *found;
-}
 
 }  // namespace
 
 QPixmap picture(forms::Picture picture, QSize size, double pixelRatio) {
-  return iconFrom(pictureFile(picture)).pixmap(size, pixelRatio);
+  return pictureIcon(picture).pixmap(size, pixelRatio);
 }
 
 QIcon pictureIcon(forms::Picture picture) {
-  return iconFrom(pictureFile(picture));
+  if (picture.empty()) return {};
+  // Each file is read once, and not with every dialog that opens.
+  static QHash<QString, QIcon> read;
+  QIcon& icon = read[toQt(picture)];
+  if (icon.isNull()) icon = QIcon(":/listwright/" + toQt(picture) + ".png");
+  return icon;
 }
 
 QCursor cursorOf(int resourceId, double pixelRatio) {
+  constexpr QSize kSize(32, 32);
   const auto* found = std::ranges::find(kCursors, resourceId, &CursorFile::resourceId);
   if (found == kCursors.end()) return {};
+  // Qt keeps each cursor that it is given.
   static QHash<QPair<int, double>, QCursor> made;
-  auto known = made.find({resourceId, pixelRatio});
-  if (known == made.end()) {
-    const QPixmap drawn = iconFrom(found->file).pixmap(kCursorSize, pixelRatio);
-    known = made.insert({resourceId, pixelRatio},
-                        QCursor(drawn, found->hotSpot.x(), found->hotSpot.y()));
+  const QPair key(resourceId, pixelRatio);
+  if (!made.contains(key)) {
+    made[key] =
+        QCursor(picture(found->picture, kSize, pixelRatio), found->hotSpot.x(), found->hotSpot.y());
   }
-  return *known;
-}
-
-void applyCursor(QWidget& widget, int resourceId) {
-  if (resourceId == 0) {
-    widget.unsetCursor();
-  } else {
-    widget.setCursor(cursorOf(resourceId, widget.devicePixelRatioF()));
-  }
-}
-
-QIcon windowIcon() {
-  return iconFrom(":/listwright/listwright.png");
+  return made[key];
 }
 
 }  // namespace kvrnstep::qt

@@ -3,39 +3,39 @@
 #include <QCompleter>
 #include <QCoreApplication>
 #include <QListView>
+#include <QPointer>
+#include <QStringListModel>
 
-#include "compact_style.h"
 #include "forms/user_actions.h"
-#include "qt_fonts.h"
-#include "text.h"
-#include "text/text.h"
-#include "text_views.h"
+#include "line_edit.h"
+#include "looks.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {
 
-using forms::Property;
-
 namespace {
 
 /// Stands in for the completer that a box makes for an edit without one: it is of no use here, and
-/// takes as long to make as the box.
+/// takes as long to make as the box. It ends with the application.
 QCompleter* placeholder() {
-  static auto* const completer = new QCompleter(QCoreApplication::instance());
+  static QPointer<QCompleter> completer;
+  if (completer.isNull()) completer = new QCompleter(QCoreApplication::instance());
   return completer;
 }
-
-}  // namespace
 
 /// A combo box that drops down a long list at once. What drops down is not made before.
 class EntryCombo : public QComboBox {
  public:
-  using QComboBox::QComboBox;
-
-  void takeEdit(QLineEdit* edit) {
+  EntryCombo(forms::ComboBox& combo, QWidget* parent) : QComboBox(parent) {
+    auto* edit = new LineEdit(combo, this);
     edit->setCompleter(placeholder());
     setLineEdit(edit);
     edit->setCompleter(nullptr);
+    useFont(*this, captionFont());
+    setModel(new QStringListModel(this));
+    setInsertPolicy(QComboBox::NoInsert);
+    // Leaving the box with a text that is also an entry would count as choosing that entry.
+    disconnect(edit, SIGNAL(editingFinished()), this, nullptr);
   }
 
   void showPopup() override {
@@ -47,34 +47,29 @@ class EntryCombo : public QComboBox {
   }
 };
 
+}  // namespace
+
 ComboView::ComboView(WindowView& window, forms::ComboBox& combo)
-    : ControlView(window, combo),
-      box_(new EntryCombo(window.parentFor(combo))),
-      entries_(new EntriesModel(box_)),
-      edit_(new LineEdit(combo, box_)) {
-  adopt(box_);
-  useFont(*box_, captionFont());
-  box_->takeEdit(edit_);
-  box_->setModel(entries_);
-  box_->setInsertPolicy(QComboBox::NoInsert);
-  edit_->setAccessibleName(box_->accessibleName());
-  // Leaving the box with a text that is also an entry would count as choosing that entry.
-  QObject::disconnect(edit_, SIGNAL(editingFinished()), box_, nullptr);
-  QObject::connect(box_, &QComboBox::activated, box_, [this](int index) { chosen(index); });
+    : ControlView(window, combo, new EntryCombo(combo, window.parentFor(combo))) {
+  box().lineEdit()->setAccessibleName(box().accessibleName());
+  QObject::connect(&box(), &QComboBox::activated, &box(), [this, &combo](int index) {
+    if (applying()) return;
+    mark(forms::Property::Index);
+    forms::userChose(combo, index);
+  });
 }
 
-void ComboView::chosen(int index) {
-  if (applying()) return;
-  mark(Property::Index);
-  forms::userChose(combo(), index);
+forms::TextSync* ComboView::text() {
+  return static_cast<LineEdit*>(box().lineEdit());
 }
 
 void ComboView::setItems(const std::vector<std::u16string>& items) {
-  entries_->show(items);
+  showEntries(box().model(), items);
 }
 
 void ComboView::setIndex(int index) {
-  if (box_->currentIndex() != index) box_->setCurrentIndex(index);
+  // Qt would put the entry into the box again.
+  if (box().currentIndex() != index) box().setCurrentIndex(index);
 }
 
 }  // namespace kvrnstep::qt

@@ -1,34 +1,29 @@
-#include "compact_style.h"
-
 #include <QApplication>
+#include <QPointer>
 #include <QStyle>
 #include <QStyleFactory>
+
+#include "looks.h"
 
 namespace kvrnstep::qt {
 
 namespace {
 
-constexpr const char* kFusion = "fusion";
-
-bool isCompact(const QStyle& style) {
-  const QString name = style.name();
-  return name == QLatin1String(kFusion) || name == QLatin1String("windows");
-}
-
-/// One for the whole process; it goes with the application.
+/// One for all windows; it ends with the application.
 QStyle* fusion() {
-  static QStyle* const style = [] {
-    QStyle* made = QStyleFactory::create(kFusion);
-    made->setParent(QCoreApplication::instance());
-    return made;
-  }();
+  static QPointer<QStyle> style;
+  if (style.isNull()) {
+    style = QStyleFactory::create("fusion");
+    style->setParent(QCoreApplication::instance());
+  }
   return style;
 }
 
 }  // namespace
 
 void useCompactStyle(QWidget& window) {
-  if (isCompact(*QApplication::style())) return;
+  const QString own = QApplication::style()->name();
+  if (own == QLatin1String("fusion") || own == QLatin1String("windows")) return;
   window.setStyle(fusion());
   for (QWidget* part : window.findChildren<QWidget*>()) part->setStyle(fusion());
 }

@@ -1,23 +1,25 @@
 #include "control_view.h"
 
+#include <QStatusBar>
+#include <QStringListModel>
+
+#include "active_label.h"
 #include "forms/keyboard.h"
+#include "looks.h"
 #include "text.h"
+#include "text/text.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {
 
-using forms::Property;
-
-ControlView::ControlView(WindowView& window, forms::Control& control)
-    : ControlSync(window, control), window_(window) {}
-
-void ControlView::adopt(QWidget* widget) {
-  widget_ = widget;
+ControlView::ControlView(WindowView& window, forms::Control& control, QWidget* widget)
+    : ControlSync(window, control), widget_(widget) {
+  if (widget == nullptr) return;
   focusPolicy_ = widget->focusPolicy();
-  widget_->setObjectName(QString::fromStdString(control().scriptName()));
-  widget_->setAccessibleName(toQt(forms::accessibleName(control())));
-  widget_->installEventFilter(&window_.commandKeys());
-  if (!control().row().toolTip.empty()) widget_->setToolTip(toQt(control().row().toolTip));
+  widget->setObjectName(QString::fromStdString(control.scriptName()));
+  widget->setAccessibleName(toQt(forms::accessibleName(control)));
+  widget->setToolTip(toQt(control.row().toolTip));
+  widget->installEventFilter(&window);
 }
 
 void ControlView::setPlace(const forms::PixelRect& place) {
@@ -30,8 +32,27 @@ void ControlView::setTabStop(bool on) {
   widget_->setFocusPolicy(on ? focusPolicy_ : Qt::NoFocus);
 }
 
-QPoint ControlView::menuPlace() const {
-  return widget_->mapToGlobal(widget_->rect().center());
+void ControlView::fitCaption() {
+  QFont font = fittedCaptionFont(toQt(text::withoutMnemonic(control().caption())), captionWidth());
+  font.setUnderline(forms::isLink(control()));
+  useFont(*widget_, font);
 }
+
+forms::TextSync* ControlView::text() {
+  return dynamic_cast<forms::TextSync*>(widget_);
+}
+
+void showEntries(QAbstractItemModel* model, const std::vector<std::u16string>& entries) {
+  QStringList texts;
+  for (const std::u16string& entry : entries) texts << toQt(entry);
+  auto& shown = static_cast<QStringListModel&>(*model);
+  if (shown.stringList() != texts) shown.setStringList(texts);
+}
+
+GroundView::GroundView(WindowView& window, forms::Control& control)
+    : ControlView(window, control,
+                  control.kind() == forms::Kind::StatusBar
+                      ? new QStatusBar(window.parentFor(control))
+                      : makeGroup(window.parentFor(control))) {}
 
 }  // namespace kvrnstep::qt

@@ -1,7 +1,8 @@
 #pragma once
 
+#include <QAbstractItemModel>
+#include <QCursor>
 #include <QWidget>
-#include <optional>
 
 #include "forms/control_sync.h"
 
@@ -13,27 +14,37 @@ class WindowView;
 /// its parent widget.
 class ControlView : public forms::ControlSync {
  public:
-  ControlView(WindowView& window, forms::Control& control);
+  /// Entries of menus have no widget.
+  ControlView(WindowView& window, forms::Control& control, QWidget* widget);
 
-  /// What stands at the control's place; null for entries of menus.
   [[nodiscard]] QWidget* widget() const { return widget_; }
   void setTabStop(bool on) override;
 
-  /// Where on the screen a menu opens that the keyboard asked for.
-  [[nodiscard]] virtual QPoint menuPlace() const;
+  /// Where on the screen a menu opens that a key has asked for.
+  [[nodiscard]] virtual QPoint menuPlace() const { return QCursor::pos(); }
 
  protected:
-  /// To be called by the constructor of each kind.
-  void adopt(QWidget* widget);
   void setPlace(const forms::PixelRect& place) override;
   void setEnabled(bool enabled) override { widget_->setEnabled(enabled); }
   void setVisible(bool visible) override { widget_->setVisible(visible); }
-  [[nodiscard]] WindowView& window() const { return window_; }
+  void fitCaption() override;
+  /// Pixels that the caption may take in its line.
+  [[nodiscard]] virtual int captionWidth() const { return widget_->width(); }
+  [[nodiscard]] forms::TextSync* text() override;
 
  private:
-  WindowView& window_;
-  QWidget* widget_ = nullptr;
+  QWidget* widget_;
   Qt::FocusPolicy focusPolicy_ = Qt::NoFocus;
 };
+
+/// A frame or a panel, a plain ground for what it contains; or the strip along the window's bottom
+/// edge, with the platform's grip for sizing the window.
+class GroundView : public ControlView {
+ public:
+  GroundView(WindowView& window, forms::Control& control);
+};
+
+/// Has a QStringListModel hold the entries. Nothing where it holds them already.
+void showEntries(QAbstractItemModel* model, const std::vector<std::u16string>& entries);
 
 }  // namespace kvrnstep::qt

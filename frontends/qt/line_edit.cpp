@@ -6,14 +6,10 @@
 
 namespace kvrnstep::qt {
 
-LineEdit::LineEdit(forms::TextControl& box, QWidget* parent)
-    : Typing<QLineEdit>(parent), TextSync(box) {
-  connectKeys(*this, box);
+LineEdit::LineEdit(forms::TextControl& box, QWidget* parent) : Typing(box, parent) {
   setReadOnly(box.row().readOnly);
   setAcceptDrops(!box.onDragDrop);
   connect(this, &QLineEdit::textEdited, this, [this] { edited(); });
-  connect(this, &QLineEdit::cursorPositionChanged, this, [this] { userMovedCaret(); });
-  connect(this, &QLineEdit::selectionChanged, this, [this] { userMovedCaret(); });
 }
 
 std::u16string LineEdit::shownText() const {

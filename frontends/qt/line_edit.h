@@ -3,13 +3,12 @@
 #include <QLineEdit>
 #include <optional>
 
-#include "forms/control_sync.h"
 #include "typing.h"
 
 namespace kvrnstep::qt {
 
 /// One line of text, alone or in a combo box.
-class LineEdit : public Typing<QLineEdit>, public forms::TextSync {
+class LineEdit : public Typing<QLineEdit> {
  public:
   LineEdit(forms::TextControl& box, QWidget* parent);
 

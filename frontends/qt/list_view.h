@@ -3,24 +3,10 @@
 #include <QListView>
 
 #include "control_view.h"
-#include "entries_model.h"
-#include "mouse_releases.h"
-#include "sharp_frame.h"
 
 namespace kvrnstep::qt {
 
 /// A list of entries of which one can be selected, with the left button only.
-class EntryList : public SharpFrame<MouseReleases<QListView>> {
- public:
-  using SharpFrame::SharpFrame;
-
-  std::function<void()> onDoubleClickedBesideEntries;
-
- protected:
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseDoubleClickEvent(QMouseEvent* event) override;
-};
-
 class ListView : public ControlView {
  public:
   ListView(WindowView& window, forms::ListBox& list);
@@ -35,10 +21,7 @@ class ListView : public ControlView {
 
  private:
   [[nodiscard]] int selectedRow() const;
-  [[nodiscard]] forms::ListBox& list() const { return static_cast<forms::ListBox&>(control()); }
-
-  EntryList* widget_;
-  EntriesModel* entries_;
+  [[nodiscard]] QListView& list() const { return static_cast<QListView&>(*widget()); }
 };
 
 }  // namespace kvrnstep::qt

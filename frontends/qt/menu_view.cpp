@@ -5,27 +5,17 @@
 
 #include "forms/keyboard.h"
 #include "forms/user_actions.h"
-#include "qt_colors.h"
-#include "qt_fonts.h"
+#include "looks.h"
 #include "text.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {
 
-using forms::Property;
-
-namespace {
-
-/// A dark menu on a dark list would have no edge.
-QPalette menuPalette(QPalette palette) {
-  if (isDark(palette)) palette.setColor(QPalette::Base, palette.color(QPalette::Window));
-  return palette;
-}
-
-}  // namespace
-
 MenuView::MenuView(WindowView& window, forms::MenuEntry& entry)
-    : ControlView(window, entry), parent_(window.menuAbove(entry)) {
+    : ControlView(window, entry, nullptr) {
+  if (const forms::Control* above = entry.container()) {
+    parent_ = &static_cast<MenuView&>(window.viewOf(*above));
+  }
   if (entry.opensMenu()) {
     menu_ = new QMenu(parent_ == nullptr ? window.parentFor(entry) : parent_->menu());
     useFont(*menu_, captionFont());
@@ -35,7 +25,11 @@ MenuView::MenuView(WindowView& window, forms::MenuEntry& entry)
     action_ = new QAction(parent_->menu());
     action_->setShortcut(
         QKeySequence::fromString(toQt(entry.row().shortcut), QKeySequence::PortableText));
-    QObject::connect(action_, &QAction::triggered, action_, [this] { triggered(); });
+    QObject::connect(action_, &QAction::triggered, action_, [this] {
+      // The widget has already changed its check mark; the control decides.
+      mark(forms::Property::Checked);
+      forms::userClicked(control());
+    });
   }
   if (parent_ != nullptr) {
     parent_->menu()->addAction(action_);
@@ -44,16 +38,13 @@ MenuView::MenuView(WindowView& window, forms::MenuEntry& entry)
   }
 }
 
-void MenuView::triggered() {
-  // The widget has already changed its check mark; the control decides.
-  mark(Property::Checked);
-  forms::userClicked(control());
-}
-
 void MenuView::recolor() {
   if (menu_ == nullptr) return;
   menu_->setPalette(QPalette());
-  menu_->setPalette(menuPalette(menu_->palette()));
+  QPalette palette = menu_->palette();
+  // A dark menu on a dark list would have no edge.
+  if (isDark(palette)) palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+  menu_->setPalette(palette);
 }
 
 void MenuView::setEntry(const forms::DrawnEntry& entry) {

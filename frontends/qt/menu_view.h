@@ -24,9 +24,7 @@ class MenuView : public ControlView {
   void recolor() override;
 
  private:
-  void triggered();
-
-  MenuView* parent_;
+  MenuView* parent_ = nullptr;
   QMenu* menu_ = nullptr;
   QAction* action_ = nullptr;
 };

@@ -1,11 +1,9 @@
 #pragma once
 
 #include <QMouseEvent>
-#include <functional>
 #include <optional>
-#include <utility>
 
-#include "forms/control.h"
+#include "forms/user_actions.h"
 
 namespace kvrnstep::qt {
 
@@ -22,15 +20,17 @@ inline std::optional<forms::MouseButton> mouseButton(Qt::MouseButton button) {
   }
 }
 
-/// A widget that tells of each mouse button released over it, after it has dealt with it itself.
+/// The widget of a control that is told of each mouse button that is released over it, after the
+/// widget has dealt with it itself.
 template <class Base>
 class MouseReleases : public Base {
  public:
-  using Base::Base;
+  MouseReleases(forms::Control& control, QWidget* parent) : Base(parent), control_(control) {}
 
-  std::function<void(forms::MouseButton)> onReleased;
+  [[nodiscard]] forms::Control& control() const { return control_; }
 
  protected:
+  virtual void released(forms::MouseButton button) { forms::userReleasedMouse(control_, button); }
   void mousePressEvent(QMouseEvent* event) override {
     Base::mousePressEvent(event);
     // Otherwise the parent would get the press, and with it the release.
@@ -41,8 +41,11 @@ class MouseReleases : public Base {
     const bool inside = this->rect().contains(event->position().toPoint());
     Base::mouseReleaseEvent(event);
     event->accept();
-    if (button && inside && onReleased) onReleased(*button);
+    if (button && inside) released(*button);
   }
+
+ private:
+  forms::Control& control_;
 };
 
 }  // namespace kvrnstep::qt

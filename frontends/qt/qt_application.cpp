@@ -12,8 +12,7 @@
 #include "color_scheme.h"
 #include "display.h"
 #include "locale_guard.h"
-#include "picture_views.h"
-#include "qt_fonts.h"
+#include "looks.h"
 
 namespace kvrnstep::qt {
 
@@ -104,8 +103,7 @@ bool provideApplication(std::string& problem) {
     if (!display) return false;
     createApplication(display->platform);
   }
-  announceActiveLabels();
-  announceGroups();
+  announceLabelsAndGroups();
   const auto* application = qobject_cast<QApplication*>(QCoreApplication::instance());
   if (application == nullptr) {
     problem = "the host's Qt application cannot show widgets";

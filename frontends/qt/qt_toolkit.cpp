@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QPointer>
-#include <QPushButton>
 #include <QScreen>
 #include <algorithm>
 #include <utility>
@@ -12,7 +11,6 @@
 #include "locale_guard.h"
 #include "menu_view.h"
 #include "module_folder.h"
-#include "qt_fonts.h"
 #include "services/services.h"
 #include "text.h"
 
@@ -24,20 +22,12 @@ namespace {
 
 /// A box that ends with its scope, or before, when somebody destroys its owner.
 template <class Widget>
-class Box {
+class Box : public QPointer<Widget> {
  public:
-  template <class... Arguments>
-  explicit Box(Arguments&&... arguments)
-      : box_(new Widget(std::forward<Arguments>(arguments)...)) {}
-  ~Box() { delete box_; }
+  using QPointer<Widget>::QPointer;
+  ~Box() { delete this->data(); }
   Box(const Box&) = delete;
   Box& operator=(const Box&) = delete;
-
-  Widget& operator*() const { return *box_; }
-  Widget* operator->() const { return box_; }
-
- private:
-  QPointer<Widget> box_;
 };
 
 }  // namespace
@@ -62,7 +52,7 @@ void QtToolkit::runModal(forms::Window& window) {
 void QtToolkit::bringToFront() {
   for (WindowView* view : open_) {
     if (!view->open()) continue;
-    TopLevel& window = view->topLevel();
+    QWidget& window = view->topLevel();
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
   }
   bringModalWindowToFront();
@@ -70,24 +60,17 @@ void QtToolkit::bringToFront() {
 
 void QtToolkit::showMessage(const forms::Message& message) {
   const LocaleGuard locale;
-  const Box<QMessageBox> box(message.icon == forms::MessageIcon::Information
-                                 ? QMessageBox::Information
-                                 : QMessageBox::Warning,
-                             toQt(message.title), toQt(message.text), QMessageBox::Ok, owner());
-  box->setTextFormat(Qt::PlainText);
-  box->setAttribute(Qt::WA_QuitOnClose, false);
-  box->setFont(captionFont());
-  box->button(QMessageBox::Ok)->setIcon({});
+  const Box<MessageBox> box(new MessageBox(message, owner()));
   if (attendant_ != nullptr) attendant_->messageOpened(*box);
   box->exec();
 }
 
 std::optional<std::u16string> QtToolkit::ask(const forms::Question& question) {
   const LocaleGuard locale;
-  const Box<QuestionBox> box(question, owner());
+  const Box<QuestionBox> box(new QuestionBox(question, owner()));
   if (attendant_ != nullptr) attendant_->questionOpened(*box);
   if (box->exec() != QDialog::Accepted) return std::nullopt;
-  return fromQt(box->line().text());
+  return fromQt(box->textValue());
 }
 
 std::optional<std::u16string> QtToolkit::ShowOpenDialog(const forms::FileDialog& dialog) {
@@ -101,9 +84,10 @@ std::optional<std::u16string> QtToolkit::ShowSaveDialog(const forms::FileDialog&
 std::optional<std::u16string> QtToolkit::askFile(const forms::FileDialog& dialog,
                                                  QFileDialog::AcceptMode mode) {
   const LocaleGuard locale;
-  const Box<FileBox> box(dialog, mode, owner());
+  const Box<FileBox> box(new FileBox(dialog, mode, owner()));
   if (attendant_ != nullptr) attendant_->fileBoxOpened(*box);
-  return box->choose();
+  if (box->exec() != QDialog::Accepted || box->selectedFiles().isEmpty()) return std::nullopt;
+  return fromQt(box->selectedFiles().first());
 }
 
 void QtToolkit::popUp(forms::MenuEntry& menu) {

@@ -1,12 +1,10 @@
 #pragma once
 
 #include <QMenu>
-#include <QMessageBox>
 #include <vector>
 
-#include "file_box.h"
+#include "boxes.h"
 #include "forms/toolkit.h"
-#include "question_box.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {

@@ -32,9 +32,8 @@ class SlimScrollBar : public QScrollBar {
 
 }  // namespace
 
-TextEdit::TextEdit(forms::TextBox& box, QWidget* parent) : SharpFrame(parent), TextSync(box) {
+TextEdit::TextEdit(forms::TextBox& box, QWidget* parent) : SharpFrame(box, parent) {
   constexpr double kMargin = 2;
-  connectKeys(*this, box);
   const forms::ControlRow& row = box.row();
   if (row.readOnly) {
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -52,8 +51,6 @@ TextEdit::TextEdit(forms::TextBox& box, QWidget* parent) : SharpFrame(parent), T
   connect(this, &QPlainTextEdit::textChanged, this, [this] {
     if (!showsText()) userChangedText();
   });
-  connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] { userMovedCaret(); });
-  connect(this, &QPlainTextEdit::selectionChanged, this, [this] { userMovedCaret(); });
 }
 
 QString TextEdit::lines() const {

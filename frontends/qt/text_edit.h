@@ -2,14 +2,13 @@
 
 #include <QPlainTextEdit>
 
-#include "forms/control_sync.h"
 #include "sharp_frame.h"
 #include "typing.h"
 
 namespace kvrnstep::qt {
 
 /// Several lines of text.
-class TextEdit : public SharpFrame<Typing<QPlainTextEdit>>, public forms::TextSync {
+class TextEdit : public SharpFrame<Typing<QPlainTextEdit>> {
  public:
   TextEdit(forms::TextBox& box, QWidget* parent);
 

@@ -1,29 +1,23 @@
 #include "text_views.h"
 
 #include "line_edit.h"
-#include "qt_colors.h"
-#include "qt_fonts.h"
+#include "looks.h"
 #include "text_edit.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {
 
-using forms::Property;
+namespace {
 
-TextBoxView::TextBoxView(WindowView& window, forms::TextBox& box) : ControlView(window, box) {
-  QWidget* parent = window.parentFor(box);
-  if (box.row().multiLine) {
-    use(new TextEdit(box, parent));
-  } else {
-    use(new LineEdit(box, parent));
-  }
+QWidget* makeBox(forms::TextBox& box, QWidget* parent) {
+  if (box.row().multiLine) return new TextEdit(box, parent);
+  return new LineEdit(box, parent);
 }
 
-template <class Edit>
-void TextBoxView::use(Edit* edit) {
-  text_ = edit;
-  adopt(edit);
-}
+}  // namespace
+
+TextBoxView::TextBoxView(WindowView& window, forms::TextBox& box)
+    : ControlView(window, box, makeBox(box, window.parentFor(box))) {}
 
 void TextBoxView::setFont(const std::u16string& font, float points) {
   useFont(*widget(), boxFont(font, points));

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "control_view.h"
-#include "forms/control_sync.h"
 
 namespace kvrnstep::qt {
 
@@ -13,13 +12,6 @@ class TextBoxView : public ControlView {
  protected:
   void setFont(const std::u16string& font, float points) override;
   void recolor() override;
-  [[nodiscard]] forms::TextSync* text() override { return text_; }
-
- private:
-  template <class Edit>
-  void use(Edit* edit);
-
-  forms::TextSync* text_ = nullptr;
 };
 
 }  // namespace kvrnstep::qt

@@ -3,73 +3,68 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <functional>
+#include <algorithm>
 #include <utility>
 
+#include "forms/control_sync.h"
 #include "forms/user_actions.h"
 
 namespace kvrnstep::qt {
 
-/// Whether the pressed key may reach the box: asks the control's handler, where it has one, about
-/// each character that the key types.
-bool mayType(forms::TextControl& box, const QKeyEvent& event);
-/// … about each character that dead keys or an input method have put together.
-bool mayType(forms::TextControl& box, const QString& characters);
-/// Tells of a key for a text that came without one: the input method has taken the presses.
-void releaseComposed(QWidget& widget, forms::TextControl& box);
-
-/// A text widget whose keys are asked about.
+/// The widget of a control that holds a text. It asks the control about each character that is
+/// typed, and tells it how the keyboard comes.
 template <class Base>
-class Typing : public Base {
+class Typing : public Base, public forms::TextSync {
  public:
-  using Base::Base;
-
-  std::function<bool(const QKeyEvent&)> onPressed;
-  std::function<bool(const QString&)> onComposed;
-  std::function<void()> onTaken;
-  std::function<bool(forms::Way)> onEntered;
+  Typing(forms::TextControl& box, QWidget* parent) : Base(parent), TextSync(box) {
+    this->connect(this, &Base::cursorPositionChanged, this, [this] { userMovedCaret(); });
+    this->connect(this, &Base::selectionChanged, this, [this] { userMovedCaret(); });
+  }
 
  protected:
   void focusInEvent(QFocusEvent* event) override {
     Base::focusInEvent(event);
     enteredByClick_ = event->reason() == Qt::MouseFocusReason;
-    if (onEntered && isByKey(*event)) onEntered(forms::Way::Tab);
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
+      forms::userEntered(box(), forms::Way::Tab);
+    }
   }
   void mousePressEvent(QMouseEvent* event) override {
     const bool dealtWith =
-        std::exchange(enteredByClick_, false) && onEntered && onEntered(forms::Way::Click);
+        std::exchange(enteredByClick_, false) && forms::userEntered(box(), forms::Way::Click);
     if (!dealtWith) Base::mousePressEvent(event);
   }
   void keyPressEvent(QKeyEvent* event) override {
-    if (onPressed && !onPressed(*event)) {
-      event->accept();
-    } else {
+    // Qt gives the Delete key a character; it types none.
+    if (event->key() == Qt::Key_Delete || mayType(event->text())) {
       Base::keyPressEvent(event);
+    } else {
+      event->accept();
     }
   }
   void inputMethodEvent(QInputMethodEvent* event) override {
-    // An empty one ends the composition.
+    // An empty event ends the composition.
     QInputMethodEvent nothing;
-    const bool refused = onComposed && !onComposed(event->commitString());
-    Base::inputMethodEvent(refused ? &nothing : event);
-    if (!refused && onTaken && !event->commitString().isEmpty()) onTaken();
+    const bool allowed = mayType(event->commitString());
+    Base::inputMethodEvent(allowed ? event : &nothing);
+    if (!allowed || event->commitString().isEmpty()) return;
+    // A key for a text that came without one, because the input method has taken the presses.
+    // Later, because the input method must have finished before anything else opens.
+    constexpr forms::KeyCode kNoKey = 0;
+    const auto strikeKey = [&box = box()] {
+      forms::userPressedKey(box, kNoKey);
+      forms::userReleasedKey(box.window(), kNoKey);
+    };
+    QMetaObject::invokeMethod(this, strikeKey, Qt::QueuedConnection);
   }
 
  private:
-  static bool isByKey(const QFocusEvent& event) {
-    return event.reason() == Qt::TabFocusReason || event.reason() == Qt::BacktabFocusReason;
+  [[nodiscard]] bool mayType(const QString& characters) {
+    return std::ranges::all_of(
+        characters, [this](QChar typed) { return forms::userTypes(box(), typed.unicode()); });
   }
 
   bool enteredByClick_ = false;
 };
-
-/// Lets the widget ask and tell the control.
-template <class Base>
-void connectKeys(Typing<Base>& widget, forms::TextControl& box) {
-  widget.onPressed = [&box](const QKeyEvent& event) { return mayType(box, event); };
-  widget.onComposed = [&box](const QString& characters) { return mayType(box, characters); };
-  widget.onEntered = [&box](forms::Way way) { return forms::userEntered(box, way); };
-  widget.onTaken = [&widget, &box] { releaseComposed(widget, box); };
-}
 
 }  // namespace kvrnstep::qt

@@ -1,21 +1,18 @@
 #include "window_view.h"
 
 #include <QApplication>
-#include <QCursor>
 #include <QScreen>
 #include <algorithm>
 
-#include "artwork.h"
 #include "button_views.h"
 #include "combo_view.h"
-#include "compact_style.h"
+#include "command_keys.h"
 #include "forms/user_actions.h"
-#include "forms/view_sync.h"
+#include "label_view.h"
 #include "list_view.h"
+#include "looks.h"
 #include "menu_view.h"
-#include "picture_views.h"
 #include "qt_application.h"
-#include "qt_fonts.h"
 #include "spinner_view.h"
 #include "text.h"
 #include "text_views.h"
@@ -28,34 +25,37 @@ namespace {
 
 constexpr int kMenuBarHeight = static_cast<int>(forms::Chrome::kMenuBar / forms::kTwipsPerPixel);
 
+/// The window has lost the keyboard, not only one of its controls to another one.
+bool leavesWindow(const QFocusEvent& event) {
+  return event.reason() == Qt::ActiveWindowFocusReason || event.reason() == Qt::PopupFocusReason ||
+         event.reason() == Qt::MenuBarFocusReason;
+}
+
 }  // namespace
 
 WindowView::WindowView(forms::Window& window, QWidget* owner)
     : ViewSync(window),
-      topLevel_(std::make_unique<TopLevel>(owner)),
+      topLevel_(std::make_unique<QWidget>(
+          owner, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                     Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
+                     Qt::WindowCloseButtonHint)),
       watch_(*topLevel_),
-      commandKeys_(*this),
       ground_(new QWidget(topLevel_.get())) {
+  topLevel_->setWindowModality(Qt::ApplicationModal);
+  // Closing a dialog must not end a host whose own windows happen to be closed.
+  topLevel_->setAttribute(Qt::WA_QuitOnClose, false);
   topLevel_->setFont(captionFont());
-  topLevel_->setWindowIcon(windowIcon());
+  topLevel_->setWindowIcon(pictureIcon("listwright"));
   if (window.hasMenuBar()) makeMenuBar();
   makeViews();
   useCompactStyle(*topLevel_);
   showAll(1);
-
-  topLevel_->onMoved = [this] { reportMove(); };
-  topLevel_->onResized = [this] {
-    const QSize now = topLevel_->size() - withMenuBar({});
-    if (topLevel_->isVisible()) resizedTo({now.width(), now.height()});
-  };
-  topLevel_->onStateChanged = [this] { reportState(); };
-  topLevel_->onCloseBox = [this] { forms::userClosed(this->window()); };
-  topLevel_->onColorsChanged = [this] { followColors(); };
-  topLevel_->onDestroyed = [this] { lose(); };
+  topLevel_->installEventFilter(this);
+  QObject::connect(topLevel_.get(), &QObject::destroyed, this, [this] { lose(); });
 }
 
 WindowView::~WindowView() {
-  if (topLevel_ != nullptr) topLevel_->onDestroyed = nullptr;
+  if (topLevel_ != nullptr) topLevel_->disconnect(this);
   delete menuBar_;
   delete ground_;
 }
@@ -85,9 +85,9 @@ void WindowView::makeMenuBar() {
 }
 
 std::unique_ptr<forms::ControlSync> WindowView::makeView(Control& control) {
-  return forms::makeViewOf<ContainerView, PushButtonView, CheckBoxView, OptionButtonView, ComboView,
-                           TextBoxView, SpinnerView, ListView, LabelView, ImageView, StatusBarView,
-                           MenuView>(*this, control);
+  return forms::makeViewOf<GroundView, ButtonView, ButtonView, ButtonView, ComboView, TextBoxView,
+                           SpinnerView, ListView, LabelView, LabelView, GroundView, MenuView>(
+      *this, control);
 }
 
 ControlView& WindowView::viewOf(const Control& control) const {
@@ -98,37 +98,92 @@ QWidget* WindowView::parentFor(const Control& control) {
   return control.container() == nullptr ? ground_.data() : viewOf(*control.container()).widget();
 }
 
-MenuView* WindowView::menuAbove(const Control& entry) const {
-  const Control* menu = entry.container();
-  return menu == nullptr ? nullptr : &static_cast<MenuView&>(viewOf(*menu));
-}
-
 Control* WindowView::controlAt(QPoint onScreen) const {
   for (const QWidget* hit = QApplication::widgetAt(onScreen); hit != nullptr;
        hit = hit->parentWidget()) {
-    if (const ControlView* view = viewOf(*hit)) return &view->control();
+    if (const ControlView* view = viewOf(hit)) return &view->control();
   }
   return nullptr;
 }
 
-ControlView* WindowView::viewOf(const QWidget& widget) const {
+/// The view whose widget that is, or null.
+ControlView* WindowView::viewOf(const QObject* widget) const {
   const auto& all = window().controls();
   const auto found = std::ranges::find_if(
-      all, [&](const auto& control) { return viewOf(*control).widget() == &widget; });
+      all, [&](const auto& control) { return viewOf(*control).widget() == widget; });
   return found == all.end() ? nullptr : &viewOf(**found);
 }
 
-bool WindowView::pressed(ControlView& view, forms::CommandKey key) {
+bool WindowView::eventFilter(QObject* watched, QEvent* event) {
+  if (!open()) return false;
+  if (watched == topLevel_.get()) return frameEvent(event->type());
+  if (event->type() == QEvent::FocusOut && leavesWindow(static_cast<QFocusEvent&>(*event))) {
+    forms::userLeft(window());
+  }
+  // A widget that has no use for a key passes it on to the one that holds it.
+  if (watched != topLevel_->focusWidget()) return false;
+  if (event->type() == QEvent::KeyRelease) released(static_cast<const QKeyEvent&>(*event));
+  ControlView* view = event->type() == QEvent::KeyPress ? viewOf(watched) : nullptr;
+  return view != nullptr && pressed(*view, static_cast<const QKeyEvent&>(*event));
+}
+
+bool WindowView::frameEvent(QEvent::Type type) {
+  switch (type) {
+    case QEvent::Close:
+      forms::userClosed(window());
+      return true;
+    case QEvent::Move:
+      // On Wayland nobody is told where windows are, and Qt makes places up.
+      if (!isOnWayland() && topLevel_->isVisible() && !topLevel_->isMinimized()) {
+        movedTo({topLevel_->x(), topLevel_->y()}, placed_);
+      }
+      return false;
+    case QEvent::Resize: {
+      const QSize now = topLevel_->size() - withMenuBar({});
+      if (topLevel_->isVisible()) resizedTo({now.width(), now.height()});
+      return false;
+    }
+    case QEvent::WindowStateChange:
+    case QEvent::ActivationChange:
+      placed_ = placed_ || topLevel_->isActiveWindow();
+      minimizedTo(topLevel_->isMinimized());
+      return false;
+    case QEvent::PaletteChange:
+      // Later, because the window hears of new colours before its controls have them.
+      QMetaObject::invokeMethod(
+          topLevel_.get(), [this] { recolored(); }, Qt::QueuedConnection);
+      return false;
+    default:
+      return false;
+  }
+}
+
+/// A key was pressed in a control. True: the widget must not see it.
+bool WindowView::pressed(ControlView& view, const QKeyEvent& event) {
+  if (!repeats(event)) forms::userPressedKey(view.control(), codeOf(event));
+  if (event.key() == Qt::Key_F10 && event.modifiers() == Qt::NoModifier && menuBar_ != nullptr) {
+    menuBar_->setActiveAction(menuBar_->actions().first());
+    return true;
+  }
+  const auto key = commandKey(event);
+  if (!key) return false;
   menuPlace_ = view.menuPlace();
-  const bool dealtWith = forms::userPressedCommandKey(view.control(), key);
+  const bool dealtWith = forms::userPressedCommandKey(view.control(), *key);
   menuPlace_.reset();
   return dealtWith;
 }
 
-bool WindowView::enterMenuBar() {
-  if (menuBar_ == nullptr) return false;
-  menuBar_->setActiveAction(menuBar_->actions().first());
-  return true;
+void WindowView::released(const QKeyEvent& event) {
+  if (event.isAutoRepeat()) return;
+  const bool counted = forms::userReleasedKey(window(), codeOf(event));
+  lastReleased_ = {event.nativeScanCode(), event.timestamp(), counted};
+}
+
+bool WindowView::repeats(const QKeyEvent& event) const {
+  if (event.isAutoRepeat()) return true;
+  const Released& last = lastReleased_;
+  const bool atOnce = event.timestamp() == last.time && event.nativeScanCode() == last.code;
+  return atOnce && last.code != 0 && !last.counted;
 }
 
 QPoint WindowView::menuPlace() const {
@@ -203,24 +258,6 @@ void WindowView::vanish() {
   if (topLevel_ == nullptr) return;
   topLevel_->hide();
   endLoops();
-}
-
-void WindowView::reportMove() {
-  // There nobody is told where windows are; Qt makes places up.
-  if (isOnWayland()) return;
-  if (!topLevel_->isVisible() || topLevel_->isMinimized()) return;
-  movedTo({topLevel_->x(), topLevel_->y()}, placed_);
-}
-
-void WindowView::reportState() {
-  placed_ = placed_ || topLevel_->isActiveWindow();
-  minimizedTo(topLevel_->isMinimized());
-}
-
-/// The window hears of new colours before its controls have them.
-void WindowView::followColors() {
-  QMetaObject::invokeMethod(
-      topLevel_.get(), [this] { recolored(); }, Qt::QueuedConnection);
 }
 
 }  // namespace kvrnstep::qt

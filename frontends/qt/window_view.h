@@ -1,24 +1,22 @@
 #pragma once
 
+#include <QEvent>
 #include <QEventLoop>
 #include <QMenuBar>
 #include <QPointer>
 #include <memory>
+#include <optional>
 #include <vector>
 
-#include "command_keys.h"
 #include "control_view.h"
-#include "forms/keyboard.h"
 #include "forms/view_sync.h"
-#include "top_level.h"
 #include "x_watch.h"
 
 namespace kvrnstep::qt {
 
-class MenuView;
-
-/// Draws one window for as long as it is open.
-class WindowView final : public forms::ViewSync {
+/// Draws one window for as long as it is open. As an event filter it sees what is done to the
+/// window by means of its frame, and the keys of its controls before these see them.
+class WindowView final : public QObject, public forms::ViewSync {
  public:
   WindowView(forms::Window& window, QWidget* owner);
   ~WindowView() override;
@@ -26,7 +24,7 @@ class WindowView final : public forms::ViewSync {
   WindowView& operator=(const WindowView&) = delete;
 
   /// To be asked for as long as the view is open.
-  [[nodiscard]] TopLevel& topLevel() { return *topLevel_; }
+  [[nodiscard]] QWidget& topLevel() { return *topLevel_; }
   [[nodiscard]] ControlView& viewOf(const forms::Control& control) const;
 
   void show();
@@ -35,21 +33,14 @@ class WindowView final : public forms::ViewSync {
 
   // For the views of the controls.
   [[nodiscard]] QWidget* parentFor(const forms::Control& control);
-  /// The menu that an entry stands in; null for a menu of the menu bar or a pop-up menu.
-  [[nodiscard]] MenuView* menuAbove(const forms::Control& entry) const;
   /// The control that a click at that point of the screen would meet, or null.
   [[nodiscard]] forms::Control* controlAt(QPoint onScreen) const;
   /// Null in a window without menus.
   [[nodiscard]] QMenuBar* menuBar() const { return menuBar_; }
-  [[nodiscard]] CommandKeys& commandKeys() { return commandKeys_; }
-  /// The view whose widget that is, or null.
-  [[nodiscard]] ControlView* viewOf(const QWidget& widget) const;
-  /// A key was pressed in a control. True: the widget must not see it.
-  bool pressed(ControlView& view, forms::CommandKey key);
-  /// False: there is none.
-  bool enterMenuBar();
   /// Where on the screen a pop-up menu is to open.
   [[nodiscard]] QPoint menuPlace() const;
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  protected:
   std::unique_ptr<forms::ControlSync> makeView(forms::Control& control) override;
@@ -65,18 +56,28 @@ class WindowView final : public forms::ViewSync {
   void lose();
   void endLoops();
   void makeMenuBar();
-  void reportMove();
-  void reportState();
-  void followColors();
+  bool frameEvent(QEvent::Type type);
+  bool pressed(ControlView& view, const QKeyEvent& event);
+  void released(const QKeyEvent& event);
+  [[nodiscard]] bool repeats(const QKeyEvent& event) const;
+  [[nodiscard]] ControlView* viewOf(const QObject* widget) const;
   [[nodiscard]] QSize withMenuBar(forms::PixelSize inner) const;
 
-  std::unique_ptr<TopLevel> topLevel_;
+  /// X tells a repeat as a release and a press of the same moment, which Qt takes for two of the
+  /// user's if they come one by one. A key that was held here then goes on being held.
+  struct Released {
+    quint32 code;
+    quint64 time;
+    bool counted;
+  };
+
+  std::unique_ptr<QWidget> topLevel_;
   XWatch watch_;
-  CommandKeys commandKeys_;
   QPointer<QMenuBar> menuBar_;
   QPointer<QWidget> ground_;  ///< holds the controls, below the menu bar
   QEventLoop loop_;
   std::optional<QPoint> menuPlace_;
+  Released lastReleased_{};
   /// The window manager has put the window where it likes to, which is not the user's doing.
   bool placed_ = false;
 };

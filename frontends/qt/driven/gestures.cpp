@@ -160,7 +160,7 @@ bool resize(WindowView& view, double width, double height) {
 }
 
 bool minimize(WindowView& view, bool minimized) {
-  TopLevel& window = view.topLevel();
+  QWidget& window = view.topLevel();
   window.setWindowState(window.windowState().setFlag(Qt::WindowMinimized, minimized));
   // A window manager has its own time, and may still be busy with showing the window.
   return QTest::qWaitFor([&] { return view.window().minimized() == minimized; });

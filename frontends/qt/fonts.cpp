@@ -1,5 +1,3 @@
-#include "qt_fonts.h"
-
 #include <QCache>
 #include <QFontDatabase>
 #include <QFontMetrics>
@@ -10,6 +8,7 @@
 #include <utility>
 
 #include "forms/window.h"
+#include "looks.h"
 #include "text.h"
 
 namespace kvrnstep::qt {

@@ -1,8 +1,7 @@
-#include "qt_colors.h"
-
 #include <array>
 
 #include "forms/contrast.h"
+#include "looks.h"
 
 namespace kvrnstep::qt {
 

@@ -1,0 +1,93 @@
+#include "boxes.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "looks.h"
+#include "text.h"
+
+namespace kvrnstep::qt {
+
+namespace {
+
+/// What is done to each box before it is shown.
+void prepare(QDialog& box) {
+  // Closing it must not end a host whose own windows happen to be closed.
+  box.setAttribute(Qt::WA_QuitOnClose, false);
+  box.setFont(captionFont());
+  for (QAbstractButton* button : box.findChild<QDialogButtonBox*>()->buttons()) {
+    button->setIcon({});
+  }
+}
+
+/// "txt" of "*.txt".
+QString extensionOf(const forms::FileFilter& filter) {
+  return toQt(filter.pattern).section('.', -1);
+}
+
+}  // namespace
+
+MessageBox::MessageBox(const forms::Message& message, QWidget* owner)
+    : QMessageBox(message.icon == forms::MessageIcon::Information ? Information : Warning,
+                  toQt(message.title), toQt(message.text), Ok, owner) {
+  setTextFormat(Qt::PlainText);
+  prepare(*this);
+}
+
+QuestionBox::QuestionBox(const forms::Question& question, QWidget* owner) : QInputDialog(owner) {
+  constexpr int kNarrowest = 280;
+  QString prompt = toQt(question.prompt);
+  // The last break ends the last line, behind which Qt would begin another one.
+  if (prompt.endsWith('\n')) prompt.chop(1);
+  setWindowTitle(toQt(question.title));
+  setLabelText(prompt);
+  setTextValue(toQt(question.proposal));
+  // Has Qt make its layout and buttons.
+  adjustSize();
+  findChild<QLabel*>()->setTextFormat(Qt::PlainText);
+  findChild<QLabel*>()->setWordWrap(true);
+  line().setMinimumWidth(kNarrowest);
+  line().setAccessibleName(prompt.trimmed());
+  layout()->setSizeConstraint(QLayout::SetFixedSize);
+  prepare(*this);
+}
+
+QLineEdit& QuestionBox::line() const {
+  return *findChild<QLineEdit*>();
+}
+
+FileBox::FileBox(const forms::FileDialog& dialog, QFileDialog::AcceptMode mode, QWidget* owner)
+    : QFileDialog(owner, toQt(dialog.title), toQt(dialog.folder)) {
+  setOption(QFileDialog::DontUseNativeDialog);
+  setAcceptMode(mode);
+  setFileMode(mode == AcceptOpen ? ExistingFile : AnyFile);
+  prepare(*this);
+  QStringList filters;
+  for (const forms::FileFilter& filter : dialog.filters) filters << toQt(filter.text);
+  setNameFilters(filters);
+  if (!dialog.name.empty()) selectFile(toQt(dialog.name));
+  if (mode == AcceptOpen) {
+    // Qt lets the user name only what the filter shows. Any file can be named; of one that is not
+    // there Qt says so when it is asked for.
+    auto* open = findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open);
+    connect(findChild<QLineEdit*>(), &QLineEdit::textChanged, open,
+            [open](const QString& text) { open->setEnabled(!text.isEmpty()); });
+  }
+  if (dialog.defaultExtension.empty()) return;
+  setDefaultSuffix(toQt(dialog.defaultExtension));
+  // Who asks for a plain text file and names no extension means that one.
+  connect(this, &QFileDialog::filterSelected, this, [this, dialog](const QString& text) {
+    for (const forms::FileFilter& filter : dialog.filters) {
+      if (toQt(filter.text) == text) setDefaultSuffix(extensionOf(filter));
+    }
+  });
+}
+
+void FileBox::accept() {
+  if (!findChild<QLineEdit*>()->text().isEmpty()) QFileDialog::accept();
+}
+
+}  // namespace kvrnstep::qt
