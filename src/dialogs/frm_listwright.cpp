@@ -1,23 +1,17 @@
 #include "dialogs/frm_listwright.h"
 
+#include "generator/generator.h"
+
 namespace kvrnstep::dialogs {
 
-using forms::CheckBox;
-using forms::ComboBox;
 using forms::Control;
-using forms::MenuEntry;
-using forms::MouseButton;
-using forms::OptionButton;
-using forms::Spinner;
-using forms::TextBox;
 
 namespace {
 
-/// Numeric boxes take digits and Backspace; everything else that types a character is discarded.
-bool isDigitOrBackspace(char16_t character) {
-  constexpr char16_t kBackspace = 8;
-  return (character >= u'0' && character <= u'9') || character == kBackspace;
-}
+// Buttons and entries of menus, by their index.
+enum Action : int { Insert = 0, Cancel = 1, Copy = 2, SaveAs = 3, Print = 4, Open = 5 };
+enum FileEntry : int { OpenFile = 0, SaveFile = 1, PrintFile = 3, Close = 5 };
+enum EditEntry : int { Prefixes = 0, Suffixes = 1, Beginnings = 3, Endings = 4 };
 
 }  // namespace
 
@@ -25,134 +19,131 @@ frmListwright::frmListwright(forms::Toolkit& toolkit, const plugin::HostContext&
     : Window(frmListwrightDesign()),
       toolkit_(toolkit),
       host_(host),
-      fraStep(control<Control>("fraStep")),
-      cmdCIC(controlArray<Control, 6>("cmdCIC")),
-      chkLWO(controlArray<CheckBox, kListOptions.size()>("chkLWO")),
-      txtBStart(control<TextBox>("txtBStart")),
-      updBStart(control<Spinner>("updBStart")),
-      txtBEndAt(control<TextBox>("txtBEndAt")),
-      updBEndAt(control<Spinner>("updBEndAt")),
-      txtLS(control<TextBox>("txtLS")),
-      updLS(control<Spinner>("updLS")),
-      cboPreSuf(controlArray<ComboBox, 2>("cboPreSuf")),
-      txtBegin(control<TextBox>("txtBegin")),
-      txtEnd(control<TextBox>("txtEnd")),
-      optNA(controlArray<OptionButton, kListingTypes.size()>("optNA")),
-      imgBull(controlArray<Control, kListingTypes.size()>("imgBull")),
-      lblD(controlArray<Control, 7>("lblD")),
-      txtPreview(control<TextBox>("txtPreview")),
-      lstStepf(control<forms::ListBox>("lstStepf")),
-      mnuFiles(controlArray<MenuEntry, 6>("mnuFiles")),
-      mnuEdits(controlArray<MenuEntry, 5>("mnuEdits")),
-      mnuOptions(controlArray<MenuEntry, 6>("mnuOptions")),
-      mnuActions(controlArray<MenuEntry, 3>("mnuActions")),
-      mnuHid(control<MenuEntry>("mnuHid")),
-      mnuHidd(controlArray<MenuEntry, 3>("mnuHidd")) {
-  assignHandlers();
-}
-
-void frmListwright::assignHandlers() {
+      fields_(
+          *this, toolkit, [this](bool valid) { SetActionsEnabled(valid); },
+          [this] { RefreshPreview(); }),
+      stepFiles_(*this, toolkit, host, [this](const std::u16string& path) { OpenaStepFile(path); }),
+      panels_(*this, toolkit, [this] { RefreshPreview(); }),
+      affixFiles_{AffixFile(host, kAffixKinds[0]), AffixFile(host, kAffixKinds[1])},
+      actions_{&control<Control>("cmdCIC", Insert),     &control<Control>("cmdCIC", Copy),
+               &control<Control>("mnuActions", Insert), &control<Control>("mnuActions", Copy),
+               &control<Control>("mnuFiles", SaveFile), &control<Control>("mnuFiles", PrintFile)} {
   onLoad = [this] { Form_Load(); };
   onQueryUnload = [this] { Form_QueryUnload(); };
-
-  for (auto* element : cmdCIC.all()) {
-    element->onClick = [this](int index) { cmdCIC_Click(index); };
-  }
-  for (auto* element : chkLWO.all()) {
-    element->onClick = [this](int index) { chkLWO_Click(index); };
-  }
-  for (auto* element : optNA.all()) {
-    element->onClick = [this](int index) { optNA_Click(index); };
-  }
-  for (ComboBox* box : cboPreSuf.all()) {
-    box->onClick = [this](int /*index*/) { cboPreSuf_Click(); };
-    box->onKeyUp = [this](int /*index*/) { cboPreSuf_KeyUp(); };
-  }
-  txtBegin.onChange = [this](int /*index*/) { txtBegin_Change(); };
-  txtEnd.onChange = [this](int /*index*/) { txtEnd_Change(); };
-
-  for (TextBox* box : {&txtBStart, &txtBEndAt, &txtLS}) {
-    box->onKeyPress = [](int /*index*/, char16_t key) { return isDigitOrBackspace(key); };
-  }
-  txtBStart.onChange = [this](int /*index*/) { txtBStart_Change(); };
-  txtBEndAt.onChange = [this](int /*index*/) { txtBEndAt_Change(); };
-  txtLS.onChange = [this](int /*index*/) { txtLS_Change(); };
-  for (TextBox* box : {&txtBStart, &txtBEndAt}) {
-    box->onKeyUp = [this](int /*index*/) {
-      SetActionsEnabled(startAndEndValid());
-      RefreshPreview();
-    };
-  }
-  txtLS.onKeyUp = [this](int /*index*/) {
-    SetActionsEnabled(lineSpacingValid());
-    RefreshPreview();
-  };
-  for (Spinner* spinner : {&updBStart, &updBEndAt, &updLS}) {
-    spinner->onUpClick = [this](int /*index*/) { RefreshPreview(); };
-    spinner->onDownClick = spinner->onUpClick;
-    spinner->onMouseUp = [this, spinner](int /*index*/, MouseButton button) {
-      if (button != MouseButton::Right) return;
-      AskSpinnerValue(*spinner, spinner->row().minimum, spinner->row().maximum, u"");
-      RefreshPreview();
-    };
-  }
-
-  lstStepf.onDblClick = [this](int /*index*/) { lstStepf_DblClick(); };
-  lstStepf.onMouseUp = [this](int /*index*/, MouseButton button) { lstStepf_MouseUp(button); };
-  for (auto* element : mnuHidd.all()) {
-    element->onClick = [this](int index) { mnuHidd_Click(index); };
-  }
-  for (auto* element : mnuFiles.all()) {
-    element->onClick = [this](int index) { mnuFiles_Click(index); };
-  }
-  for (auto* element : mnuEdits.all()) {
-    element->onClick = [this](int index) { mnuEdits_Click(index); };
-  }
-  for (auto* element : lblD.all()) {
-    element->onMouseUp = [this](int index, MouseButton /*button*/) { lblD_MouseUp(index); };
-  }
-  for (auto* element : mnuOptions.all()) {
-    element->onClick = [this](int index) { mnuOptions_Click(index); };
-  }
-  for (auto* element : mnuActions.all()) {
-    element->onClick = [this](int index) { mnuActions_Click(index); };
+  onClick("cmdCIC", [this](int index) { cmdCIC_Click(index); });
+  onClick("mnuActions", [this](int index) { mnuActions_Click(index); });
+  onClick("mnuFiles", [this](int index) { mnuFiles_Click(index); });
+  onClick("mnuEdits", [this](int index) { mnuEdits_Click(index); });
+  onClick("mnuOptions", [this](int index) { mnuOptions_Click(index); });
+  for (Control* label : lblD.all()) {
+    label->onMouseUp = [this](int index, forms::MouseButton /*button*/) { lblD_MouseUp(index); };
   }
 }
 
-void frmListwright::optNA_Click(int index) {
-  iListType = static_cast<std::int16_t>(index);
-  for (Control* picture : imgBull.all()) picture->setVisible(picture->index() == index);
-  for (CheckBox* box : chkLWO.all()) {
-    const auto& option = kListOptions.at(static_cast<std::size_t>(box->index()));
-    if (option.types != kEveryType) box->setEnabled(appliesTo(option, index));
-  }
-  RefreshPreview();
+void frmListwright::mnuFiles_Click(int index) {
+  if (index == OpenFile) OpenaStepFile(u"");
+  if (index == SaveFile) SaveStepFileAs();
+  if (index == PrintFile) cmdCIC_Click(Print);
+  if (index == Close) unload();
 }
 
-void frmListwright::chkLWO_Click(int index) {
-  if (index == generator::Indentation) {
-    chkLWO(generator::IndentSpacing).setEnabled(chkLWO(generator::Indentation).value() != 0);
+void frmListwright::mnuEdits_Click(int index) {
+  if (index == Prefixes || index == Suffixes) editAffixes(index);
+  if (index == Beginnings) editStoredTexts(0, control<forms::TextBox>("txtBegin"));
+  if (index == Endings) editStoredTexts(1, control<forms::TextBox>("txtEnd"));
+}
+
+void frmListwright::mnuOptions_Click(int index) {
+  enum Entry { SetDefaults = 0, ClearDefaults = 1, ReopenDefaults = 2, Files = 4, Preview = 5 };
+  if (index == Files) return panels_.toggleFiles();
+  if (index == Preview) return panels_.togglePreview();
+  if (index == SetDefaults) writeOpenDefaults(openDefaultsPlace(), fields_.openDefaults());
+  if (index == ReopenDefaults) ApplyOpenDefaults();
+  if (index <= ReopenDefaults) switchOpenDefaults(openDefaultsPlace(), index != ClearDefaults);
+}
+
+void frmListwright::lblD_MouseUp(int index) {
+  // The labels that do what an entry of the Edit menu does.
+  constexpr std::array<std::pair<int, EditEntry>, 4> kLabels{
+      {{0, Prefixes}, {1, Suffixes}, {5, Beginnings}, {4, Endings}}};
+  for (const auto& [label, entry] : kLabels) {
+    if (label == index) mnuEdits_Click(entry);
   }
-  RefreshPreview();
 }
 
 void frmListwright::SetActionsEnabled(bool bolEnable) {
-  cmdCIC(0).setEnabled(bolEnable);
-  cmdCIC(2).setEnabled(bolEnable);
-  mnuActions(0).setEnabled(bolEnable);
-  mnuActions(2).setEnabled(bolEnable);
-  mnuFiles(1).setEnabled(bolEnable);
-  mnuFiles(3).setEnabled(bolEnable);
-  const bool previewShown = fraStep.place().left > 4;
-  for (int panelButton = 3; panelButton <= 5; ++panelButton) {
-    cmdCIC(panelButton).setEnabled(previewShown && bolEnable);
+  for (Control* action : actions_) action->setEnabled(bolEnable);
+  panels_.enableButtons(bolEnable);
+}
+
+void frmListwright::cmdCIC_Click(int index) {
+  switch (index) {
+    case Insert:
+      insertList();
+      if (insertCopies_ && lwSelectionMade_) toolkit_.setClipboard(lwOutputString_);
+      return unload();
+    case Cancel:
+      lwSelectionMade_ = false;
+      lwOutputString_.clear();
+      return unload();
+    case Copy:
+      copyList();
+      return unload();
+    case SaveAs:
+      return SaveStepFileAs();
+    case Print:
+      return printList();
+    case Open:
+      if (panels_.anyShown()) OpenaStepFile(u"");
+      return;
+    default:
+      return;
   }
 }
 
-void frmListwright::selectType(std::int16_t type) {
-  for (OptionButton* button : optNA.all()) {
-    if (button->index() == type) button->setValue(true);
+void frmListwright::BuildStepList() {
+  fields_.numbers().takeCount();
+  if (fields_.numbers().countGiven()) {
+    lwOutputString_ = generator::generateList(fields_.settings(), host_.bytSpcCount);
+    return;
   }
+  toolkit_.showMessage({forms::MessageIcon::Information, u"How many?",
+                        u"You must enter a maximum count.\n\n1 to 99"});
+  lwSelectionMade_ = false;
+}
+
+void frmListwright::RefreshPreview() {
+  if (!panels_.anyShown()) return;
+  BuildStepList();
+  txtPreview.setText(lwOutputString_);
+  lwOutputString_.clear();
+  fields_.numbers().putCountBack();
+}
+
+void frmListwright::insertList() {
+  lwSelectionMade_ = true;
+  BuildStepList();
+}
+
+void frmListwright::copyList() {
+  insertList();
+  lwSelectionMade_ = false;
+  toolkit_.setClipboard(lwOutputString_);
+  lwOutputString_.clear();
+}
+
+void frmListwright::printList() {
+  insertList();
+  lwSelectionMade_ = false;
+  PrintStepList(lwOutputString_);
+  lwOutputString_.clear();
+  fields_.numbers().putCountBack();
+}
+
+void frmListwright::PrintStepList(const std::u16string& text) {
+  toolkit_.setBusy(true);
+  toolkit_.print(text);
+  toolkit_.setBusy(false);
 }
 
 }  // namespace kvrnstep::dialogs

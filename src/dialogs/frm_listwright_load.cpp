@@ -1,46 +1,33 @@
 #include "dialogs/frm_listwright.h"
-#include "dialogs/window_position.h"
-#include "stepfiles/open_defaults.h"
-#include "storage/list_file.h"
-#include "storage/settings_store.h"
+#include "dialogs/frm_step_be.h"
+#include "dialogs/frm_step_ps_edit.h"
+#include "dialogs/host_settings.h"
 #include "text/numbers.h"
-#include "text/paths.h"
 
+// How the dialog opens and closes, and what it opens.
 namespace kvrnstep::dialogs {
 
 namespace {
 
 constexpr int kLinkCursor = 104;
-constexpr std::u16string_view kLeftKey = u"Listwright_LT";
-constexpr std::u16string_view kTopKey = u"Listwright_TT";
+constexpr std::u16string_view kPositionKeys = u"Listwright";
 constexpr std::array kClickableLabels{0, 1, 4, 5};
-constexpr std::array<std::u16string_view, 2> kAffixFiles{u"Prefix_Step.dat", u"Suffix_Step.dat"};
 
 }  // namespace
-
-std::u16string frmListwright::readKey(std::u16string_view key, std::u16string_view fallback) const {
-  return modSecns::ReadIniKey(host_.SEC_APP_NAME, key, fallback, host_.s_IniPathAndName);
-}
-
-void frmListwright::writeKey(std::u16string_view key, std::u16string_view value) const {
-  modSecns::WriteIniKey(host_.SEC_APP_NAME, key, value, host_.s_IniPathAndName);
-}
-
-std::u16string frmListwright::stepFolderPath(std::u16string_view name) const {
-  return text::inFolder(host_.sPthStepFolder, name);
-}
 
 void frmListwright::Form_Load() {
   adoptEditorLook();
   for (const int label : kClickableLabels) lblD(label).setCursor(kLinkCursor);
-  for (const forms::ComboBox* box : cboPreSuf.all()) loadAffixes(box->index());
-  cboPreSuf(1).setText(readKey(u"Suffix", u"."));
-  selectType(LwStepStart());
-  if (stepfiles::openDefaultsOn(openDefaultsPlace())) ApplyOpenDefaults();
-  if (startAndEndValid()) SetActionsEnabled(true);
-  restoreDisplay();
-  FillStepFileList();
-  restorePosition(*this, toolkit_, host_, kLeftKey, kTopKey);
+  for (std::size_t i = 0; i < affixFiles_.size(); ++i) {
+    affixFiles_.at(i).load(cboPreSuf(static_cast<int>(i)));
+  }
+  cboPreSuf(1).setText(readKey(host_, u"Suffix", u"."));
+  fields_.selectType(LwStepStart());
+  if (openDefaultsOn(openDefaultsPlace())) ApplyOpenDefaults();
+  if (fields_.numbers().startAndEndValid()) SetActionsEnabled(true);
+  panels_.restore(readKey(host_, u"Display", u""));
+  stepFiles_.FillStepFileList();
+  restorePosition(*this, toolkit_, host_, kPositionKeys);
 }
 
 void frmListwright::adoptEditorLook() {
@@ -53,44 +40,42 @@ void frmListwright::adoptEditorLook() {
   txtPreview.setForeColor(host_.l_EditorFColor);
 }
 
-void frmListwright::loadAffixes(int index) {
-  const auto i = static_cast<std::size_t>(index);
-  affixesWhole_.at(i) =
-      storage::LoadSaveListFile(cboPreSuf(index), false, stepFolderPath(kAffixFiles.at(i)));
-}
-
-void frmListwright::saveAffixes() {
-  for (std::size_t i = 0; i < kAffixFiles.size(); ++i) {
-    // What the list does not show, for it could not be read or is too much, must not be lost.
-    if (!affixesWhole_.at(i)) continue;
-    storage::LoadSaveListFile(cboPreSuf(static_cast<int>(i)), true,
-                              stepFolderPath(kAffixFiles.at(i)));
-  }
-}
-
-void frmListwright::restoreDisplay() {
-  const std::u16string display = readKey(u"Display", u"");
-  if (display == u"Files" || display == u"FilesPreview") mnuOptions_Click(kDisplayStepFiles);
-  if (display == u"Preview" || display == u"FilesPreview") mnuOptions_Click(kDisplayPreview);
-}
-
 void frmListwright::Form_QueryUnload() {
-  saveDisplay();
-  writeKey(u"EditorFont", txtPreview.font());
-  writeKey(u"EditorSize", text::decimal(txtPreview.fontSize()));
-  writeKey(u"SpcCount", text::decimal(std::int64_t{host_.bytSpcCount}));
-  saveAffixes();
+  writeKey(host_, u"Display", panels_.display());
+  writeKey(host_, u"EditorFont", txtPreview.font());
+  writeKey(host_, u"EditorSize", text::decimal(txtPreview.fontSize()));
+  writeKey(host_, u"SpcCount", text::decimal(std::int64_t{host_.bytSpcCount}));
+  for (std::size_t i = 0; i < affixFiles_.size(); ++i) {
+    affixFiles_.at(i).save(cboPreSuf(static_cast<int>(i)));
+  }
   for (const int label : kClickableLabels) lblD(label).setCursor(0);
-  lstStepf.Clear();
+  stepFiles_.clear();
   for (forms::ComboBox* box : cboPreSuf.all()) box->Clear();
-  savePosition(*this, host_, kLeftKey, kTopKey);
+  savePosition(*this, host_, kPositionKeys);
 }
 
-void frmListwright::saveDisplay() {
-  std::u16string display;
-  if (mnuOptions(kDisplayStepFiles).checked()) display += u"Files";
-  if (mnuOptions(kDisplayPreview).checked()) display += u"Preview";
-  writeKey(u"Display", display);
+stepfiles::OpenDefaultsPlace frmListwright::openDefaultsPlace() const {
+  return {host_.SEC_APP_NAME, host_.s_IniPathAndName, host_.sPthStepFolder};
+}
+
+void frmListwright::ApplyOpenDefaults() {
+  fields_.show(readOpenDefaults(openDefaultsPlace()), !lwMenuMode_);
+}
+
+void frmListwright::editAffixes(int index) {
+  frmStepPSEdit editor(toolkit_, host_);
+  const std::u16string text = cboPreSuf(index).text();
+  editor.PivitWhat = static_cast<std::uint8_t>(index);
+  editor.showModal(toolkit_);
+  affixFiles_.at(static_cast<std::size_t>(index)).load(cboPreSuf(index));
+  cboPreSuf(index).setText(text);
+}
+
+void frmListwright::editStoredTexts(std::uint8_t kind, forms::TextBox& target) {
+  frmStepBE editor(toolkit_, host_);
+  editor.DoBegEnd(kind);
+  editor.showModal(toolkit_);
+  if (!editor.IsBEBapplied().empty()) target.setText(editor.IsBEBapplied());
 }
 
 }  // namespace kvrnstep::dialogs

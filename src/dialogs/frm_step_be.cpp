@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "dialogs/window_position.h"
+#include "dialogs/host_settings.h"
 #include "text/paths.h"
 
 namespace kvrnstep::dialogs {
@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kLinkCursor = 104;
 constexpr int kRows = 5;
+constexpr std::u16string_view kPlaceKeys = u"StepBE";
 
 /// Places as shares of the inner width and height.
 constexpr Rect kOkButton{0.427, 0.898, 0.146, 0.091};
@@ -27,22 +28,15 @@ constexpr std::array kPictureColumns{0.235, 0.584, 0.932};
 }  // namespace
 
 frmStepBE::frmStepBE(forms::Toolkit& toolkit, const plugin::HostContext& host)
-    : Window(frmStepBEDesign()),
-      toolkit_(toolkit),
-      host_(host),
-      txtHold(controlArray<TextBox, kSlots>("txtHold")),
-      imgBE(controlArray<Control, kSlots>("imgBE")),
-      cmdOK(control<Control>("cmdOK")) {
+    : Window(frmStepBEDesign()), toolkit_(toolkit), host_(host) {
   onLoad = [this] { Form_Load(); };
   onQueryUnload = [this] { Form_QueryUnload(); };
   onResize = [this] { Form_Resize(); };
   for (TextBox* box : txtHold.all()) {
     box->onChange = [this](int index) { txtHold_Change(index); };
   }
-  for (Control* image : imgBE.all()) {
-    image->onClick = [this](int index) { imgBE_Click(index); };
-  }
-  cmdOK.onClick = [this](int /*index*/) { unload(); };
+  onClick("imgBE", [this](int index) { imgBE_Click(index); });
+  onClick("cmdOK", [this](int /*index*/) { cmdOK_Click(); });
 }
 
 void frmStepBE::Form_Load() {
@@ -54,7 +48,8 @@ void frmStepBE::Form_Load() {
   }
   setCaption(DoBegEnd() == 0 ? u"Beginning (Storage)" : u"Ending (Storage)");
   LoadOrSaveSlots(false, storageFile());
-  restoreGeometry();
+  restorePosition(*this, toolkit_, host_, kPlaceKeys);
+  restoreSize(*this, host_, kPlaceKeys);
 }
 
 void frmStepBE::Form_QueryUnload() {
@@ -63,7 +58,8 @@ void frmStepBE::Form_QueryUnload() {
     image->setCursor(0);
   }
   LoadOrSaveSlots(true, storageFile());
-  saveGeometry();
+  savePosition(*this, host_, kPlaceKeys);
+  saveSize(*this, host_, kPlaceKeys);
 }
 
 std::u16string frmStepBE::storageFile() const {
@@ -71,30 +67,21 @@ std::u16string frmStepBE::storageFile() const {
 }
 
 void frmStepBE::LoadOrSaveSlots(bool bolSave, const std::u16string& sFile) {
-  if (bolSave) {
-    saveSlots(sFile);
-  } else {
-    loadSlots(sFile);
+  const auto slot = [](const TextBox& box) { return static_cast<std::size_t>(box.index()); };
+  if (!bolSave) {
+    const auto texts = stepfiles::readStoredTexts(sFile);
+    storageRead_ = texts.has_value();
+    if (!texts) return;
+    for (TextBox* box : txtHold.all()) box->setText(texts->at(slot(*box)));
+    return;
   }
-}
-
-void frmStepBE::loadSlots(const std::u16string& sFile) {
-  auto texts = stepfiles::readStoredTexts(sFile);
-  storageRead_ = texts.has_value();
-  if (!texts) return;
-  for (TextBox* box : txtHold.all()) {
-    box->setText(std::move(texts->at(static_cast<std::size_t>(box->index()))));
-  }
-}
-
-void frmStepBE::saveSlots(const std::u16string& sFile) {
   stepfiles::StoredTexts texts;
   for (TextBox* box : txtHold.all()) {
-    texts.at(static_cast<std::size_t>(box->index())) = box->text();
+    texts.at(slot(*box)) = box->text();
+    box->setText(u"");
   }
   // A file that could not be read must not be replaced by empty slots.
   if (storageRead_) stepfiles::writeStoredTexts(sFile, texts);
-  for (TextBox* box : txtHold.all()) box->setText(u"");
 }
 
 void frmStepBE::txtHold_Change(int Index) {
@@ -108,26 +95,17 @@ void frmStepBE::imgBE_Click(int Index) {
   unload();
 }
 
-void frmStepBE::restoreGeometry() {
-  restorePosition(*this, toolkit_, host_, u"StepBE_LT", u"StepBE_TT");
-  if (const auto height = storedTwips(host_, u"StepBE_HT", place().height / 2)) setHeight(*height);
-  if (const auto width = storedTwips(host_, u"StepBE_WT", place().width / 2)) setWidth(*width);
-}
-
-void frmStepBE::saveGeometry() {
-  savePosition(*this, host_, u"StepBE_LT", u"StepBE_TT");
-  if (minimized()) return;
-  storeTwips(host_, u"StepBE_HT", place().height);
-  storeTwips(host_, u"StepBE_WT", place().width);
+void frmStepBE::cmdOK_Click() {
+  unload();
 }
 
 void frmStepBE::Form_Resize() {
   if (!minimized()) keepMinimumSize();
   const double width = innerWidth();
   const double height = innerHeight();
-  cmdOK.setPlace({kOkButton.left * width, kOkButton.top * height, kOkButton.width * width,
-                  kOkButton.height * height});
-  for (int slot = 0; slot < kSlots; ++slot) layOutSlot(slot, width, height);
+  control<Control>("cmdOK").setPlace({kOkButton.left * width, kOkButton.top * height,
+                                      kOkButton.width * width, kOkButton.height * height});
+  for (int slot = 0; slot < txtHold.size(); ++slot) layOutSlot(slot, width, height);
 }
 
 void frmStepBE::keepMinimumSize() {

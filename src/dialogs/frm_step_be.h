@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "forms/toolkit.h"
-#include "forms/window.h"
 #include "plugin/host_context.h"
 #include "stepfiles/stored_texts.h"
 
@@ -27,28 +26,22 @@ class frmStepBE : public forms::Window {
   [[nodiscard]] const std::u16string& IsBEBapplied() const { return isBEBapplied_; }
 
  private:
-  static constexpr int kSlots = static_cast<int>(stepfiles::kStoredTexts);
-
   void Form_Load();
   void Form_QueryUnload();
   void Form_Resize();
   void txtHold_Change(int Index);
   void imgBE_Click(int Index);
+  void cmdOK_Click();
 
   void LoadOrSaveSlots(bool bolSave, const std::u16string& sFile);
-  void loadSlots(const std::u16string& sFile);
-  void saveSlots(const std::u16string& sFile);
   [[nodiscard]] std::u16string storageFile() const;
-  void restoreGeometry();
-  void saveGeometry();
   void keepMinimumSize();
   void layOutSlot(int slot, double width, double height);
 
   forms::Toolkit& toolkit_;
   const plugin::HostContext& host_;
-  forms::ControlArray<forms::TextBox, kSlots> txtHold;
-  forms::ControlArray<forms::Control, kSlots> imgBE;
-  forms::Control& cmdOK;
+  forms::ControlArray<forms::TextBox, stepfiles::kStoredTexts> txtHold{*this, "txtHold"};
+  forms::ControlArray<forms::Control, stepfiles::kStoredTexts> imgBE{*this, "imgBE"};
   std::uint8_t doBegEnd_ = 0;
   std::u16string isBEBapplied_;
   bool storageRead_ = false;  ///< the slots show what the file holds

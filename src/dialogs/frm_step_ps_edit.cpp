@@ -2,77 +2,39 @@
 
 #include <algorithm>
 
+#include "dialogs/host_settings.h"
 #include "dialogs/list_sort.h"
-#include "dialogs/window_position.h"
 #include "plugin/alert_sound.h"
-#include "storage/list_file.h"
 #include "text/letter_case.h"
-#include "text/paths.h"
 
 namespace kvrnstep::dialogs {
 
 using forms::Control;
-using forms::ListBox;
-using forms::TextBox;
 
 namespace {
 
 constexpr int kDragCursor = 106;
 constexpr int kHoverCursor = 107;
-
-/// What tells the two lists apart.
-struct ListKind {
-  std::u16string_view file;
-  std::u16string_view caption;
-  std::u16string_view heading;
-};
-constexpr std::array<ListKind, 2> kLists{{
-    {u"Prefix_Step.dat", u"Edit Step - Prefixes", u"Prefixes"},
-    {u"Suffix_Step.dat", u"Edit Step - Suffixes", u"Suffixes"},
-}};
+constexpr std::u16string_view kPositionKeys = u"StepPSEdit";
 
 }  // namespace
 
 frmStepPSEdit::frmStepPSEdit(forms::Toolkit& toolkit, const plugin::HostContext& host)
-    : Window(frmStepPSEditDesign()),
-      toolkit_(toolkit),
-      host_(host),
-      lblDum(control<Control>("lblDum")),
-      lstEdit(control<ListBox>("lstEdit")),
-      txtAdd(control<TextBox>("txtAdd")),
-      lblDrag(controlArray<Control, 3>("lblDrag")),
-      cmdCases(controlArray<Control, 3>("cmdCases")),
-      cmdAdd(control<Control>("cmdAdd")),
-      cmdSort(control<Control>("cmdSort")),
-      cmdEdO(control<Control>("cmdEdO")),
-      cmdDelete(control<Control>("cmdDelete")),
-      cmdPatU(control<Control>("cmdPatU")),
-      cmdPatD(control<Control>("cmdPatD")) {
-  assignHandlers();
-}
-
-void frmStepPSEdit::assignHandlers() {
+    : Window(frmStepPSEditDesign()), toolkit_(toolkit), host_(host) {
   onLoad = [this] { Form_Load(); };
   onQueryUnload = [this] { Form_QueryUnload(); };
   txtAdd.onChange = [this](int /*index*/) { txtAdd_Change(); };
   txtAdd.onDragDrop = [this](int /*index*/, const Control& source) { txtAdd_DragDrop(source); };
-  lstEdit.onClick = [this](int /*index*/) { lstEdit_Click(); };
-  cmdAdd.onClick = [this](int /*index*/) { cmdAdd_Click(); };
-  cmdEdO.onClick = [this](int /*index*/) { cmdEdO_Click(); };
-  cmdDelete.onClick = [this](int /*index*/) { cmdDelete_Click(); };
-  cmdPatU.onClick = [this](int /*index*/) { cmdPatU_Click(); };
-  cmdPatD.onClick = [this](int /*index*/) { cmdPatD_Click(); };
-  cmdSort.onClick = [this](int /*index*/) { cmdSort_Click(); };
-  for (Control* button : cmdCases.all()) {
-    button->onClick = [this](int index) { cmdCases_Click(index); };
-  }
-  control<Control>("cmdOK").onClick = [this](int /*index*/) { cmdOK_Click(); };
-  control<Control>("cmdCancel").onClick = [this](int /*index*/) { unload(); };
-}
-
-std::optional<std::u16string> frmStepPSEdit::listFile() const {
-  if (PivitWhat >= kLists.size()) return std::nullopt;
-  return text::inFolder(host_.sPthStepFolder, kLists.at(PivitWhat).file);
+  onClick("lstEdit", [this](int /*index*/) { lstEdit_Click(); });
+  onClick("cmdAdd", [this](int /*index*/) { cmdAdd_Click(); });
+  onClick("cmdEdO", [this](int /*index*/) { cmdEdO_Click(); });
+  onClick("cmdDelete", [this](int /*index*/) { cmdDelete_Click(); });
+  onClick("cmdPatU", [this](int /*index*/) { cmdPatU_Click(); });
+  onClick("cmdPatD", [this](int /*index*/) { cmdPatD_Click(); });
+  onClick("cmdSort", [this](int /*index*/) { cmdSort_Click(); });
+  onClick("cmdCases", [this](int index) { cmdCases_Click(index); });
+  onClick("cmdOK", [this](int /*index*/) { cmdOK_Click(); });
+  onClick("cmdCancel", [this](int /*index*/) { unload(); });
 }
 
 void frmStepPSEdit::Form_Load() {
@@ -80,13 +42,14 @@ void frmStepPSEdit::Form_Load() {
     label->setDragCursor(kDragCursor);
     label->setCursor(kHoverCursor);
   }
-  if (const auto file = listFile()) {
-    setCaption(kLists.at(PivitWhat).caption);
-    lblDum.setCaption(kLists.at(PivitWhat).heading);
-    listWhole_ = storage::LoadSaveListFile(lstEdit, false, *file);
+  if (PivitWhat < kAffixKinds.size()) {
+    const AffixKind& kind = kAffixKinds.at(PivitWhat);
+    setCaption(kind.caption);
+    control<Control>("lblDum").setCaption(kind.heading);
+    file_.emplace(host_, kind).load(lstEdit);
   }
   enableSort();
-  restorePosition(*this, toolkit_, host_, u"StepPSEdit_LT", u"StepPSEdit_TT");
+  restorePosition(*this, toolkit_, host_, kPositionKeys);
 }
 
 void frmStepPSEdit::Form_QueryUnload() {
@@ -95,18 +58,16 @@ void frmStepPSEdit::Form_QueryUnload() {
     label->setCursor(0);
   }
   lstEdit.Clear();
-  savePosition(*this, host_, u"StepPSEdit_LT", u"StepPSEdit_TT");
+  savePosition(*this, host_, kPositionKeys);
 }
 
 void frmStepPSEdit::cmdOK_Click() {
-  // What the list does not show, for it could not be read or is too much, must not be lost.
-  const auto file = listFile();
-  if (file && listWhole_) storage::LoadSaveListFile(lstEdit, true, *file);
+  if (file_) file_->save(lstEdit);
   unload();
 }
 
 void frmStepPSEdit::txtAdd_Change() {
-  cmdAdd.setEnabled(!txtAdd.text().empty());
+  control<Control>("cmdAdd").setEnabled(!txtAdd.text().empty());
 }
 
 void frmStepPSEdit::txtAdd_DragDrop(const Control& Source) {
@@ -193,11 +154,13 @@ void frmStepPSEdit::cmdCases_Click(int Index) {
 }
 
 void frmStepPSEdit::enableSelectionButtons(bool enabled) {
-  for (Control* button : {&cmdEdO, &cmdDelete, &cmdPatU, &cmdPatD}) button->setEnabled(enabled);
+  for (const auto* name : {"cmdEdO", "cmdDelete", "cmdPatU", "cmdPatD"}) {
+    control<Control>(name).setEnabled(enabled);
+  }
 }
 
 void frmStepPSEdit::enableSort() {
-  cmdSort.setEnabled(lstEdit.ListCount() > 0);
+  control<Control>("cmdSort").setEnabled(lstEdit.ListCount() > 0);
 }
 
 void frmStepPSEdit::playFinishSound() {

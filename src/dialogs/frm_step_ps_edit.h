@@ -1,12 +1,11 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
 
+#include "dialogs/affix_list.h"
 #include "forms/toolkit.h"
-#include "forms/window.h"
 #include "plugin/host_context.h"
 
 namespace kvrnstep::dialogs {
@@ -21,8 +20,6 @@ class frmStepPSEdit : public forms::Window {
   std::uint8_t PivitWhat = 0;  ///< 0 edits the prefixes, 1 the suffixes, anything else nothing
 
  private:
-  void assignHandlers();
-
   void Form_Load();
   void Form_QueryUnload();
   void txtAdd_Change();
@@ -37,7 +34,6 @@ class frmStepPSEdit : public forms::Window {
   void cmdCases_Click(int Index);
   void cmdOK_Click();
 
-  [[nodiscard]] std::optional<std::u16string> listFile() const;
   [[nodiscard]] int findExact(const std::u16string& text) const;
   [[nodiscard]] int selected() const { return lstEdit.entries().selected; }
   [[nodiscard]] bool entrySelected() const { return lstEdit.ListCount() > 0 && selected() >= 0; }
@@ -48,18 +44,10 @@ class frmStepPSEdit : public forms::Window {
 
   forms::Toolkit& toolkit_;
   const plugin::HostContext& host_;
-  forms::Control& lblDum;
-  forms::ListBox& lstEdit;
-  forms::TextBox& txtAdd;
-  forms::ControlArray<forms::Control, 3> lblDrag;
-  forms::ControlArray<forms::Control, 3> cmdCases;
-  forms::Control& cmdAdd;
-  forms::Control& cmdSort;
-  forms::Control& cmdEdO;
-  forms::Control& cmdDelete;
-  forms::Control& cmdPatU;
-  forms::Control& cmdPatD;
-  bool listWhole_ = false;  ///< the list file was read to its end
+  forms::ListBox& lstEdit = control<forms::ListBox>("lstEdit");
+  forms::TextBox& txtAdd = control<forms::TextBox>("txtAdd");
+  forms::ControlArray<forms::Control, 3> lblDrag{*this, "lblDrag"};
+  std::optional<AffixFile> file_;
 };
 
 /// How the editor is declared.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -382,19 +381,6 @@ class MenuEntry : public Control {
 
  private:
   bool checked_ = row().checked;
-};
-
-/// The elements of a control array, by their index.
-template <class T, int Count>
-class ControlArray {
- public:
-  explicit ControlArray(const std::array<T*, Count>& elements) : elements_(elements) {}
-
-  T& operator()(int index) const { return *elements_.at(static_cast<std::size_t>(index)); }
-  [[nodiscard]] const std::array<T*, Count>& all() const { return elements_; }
-
- private:
-  std::array<T*, Count> elements_;
 };
 
 }  // namespace kvrnstep::forms

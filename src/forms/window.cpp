@@ -51,6 +51,12 @@ Control* Window::find(std::string_view name, int index) const {
   return found == controls_.end() ? nullptr : found->get();
 }
 
+void Window::onClick(std::string_view name, const std::function<void(int index)>& handler) {
+  for (const auto& control : controls_) {
+    if (control->row().name == name) control->onClick = handler;
+  }
+}
+
 void Window::changed(Control& control, Property property) {
   if (view_ != nullptr) view_->changed(control, property);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <map>
 #include <memory>
@@ -91,15 +92,11 @@ class Window {
   std::function<void()> onResize;
 
   template <class T>
-  T& control(std::string_view name, int index = -1) {
+  [[nodiscard]] T& control(std::string_view name, int index = -1) const {
     return static_cast<T&>(*find(name, index));
   }
-  template <class T, int Count>
-  ControlArray<T, Count> controlArray(std::string_view name) {
-    std::array<T*, Count> elements{};
-    for (int i = 0; i < Count; ++i) elements[static_cast<std::size_t>(i)] = &control<T>(name, i);
-    return ControlArray<T, Count>(elements);
-  }
+  /// Gives all controls of that name a handler.
+  void onClick(std::string_view name, const std::function<void(int index)>& handler);
 
  private:
   friend class Control;
@@ -125,6 +122,23 @@ class Window {
   bool minimized_ = false;
   bool unloading_ = false;
   bool unloaded_ = false;
+};
+
+/// The elements of a control array, by their index.
+template <class T, std::size_t Count>
+class ControlArray {
+ public:
+  ControlArray(const Window& window, std::string_view name) {
+    for (int i = 0; i < size(); ++i)
+      elements_.at(static_cast<std::size_t>(i)) = &window.control<T>(name, i);
+  }
+
+  T& operator()(int index) const { return *elements_.at(static_cast<std::size_t>(index)); }
+  [[nodiscard]] const std::array<T*, Count>& all() const { return elements_; }
+  [[nodiscard]] static constexpr int size() { return static_cast<int>(Count); }
+
+ private:
+  std::array<T*, Count> elements_{};
 };
 
 }  // namespace kvrnstep::forms

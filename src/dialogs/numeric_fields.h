@@ -1,0 +1,60 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "forms/toolkit.h"
+#include "generator/list_settings.h"
+
+namespace kvrnstep::dialogs {
+
+/// Start, End and Line Spacing: three boxes and the spinners that belong to them.
+class NumericFields {
+ public:
+  /// @param SetActionsEnabled is told whether the numbers make a list
+  /// @param RefreshPreview is called when the user has changed a number
+  NumericFields(forms::Window& window, forms::Toolkit& toolkit,
+                std::function<void(bool)> SetActionsEnabled, std::function<void()> RefreshPreview);
+  NumericFields(const NumericFields&) = delete;
+  NumericFields& operator=(const NumericFields&) = delete;
+
+  [[nodiscard]] bool startAndEndValid() const;
+
+  /// Takes the number of the last step out of the End box, which is then empty until
+  /// putCountBack().
+  void takeCount();
+  void putCountBack();
+  [[nodiscard]] bool countGiven() const { return iStepCount != 0; }
+
+  /// The numbers that the boxes hold, and the one that takeCount() has taken.
+  void readBoxes(generator::ListSettings& settings) const;
+  void readSpinners(generator::ListSettings& settings) const;
+  void show(const generator::ListSettings& settings);
+
+ private:
+  void txtBStart_Change();
+  void txtBEndAt_Change();
+  void txtLS_Change();
+  /// Whether the actions are enabled now.
+  bool enableByStartAndEnd();
+  bool enableByLineSpacing();
+  void AskSpinnerValue(forms::Spinner& spinner);
+
+  forms::Window& window_;
+  forms::Toolkit& toolkit_;
+  std::function<void(bool)> SetActionsEnabled;
+  std::function<void()> RefreshPreview;
+  forms::TextBox& txtBStart = window_.control<forms::TextBox>("txtBStart");
+  forms::TextBox& txtBEndAt = window_.control<forms::TextBox>("txtBEndAt");
+  forms::TextBox& txtLS = window_.control<forms::TextBox>("txtLS");
+  forms::Spinner& updBStart = window_.control<forms::Spinner>("updBStart");
+  forms::Spinner& updBEndAt = window_.control<forms::Spinner>("updBEndAt");
+  forms::Spinner& updLS = window_.control<forms::Spinner>("updLS");
+  std::int16_t iStepCount = 0;
+  std::u16string endBefore_;  ///< what the End box held when the count was taken
+  forms::TextSelection caretBefore_;
+};
+
+}  // namespace kvrnstep::dialogs

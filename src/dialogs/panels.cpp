@@ -1,0 +1,84 @@
+#include "dialogs/panels.h"
+
+#include <utility>
+
+#include "dialogs/host_settings.h"
+
+namespace kvrnstep::dialogs {
+
+namespace {
+
+// Widths and heights of the dialog are in twips, left edges of controls in pixels.
+constexpr double kNarrow = 4170;
+constexpr double kWide = 8220;
+constexpr double kLow = 5280;
+constexpr double kHigh = 6855;
+constexpr double kPanelLeft = 4;
+constexpr double kFrameAlone = 2;
+constexpr double kFrameBesidePreview = 275;
+constexpr double kOutOfView = -10000;
+constexpr int kFirstButton = 3;  ///< of the array; the ones before belong to the options frame
+
+}  // namespace
+
+Panels::Panels(forms::Window& window, forms::Toolkit& toolkit, std::function<void()> refresh)
+    : window_(window), toolkit_(toolkit), RefreshPreview(std::move(refresh)) {}
+
+std::u16string Panels::display() const {
+  std::u16string display;
+  if (files_.checked()) display += u"Files";
+  if (preview_.checked()) display += u"Preview";
+  return display;
+}
+
+void Panels::restore(std::u16string_view display) {
+  const bool both = display == u"FilesPreview";
+  if (both || display == u"Files") toggleFiles();
+  if (both || display == u"Preview") togglePreview();
+}
+
+void Panels::toggleFiles() {
+  lstStepf.setIndex(-1);
+  toggle(files_);
+}
+
+void Panels::togglePreview() {
+  toggle(preview_);
+}
+
+void Panels::toggle(forms::MenuEntry& entry) {
+  entry.setChecked(!entry.checked());
+  layOut();
+  const forms::Rect middle = centred(window_.place(), toolkit_);
+  window_.setTop(middle.top);
+  window_.setLeft(middle.left);
+}
+
+void Panels::layOut() {
+  const bool files = files_.checked();
+  const bool preview = preview_.checked();
+  bolPanelShown = files || preview;
+  window_.setHeight(files ? kHigh : kLow);
+  window_.setWidth(preview ? kWide : kNarrow);
+  fraStep.setLeft(preview ? kFrameBesidePreview : kFrameAlone);
+  txtPreview.setLeft(preview ? kPanelLeft : kOutOfView);
+  lstStepf.setEnabled(files);
+  lstStepf.setWidth(window_.innerWidth() - 2 * kPanelLeft);
+  showButtons(bolPanelShown);
+  if (preview) RefreshPreview();
+}
+
+void Panels::showButtons(bool shown) {
+  for (int button = kFirstButton; button < cmdCIC.size(); ++button) {
+    cmdCIC(button).setVisible(shown);
+    cmdCIC(button).setEnabled(shown);
+  }
+}
+
+void Panels::enableButtons(bool enabled) {
+  for (int button = kFirstButton; button < cmdCIC.size(); ++button) {
+    cmdCIC(button).setEnabled(enabled && preview_.checked());
+  }
+}
+
+}  // namespace kvrnstep::dialogs

@@ -1,0 +1,69 @@
+#include "dialogs/step_file_list.h"
+
+#include <utility>
+
+#include "platform/files.h"
+#include "stepfiles/step_folder.h"
+
+namespace kvrnstep::dialogs {
+
+namespace {
+
+/// The pop-up menu.
+enum Entry : int { Open = 0, Delete = 2 };
+
+}  // namespace
+
+StepFileList::StepFileList(forms::Window& window, forms::Toolkit& toolkit,
+                           const plugin::HostContext& host,
+                           std::function<void(const std::u16string&)> open)
+    : window_(window), toolkit_(toolkit), host_(host), OpenaStepFile(std::move(open)) {
+  lstStepf.onDblClick = [this](int /*index*/) { lstStepf_DblClick(); };
+  lstStepf.onMouseUp = [this](int /*index*/, forms::MouseButton button) {
+    lstStepf_MouseUp(button);
+  };
+  window.onClick("mnuHidd", [this](int index) { mnuHidd_Click(index); });
+}
+
+void StepFileList::FillStepFileList() {
+  lstStepf.Clear();
+  for (auto& entry : stepfiles::stepFileEntries(host_.sPthStepFolder)) {
+    lstStepf.AddItem(std::move(entry));
+  }
+}
+
+void StepFileList::DeleteStepFile(const std::u16string& path) {
+  platform::deleteFile(path);
+  FillStepFileList();
+}
+
+std::u16string StepFileList::selected() const {
+  const int selected = lstStepf.entries().selected;
+  if (selected < 0) return {};
+  return stepfiles::pathOfEntry(host_.sPthStepFolder, lstStepf.List(selected));
+}
+
+void StepFileList::lstStepf_DblClick() {
+  mnuHidd_Click(Open);
+}
+
+void StepFileList::lstStepf_MouseUp(forms::MouseButton button) {
+  if (button != forms::MouseButton::Right) return;
+  mnuHid_Click();
+  toolkit_.popUp(mnuHid);
+}
+
+void StepFileList::mnuHid_Click() {
+  for (const Entry entry : {Open, Delete}) {
+    window_.control<forms::MenuEntry>("mnuHidd", entry).setEnabled(!selected().empty());
+  }
+}
+
+void StepFileList::mnuHidd_Click(int index) {
+  const std::u16string path = selected();
+  if (path.empty()) return;
+  if (index == Open) OpenaStepFile(path);
+  if (index == Delete) DeleteStepFile(path);
+}
+
+}  // namespace kvrnstep::dialogs

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "forms/toolkit.h"
+#include "plugin/host_context.h"
+
+namespace kvrnstep::dialogs {
+
+/// The list of the step files in the step folder, with its pop-up menu.
+class StepFileList {
+ public:
+  /// @param OpenaStepFile opens the file of that path
+  StepFileList(forms::Window& window, forms::Toolkit& toolkit, const plugin::HostContext& host,
+               std::function<void(const std::u16string&)> OpenaStepFile);
+
+  void FillStepFileList();
+  void selectNone() { lstStepf.setIndex(-1); }
+  void clear() { lstStepf.Clear(); }
+
+ private:
+  void lstStepf_DblClick();
+  void lstStepf_MouseUp(forms::MouseButton button);
+  void mnuHid_Click();
+  void mnuHidd_Click(int index);
+  void DeleteStepFile(const std::u16string& path);
+  /// The path of the selected file; empty where none is selected.
+  [[nodiscard]] std::u16string selected() const;
+
+  forms::Window& window_;
+  forms::Toolkit& toolkit_;
+  const plugin::HostContext& host_;
+  std::function<void(const std::u16string&)> OpenaStepFile;
+  forms::ListBox& lstStepf = window_.control<forms::ListBox>("lstStepf");
+  forms::MenuEntry& mnuHid = window_.control<forms::MenuEntry>("mnuHid");
+};
+
+}  // namespace kvrnstep::dialogs
