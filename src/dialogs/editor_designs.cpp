@@ -62,26 +62,13 @@ constexpr auto kAffixControls = std::to_array<ControlRow>({
 });
 // clang-format on
 
-constexpr int kRows = 5;
-constexpr double kColumnWidth = 2865;
-constexpr double kRowHeight = 660;
 constexpr std::size_t kSlots = stepfiles::kStoredTexts;
 
-constexpr double column(int slot) {
-  const int number = slot / kRows;
-  return kColumnWidth * number;
-}
-
-constexpr double row(int slot) {
-  return kRowHeight * (slot % kRows);
-}
-
-/// The box of a slot; slots fill the columns from top to bottom.
+// Slots get their places when the window gets its size.
 constexpr ControlRow slotBox(int slot) {
   return {.kind = TextBox,
           .name = "txtHold",
           .index = slot,
-          .place = {column(slot), 15 + row(slot), 1800, 630},
           .multiLine = true,
           .horizontalScroll = true,
           .font = u"MS Sans Serif",
@@ -93,7 +80,7 @@ constexpr ControlRow slotPicture(int slot) {
   return {.kind = Image,
           .name = "imgBE",
           .index = slot,
-          .place = {1935 + column(slot), 90 + row(slot), 480, 480},
+          .place = {0, 0, 480, 480},
           .toolTip = u"Apply",
           .enabled = false,
           .clickable = true,
@@ -112,34 +99,26 @@ constexpr auto kStorageControls = [] {
     rows.at(1 + 2 * slot) = slotBox(static_cast<int>(slot));
     rows.at(2 + 2 * slot) = slotPicture(static_cast<int>(slot));
   }
-  rows.back() = {.kind = Button,
-                 .name = "cmdOK",
-                 .place = {3510, 3570, 1200, 360},
-                 .caption = u"&OK",
-                 .clickedByEscape = true};
+  rows.back() = {.kind = Button, .name = "cmdOK", .caption = u"&OK", .clickedByEscape = true};
   return rows;
 }();
 
-constexpr forms::WindowDesign kAffixEditor{.name = "frmStepPSEdit",
-                                           .caption = u"Edit Step",
-                                           .place = around(kAffixSize),
-                                           .controls = kAffixControls};
-constexpr forms::WindowDesign kStorageEditor{.name = "frmStepBE",
-                                             .caption = u"Beginning (Storage)",
-                                             .place = around(kStorageSize),
-                                             .resizable = true,
-                                             .minimumWidth = 8000,
-                                             .minimumHeight = 4335,
-                                             .controls = kStorageControls};
-
 }  // namespace
 
-const forms::WindowDesign& frmStepPSEditDesign() {
-  return kAffixEditor;
-}
-
-const forms::WindowDesign& frmStepBEDesign() {
-  return kStorageEditor;
-}
+const forms::WindowDesign frmStepPSEditDesign{
+    .name = "frmStepPSEdit",
+    .caption = u"Edit Step",
+    .place = around(kAffixSize),
+    .controls = kAffixControls,
+};
+const forms::WindowDesign frmStepBEDesign{
+    .name = "frmStepBE",
+    .caption = u"Beginning (Storage)",
+    .place = around(kStorageSize),
+    .resizable = true,
+    .minimumWidth = 8000,
+    .minimumHeight = 4335,
+    .controls = kStorageControls,
+};
 
 }  // namespace kvrnstep::dialogs

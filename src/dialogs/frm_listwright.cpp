@@ -16,14 +16,11 @@ enum EditEntry : int { Prefixes = 0, Suffixes = 1, Beginnings = 3, Endings = 4 }
 }  // namespace
 
 frmListwright::frmListwright(forms::Toolkit& toolkit, const plugin::HostContext& host)
-    : Window(frmListwrightDesign()),
-      toolkit_(toolkit),
-      host_(host),
+    : Dialog(frmListwrightDesign, toolkit, host, u"Listwright"),
       fields_(
-          *this, toolkit, [this](bool valid) { SetActionsEnabled(valid); },
-          [this] { RefreshPreview(); }),
-      stepFiles_(*this, toolkit, host, [this](const std::u16string& path) { OpenaStepFile(path); }),
-      panels_(*this, toolkit, [this] { RefreshPreview(); }),
+          *this, [this](bool valid) { SetActionsEnabled(valid); }, [this] { RefreshPreview(); }),
+      stepFiles_(*this, [this](const std::u16string& path) { OpenaStepFile(path); }),
+      panels_(*this, [this] { RefreshPreview(); }),
       affixFiles_{AffixFile(host, kAffixKinds[0]), AffixFile(host, kAffixKinds[1])},
       actions_{&control<Control>("cmdCIC", Insert),     &control<Control>("cmdCIC", Copy),
                &control<Control>("mnuActions", Insert), &control<Control>("mnuActions", Copy),
@@ -80,7 +77,7 @@ void frmListwright::cmdCIC_Click(int index) {
   switch (index) {
     case Insert:
       insertList();
-      if (insertCopies_ && lwSelectionMade_) toolkit_.setClipboard(lwOutputString_);
+      if (insertCopies_ && lwSelectionMade_) toolkit().setClipboard(lwOutputString_);
       return unload();
     case Cancel:
       lwSelectionMade_ = false;
@@ -104,11 +101,11 @@ void frmListwright::cmdCIC_Click(int index) {
 void frmListwright::BuildStepList() {
   fields_.numbers().takeCount();
   if (fields_.numbers().countGiven()) {
-    lwOutputString_ = generator::generateList(fields_.settings(), host_.bytSpcCount);
+    lwOutputString_ = generator::generateList(fields_.settings(), host().bytSpcCount);
     return;
   }
-  toolkit_.showMessage({forms::MessageIcon::Information, u"How many?",
-                        u"You must enter a maximum count.\n\n1 to 99"});
+  toolkit().showMessage({forms::MessageIcon::Information, u"How many?",
+                         u"You must enter a maximum count.\n\n1 to 99"});
   lwSelectionMade_ = false;
 }
 
@@ -128,7 +125,7 @@ void frmListwright::insertList() {
 void frmListwright::copyList() {
   insertList();
   lwSelectionMade_ = false;
-  toolkit_.setClipboard(lwOutputString_);
+  toolkit().setClipboard(lwOutputString_);
   lwOutputString_.clear();
 }
 
@@ -141,9 +138,9 @@ void frmListwright::printList() {
 }
 
 void frmListwright::PrintStepList(const std::u16string& text) {
-  toolkit_.setBusy(true);
-  toolkit_.print(text);
-  toolkit_.setBusy(false);
+  toolkit().setBusy(true);
+  toolkit().print(text);
+  toolkit().setBusy(false);
 }
 
 }  // namespace kvrnstep::dialogs

@@ -5,20 +5,18 @@
 #include <string>
 
 #include "dialogs/affix_list.h"
+#include "dialogs/dialog.h"
 #include "dialogs/list_fields.h"
 #include "dialogs/panels.h"
 #include "dialogs/step_file_list.h"
-#include "forms/toolkit.h"
-#include "plugin/host_context.h"
 #include "stepfiles/open_defaults.h"
 
 namespace kvrnstep::dialogs {
 
 /// The dialog in which the user builds a list. One instance serves one call of the host: set
 /// LwStepStart and LwMenuMode, showModal(), then read LwSelectionMade and LwOutputString.
-class frmListwright : public forms::Window {
+class frmListwright : public Dialog {
  public:
-  /// Both arguments must outlive the dialog.
   frmListwright(forms::Toolkit& toolkit, const plugin::HostContext& host);
 
   /// Listing type to begin with, 0 to 3.
@@ -63,8 +61,6 @@ class frmListwright : public forms::Window {
   void editAffixes(int index);
   void editStoredTexts(std::uint8_t kind, forms::TextBox& target);
 
-  forms::Toolkit& toolkit_;
-  const plugin::HostContext& host_;
   ListFields fields_;
   StepFileList stepFiles_;
   Panels panels_;
@@ -82,7 +78,6 @@ class frmListwright : public forms::Window {
   std::u16string lwOutputString_;
 };
 
-/// How the dialog is declared.
-const forms::WindowDesign& frmListwrightDesign();
+extern const forms::WindowDesign frmListwrightDesign;
 
 }  // namespace kvrnstep::dialogs

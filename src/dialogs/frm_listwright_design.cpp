@@ -34,6 +34,17 @@ constexpr ControlRow optionRow(ListOption option, forms::Rect place) {
           .checked = row.checkedAtFirst};
 }
 
+constexpr ControlRow menu(std::string_view name, std::u16string_view caption) {
+  return {.kind = Menu, .name = name, .caption = caption};
+}
+
+constexpr ControlRow entry(std::string_view name, int index, std::string_view in,
+                           std::u16string_view caption, bool enabled = true,
+                           std::string_view shortcut = {}) {
+  return {.kind = Menu, .name = name, .index = index, .in = in, .caption = caption,
+          .enabled = enabled, .shortcut = shortcut};
+}
+
 // Places are in pixels.
 constexpr auto kControls = std::to_array<ControlRow>({
     // Beside and below the options frame.
@@ -118,67 +129,47 @@ constexpr auto kControls = std::to_array<ControlRow>({
      .caption = u"Cancel", .clickedByEscape = true},
 
     // The menu bar.
-    {.kind = Menu, .name = "mnuFile", .caption = u"&File"},
-    {.kind = Menu, .name = "mnuFiles", .index = 0, .in = "mnuFile", .caption = u"Open...",
-     .shortcut = "Ctrl+O"},
-    {.kind = Menu, .name = "mnuFiles", .index = 1, .in = "mnuFile", .caption = u"Save As...",
-     .enabled = false, .shortcut = "Ctrl+S"},
-    {.kind = Menu, .name = "mnuFiles", .index = 2, .in = "mnuFile", .caption = u"-"},
-    {.kind = Menu, .name = "mnuFiles", .index = 3, .in = "mnuFile", .caption = u"&Print...",
-     .enabled = false},
-    {.kind = Menu, .name = "mnuFiles", .index = 4, .in = "mnuFile", .caption = u"-"},
-    {.kind = Menu, .name = "mnuFiles", .index = 5, .in = "mnuFile", .caption = u"Close",
-     .shortcut = "Ctrl+Q"},
-    {.kind = Menu, .name = "mnuEdit", .caption = u"&Edit"},
-    {.kind = Menu, .name = "mnuEdits", .index = 0, .in = "mnuEdit",
-     .caption = u"Edit Prefix list..."},
-    {.kind = Menu, .name = "mnuEdits", .index = 1, .in = "mnuEdit",
-     .caption = u"Edit Suffix list..."},
-    {.kind = Menu, .name = "mnuEdits", .index = 2, .in = "mnuEdit", .caption = u"-"},
-    {.kind = Menu, .name = "mnuEdits", .index = 3, .in = "mnuEdit",
-     .caption = u"Beginning (Storage)..."},
-    {.kind = Menu, .name = "mnuEdits", .index = 4, .in = "mnuEdit",
-     .caption = u"Ending (Storage)..."},
-    {.kind = Menu, .name = "mnuOption", .caption = u"&Options"},
-    {.kind = Menu, .name = "mnuOptions", .index = 0, .in = "mnuOption",
-     .caption = u"Set as open defaults"},
-    {.kind = Menu, .name = "mnuOptions", .index = 1, .in = "mnuOption",
-     .caption = u"Clear open defaults"},
-    {.kind = Menu, .name = "mnuOptions", .index = 2, .in = "mnuOption",
-     .caption = u"Re-open defaults"},
-    {.kind = Menu, .name = "mnuOptions", .index = 3, .in = "mnuOption", .caption = u"-"},
-    {.kind = Menu, .name = "mnuOptions", .index = 4, .in = "mnuOption",
-     .caption = u"Display Step Files"},
-    {.kind = Menu, .name = "mnuOptions", .index = 5, .in = "mnuOption",
-     .caption = u"Display Preview"},
-    {.kind = Menu, .name = "mnuAction", .caption = u"&Actions"},
-    {.kind = Menu, .name = "mnuActions", .index = 0, .in = "mnuAction", .caption = u"&Insert",
-     .enabled = false},
-    {.kind = Menu, .name = "mnuActions", .index = 1, .in = "mnuAction", .caption = u"-"},
-    {.kind = Menu, .name = "mnuActions", .index = 2, .in = "mnuAction", .caption = u"&Copy",
-     .enabled = false},
+    menu("mnuFile", u"&File"),
+    entry("mnuFiles", 0, "mnuFile", u"Open...", true, "Ctrl+O"),
+    entry("mnuFiles", 1, "mnuFile", u"Save As...", false, "Ctrl+S"),
+    entry("mnuFiles", 2, "mnuFile", u"-"),
+    entry("mnuFiles", 3, "mnuFile", u"&Print...", false),
+    entry("mnuFiles", 4, "mnuFile", u"-"),
+    entry("mnuFiles", 5, "mnuFile", u"Close", true, "Ctrl+Q"),
+    menu("mnuEdit", u"&Edit"),
+    entry("mnuEdits", 0, "mnuEdit", u"Edit Prefix list..."),
+    entry("mnuEdits", 1, "mnuEdit", u"Edit Suffix list..."),
+    entry("mnuEdits", 2, "mnuEdit", u"-"),
+    entry("mnuEdits", 3, "mnuEdit", u"Beginning (Storage)..."),
+    entry("mnuEdits", 4, "mnuEdit", u"Ending (Storage)..."),
+    menu("mnuOption", u"&Options"),
+    entry("mnuOptions", 0, "mnuOption", u"Set as open defaults"),
+    entry("mnuOptions", 1, "mnuOption", u"Clear open defaults"),
+    entry("mnuOptions", 2, "mnuOption", u"Re-open defaults"),
+    entry("mnuOptions", 3, "mnuOption", u"-"),
+    entry("mnuOptions", 4, "mnuOption", u"Display Step Files"),
+    entry("mnuOptions", 5, "mnuOption", u"Display Preview"),
+    menu("mnuAction", u"&Actions"),
+    entry("mnuActions", 0, "mnuAction", u"&Insert", false),
+    entry("mnuActions", 1, "mnuAction", u"-"),
+    entry("mnuActions", 2, "mnuAction", u"&Copy", false),
 
     // The pop-up menu of the step files.
     {.kind = Menu, .name = "mnuHid", .caption = u"File", .visible = false},
-    {.kind = Menu, .name = "mnuHidd", .index = 0, .in = "mnuHid", .caption = u"Open"},
-    {.kind = Menu, .name = "mnuHidd", .index = 1, .in = "mnuHid", .caption = u"-"},
-    {.kind = Menu, .name = "mnuHidd", .index = 2, .in = "mnuHid", .caption = u"Delete"},
+    entry("mnuHidd", 0, "mnuHid", u"Open"),
+    entry("mnuHidd", 1, "mnuHid", u"-"),
+    entry("mnuHidd", 2, "mnuHid", u"Delete"),
 });
 // clang-format on
 
-constexpr forms::WindowDesign kDesign{
+}  // namespace
+
+const forms::WindowDesign frmListwrightDesign{
     .name = "frmListwright",
     .caption = u"Listwright",
     .place = {900, 900, 4170, 5280},
     .twipsPerUnit = forms::kTwipsPerPixel,
-    .resizable = false,
     .controls = kControls,
 };
-
-}  // namespace
-
-const forms::WindowDesign& frmListwrightDesign() {
-  return kDesign;
-}
 
 }  // namespace kvrnstep::dialogs

@@ -51,13 +51,13 @@ std::u16string replacementPath(const std::u16string& path) {
 void frmListwright::OpenaStepFile(const std::u16string& sAltStepFile) {
   std::u16string path = sAltStepFile;
   if (path.empty()) {
-    const auto chosen = toolkit_.ShowOpenDialog(
-        {.title = u"Open", .filters = kFiltersToOpen, .name = {}, .folder = host_.sPthStepFolder});
+    const auto chosen = toolkit().ShowOpenDialog(
+        {.title = u"Open", .filters = kFiltersToOpen, .name = {}, .folder = host().sPthStepFolder});
     if (!chosen) return;
     path = *chosen;
   }
   if (!path.ends_with(stepfiles::kStepExtension)) {
-    plugin::PlayAlertSound(toolkit_, host_, host_.swavAlertQ, 0);
+    plugin::PlayAlertSound(toolkit(), host(), host().swavAlertQ, 0);
     return;
   }
   if (const auto settings = stepfiles::readStepFile(path)) {
@@ -71,11 +71,11 @@ void frmListwright::OpenaStepFile(const std::u16string& sAltStepFile) {
 
 void frmListwright::SaveStepFileAs() {
   const generator::ListSettings settings = fields_.settingsForFile();
-  const auto path = toolkit_.ShowSaveDialog(
+  const auto path = toolkit().ShowSaveDialog(
       {.title = u"Save As",
        .filters = kFiltersToSave,
        .name = stepfiles::fittingFileName(stepfiles::BuildStepFileName(settings)),
-       .folder = host_.sPthStepFolder,
+       .folder = host().sPthStepFolder,
        .defaultExtension = u"step"});
   if (!path) return;
   if (path->ends_with(u"step")) {
@@ -93,7 +93,7 @@ void frmListwright::saveUnderStepExtension(const std::u16string& path) {
   std::u16string text(kViolation);
   text += u"\n\n" + PathPart(path, PathMode::FileName) + u"\n\nWill be changed to:\n\n" +
           PathPart(replacement, PathMode::FileName);
-  toolkit_.showMessage({forms::MessageIcon::Exclamation, std::u16string(kViolation), text});
+  toolkit().showMessage({forms::MessageIcon::Exclamation, std::u16string(kViolation), text});
   stepfiles::writeStepFile(replacement, fields_.settingsForFile());
 }
 

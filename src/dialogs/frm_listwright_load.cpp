@@ -1,7 +1,6 @@
 #include "dialogs/frm_listwright.h"
 #include "dialogs/frm_step_be.h"
 #include "dialogs/frm_step_ps_edit.h"
-#include "dialogs/host_settings.h"
 #include "text/numbers.h"
 
 // How the dialog opens and closes, and what it opens.
@@ -10,7 +9,6 @@ namespace kvrnstep::dialogs {
 namespace {
 
 constexpr int kLinkCursor = 104;
-constexpr std::u16string_view kPositionKeys = u"Listwright";
 constexpr std::array kClickableLabels{0, 1, 4, 5};
 
 }  // namespace
@@ -21,41 +19,41 @@ void frmListwright::Form_Load() {
   for (std::size_t i = 0; i < affixFiles_.size(); ++i) {
     affixFiles_.at(i).load(cboPreSuf(static_cast<int>(i)));
   }
-  cboPreSuf(1).setText(readKey(host_, u"Suffix", u"."));
+  cboPreSuf(1).setText(readKey(u"Suffix", u"."));
   fields_.selectType(LwStepStart());
   if (openDefaultsOn(openDefaultsPlace())) ApplyOpenDefaults();
   if (fields_.numbers().startAndEndValid()) SetActionsEnabled(true);
-  panels_.restore(readKey(host_, u"Display", u""));
+  panels_.restore(readKey(u"Display", u""));
   stepFiles_.FillStepFileList();
-  restorePosition(*this, toolkit_, host_, kPositionKeys);
+  restorePlace();
 }
 
 void frmListwright::adoptEditorLook() {
-  txtPreview.setFont(host_.s_EditorFont);
-  if (host_.i_EditorSize > 0) {
-    const double size = toolkit_.fontSize(host_.s_EditorFont, host_.i_EditorSize);
+  txtPreview.setFont(host().s_EditorFont);
+  if (host().i_EditorSize > 0) {
+    const double size = toolkit().fontSize(host().s_EditorFont, host().i_EditorSize);
     txtPreview.setFontSize(static_cast<float>(size));
   }
-  txtPreview.setBackColor(host_.l_EditorBColor);
-  txtPreview.setForeColor(host_.l_EditorFColor);
+  txtPreview.setBackColor(host().l_EditorBColor);
+  txtPreview.setForeColor(host().l_EditorFColor);
 }
 
 void frmListwright::Form_QueryUnload() {
-  writeKey(host_, u"Display", panels_.display());
-  writeKey(host_, u"EditorFont", txtPreview.font());
-  writeKey(host_, u"EditorSize", text::decimal(txtPreview.fontSize()));
-  writeKey(host_, u"SpcCount", text::decimal(std::int64_t{host_.bytSpcCount}));
+  writeKey(u"Display", panels_.display());
+  writeKey(u"EditorFont", txtPreview.font());
+  writeKey(u"EditorSize", text::decimal(txtPreview.fontSize()));
+  writeKey(u"SpcCount", text::decimal(std::int64_t{host().bytSpcCount}));
   for (std::size_t i = 0; i < affixFiles_.size(); ++i) {
     affixFiles_.at(i).save(cboPreSuf(static_cast<int>(i)));
   }
   for (const int label : kClickableLabels) lblD(label).setCursor(0);
   stepFiles_.clear();
   for (forms::ComboBox* box : cboPreSuf.all()) box->Clear();
-  savePosition(*this, host_, kPositionKeys);
+  savePlace();
 }
 
 stepfiles::OpenDefaultsPlace frmListwright::openDefaultsPlace() const {
-  return {host_.SEC_APP_NAME, host_.s_IniPathAndName, host_.sPthStepFolder};
+  return {host().SEC_APP_NAME, host().s_IniPathAndName, host().sPthStepFolder};
 }
 
 void frmListwright::ApplyOpenDefaults() {
@@ -63,18 +61,18 @@ void frmListwright::ApplyOpenDefaults() {
 }
 
 void frmListwright::editAffixes(int index) {
-  frmStepPSEdit editor(toolkit_, host_);
+  frmStepPSEdit editor(toolkit(), host());
   const std::u16string text = cboPreSuf(index).text();
   editor.PivitWhat = static_cast<std::uint8_t>(index);
-  editor.showModal(toolkit_);
+  editor.showModal(toolkit());
   affixFiles_.at(static_cast<std::size_t>(index)).load(cboPreSuf(index));
   cboPreSuf(index).setText(text);
 }
 
 void frmListwright::editStoredTexts(std::uint8_t kind, forms::TextBox& target) {
-  frmStepBE editor(toolkit_, host_);
+  frmStepBE editor(toolkit(), host());
   editor.DoBegEnd(kind);
-  editor.showModal(toolkit_);
+  editor.showModal(toolkit());
   if (!editor.IsBEBapplied().empty()) target.setText(editor.IsBEBapplied());
 }
 

@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "dialogs/host_settings.h"
 #include "text/paths.h"
 
 namespace kvrnstep::dialogs {
@@ -15,7 +14,6 @@ namespace {
 
 constexpr int kLinkCursor = 104;
 constexpr int kRows = 5;
-constexpr std::u16string_view kPlaceKeys = u"StepBE";
 
 /// Places as shares of the inner width and height.
 constexpr Rect kOkButton{0.427, 0.898, 0.146, 0.091};
@@ -28,7 +26,7 @@ constexpr std::array kPictureColumns{0.235, 0.584, 0.932};
 }  // namespace
 
 frmStepBE::frmStepBE(forms::Toolkit& toolkit, const plugin::HostContext& host)
-    : Window(frmStepBEDesign()), toolkit_(toolkit), host_(host) {
+    : Dialog(frmStepBEDesign, toolkit, host, u"StepBE") {
   onLoad = [this] { Form_Load(); };
   onQueryUnload = [this] { Form_QueryUnload(); };
   onResize = [this] { Form_Resize(); };
@@ -48,8 +46,8 @@ void frmStepBE::Form_Load() {
   }
   setCaption(DoBegEnd() == 0 ? u"Beginning (Storage)" : u"Ending (Storage)");
   LoadOrSaveSlots(false, storageFile());
-  restorePosition(*this, toolkit_, host_, kPlaceKeys);
-  restoreSize(*this, host_, kPlaceKeys);
+  Form_Resize();
+  restorePlace();
 }
 
 void frmStepBE::Form_QueryUnload() {
@@ -58,12 +56,11 @@ void frmStepBE::Form_QueryUnload() {
     image->setCursor(0);
   }
   LoadOrSaveSlots(true, storageFile());
-  savePosition(*this, host_, kPlaceKeys);
-  saveSize(*this, host_, kPlaceKeys);
+  savePlace();
 }
 
 std::u16string frmStepBE::storageFile() const {
-  return text::inFolder(host_.sPthStepFolder, stepfiles::storedTextsFile(DoBegEnd() != 0));
+  return text::inFolder(host().sPthStepFolder, stepfiles::storedTextsFile(DoBegEnd() != 0));
 }
 
 void frmStepBE::LoadOrSaveSlots(bool bolSave, const std::u16string& sFile) {

@@ -4,8 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "forms/toolkit.h"
-#include "plugin/host_context.h"
+#include "dialogs/dialog.h"
 #include "stepfiles/stored_texts.h"
 
 namespace kvrnstep::dialogs {
@@ -13,9 +12,8 @@ namespace kvrnstep::dialogs {
 /// The editor of the stored beginnings or endings: fifteen slots, each with a picture that applies
 /// its text. Set DoBegEnd, showModal(), then read IsBEBapplied. What stands in the slots is saved
 /// however the editor is closed.
-class frmStepBE : public forms::Window {
+class frmStepBE : public Dialog {
  public:
-  /// Both arguments must outlive the editor.
   frmStepBE(forms::Toolkit& toolkit, const plugin::HostContext& host);
 
   /// 0 edits the beginnings, anything else the endings.
@@ -38,8 +36,6 @@ class frmStepBE : public forms::Window {
   void keepMinimumSize();
   void layOutSlot(int slot, double width, double height);
 
-  forms::Toolkit& toolkit_;
-  const plugin::HostContext& host_;
   forms::ControlArray<forms::TextBox, stepfiles::kStoredTexts> txtHold{*this, "txtHold"};
   forms::ControlArray<forms::Control, stepfiles::kStoredTexts> imgBE{*this, "imgBE"};
   std::uint8_t doBegEnd_ = 0;
@@ -47,7 +43,6 @@ class frmStepBE : public forms::Window {
   bool storageRead_ = false;  ///< the slots show what the file holds
 };
 
-/// How the editor is declared.
-const forms::WindowDesign& frmStepBEDesign();
+extern const forms::WindowDesign frmStepBEDesign;
 
 }  // namespace kvrnstep::dialogs

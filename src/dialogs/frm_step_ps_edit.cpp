@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "dialogs/host_settings.h"
 #include "dialogs/list_sort.h"
 #include "plugin/alert_sound.h"
 #include "text/letter_case.h"
@@ -15,22 +14,25 @@ namespace {
 
 constexpr int kDragCursor = 106;
 constexpr int kHoverCursor = 107;
-constexpr std::u16string_view kPositionKeys = u"StepPSEdit";
 
 }  // namespace
 
 frmStepPSEdit::frmStepPSEdit(forms::Toolkit& toolkit, const plugin::HostContext& host)
-    : Window(frmStepPSEditDesign()), toolkit_(toolkit), host_(host) {
+    : Dialog(frmStepPSEditDesign, toolkit, host, u"StepPSEdit") {
   onLoad = [this] { Form_Load(); };
   onQueryUnload = [this] { Form_QueryUnload(); };
-  txtAdd.onChange = [this](int /*index*/) { txtAdd_Change(); };
-  txtAdd.onDragDrop = [this](int /*index*/, const Control& source) { txtAdd_DragDrop(source); };
-  onClick("lstEdit", [this](int /*index*/) { lstEdit_Click(); });
+  txtAdd.onChange = [this](int /*index*/) {
+    control<Control>("cmdAdd").setEnabled(!txtAdd.text().empty());
+  };
+  txtAdd.onDragDrop = [this](int /*index*/, const Control& source) {
+    if (source.row().name == "lblDrag") txtAdd.replaceSelection(source.caption());
+  };
+  onClick("lstEdit", [this](int /*index*/) { enableSelectionButtons(entrySelected()); });
   onClick("cmdAdd", [this](int /*index*/) { cmdAdd_Click(); });
   onClick("cmdEdO", [this](int /*index*/) { cmdEdO_Click(); });
   onClick("cmdDelete", [this](int /*index*/) { cmdDelete_Click(); });
-  onClick("cmdPatU", [this](int /*index*/) { cmdPatU_Click(); });
-  onClick("cmdPatD", [this](int /*index*/) { cmdPatD_Click(); });
+  onClick("cmdPatU", [this](int /*index*/) { moveSelected(-1); });
+  onClick("cmdPatD", [this](int /*index*/) { moveSelected(1); });
   onClick("cmdSort", [this](int /*index*/) { cmdSort_Click(); });
   onClick("cmdCases", [this](int index) { cmdCases_Click(index); });
   onClick("cmdOK", [this](int /*index*/) { cmdOK_Click(); });
@@ -46,10 +48,10 @@ void frmStepPSEdit::Form_Load() {
     const AffixKind& kind = kAffixKinds.at(PivitWhat);
     setCaption(kind.caption);
     control<Control>("lblDum").setCaption(kind.heading);
-    file_.emplace(host_, kind).load(lstEdit);
+    file_.emplace(host(), kind).load(lstEdit);
   }
   enableSort();
-  restorePosition(*this, toolkit_, host_, kPositionKeys);
+  restorePlace();
 }
 
 void frmStepPSEdit::Form_QueryUnload() {
@@ -58,24 +60,12 @@ void frmStepPSEdit::Form_QueryUnload() {
     label->setCursor(0);
   }
   lstEdit.Clear();
-  savePosition(*this, host_, kPositionKeys);
+  savePlace();
 }
 
 void frmStepPSEdit::cmdOK_Click() {
   if (file_) file_->save(lstEdit);
   unload();
-}
-
-void frmStepPSEdit::txtAdd_Change() {
-  control<Control>("cmdAdd").setEnabled(!txtAdd.text().empty());
-}
-
-void frmStepPSEdit::txtAdd_DragDrop(const Control& Source) {
-  if (Source.row().name == "lblDrag") txtAdd.replaceSelection(Source.caption());
-}
-
-void frmStepPSEdit::lstEdit_Click() {
-  enableSelectionButtons(entrySelected());
 }
 
 int frmStepPSEdit::findExact(const std::u16string& text) const {
@@ -123,20 +113,14 @@ void frmStepPSEdit::cmdDelete_Click() {
   enableSort();
 }
 
-void frmStepPSEdit::cmdPatU_Click() {
-  const int moved = selected();
-  if (moved <= 0) return;
-  lstEdit.InsertItem(moved - 1, lstEdit.List(moved));
-  lstEdit.RemoveItem(moved + 1);
-  lstEdit.setIndex(moved - 1);
-}
-
-void frmStepPSEdit::cmdPatD_Click() {
-  const int moved = selected();
-  if (moved < 0 || moved == lstEdit.ListCount() - 1) return;
-  lstEdit.InsertItem(moved + 2, lstEdit.List(moved));
-  lstEdit.RemoveItem(moved);
-  lstEdit.setIndex(moved + 1);
+void frmStepPSEdit::moveSelected(int by) {
+  const int from = selected();
+  const int to = from + by;
+  if (from < 0 || to < 0 || to >= lstEdit.ListCount()) return;
+  const bool up = by < 0;
+  lstEdit.InsertItem(up ? to : to + 1, lstEdit.List(from));
+  lstEdit.RemoveItem(up ? from + 1 : from);
+  lstEdit.setIndex(to);
 }
 
 void frmStepPSEdit::cmdSort_Click() {
@@ -164,7 +148,7 @@ void frmStepPSEdit::enableSort() {
 }
 
 void frmStepPSEdit::playFinishSound() {
-  plugin::PlayAlertSound(toolkit_, host_, host_.swavFinishQ, 0);
+  plugin::PlayAlertSound(toolkit(), host(), host().swavFinishQ, 0);
 }
 
 }  // namespace kvrnstep::dialogs

@@ -5,16 +5,14 @@
 #include <string>
 
 #include "dialogs/affix_list.h"
-#include "forms/toolkit.h"
-#include "plugin/host_context.h"
+#include "dialogs/dialog.h"
 
 namespace kvrnstep::dialogs {
 
 /// The editor of the list of favourite prefixes or suffixes. Set PivitWhat and showModal(); what
 /// comes of it is in the list file, and only OK writes that.
-class frmStepPSEdit : public forms::Window {
+class frmStepPSEdit : public Dialog {
  public:
-  /// Both arguments must outlive the editor.
   frmStepPSEdit(forms::Toolkit& toolkit, const plugin::HostContext& host);
 
   std::uint8_t PivitWhat = 0;  ///< 0 edits the prefixes, 1 the suffixes, anything else nothing
@@ -22,14 +20,10 @@ class frmStepPSEdit : public forms::Window {
  private:
   void Form_Load();
   void Form_QueryUnload();
-  void txtAdd_Change();
-  void txtAdd_DragDrop(const forms::Control& Source);
-  void lstEdit_Click();
   void cmdAdd_Click();
   void cmdEdO_Click();
   void cmdDelete_Click();
-  void cmdPatU_Click();
-  void cmdPatD_Click();
+  void moveSelected(int by);
   void cmdSort_Click();
   void cmdCases_Click(int Index);
   void cmdOK_Click();
@@ -42,15 +36,12 @@ class frmStepPSEdit : public forms::Window {
   void enableSort();
   void playFinishSound();
 
-  forms::Toolkit& toolkit_;
-  const plugin::HostContext& host_;
   forms::ListBox& lstEdit = control<forms::ListBox>("lstEdit");
   forms::TextBox& txtAdd = control<forms::TextBox>("txtAdd");
   forms::ControlArray<forms::Control, 3> lblDrag{*this, "lblDrag"};
   std::optional<AffixFile> file_;
 };
 
-/// How the editor is declared.
-const forms::WindowDesign& frmStepPSEditDesign();
+extern const forms::WindowDesign frmStepPSEditDesign;
 
 }  // namespace kvrnstep::dialogs

@@ -8,20 +8,20 @@ namespace kvrnstep::dialogs {
 using forms::CheckBox;
 using forms::OptionButton;
 
-ListFields::ListFields(forms::Window& window, forms::Toolkit& toolkit,
-                       std::function<void(bool)> enable, std::function<void()> refresh)
-    : window_(window),
+ListFields::ListFields(Dialog& dialog, std::function<void(bool)> enable,
+                       std::function<void()> refresh)
+    : dialog_(dialog),
       RefreshPreview(std::move(refresh)),
-      numbers_(window, toolkit, std::move(enable), RefreshPreview),
+      numbers_(dialog, std::move(enable), RefreshPreview),
       typed_{&cboPreSuf(0),
              &cboPreSuf(1),
-             &window.control<forms::TextBox>("txtBStart"),
-             &window.control<forms::TextBox>("txtBEndAt"),
-             &window.control<forms::TextBox>("txtLS"),
+             &dialog.control<forms::TextBox>("txtBStart"),
+             &dialog.control<forms::TextBox>("txtBEndAt"),
+             &dialog.control<forms::TextBox>("txtLS"),
              &txtBegin,
              &txtEnd} {
-  window.onClick("optNA", [this](int index) { optNA_Click(index); });
-  window.onClick("chkLWO", [this](int index) { chkLWO_Click(index); });
+  dialog.onClick("optNA", [this](int index) { optNA_Click(index); });
+  dialog.onClick("chkLWO", [this](int index) { chkLWO_Click(index); });
   const auto refreshes = [this](int /*index*/) { RefreshPreview(); };
   for (forms::ComboBox* box : cboPreSuf.all()) box->onClick = box->onKeyUp = refreshes;
   txtBegin.onChange = txtEnd.onChange = refreshes;

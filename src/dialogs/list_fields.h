@@ -13,8 +13,8 @@ namespace kvrnstep::dialogs {
 class ListFields {
  public:
   /// As for NumericFields; every change of a setting refreshes the preview.
-  ListFields(forms::Window& window, forms::Toolkit& toolkit,
-             std::function<void(bool)> SetActionsEnabled, std::function<void()> RefreshPreview);
+  ListFields(Dialog& dialog, std::function<void(bool)> SetActionsEnabled,
+             std::function<void()> RefreshPreview);
   ListFields(const ListFields&) = delete;
   ListFields& operator=(const ListFields&) = delete;
 
@@ -38,15 +38,15 @@ class ListFields {
   void optNA_Click(int index);
   void chkLWO_Click(int index);
 
-  forms::Window& window_;
+  Dialog& dialog_;
   std::function<void()> RefreshPreview;
   NumericFields numbers_;
-  forms::ControlArray<forms::OptionButton, kListingTypes.size()> optNA{window_, "optNA"};
-  forms::ControlArray<forms::Control, kListingTypes.size()> imgBull{window_, "imgBull"};
-  forms::ControlArray<forms::CheckBox, kListOptions.size()> chkLWO{window_, "chkLWO"};
-  forms::ControlArray<forms::ComboBox, 2> cboPreSuf{window_, "cboPreSuf"};
-  forms::TextBox& txtBegin = window_.control<forms::TextBox>("txtBegin");
-  forms::TextBox& txtEnd = window_.control<forms::TextBox>("txtEnd");
+  forms::ControlArray<forms::OptionButton, kListingTypes.size()> optNA{dialog_, "optNA"};
+  forms::ControlArray<forms::Control, kListingTypes.size()> imgBull{dialog_, "imgBull"};
+  forms::ControlArray<forms::CheckBox, kListOptions.size()> chkLWO{dialog_, "chkLWO"};
+  forms::ControlArray<forms::ComboBox, 2> cboPreSuf{dialog_, "cboPreSuf"};
+  forms::TextBox& txtBegin = dialog_.control<forms::TextBox>("txtBegin");
+  forms::TextBox& txtEnd = dialog_.control<forms::TextBox>("txtEnd");
   /// The boxes that open defaults fill, in the order of their table.
   std::array<forms::TextControl*, stepfiles::kTypedDefaults.size()> typed_;
   std::int16_t iListType = 0;

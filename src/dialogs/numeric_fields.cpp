@@ -29,12 +29,9 @@ void follow(Spinner& spinner, const TextBox& box) {
 
 }  // namespace
 
-NumericFields::NumericFields(forms::Window& window, forms::Toolkit& toolkit,
-                             std::function<void(bool)> enable, std::function<void()> refresh)
-    : window_(window),
-      toolkit_(toolkit),
-      SetActionsEnabled(std::move(enable)),
-      RefreshPreview(std::move(refresh)) {
+NumericFields::NumericFields(Dialog& dialog, std::function<void(bool)> enable,
+                             std::function<void()> refresh)
+    : dialog_(dialog), SetActionsEnabled(std::move(enable)), RefreshPreview(std::move(refresh)) {
   txtBStart.onChange = [this](int /*index*/) { txtBStart_Change(); };
   txtBEndAt.onChange = [this](int /*index*/) { txtBEndAt_Change(); };
   txtLS.onChange = [this](int /*index*/) { txtLS_Change(); };
@@ -90,10 +87,11 @@ void NumericFields::txtLS_Change() {
 void NumericFields::AskSpinnerValue(Spinner& spinner) {
   const int least = spinner.row().minimum;
   const int most = spinner.row().maximum;
-  const auto answer = toolkit_.ask({u"Preset value",
-                                    u"Enter a numeric value between.\n\n" + text::decimal(least) +
-                                        u" to " + text::decimal(most) + u"\n\n",
-                                    text::decimal(spinner.value())});
+  const auto answer =
+      dialog_.toolkit().ask({u"Preset value",
+                             u"Enter a numeric value between.\n\n" + text::decimal(least) +
+                                 u" to " + text::decimal(most) + u"\n\n",
+                             text::decimal(spinner.value())});
   const auto number = text::wholeTextNumber(answer.value_or(u""));
   if (!number || *number < least || *number > most) return;
   if (const auto value = text::roundToInt32(*number)) spinner.putValue(*value);

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "forms/toolkit.h"
+#include "dialogs/dialog.h"
 #include "generator/list_settings.h"
 
 namespace kvrnstep::dialogs {
@@ -15,8 +15,8 @@ class NumericFields {
  public:
   /// @param SetActionsEnabled is told whether the numbers make a list
   /// @param RefreshPreview is called when the user has changed a number
-  NumericFields(forms::Window& window, forms::Toolkit& toolkit,
-                std::function<void(bool)> SetActionsEnabled, std::function<void()> RefreshPreview);
+  NumericFields(Dialog& dialog, std::function<void(bool)> SetActionsEnabled,
+                std::function<void()> RefreshPreview);
   NumericFields(const NumericFields&) = delete;
   NumericFields& operator=(const NumericFields&) = delete;
 
@@ -42,16 +42,15 @@ class NumericFields {
   bool enableByLineSpacing();
   void AskSpinnerValue(forms::Spinner& spinner);
 
-  forms::Window& window_;
-  forms::Toolkit& toolkit_;
+  Dialog& dialog_;
   std::function<void(bool)> SetActionsEnabled;
   std::function<void()> RefreshPreview;
-  forms::TextBox& txtBStart = window_.control<forms::TextBox>("txtBStart");
-  forms::TextBox& txtBEndAt = window_.control<forms::TextBox>("txtBEndAt");
-  forms::TextBox& txtLS = window_.control<forms::TextBox>("txtLS");
-  forms::Spinner& updBStart = window_.control<forms::Spinner>("updBStart");
-  forms::Spinner& updBEndAt = window_.control<forms::Spinner>("updBEndAt");
-  forms::Spinner& updLS = window_.control<forms::Spinner>("updLS");
+  forms::TextBox& txtBStart = dialog_.control<forms::TextBox>("txtBStart");
+  forms::TextBox& txtBEndAt = dialog_.control<forms::TextBox>("txtBEndAt");
+  forms::TextBox& txtLS = dialog_.control<forms::TextBox>("txtLS");
+  forms::Spinner& updBStart = dialog_.control<forms::Spinner>("updBStart");
+  forms::Spinner& updBEndAt = dialog_.control<forms::Spinner>("updBEndAt");
+  forms::Spinner& updLS = dialog_.control<forms::Spinner>("updLS");
   std::int16_t iStepCount = 0;
   std::u16string endBefore_;  ///< what the End box held when the count was taken
   forms::TextSelection caretBefore_;

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "dialogs/host_settings.h"
-
 namespace kvrnstep::dialogs {
 
 namespace {
@@ -21,8 +19,8 @@ constexpr int kFirstButton = 3;  ///< of the array; the ones before belong to th
 
 }  // namespace
 
-Panels::Panels(forms::Window& window, forms::Toolkit& toolkit, std::function<void()> refresh)
-    : window_(window), toolkit_(toolkit), RefreshPreview(std::move(refresh)) {}
+Panels::Panels(Dialog& dialog, std::function<void()> refresh)
+    : dialog_(dialog), RefreshPreview(std::move(refresh)) {}
 
 std::u16string Panels::display() const {
   std::u16string display;
@@ -49,21 +47,19 @@ void Panels::togglePreview() {
 void Panels::toggle(forms::MenuEntry& entry) {
   entry.setChecked(!entry.checked());
   layOut();
-  const forms::Rect middle = centred(window_.place(), toolkit_);
-  window_.setTop(middle.top);
-  window_.setLeft(middle.left);
+  dialog_.centre();
 }
 
 void Panels::layOut() {
   const bool files = files_.checked();
   const bool preview = preview_.checked();
   bolPanelShown = files || preview;
-  window_.setHeight(files ? kHigh : kLow);
-  window_.setWidth(preview ? kWide : kNarrow);
+  dialog_.setHeight(files ? kHigh : kLow);
+  dialog_.setWidth(preview ? kWide : kNarrow);
   fraStep.setLeft(preview ? kFrameBesidePreview : kFrameAlone);
   txtPreview.setLeft(preview ? kPanelLeft : kOutOfView);
   lstStepf.setEnabled(files);
-  lstStepf.setWidth(window_.innerWidth() - 2 * kPanelLeft);
+  lstStepf.setWidth(dialog_.innerWidth() - 2 * kPanelLeft);
   showButtons(bolPanelShown);
   if (preview) RefreshPreview();
 }

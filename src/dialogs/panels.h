@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "forms/toolkit.h"
+#include "dialogs/dialog.h"
 
 namespace kvrnstep::dialogs {
 
@@ -12,7 +12,7 @@ namespace kvrnstep::dialogs {
 /// menu shows, and where everything is then.
 class Panels {
  public:
-  Panels(forms::Window& window, forms::Toolkit& toolkit, std::function<void()> RefreshPreview);
+  Panels(Dialog& dialog, std::function<void()> RefreshPreview);
 
   [[nodiscard]] bool anyShown() const { return bolPanelShown; }
   [[nodiscard]] bool filesShown() const { return files_.checked(); }
@@ -31,15 +31,14 @@ class Panels {
   void layOut();
   void showButtons(bool shown);
 
-  forms::Window& window_;
-  forms::Toolkit& toolkit_;
+  Dialog& dialog_;
   std::function<void()> RefreshPreview;
-  forms::MenuEntry& files_ = window_.control<forms::MenuEntry>("mnuOptions", 4);
-  forms::MenuEntry& preview_ = window_.control<forms::MenuEntry>("mnuOptions", 5);
-  forms::Control& fraStep = window_.control<forms::Control>("fraStep");
-  forms::TextBox& txtPreview = window_.control<forms::TextBox>("txtPreview");
-  forms::ListBox& lstStepf = window_.control<forms::ListBox>("lstStepf");
-  forms::ControlArray<forms::Control, 6> cmdCIC{window_, "cmdCIC"};
+  forms::MenuEntry& files_ = dialog_.control<forms::MenuEntry>("mnuOptions", 4);
+  forms::MenuEntry& preview_ = dialog_.control<forms::MenuEntry>("mnuOptions", 5);
+  forms::Control& fraStep = dialog_.control<forms::Control>("fraStep");
+  forms::TextBox& txtPreview = dialog_.control<forms::TextBox>("txtPreview");
+  forms::ListBox& lstStepf = dialog_.control<forms::ListBox>("lstStepf");
+  forms::ControlArray<forms::Control, 6> cmdCIC{dialog_, "cmdCIC"};
   bool bolPanelShown = false;
 };
 

@@ -14,20 +14,18 @@ enum Entry : int { Open = 0, Delete = 2 };
 
 }  // namespace
 
-StepFileList::StepFileList(forms::Window& window, forms::Toolkit& toolkit,
-                           const plugin::HostContext& host,
-                           std::function<void(const std::u16string&)> open)
-    : window_(window), toolkit_(toolkit), host_(host), OpenaStepFile(std::move(open)) {
+StepFileList::StepFileList(Dialog& dialog, std::function<void(const std::u16string&)> open)
+    : dialog_(dialog), OpenaStepFile(std::move(open)) {
   lstStepf.onDblClick = [this](int /*index*/) { lstStepf_DblClick(); };
   lstStepf.onMouseUp = [this](int /*index*/, forms::MouseButton button) {
     lstStepf_MouseUp(button);
   };
-  window.onClick("mnuHidd", [this](int index) { mnuHidd_Click(index); });
+  dialog.onClick("mnuHidd", [this](int index) { mnuHidd_Click(index); });
 }
 
 void StepFileList::FillStepFileList() {
   lstStepf.Clear();
-  for (auto& entry : stepfiles::stepFileEntries(host_.sPthStepFolder)) {
+  for (auto& entry : stepfiles::stepFileEntries(dialog_.host().sPthStepFolder)) {
     lstStepf.AddItem(std::move(entry));
   }
 }
@@ -40,7 +38,7 @@ void StepFileList::DeleteStepFile(const std::u16string& path) {
 std::u16string StepFileList::selected() const {
   const int selected = lstStepf.entries().selected;
   if (selected < 0) return {};
-  return stepfiles::pathOfEntry(host_.sPthStepFolder, lstStepf.List(selected));
+  return stepfiles::pathOfEntry(dialog_.host().sPthStepFolder, lstStepf.List(selected));
 }
 
 void StepFileList::lstStepf_DblClick() {
@@ -50,12 +48,12 @@ void StepFileList::lstStepf_DblClick() {
 void StepFileList::lstStepf_MouseUp(forms::MouseButton button) {
   if (button != forms::MouseButton::Right) return;
   mnuHid_Click();
-  toolkit_.popUp(mnuHid);
+  dialog_.toolkit().popUp(mnuHid);
 }
 
 void StepFileList::mnuHid_Click() {
   for (const Entry entry : {Open, Delete}) {
-    window_.control<forms::MenuEntry>("mnuHidd", entry).setEnabled(!selected().empty());
+    dialog_.control<forms::MenuEntry>("mnuHidd", entry).setEnabled(!selected().empty());
   }
 }
 

@@ -3,8 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "forms/toolkit.h"
-#include "plugin/host_context.h"
+#include "dialogs/dialog.h"
 
 namespace kvrnstep::dialogs {
 
@@ -12,8 +11,7 @@ namespace kvrnstep::dialogs {
 class StepFileList {
  public:
   /// @param OpenaStepFile opens the file of that path
-  StepFileList(forms::Window& window, forms::Toolkit& toolkit, const plugin::HostContext& host,
-               std::function<void(const std::u16string&)> OpenaStepFile);
+  StepFileList(Dialog& dialog, std::function<void(const std::u16string&)> OpenaStepFile);
 
   void FillStepFileList();
   void selectNone() { lstStepf.setIndex(-1); }
@@ -28,12 +26,10 @@ class StepFileList {
   /// The path of the selected file; empty where none is selected.
   [[nodiscard]] std::u16string selected() const;
 
-  forms::Window& window_;
-  forms::Toolkit& toolkit_;
-  const plugin::HostContext& host_;
+  Dialog& dialog_;
   std::function<void(const std::u16string&)> OpenaStepFile;
-  forms::ListBox& lstStepf = window_.control<forms::ListBox>("lstStepf");
-  forms::MenuEntry& mnuHid = window_.control<forms::MenuEntry>("mnuHid");
+  forms::ListBox& lstStepf = dialog_.control<forms::ListBox>("lstStepf");
+  forms::MenuEntry& mnuHid = dialog_.control<forms::MenuEntry>("mnuHid");
 };
 
 }  // namespace kvrnstep::dialogs

@@ -45,6 +45,10 @@ std::string Control::scriptName() const {
   return name;
 }
 
+Control* Control::buddy() const {
+  return window_.find(row_.buddy, row_.buddyIndex);
+}
+
 void Control::changed(Property property) {
   window_.changed(*this, property);
 }
@@ -218,9 +222,7 @@ void Spinner::setValue(std::int32_t value) {
 void Spinner::putValue(std::int32_t value) {
   value_ = std::clamp(value, row().minimum, row().maximum);
   changed(Property::Value);
-  auto* buddy = static_cast<TextControl*>(window().find(row().buddy, row().buddyIndex));
-  if (buddy == nullptr) return;
-  buddy->setText(text::decimal(value_));
+  if (buddy() != nullptr) static_cast<TextControl*>(buddy())->setText(text::decimal(value_));
 }
 
 bool MenuEntry::opensMenu() const {

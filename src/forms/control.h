@@ -31,25 +31,31 @@ enum class Property : std::uint8_t {
   Picture,
 };
 
-/// A place in the scale of the control's window, relative to its container.
-struct Rect {
-  double left = 0;
-  double top = 0;
-  double width = 0;
-  double height = 0;
+template <class Unit>
+struct SizeIn {
+  Unit width = 0;
+  Unit height = 0;
 
-  [[nodiscard]] double right() const { return left + width; }
-  [[nodiscard]] double bottom() const { return top + height; }
-  [[nodiscard]] double area() const { return width * height; }
-  bool operator==(const Rect&) const = default;
+  bool operator==(const SizeIn&) const = default;
 };
+template <class Unit>
+struct RectIn {
+  Unit left = 0;
+  Unit top = 0;
+  Unit width = 0;
+  Unit height = 0;
+
+  [[nodiscard]] Unit right() const { return left + width; }
+  [[nodiscard]] Unit bottom() const { return top + height; }
+  [[nodiscard]] Unit area() const { return width * height; }
+  bool operator==(const RectIn&) const = default;
+};
+
+using Size = SizeIn<double>;
+/// Of a control: in the scale of its window, relative to its container.
+using Rect = RectIn<double>;
 /// What is inside of both; its size is 0 where nothing is.
 Rect common(const Rect& one, const Rect& other);
-
-struct Size {
-  double width = 0;
-  double height = 0;
-};
 
 enum class Kind : std::uint8_t {
   Frame,
@@ -66,6 +72,7 @@ enum class Kind : std::uint8_t {
   StatusBar,  ///< fills the window's bottom edge; a resizable window has a grip there
   Menu,
 };
+inline constexpr std::size_t kKinds = static_cast<std::size_t>(Kind::Menu) + 1;
 
 enum class MouseButton : std::uint8_t { Left, Middle, Right };
 
@@ -129,6 +136,8 @@ class Control {
   [[nodiscard]] std::string scriptName() const;
   [[nodiscard]] Window& window() const { return window_; }
   [[nodiscard]] Control* container() const { return container_; }
+  /// What the row names as its buddy, or null.
+  [[nodiscard]] Control* buddy() const;
 
   [[nodiscard]] bool enabled() const { return enabled_; }
   void setEnabled(bool enabled) { assign(enabled_, enabled, Property::Enabled); }

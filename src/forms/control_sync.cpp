@@ -54,7 +54,7 @@ void ControlSync::apply(const Changes& changes) {
       if (changes.has(Property::Picture)) setPicture(control_.picture());
       break;
     case Kind::Image:
-      if (changes.hasAny(Property::Picture, Property::Place)) setPicture(control_.picture());
+      if (changes.has(Property::Picture, Property::Place)) setPicture(control_.picture());
       break;
     case Kind::CheckBox:
     case Kind::OptionButton:
@@ -74,13 +74,13 @@ void ControlSync::apply(const Changes& changes) {
 
 void ControlSync::applyCaption(const Changes& changes) {
   if (changes.has(Property::Caption)) setCaption(drawnCaption(control_));
-  if (changes.hasAny(Property::Caption, Property::Place)) fitCaption();
+  if (changes.has(Property::Caption, Property::Place)) fitCaption();
 }
 
 void ControlSync::applyBox(const TextBox& box, const Changes& changes) {
   if (changes.has(Property::Font)) setFont(box.font(), box.fontSize());
   if (changes.has(Property::Text)) text()->showText();
-  if (changes.hasAny(Property::Text, Property::Selection)) text()->showSelection();
+  if (changes.has(Property::Text, Property::Selection)) text()->showSelection();
 }
 
 void ControlSync::applyCombo(const ComboBox& combo, const Changes& changes) {

@@ -16,12 +16,10 @@ class Changes {
   void add(Property property) { bits_.set(static_cast<std::size_t>(property)); }
   void addAll() { bits_.set(); }
   [[nodiscard]] bool any() const { return bits_.any(); }
-  [[nodiscard]] bool has(Property property) const {
-    return bits_.test(static_cast<std::size_t>(property));
-  }
+  /// Whether one of them has changed.
   template <class... Properties>
-  [[nodiscard]] bool hasAny(Properties... properties) const {
-    return (has(properties) || ...);
+  [[nodiscard]] bool has(Properties... properties) const {
+    return (bits_.test(static_cast<std::size_t>(properties)) || ...);
   }
 
  private:
@@ -35,18 +33,8 @@ struct PixelPoint {
 
   bool operator==(const PixelPoint&) const = default;
 };
-struct PixelSize {
-  int width = 0;
-  int height = 0;
-
-  bool operator==(const PixelSize&) const = default;
-};
-struct PixelRect {
-  int left = 0;
-  int top = 0;
-  int width = 0;
-  int height = 0;
-};
+using PixelSize = SizeIn<int>;
+using PixelRect = RectIn<int>;
 
 /// The mark of a check box or an option button.
 enum class Mark : std::uint8_t { Clear, On, Mixed };

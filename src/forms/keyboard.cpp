@@ -20,45 +20,37 @@ Control* findIf(const Window& window, Condition condition) {
   return found == all.end() ? nullptr : found->get();
 }
 
-bool isBuddyOf(const Control& buddy, const Control& control) {
-  return control.row().buddy == buddy.row().name && control.row().buddyIndex == buddy.index();
-}
-
-Spinner* spinnerOf(const Control& box) {
-  return static_cast<Spinner*>(findIf(box.window(), [&](const Control& control) {
-    return control.kind() == Kind::Spinner && isBuddyOf(box, control);
-  }));
-}
-
-const Control* labelOf(const Control& box) {
+/// The spinner or the label of a box, or null.
+Control* leadingTo(const Control& box, Kind kind) {
   return findIf(box.window(), [&](const Control& control) {
-    return control.kind() == Kind::Label && isBuddyOf(box, control);
+    return control.kind() == kind && control.row().buddy == box.row().name &&
+           control.row().buddyIndex == box.index();
   });
 }
 
-bool click(Control* button) {
+/// Clicks the button whose row has that mark.
+bool clickMarked(const Window& window, bool ControlRow::*mark) {
+  Control* button = findIf(window, [&](const Control& c) { return c.row().*mark; });
   if (button == nullptr || !button->reachable()) return false;
   userClicked(*button);
   return true;
 }
 
-/// Where nothing is selected yet the arrows begin with what is in view.
-bool selectFirst(ListBox& list) {
-  if (list.entries().selected >= 0 || list.ListCount() == 0) return false;
-  userClickedEntry(list, list.firstInView());
-  return true;
-}
-
 bool arrow(Control& focus, bool up) {
-  if (focus.kind() == Kind::ListBox) return selectFirst(static_cast<ListBox&>(focus));
-  Spinner* spinner = spinnerOf(focus);
+  if (focus.kind() == Kind::ListBox) {
+    auto& list = static_cast<ListBox&>(focus);
+    if (list.entries().selected >= 0 || list.ListCount() == 0) return false;
+    userClickedEntry(list, list.firstInView());
+    return true;
+  }
+  Control* spinner = leadingTo(focus, Kind::Spinner);
   if (spinner == nullptr) return false;
-  userSpun(*spinner, up);
+  userSpun(static_cast<Spinner&>(*spinner), up);
   return true;
 }
 
 bool ask(const Control& box) {
-  Spinner* spinner = spinnerOf(box);
+  Control* spinner = leadingTo(box, Kind::Spinner);
   if (spinner == nullptr) return false;
   userReleasedMouse(*spinner, MouseButton::Right);
   return true;
@@ -78,13 +70,9 @@ bool enter(Control& focus) {
     return true;
   }
   if (focus.kind() == Kind::TextBox && !focus.row().multiLine) {
-    return click(findIf(focus.window(), [](const Control& c) { return c.row().clickedByEnter; }));
+    return clickMarked(focus.window(), &ControlRow::clickedByEnter);
   }
   return activate(focus);
-}
-
-bool escape(const Control& focus) {
-  return click(findIf(focus.window(), [](const Control& c) { return c.row().clickedByEscape; }));
 }
 
 bool openMenu(Control& focus) {
@@ -93,7 +81,7 @@ bool openMenu(Control& focus) {
   return true;
 }
 
-/// Where in the caption the letter of the mnemonic stands; npos where there is none.
+/// Where in the caption the letter of the mnemonic is; npos where there is none.
 std::size_t markedLetter(std::u16string_view caption) {
   for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
     if (caption[i] != u'&') continue;
@@ -118,14 +106,6 @@ bool inMenuBar(const Control& control) {
   return control.kind() == Kind::Menu && control.container() == nullptr && control.visible();
 }
 
-/// Whether the other one, which wants the same letter, has it.
-bool comesBefore(const Control& other, const Control& control) {
-  if (inMenuBar(other) != inMenuBar(control)) return inMenuBar(other);
-  return std::ranges::find_if(control.window().controls(), [&](const auto& each) {
-           return each.get() == &other || each.get() == &control;
-         })->get() == &other;
-}
-
 /// "Text #" is "Text 3" for the third element of an array.
 std::u16string numbered(std::u16string_view name, int index) {
   std::u16string result(name);
@@ -142,7 +122,7 @@ bool userPressedCommandKey(Control& focus, CommandKey key) {
     case CommandKey::Enter:
       return enter(focus);
     case CommandKey::Escape:
-      return escape(focus);
+      return clickMarked(focus.window(), &ControlRow::clickedByEscape);
     case CommandKey::Space:
       return activate(focus);
     case CommandKey::Up:
@@ -195,26 +175,25 @@ bool isLink(const Control& control) {
 char16_t mnemonicOf(const Control& control) {
   const char16_t letter = wantedLetter(control);
   if (letter == 0 || inMenu(control)) return letter;
-  const Control* rival = findIf(control.window(), [&](const Control& other) {
-    return &other != &control && !inMenu(other) && wantedLetter(other) == letter &&
-           comesBefore(other, control);
-  });
-  return rival == nullptr ? letter : u'\0';
+  const auto firstThatWantsIt = [&](bool menuBar) {
+    return findIf(control.window(), [&](const Control& other) {
+      return !inMenu(other) && inMenuBar(other) == menuBar && wantedLetter(other) == letter;
+    });
+  };
+  const Control* menu = firstThatWantsIt(true);
+  const Control* owner = menu == nullptr ? firstThatWantsIt(false) : menu;
+  return owner == &control ? letter : u'\0';
 }
 
 std::u16string drawnCaption(const Control& control) {
-  const std::u16string& caption = control.caption();
+  std::u16string drawn = control.caption();
   const char16_t letter = mnemonicOf(control);
-  if (letter == 0 && markedLetter(caption) != std::u16string::npos) {
-    std::u16string unmarked = caption;
-    unmarked.erase(markedLetter(caption) - 1, 1);
-    return unmarked;
-  }
-  std::u16string drawn = caption;
-  if (control.row().accessKey != 0 && letter != 0) {
-    if (const std::size_t place = drawn.find(letter); place != std::u16string::npos) {
-      drawn.insert(place, 1, u'&');
-    }
+  if (letter == 0) {
+    const std::size_t marked = markedLetter(drawn);
+    if (marked != std::u16string::npos) drawn.erase(marked - 1, 1);
+  } else if (control.row().accessKey != 0) {
+    const std::size_t place = drawn.find(letter);
+    if (place != std::u16string::npos) drawn.insert(place, 1, u'&');
   }
   return drawn;
 }
@@ -224,10 +203,9 @@ std::u16string accessibleName(const Control& control) {
     return numbered(control.row().accessibleName, control.index());
   }
   if (control.kind() == Kind::Spinner) {
-    const Control* box = control.window().find(control.row().buddy, control.row().buddyIndex);
-    return box == nullptr ? std::u16string() : accessibleName(*box);
+    return control.buddy() == nullptr ? std::u16string() : accessibleName(*control.buddy());
   }
-  const Control* label = labelOf(control);
+  const Control* label = leadingTo(control, Kind::Label);
   std::u16string name =
       text::withoutMnemonic(label == nullptr ? control.caption() : label->caption());
   if (name.ends_with(u':')) name.pop_back();

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <tuple>
 
@@ -10,29 +11,24 @@ namespace {
 
 using Group = std::vector<Control*>;
 
-struct Span {
-  double begin;
-  double end;
+/// A direction in which a group is cut, by the edges that a control has there.
+struct Cut {
+  double Rect::*begin;
+  double (Rect::*end)() const;
 };
-
-enum class Cut { IntoRows, IntoColumns };
-
-Span spanOf(const Control& control, Cut cut) {
-  const Rect& place = control.place();
-  if (cut == Cut::IntoRows) return {place.top, place.bottom()};
-  return {place.left, place.right()};
-}
+constexpr std::array kRowsThenColumns{Cut{&Rect::top, &Rect::bottom},
+                                      Cut{&Rect::left, &Rect::right}};
 
 /// The group cut wherever a straight line can be drawn that touches no control.
 std::vector<Group> parts(Group group, Cut cut) {
-  std::ranges::stable_sort(group, {}, [cut](const Control* c) { return spanOf(*c, cut).begin; });
+  std::ranges::stable_sort(group, {}, [cut](const Control* c) { return c->place().*cut.begin; });
   std::vector<Group> result;
-  double end = 0;
+  double end = -std::numeric_limits<double>::infinity();
   for (Control* control : group) {
-    const Span span = spanOf(*control, cut);
-    if (result.empty() || span.begin >= end) result.emplace_back();
+    const Rect& place = control->place();
+    if (place.*cut.begin >= end) result.emplace_back();
     result.back().push_back(control);
-    end = result.back().size() == 1 ? span.end : std::max(end, span.end);
+    end = std::max(end, (place.*cut.end)());
   }
   return result;
 }
@@ -47,39 +43,29 @@ Group visibleIn(const Window& window, const Control* container) {
   return group;
 }
 
-void readGroup(const Group& group, Group& order);
-
-void readOne(Control* control, Group& order) {
-  order.push_back(control);
-  readGroup(visibleIn(control->window(), control), order);
-}
-
-/// Controls that overlap, by their upper left corners.
-void readPile(Group group, Group& order) {
+/// Adds the controls as the eye reads: rows from top to bottom, each from left to right, and what
+/// is in a container right behind it. Controls that overlap follow their upper left corners.
+void read(Group group, Group& order) {
+  if (group.size() > 1) {
+    for (const Cut& cut : kRowsThenColumns) {
+      const auto cutUp = parts(group, cut);
+      if (cutUp.size() == 1) continue;
+      for (const Group& part : cutUp) read(part, order);
+      return;
+    }
+  }
   std::ranges::stable_sort(group, {}, [](const Control* control) {
     return std::tuple(control->place().top, control->place().left);
   });
-  for (Control* control : group) readOne(control, order);
-}
-
-/// Adds the controls as the eye reads: rows from top to bottom, each from left to right, and what
-/// is in a container right behind it.
-void readGroup(const Group& group, Group& order) {
-  if (group.empty()) return;
-  if (group.size() == 1) return readOne(group.front(), order);
-  for (const Cut cut : {Cut::IntoRows, Cut::IntoColumns}) {
-    const auto cutUp = parts(group, cut);
-    if (cutUp.size() == 1) continue;
-    for (const Group& part : cutUp) readGroup(part, order);
-    return;
+  for (Control* control : group) {
+    order.push_back(control);
+    read(visibleIn(control->window(), control), order);
   }
-  readPile(group, order);
 }
 
 /// What a label leads to; null for everything else.
 Control* boxOf(const Control& label) {
-  if (label.kind() != Kind::Label) return nullptr;
-  return label.window().find(label.row().buddy, label.row().buddyIndex);
+  return label.kind() == Kind::Label ? label.buddy() : nullptr;
 }
 
 Group withLabelsBeforeTheirBoxes(Group order) {
@@ -107,9 +93,9 @@ bool takesInput(const Control& control) {
 }  // namespace
 
 std::vector<Control*> tabOrder(const Window& window) {
-  Group read;
-  readGroup(visibleIn(window, nullptr), read);
-  Group order = withLabelsBeforeTheirBoxes(read);
+  Group asRead;
+  read(visibleIn(window, nullptr), asRead);
+  Group order = withLabelsBeforeTheirBoxes(asRead);
   std::ranges::stable_sort(order, {}, [](const Control* control) { return turn(*control); });
   return order;
 }

@@ -35,8 +35,7 @@ ViewSync::ViewSync(Window& window) : window_(window), focus_(firstFocus(window))
 void ViewSync::makeViews() {
   for (const auto& control : window_.controls()) views_.emplace(control.get(), makeView(*control));
   for (const auto& [control, view] : views_) {
-    const Control* buddy = window_.find(control->row().buddy, control->row().buddyIndex);
-    if (buddy != nullptr) view->setBuddy(syncOf(*buddy));
+    if (control->buddy() != nullptr) view->setBuddy(syncOf(*control->buddy()));
   }
 }
 

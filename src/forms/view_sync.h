@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <string>
@@ -104,39 +105,26 @@ class ViewSync {
   bool open_ = true;
 };
 
+template <class View, class Of, class WindowView>
+std::unique_ptr<ControlSync> makeView(WindowView& window, Control& control) {
+  return std::make_unique<View>(window, static_cast<Of&>(control));
+}
+
 /// Makes the view of a control, of the class that a front end has for its kind.
 template <class ContainerView, class ButtonView, class CheckBoxView, class OptionButtonView,
           class ComboView, class TextBoxView, class SpinnerView, class ListView, class LabelView,
           class ImageView, class StatusBarView, class MenuView, class WindowView>
 std::unique_ptr<ControlSync> makeViewOf(WindowView& window, Control& control) {
-  switch (control.kind()) {
-    case Kind::Button:
-      return std::make_unique<ButtonView>(window, control);
-    case Kind::CheckBox:
-      return std::make_unique<CheckBoxView>(window, control);
-    case Kind::OptionButton:
-      return std::make_unique<OptionButtonView>(window, control);
-    case Kind::ComboBox:
-      return std::make_unique<ComboView>(window, static_cast<ComboBox&>(control));
-    case Kind::TextBox:
-      return std::make_unique<TextBoxView>(window, static_cast<TextBox&>(control));
-    case Kind::Spinner:
-      return std::make_unique<SpinnerView>(window, static_cast<Spinner&>(control));
-    case Kind::ListBox:
-      return std::make_unique<ListView>(window, static_cast<ListBox&>(control));
-    case Kind::Label:
-      return std::make_unique<LabelView>(window, control);
-    case Kind::Image:
-      return std::make_unique<ImageView>(window, control);
-    case Kind::StatusBar:
-      return std::make_unique<StatusBarView>(window, control);
-    case Kind::Menu:
-      return std::make_unique<MenuView>(window, static_cast<MenuEntry&>(control));
-    case Kind::Frame:
-    case Kind::Panel:
-      break;
-  }
-  return std::make_unique<ContainerView>(window, control);
+  // In the order of the kinds.
+  constexpr std::array<std::unique_ptr<ControlSync> (*)(WindowView&, Control&), kKinds> kMakers{
+      makeView<ContainerView, Control>,    makeView<ContainerView, Control>,
+      makeView<ButtonView, Control>,       makeView<CheckBoxView, Control>,
+      makeView<OptionButtonView, Control>, makeView<ComboView, ComboBox>,
+      makeView<TextBoxView, TextBox>,      makeView<SpinnerView, Spinner>,
+      makeView<ListView, ListBox>,         makeView<LabelView, Control>,
+      makeView<ImageView, Control>,        makeView<StatusBarView, Control>,
+      makeView<MenuView, MenuEntry>};
+  return kMakers.at(static_cast<std::size_t>(control.kind()))(window, control);
 }
 
 }  // namespace kvrnstep::forms

@@ -10,26 +10,16 @@ namespace kvrnstep::forms {
 
 namespace {
 
-std::unique_ptr<Control> makeControl(Window& window, const ControlRow& row, Control* container) {
-  switch (row.kind) {
-    case Kind::CheckBox:
-      return std::make_unique<CheckBox>(window, row, container);
-    case Kind::OptionButton:
-      return std::make_unique<OptionButton>(window, row, container);
-    case Kind::ComboBox:
-      return std::make_unique<ComboBox>(window, row, container);
-    case Kind::TextBox:
-      return std::make_unique<TextBox>(window, row, container);
-    case Kind::Spinner:
-      return std::make_unique<Spinner>(window, row, container);
-    case Kind::ListBox:
-      return std::make_unique<ListBox>(window, row, container);
-    case Kind::Menu:
-      return std::make_unique<MenuEntry>(window, row, container);
-    default:
-      return std::make_unique<Control>(window, row, container);
-  }
+template <class T>
+std::unique_ptr<Control> make(Window& window, const ControlRow& row, Control* container) {
+  return std::make_unique<T>(window, row, container);
 }
+
+/// In the order of the kinds.
+constexpr std::array<decltype(&make<Control>), kKinds> kMakers{
+    make<Control>,  make<Control>, make<Control>,  make<CheckBox>, make<OptionButton>,
+    make<ComboBox>, make<TextBox>, make<Spinner>,  make<ListBox>,  make<Control>,
+    make<Control>,  make<Control>, make<MenuEntry>};
 
 }  // namespace
 
@@ -38,7 +28,7 @@ Window::Window(const WindowDesign& design)
   controls_.reserve(design.controls.size());
   for (const ControlRow& row : design.controls) {
     Control* container = row.in.empty() ? nullptr : find(row.in, -1);
-    controls_.push_back(makeControl(*this, row, container));
+    controls_.push_back(kMakers.at(static_cast<std::size_t>(row.kind))(*this, row, container));
   }
 }
 

@@ -13,14 +13,14 @@ namespace kvrnstep::forms {
 
 namespace {
 
-class InEachWindow : public testing::TestWithParam<const WindowDesign& (*)()> {
+class InEachWindow : public testing::TestWithParam<const WindowDesign*> {
  protected:
-  Window window{GetParam()()};
+  Window window{*GetParam()};
 };
 INSTANTIATE_TEST_SUITE_P(Keyboard, InEachWindow,
-                         testing::Values(dialogs::frmListwrightDesign, dialogs::frmStepPSEditDesign,
-                                         dialogs::frmStepBEDesign),
-                         [](const auto& design) { return std::string(design.param().name); });
+                         testing::Values(&dialogs::frmListwrightDesign,
+                                         &dialogs::frmStepPSEditDesign, &dialogs::frmStepBEDesign),
+                         [](const auto& design) { return std::string(design.param->name); });
 
 TEST_P(InEachWindow, EachLetterLeadsToOneControlAndIsDrawnThere) {
   std::set<char16_t> letters;
@@ -54,7 +54,7 @@ TEST_P(InEachWindow, EveryControlHasANameOfItsOwn) {
 }
 
 TEST(Keyboard, AReleaseCountsInTheBoxThatSawThePress) {
-  Window window(dialogs::frmListwrightDesign());
+  Window window(dialogs::frmListwrightDesign);
   auto& end = static_cast<TextBox&>(*window.find("txtBEndAt", -1));
   auto& start = static_cast<TextBox&>(*window.find("txtBStart", -1));
   std::string released;
