@@ -79,11 +79,6 @@ class Photographer final : public windows::Attendant {
     take(shownWindow(L"ComboLBox"));
     view.window().unload();
   }
-  void messageOpens() override {}
-  void questionOpens() override {}
-  void fileBoxOpens() override {}
-  void popUpOpens(WindowView& /*view*/, const forms::MenuEntry& /*menu*/) override {}
-  void boxClosed() override {}
 
   [[nodiscard]] bool succeeded() const { return succeeded_; }
 

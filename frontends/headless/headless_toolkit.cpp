@@ -101,16 +101,16 @@ std::optional<std::u16string> chosen(Choose choose) {
 
 void HeadlessToolkit::runModal(Window& window) {
   const Control* before = std::exchange(focus_, nullptr);
-  while (!window.unloaded()) player_->act();
+  while (!window.unloaded()) player().act();
   focus_ = before;
 }
 
 std::optional<std::u16string> HeadlessToolkit::ask(const forms::Question& /*question*/) {
-  return player_->answer();
+  return player().answer();
 }
 
 std::optional<std::u16string> HeadlessToolkit::ShowOpenDialog(const forms::FileDialog& dialog) {
-  const auto named = player_->answer();
+  const auto named = player().answer();
   if (!named) return std::nullopt;
   return chosen([&]() -> std::optional<std::u16string> {
     const std::filesystem::path path = inFolder(dialog, *named);
@@ -121,7 +121,7 @@ std::optional<std::u16string> HeadlessToolkit::ShowOpenDialog(const forms::FileD
 }
 
 std::optional<std::u16string> HeadlessToolkit::ShowSaveDialog(const forms::FileDialog& dialog) {
-  const auto named = player_->answer();
+  const auto named = player().answer();
   if (!named || named->empty()) return std::nullopt;
   return chosen([&] {
     std::filesystem::path path = inFolder(dialog, *named);
@@ -135,7 +135,7 @@ std::optional<std::u16string> HeadlessToolkit::ShowSaveDialog(const forms::FileD
 
 void HeadlessToolkit::popUp(MenuEntry& /*menu*/) {
   popUpOpen_ = true;
-  while (popUpOpen_) player_->act();
+  while (popUpOpen_) player().act();
 }
 
 bool HeadlessToolkit::carryOut(const Gesture& gesture) {
@@ -225,9 +225,7 @@ void HeadlessToolkit::type(TextControl& box, std::u16string_view text) {
   enter(box);
   forms::userSelected(box, {box.text().size(), 0});
   while (!text.empty() && !box.window().unloaded()) {
-    const auto character = text::firstCharacter(text);
-    text.remove_prefix(character.size());
-    typeCharacter(box, character);
+    typeCharacter(box, text::takeCharacter(text));
   }
 }
 

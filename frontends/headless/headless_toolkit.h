@@ -1,14 +1,14 @@
 #pragma once
 
-#include "driving/driven_toolkit.h"
+#include "driving/driver.h"
 
 namespace kvrnstep::headless {
 
 /// A front end without a screen: windows are there, but nothing is drawn, and the user is the
 /// player. Its screen measures 1280 × 1024 pixels.
-class HeadlessToolkit final : public driving::DrivenToolkit {
+class HeadlessToolkit final : public forms::Toolkit, public driving::Driver {
  public:
-  void setPlayer(driving::Player& player) override { player_ = &player; }
+  forms::Toolkit& toolkit() override { return *this; }
 
   void runModal(forms::Window& window) override;
   void bringToFront() override {}
@@ -26,10 +26,6 @@ class HeadlessToolkit final : public driving::DrivenToolkit {
   void playSound(const std::u16string& /*file*/, forms::SoundMode /*mode*/) override {}
 
   bool carryOut(const driving::Gesture& gesture) override;
-  std::optional<driving::Value> shown(const forms::Control& /*control*/,
-                                      std::string_view /*property*/) override {
-    return std::nullopt;
-  }
 
  private:
   void click(const driving::Gesture& gesture);
@@ -40,7 +36,6 @@ class HeadlessToolkit final : public driving::DrivenToolkit {
   void clear(forms::TextControl& box);
   bool pick(forms::MenuEntry& entry);
 
-  driving::Player* player_ = nullptr;
   const forms::Control* focus_ = nullptr;  ///< what was clicked or typed into last
   bool popUpOpen_ = false;
 };

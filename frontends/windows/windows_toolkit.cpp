@@ -23,23 +23,6 @@ using forms::kTwipsPerPixel;
 
 namespace {
 
-/// Tells the attendant that a box is about to open, and when it has closed.
-class Attended {
- public:
-  template <class Opens>
-  Attended(Attendant* attendant, Opens opens) : attendant_(attendant) {
-    if (attendant_ != nullptr) opens(*attendant_);
-  }
-  ~Attended() {
-    if (attendant_ != nullptr) attendant_->boxClosed();
-  }
-  Attended(const Attended&) = delete;
-  Attended& operator=(const Attended&) = delete;
-
- private:
-  Attendant* attendant_;
-};
-
 /// Has a window drawn by its view, as long as both live.
 class Attached {
  public:
@@ -124,7 +107,6 @@ void WindowsToolkit::quit(int status) {
 void WindowsToolkit::showMessage(const forms::Message& message) {
   const NativeLook look;
   const HWND over = owner();
-  const Attended attended(attendant_, [](Attendant& attendant) { attendant.messageOpens(); });
   const UINT icon =
       message.icon == forms::MessageIcon::Information ? MB_ICONINFORMATION : MB_ICONEXCLAMATION;
   ::MessageBoxW(over, text::wide(message.text), text::wide(message.title),
@@ -134,21 +116,18 @@ void WindowsToolkit::showMessage(const forms::Message& message) {
 std::optional<std::u16string> WindowsToolkit::ask(const forms::Question& question) {
   const NativeLook look;
   const HWND over = owner();
-  const Attended attended(attendant_, [](Attendant& attendant) { attendant.questionOpens(); });
   return QuestionBox(question).ask(over);
 }
 
 std::optional<std::u16string> WindowsToolkit::ShowOpenDialog(const forms::FileDialog& dialog) {
   const NativeLook look;
   const HWND over = owner();
-  const Attended attended(attendant_, [](Attendant& attendant) { attendant.fileBoxOpens(); });
   return windows::ShowOpenDialog(dialog, over);
 }
 
 std::optional<std::u16string> WindowsToolkit::ShowSaveDialog(const forms::FileDialog& dialog) {
   const NativeLook look;
   const HWND over = owner();
-  const Attended attended(attendant_, [](Attendant& attendant) { attendant.fileBoxOpens(); });
   return windows::ShowSaveDialog(dialog, over);
 }
 
@@ -157,14 +136,9 @@ void WindowsToolkit::popUp(forms::MenuEntry& menu) {
   if (view == nullptr) return;
   view->update();
   const POINT place = view->menuPlace();
-  UINT picked = 0;
-  {
-    const Attended attended(attendant_,
-                            [&](Attendant& attendant) { attendant.popUpOpens(*view, menu); });
-    picked = static_cast<UINT>(::TrackPopupMenu(view->menus().menuOf(menu),
-                                                TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x, place.y,
-                                                0, view->handle(), nullptr));
-  }
+  const auto picked = static_cast<UINT>(::TrackPopupMenu(view->menus().menuOf(menu),
+                                                         TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x,
+                                                         place.y, 0, view->handle(), nullptr));
   if (forms::MenuEntry* entry = view->menus().entryOf(picked)) forms::userClicked(*entry);
 }
 

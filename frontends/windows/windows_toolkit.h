@@ -7,19 +7,12 @@
 
 namespace kvrnstep::windows {
 
-/// Is told of what opens, before it waits for its user, and has the user's part.
+/// Has the user's part.
 class Attendant {
  public:
   virtual ~Attendant() = default;
   /// Nothing is waiting to be dealt with or drawn.
   virtual void windowIdle(WindowView& view) = 0;
-  // Each of these comes before a box that waits in a loop of the system …
-  virtual void messageOpens() = 0;
-  virtual void questionOpens() = 0;
-  virtual void fileBoxOpens() = 0;
-  virtual void popUpOpens(WindowView& view, const forms::MenuEntry& menu) = 0;
-  // … and this one after it.
-  virtual void boxClosed() = 0;
 };
 
 /// Shows windows with the system's own.

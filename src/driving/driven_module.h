@@ -22,12 +22,12 @@ namespace kvrnstep::driving {
 
 inline constexpr const char* kDrivenFrontEndSymbol = "kvrnstepDrivenFrontEnd";
 
-/// The module's only stage, set anew for this player.
-template <class DrivenToolkit>
+/// The module's only stage, set anew for this player, around its driver.
+template <class Its>
 ScriptStage* stageFor(Player& player, ContextFunction& context) {
-  static DrivenToolkit toolkit;
+  static Its driver;
   static std::unique_ptr<ScriptStage> stage;
-  stage = std::make_unique<ScriptStage>(toolkit, player, &context);
+  stage = std::make_unique<ScriptStage>(driver, player, &context);
   return stage.get();
 }
 

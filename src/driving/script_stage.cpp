@@ -137,9 +137,9 @@ Outcome judged(std::string& reason, Action action) {
 
 }  // namespace
 
-ScriptStage::ScriptStage(DrivenToolkit& toolkit, Player& player, ContextFunction* context)
-    : toolkit_(toolkit), player_(player), context_(context) {
-  toolkit_.setPlayer(player);
+ScriptStage::ScriptStage(Driver& driver, Player& player, ContextFunction* context)
+    : driver_(driver), toolkit_(driver.toolkit()), player_(player), context_(context) {
+  driver.setPlayer(player);
 }
 
 Window& ScriptStage::topmost() const {
@@ -164,7 +164,7 @@ Outcome ScriptStage::perform(std::string_view name, const std::vector<std::u16st
     // Whatever cannot be dragged stays where it is.
     if (gesture.what == What::Drag && !gesture.control->row().draggable) return true;
     scrollToEntry(gesture);
-    return toolkit_.carryOut(gesture);
+    return driver_.carryOut(gesture);
   });
 }
 
@@ -235,7 +235,7 @@ Outcome ScriptStage::read(std::string_view text, Value& value, std::string& reas
     if (!found) throw WrongScript("no such property in " + std::string(text));
     value = std::move(*found);
     if (control == nullptr) return true;
-    const auto shown = toolkit_.shown(*control, property);
+    const auto shown = driver_.shown(*control, property);
     if (shown && !looksLike(*control, property, *shown)) value = *shown;
     return true;
   });
@@ -255,18 +255,29 @@ Outcome ScriptStage::assign(std::string_view text, const std::u16string& word,
 
 void ScriptStage::closeTopmost() {
   if (windows_.empty()) return;
-  toolkit_.carryOut({popUp_ != nullptr ? What::Escape : What::Close, *windows_.back()});
+  driver_.carryOut({popUp_ != nullptr ? What::Escape : What::Close, *windows_.back()});
 }
 
 std::optional<Value> ScriptStage::contextField(std::string_view name) {
   return context_ == nullptr ? std::nullopt : held(context_(), name);
 }
 
+template <class Show>
+auto ScriptStage::attended(Opened what, const Window* window, const MenuEntry* menu, Show show) {
+  struct End {
+    Driver& driver;
+    ~End() { driver.closed(); }
+  };
+  driver_.opens(what, window, menu);
+  const End end{driver_};
+  return show();
+}
+
 void ScriptStage::runModal(Window& window) {
   const std::string name(window.design().name);
   windows_.push_back(&window);
   player_.happened("opened", {name});
-  toolkit_.runModal(window);
+  attended(Opened::Window, &window, nullptr, [&] { toolkit_.runModal(window); });
   windows_.pop_back();
   player_.happened("closed", {name});
 }
@@ -275,28 +286,30 @@ void ScriptStage::showMessage(const forms::Message& message) {
   const bool information = message.icon == forms::MessageIcon::Information;
   player_.happened("message", {std::string(information ? "information" : "exclamation"),
                                message.title, message.text});
-  toolkit_.showMessage(message);
+  attended(Opened::Message, nullptr, nullptr, [&] { toolkit_.showMessage(message); });
 }
 
 std::optional<std::u16string> ScriptStage::ask(const forms::Question& question) {
   player_.happened("ask", {question.title, question.prompt, question.proposal});
-  return toolkit_.ask(question);
+  return attended(Opened::Question, nullptr, nullptr, [&] { return toolkit_.ask(question); });
 }
 
 std::optional<std::u16string> ScriptStage::ShowOpenDialog(const forms::FileDialog& dialog) {
   player_.happened("open-dialog", {std::u16string(dialog.title), dialog.name, dialog.folder});
-  return toolkit_.ShowOpenDialog(dialog);
+  return attended(Opened::FileBox, nullptr, nullptr,
+                  [&] { return toolkit_.ShowOpenDialog(dialog); });
 }
 
 std::optional<std::u16string> ScriptStage::ShowSaveDialog(const forms::FileDialog& dialog) {
   player_.happened("save-dialog", {std::u16string(dialog.title), dialog.name, dialog.folder});
-  return toolkit_.ShowSaveDialog(dialog);
+  return attended(Opened::FileBox, nullptr, nullptr,
+                  [&] { return toolkit_.ShowSaveDialog(dialog); });
 }
 
 void ScriptStage::popUp(MenuEntry& menu) {
   player_.happened("popup", {menu.scriptName()});
   popUp_ = &menu;
-  toolkit_.popUp(menu);
+  attended(Opened::PopUp, nullptr, &menu, [&] { toolkit_.popUp(menu); });
   popUp_ = nullptr;
 }
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "driving/driven_toolkit.h"
+#include "driving/driver.h"
 #include "plugin/host_context.h"
 
 namespace kvrnstep::driving {
@@ -13,12 +13,12 @@ namespace kvrnstep::driving {
 /// Hands out the calling thread's record of the call.
 using ContextFunction = plugin::HostContext&();
 
-/// A driven toolkit with a script before it: it carries out what the script says of the topmost
+/// A toolkit that has a driver use what it shows. It carries out what a script says of the topmost
 /// window, in the script's words, and reports what a user would notice.
 class ScriptStage final : public forms::Toolkit, public Stage {
  public:
   /// All must outlive the stage. Without a context its fields cannot be read.
-  ScriptStage(DrivenToolkit& toolkit, Player& player, ContextFunction* context = nullptr);
+  ScriptStage(Driver& driver, Player& player, ContextFunction* context = nullptr);
 
   Outcome perform(std::string_view verb, const std::vector<std::u16string>& words,
                   std::string& reason) override;
@@ -58,7 +58,12 @@ class ScriptStage final : public forms::Toolkit, public Stage {
   [[nodiscard]] bool inReach(const Gesture& gesture) const;
   [[nodiscard]] bool isOffered(const forms::MenuEntry& entry) const;
 
-  DrivenToolkit& toolkit_;
+  /// Calls `show` between the driver's opens() and closed().
+  template <class Show>
+  auto attended(Opened what, const forms::Window* window, const forms::MenuEntry* menu, Show show);
+
+  Driver& driver_;
+  forms::Toolkit& toolkit_;
   Player& player_;
   ContextFunction* context_;
   std::vector<forms::Window*> windows_;

@@ -115,6 +115,11 @@ class ControlSync {
   virtual void setBuddy(ControlSync& /*buddy*/) {}
   /// Whether Tab leads to the control.
   virtual void setTabStop(bool /*on*/) {}
+  /// Of a control that holds a text.
+  [[nodiscard]] virtual TextSync* text() { return nullptr; }
+  [[nodiscard]] virtual Scroll scroll() const { return {}; }
+  /// A list that cannot be scrolled as far as was asked is scrolled as far as it reaches.
+  [[nodiscard]] bool scrolledAsAsked() const;
 
  protected:
   /// The place of the widget in its parent.
@@ -140,9 +145,6 @@ class ControlSync {
   virtual void setIndex(int /*index*/) {}
   /// Scrolls so that the entry is the first visible one, as far as the list reaches.
   virtual void setTopIndex(int /*index*/) {}
-  [[nodiscard]] virtual Scroll scroll() const { return {}; }
-  /// Of a control that holds a text.
-  [[nodiscard]] virtual TextSync* text() { return nullptr; }
   /// Of a menu entry; none of the other setters is called for it.
   virtual void setEntry(const DrawnEntry& /*entry*/) {}
 
@@ -152,8 +154,6 @@ class ControlSync {
   void userSelectedEntry(int index);
   /// The user may have scrolled the list.
   void userMayHaveScrolled();
-  /// A list that cannot be scrolled as far as was asked is scrolled as far as it reaches.
-  [[nodiscard]] bool scrolledAsAsked() const;
 
  private:
   void apply(const Changes& changes);

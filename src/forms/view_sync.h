@@ -26,6 +26,7 @@ class ViewSync {
   [[nodiscard]] Window& window() const { return window_; }
   [[nodiscard]] bool open() const { return open_; }
   [[nodiscard]] PixelRect pixelPlace(const Control& control) const;
+  [[nodiscard]] ControlSync& syncOf(const Control& control) const { return *views_.at(&control); }
   /// Marks a property of all controls of a kind.
   void markKind(Kind kind, Property property);
 
@@ -69,7 +70,6 @@ class ViewSync {
   /// Makes the views of all controls, containers first, and joins buddies.
   void makeViews();
   void destroyViews() { views_.clear(); }
-  [[nodiscard]] ControlSync& syncOf(const Control& control) const { return *views_.at(&control); }
   /// Marks everything as changed and shows it, so many pixels to 1/96 inch.
   void showAll(double scale);
   /// The monitor has another density. The window stays where the desktop has moved it.

@@ -17,4 +17,11 @@ constexpr std::u16string_view firstCharacter(std::u16string_view text) {
   return isSurrogatePair(two) ? two : text.substr(0, 1);
 }
 
+/// … which is taken off the text.
+constexpr std::u16string_view takeCharacter(std::u16string_view& text) {
+  const auto character = firstCharacter(text);
+  text.remove_prefix(character.size());
+  return character;
+}
+
 }  // namespace kvrnstep::text

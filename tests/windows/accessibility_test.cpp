@@ -118,11 +118,6 @@ class Listener final : public Attendant {
     ::EnumChildWindows(view.handle(), take, reinterpret_cast<LPARAM>(this));
     view.window().unload();
   }
-  void messageOpens() override {}
-  void questionOpens() override {}
-  void fileBoxOpens() override {}
-  void popUpOpens(WindowView& /*view*/, const forms::MenuEntry& /*menu*/) override {}
-  void boxClosed() override {}
 
   Annotations annotations;
   Told told;

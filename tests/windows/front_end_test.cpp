@@ -88,11 +88,6 @@ class Steps : public Attendant {
       ::PostMessageW(view.handle(), WM_CLOSE, 0, 0);
     }
   }
-  void messageOpens() override {}
-  void questionOpens() override {}
-  void fileBoxOpens() override {}
-  void popUpOpens(WindowView& /*view*/, const forms::MenuEntry& /*menu*/) override {}
-  void boxClosed() override {}
 
   [[nodiscard]] bool allTaken() const { return next_ == steps_.size(); }
 

@@ -1,9 +1,9 @@
 #include "driving/driven_module.h"
 
-#include "driven_toolkit.h"
+#include "windows_driver.h"
 
 KVRNSTEP_DRIVEN_MODULE kvrnstep::driving::ScriptStage* kvrnstepDrivenFrontEnd(
     kvrnstep::driving::Player* player, kvrnstep::driving::ContextFunction* context,
     std::string* /*problem*/) {
-  return kvrnstep::driving::stageFor<kvrnstep::windows::DrivenWindowsToolkit>(*player, *context);
+  return kvrnstep::driving::stageFor<kvrnstep::windows::WindowsDriver>(*player, *context);
 }

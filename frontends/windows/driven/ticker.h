@@ -7,8 +7,8 @@
 namespace kvrnstep::windows {
 
 /// Calls an action again and again as long as it lives, from whatever loop of this thread runs:
-/// menus and message boxes wait in loops of the system's own. An action that itself lets messages
-/// run is not called anew before it has returned.
+/// menus and message boxes wait in loops of the system's own. A call comes when all input before it
+/// has been dealt with, and also while the action itself lets messages run. There is one at a time.
 class Ticker {
  public:
   explicit Ticker(std::function<void()> action);
@@ -21,7 +21,6 @@ class Ticker {
 
   std::function<void()> action_;
   UINT_PTR id_;
-  bool running_ = false;
 };
 
 }  // namespace kvrnstep::windows

@@ -40,23 +40,6 @@ INPUT character(char16_t code, DWORD flags) {
   return input;
 }
 
-struct ButtonFlags {
-  DWORD down;
-  DWORD up;
-};
-
-ButtonFlags flagsOf(MouseButton button) {
-  switch (button) {
-    case MouseButton::Middle:
-      return {MOUSEEVENTF_MIDDLEDOWN, MOUSEEVENTF_MIDDLEUP};
-    case MouseButton::Right:
-      return {MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP};
-    case MouseButton::Left:
-      break;
-  }
-  return {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP};
-}
-
 /// The window, or a part of it, is what a click at this point of the screen meets.
 bool meets(HWND window, POINT onScreen) {
   const HWND hit = ::WindowFromPoint(onScreen);
@@ -79,13 +62,6 @@ POINT awayFromLast(HWND window, POINT inside) {
   return onScreen;
 }
 
-void bringToFront(HWND window) {
-  const HWND top = ::GetAncestor(window, GA_ROOT);
-  // The list of a combo box never takes the keyboard.
-  const bool takesKeys = (::GetWindowLongPtrW(top, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
-  if (takesKeys && ::GetForegroundWindow() != top) ::SetForegroundWindow(top);
-}
-
 WORD namedKey(char16_t code) {
   switch (code) {
     case u'\b':
@@ -106,14 +82,14 @@ WORD namedKey(char16_t code) {
 
 }  // namespace
 
-bool clickAt(HWND window, POINT inside, MouseButton button, Presses presses) {
-  bringToFront(window);
+bool clickAt(HWND window, POINT inside, MouseButton button, bool twice) {
   const POINT onScreen = awayFromLast(window, inside);
   if (::IsWindowVisible(window) == FALSE || !meets(window, onScreen)) return false;
   moveMouse(onScreen);
-  const ButtonFlags flags = flagsOf(button);
-  std::vector<INPUT> inputs{mouse(flags.down), mouse(flags.up)};
-  if (presses == Presses::Twice) inputs.insert(inputs.end(), {inputs[0], inputs[1]});
+  const bool right = button == MouseButton::Right;
+  std::vector<INPUT> inputs{mouse(right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN),
+                            mouse(right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP)};
+  if (twice) inputs.insert(inputs.end(), {inputs[0], inputs[1]});
   send(std::move(inputs));
   return true;
 }
@@ -133,15 +109,9 @@ std::optional<POINT> reachablePoint(HWND window) {
   return POINT{(room.left + room.right) / 2, (room.top + room.bottom) / 2};
 }
 
-bool clickOn(HWND window, MouseButton button, Presses presses) {
+bool clickOn(HWND window) {
   const auto point = reachablePoint(window);
-  return point && clickAt(window, *point, button, presses);
-}
-
-void clickOnScreen(POINT point) {
-  moveMouse(point);
-  pressLeft();
-  releaseLeft();
+  return point && clickAt(window, *point);
 }
 
 void moveMouse(POINT onScreen) {
@@ -175,10 +145,6 @@ void pressCharacter(char16_t code) {
   } else {
     send({character(code, 0), character(code, kKeyUp)});
   }
-}
-
-void typeCharacters(std::u16string_view text) {
-  for (const char16_t code : text) pressCharacter(code);
 }
 
 }  // namespace kvrnstep::windows

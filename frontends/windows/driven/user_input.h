@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <optional>
-#include <string_view>
 
 #include "forms/control.h"
 
@@ -12,17 +11,12 @@
 /// runs next.
 namespace kvrnstep::windows {
 
-enum class Presses { Once, Twice };
-
 /// A click at a point of the window. False: the window is hidden or disabled, or something else
 /// would get the click there; nothing was done.
 bool clickAt(HWND window, POINT inside, forms::MouseButton button = forms::MouseButton::Left,
-             Presses presses = Presses::Once);
+             bool twice = false);
 /// … at the middle of it, or of what is visible of it.
-bool clickOn(HWND window, forms::MouseButton button = forms::MouseButton::Left,
-             Presses presses = Presses::Once);
-/// … at a point of the screen, whatever is there.
-void clickOnScreen(POINT point);
+bool clickOn(HWND window);
 
 void moveMouse(POINT onScreen);
 void pressLeft();
@@ -34,6 +28,5 @@ std::optional<POINT> reachablePoint(HWND window);
 void pressKey(WORD code, WORD held = 0);
 /// The key that types this character.
 void pressCharacter(char16_t code);
-void typeCharacters(std::u16string_view text);
 
 }  // namespace kvrnstep::windows

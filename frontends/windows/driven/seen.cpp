@@ -1,9 +1,8 @@
-#include "shown.h"
-
 #include <algorithm>
 #include <array>
 
 #include "text/windows/wide.h"
+#include "windows_driver.h"
 
 namespace kvrnstep::windows {
 
@@ -76,38 +75,9 @@ std::u16string toolTipOf(HWND window, HWND control) {
   return {text.data(), text.data() + std::char_traits<wchar_t>::length(text.data())};
 }
 
-std::optional<Value> ofText(HWND edit, const forms::TextControl& box, std::string_view property) {
-  if (property == "text") {
-    // The system's texts end at the first NUL.
-    const std::u16string text = textOf(edit);
-    return text == box.text().substr(0, box.text().find(u'\0')) ? box.text() : text;
-  }
-  DWORD start = 0;
-  DWORD end = 0;
-  ::SendMessageW(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
-  if (property == "selstart") return static_cast<double>(start);
-  if (property == "sellength") return static_cast<double>(end - start);
-  return std::nullopt;
-}
-
-std::optional<Value> ofList(HWND window, const forms::ListBox& list, std::string_view property) {
-  if (property == "items") return entriesOf(window, kListMessages);
-  if (property == "index") return asked(window, LB_GETCURSEL);
-  if (property != "topindex") return std::nullopt;
-  RECT inside{};
-  ::GetClientRect(window, &inside);
-  const double top = asked(window, LB_GETTOPINDEX);
-  const int lines = static_cast<int>(inside.bottom / asked(window, LB_GETITEMHEIGHT));
-  // Scrolled as far as the list reaches is as good as scrolled further.
-  const bool asFarAsItGoes =
-      top == std::min(list.topIndex(), std::max(0, list.ListCount() - lines));
-  return asFarAsItGoes ? list.topIndex() : top;
-}
-
 std::optional<Value> ofKind(const ControlView& view, std::string_view property) {
   const HWND window = view.handle();
-  const forms::Control& control = view.control();
-  switch (control.kind()) {
+  switch (view.control().kind()) {
     case Kind::CheckBox:
       if (property == "value") return asked(window, BM_GETCHECK);
       [[fallthrough]];
@@ -123,11 +93,11 @@ std::optional<Value> ofKind(const ControlView& view, std::string_view property) 
     case Kind::ComboBox:
       if (property == "items") return entriesOf(window, kComboMessages);
       if (property == "index") return asked(window, CB_GETCURSEL);
-      [[fallthrough]];
-    case Kind::TextBox:
-      return ofText(view.keyTarget(), static_cast<const forms::TextControl&>(control), property);
+      return std::nullopt;
     case Kind::ListBox:
-      return ofList(window, static_cast<const forms::ListBox&>(control), property);
+      if (property == "items") return entriesOf(window, kListMessages);
+      if (property == "index") return asked(window, LB_GETCURSEL);
+      return std::nullopt;
     default:
       return std::nullopt;
   }
@@ -135,8 +105,9 @@ std::optional<Value> ofKind(const ControlView& view, std::string_view property) 
 
 }  // namespace
 
-std::optional<Value> shown(const WindowView& view, const forms::Control& control,
-                           std::string_view property) {
+std::optional<Value> WindowsDriver::seen(const forms::Control& control,
+                                         std::string_view property) const {
+  const WindowView& view = *viewOf(control.window());
   if (control.kind() == Kind::Menu) return ofEntry(view, control, property);
   const ControlView& drawn = view.viewOf(control);
   // What the parents are would count too if the system were asked in another way.

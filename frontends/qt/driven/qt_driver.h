@@ -1,0 +1,53 @@
+#pragma once
+
+#include "driving/widget_driver.h"
+#include "qt_toolkit.h"
+
+namespace kvrnstep::qt {
+
+/// Hands input to Qt as the window system does: the window finds the widget, modal windows block,
+/// shortcuts are looked up.
+class QtDriver final : public driving::WidgetDriver {
+ public:
+  forms::Toolkit& toolkit() override { return native_; }
+
+ protected:
+  void callAct(bool on) override;
+  [[nodiscard]] WindowView* viewOf(const forms::Window& window) const override {
+    return native_.viewOf(window);
+  }
+  void settle() override;
+  bool waits(const forms::Window& window) override;
+  bool waits(const forms::MenuEntry& menu) override;
+  void bringToFront(const forms::Window& window) override;
+
+  std::optional<Spot> spotOf(const forms::Control& control, Part part, int entry) override;
+  bool clickAt(const Spot& spot, forms::MouseButton button, bool twice) override;
+  bool drag(const Spot& from, const Spot& to) override;
+  void strike(std::u16string_view character) override;
+  void strikeShortcut(std::string_view keys) override;
+
+  bool setPlace(const driving::Gesture& gesture) override;
+  void minimize(const forms::Window& window, bool minimized) override;
+  void close(const forms::Window& window) override;
+
+  void* openBox() override;
+  void enterLine(void* box) override;
+  void agree(void* box) override;
+
+  [[nodiscard]] std::optional<driving::Value> seen(const forms::Control& control,
+                                                   std::string_view property) const override;
+
+ private:
+  [[nodiscard]] ControlView& viewOf(const forms::Control& control) const {
+    return native_.viewOf(control.window())->viewOf(control);
+  }
+  static Spot spotIn(QWidget* widget, QPoint point) { return {widget, point.x(), point.y()}; }
+  [[nodiscard]] std::optional<Spot> spotOfEntry(const forms::Control& entry) const;
+  void look();
+
+  QtToolkit native_;
+  bool looking_ = false;
+};
+
+}  // namespace kvrnstep::qt

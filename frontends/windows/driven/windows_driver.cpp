@@ -1,0 +1,256 @@
+#include "windows_driver.h"
+
+#include <array>
+#include <string_view>
+
+#include "scale.h"
+#include "shortcut.h"
+#include "user_input.h"
+
+namespace kvrnstep::windows {
+
+using driving::Gesture;
+using forms::Chrome;
+using forms::Kind;
+using forms::kTwipsPerPixel;
+using forms::MouseButton;
+
+namespace {
+
+constexpr int kFileName = 0x0480;       // of a file box's own line
+constexpr int kFileNameCombo = 0x047C;  // … and of the one with a list
+
+POINT middleOf(const RECT& rect) {
+  return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+}
+
+/// A menu is open only while the thread is in a menu's loop.
+bool menuIsOpen() {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  return ::GetGUIThreadInfo(::GetCurrentThreadId(), &info) != FALSE &&
+         (info.flags & GUI_INMENUMODE) != 0;
+}
+
+/// The middle of a line of a menu, on the screen; nothing while it is not shown.
+std::optional<POINT> pointOf(HWND window, const MenuPlace& place) {
+  RECT line{};
+  const auto position = static_cast<UINT>(place.position);
+  if (::GetMenuItemRect(window, place.menu, position, &line) == FALSE || line.right <= line.left) {
+    return std::nullopt;
+  }
+  return middleOf(line);
+}
+
+/// The middle of an entry, which is scrolled to.
+POINT pointOf(HWND list, int entry) {
+  RECT inside{};
+  ::GetClientRect(list, &inside);
+  const auto place = [&] {
+    RECT line{};
+    ::SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(entry),
+                   reinterpret_cast<LPARAM>(&line));
+    return line;
+  };
+  if (place().top < inside.top || place().bottom > inside.bottom) {
+    ::SendMessageW(list, LB_SETTOPINDEX, static_cast<WPARAM>(entry), 0);
+  }
+  return middleOf(place());
+}
+
+BOOL CALLBACK takeDialog(HWND window, LPARAM found) {
+  constexpr std::wstring_view kDialogClass = L"#32770";
+  std::array<wchar_t, kDialogClass.size() + 2> name{};
+  ::GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  const bool waits = ::IsWindowVisible(window) != FALSE && ::IsWindowEnabled(window) != FALSE;
+  if (!waits || name.data() != kDialogClass) return TRUE;
+  *reinterpret_cast<HWND*>(found) = window;
+  return FALSE;
+}
+
+HWND lineOf(HWND box) {
+  const HWND line = ::GetDlgItem(box, kFileName);
+  if (line != nullptr) return line;
+  const HWND combo = ::GetDlgItem(box, kFileNameCombo);
+  const HWND inner =
+      combo != nullptr ? ::FindWindowExW(combo, nullptr, L"ComboBox", nullptr) : nullptr;
+  const HWND holder = inner != nullptr ? inner : combo != nullptr ? combo : box;
+  return ::FindWindowExW(holder, nullptr, L"Edit", nullptr);
+}
+
+void giveKeyboard(HWND window) {
+  if (::GetForegroundWindow() != window) ::SetForegroundWindow(window);
+}
+
+}  // namespace
+
+void WindowsDriver::callAct(bool on) {
+  if (on) {
+    ticker_.emplace([this] { act(); });
+  } else {
+    ticker_.reset();
+  }
+}
+
+void WindowsDriver::settle() {
+  while (native_.dealWithOne()) {
+  }
+}
+
+bool WindowsDriver::waits(const forms::Window& window) {
+  const WindowView* view = viewOf(window);
+  if (view == nullptr || !view->open()) return false;
+  // What has been drawn is on the screen before anybody looks at it.
+  ::UpdateWindow(view->handle());
+  return true;
+}
+
+bool WindowsDriver::waits(const forms::MenuEntry& menu) {
+  const HMENU shown = viewOf(menu.window())->menus().menuOf(menu);
+  return menuIsOpen() && pointOf(nullptr, MenuPlace{shown, 0}).has_value();
+}
+
+void WindowsDriver::bringToFront(const forms::Window& window) {
+  giveKeyboard(viewOf(window)->handle());
+}
+
+std::optional<WindowsDriver::Spot> WindowsDriver::spotOf(const forms::Control& control, Part part,
+                                                         int entry) {
+  if (control.kind() == Kind::Menu) return spotOfEntry(control);
+  const ControlView& view = viewOf(control);
+  HWND widget = part == Part::Whole ? view.keyTarget() : view.handle();
+  auto point = reachablePoint(widget);
+  COMBOBOXINFO parts{};
+  parts.cbSize = sizeof parts;
+  if (control.kind() == Kind::ComboBox) ::GetComboBoxInfo(widget, &parts);
+  RECT inside{};
+  ::GetClientRect(widget, &inside);
+  const LONG quarter = inside.bottom / 4;
+  switch (part) {
+    case Part::Whole:
+      break;
+    case Part::DropDown:
+      point = middleOf(parts.rcButton);
+      break;
+    case Part::UpArrow:
+      point = POINT{inside.right / 2, quarter};
+      break;
+    case Part::DownArrow:
+      point = POINT{inside.right / 2, inside.bottom - quarter};
+      break;
+    case Part::Entry:
+      if (parts.hwndList != nullptr) widget = parts.hwndList;
+      point = pointOf(widget, entry);
+  }
+  if (!point) return std::nullopt;
+  return Spot{widget, point->x, point->y};
+}
+
+std::optional<WindowsDriver::Spot> WindowsDriver::spotOfEntry(const forms::Control& entry) const {
+  const WindowView& view = *viewOf(entry.window());
+  const auto place = view.menus().placeOf(entry);
+  const bool inBar = entry.container() == nullptr;
+  if (!place || (!inBar && !menuIsOpen())) return std::nullopt;
+  const auto point = pointOf(inBar ? view.handle() : nullptr, *place);
+  if (!point) return std::nullopt;
+  return Spot{nullptr, point->x, point->y};
+}
+
+bool WindowsDriver::clickAt(const Spot& spot, MouseButton button, bool twice) {
+  const POINT point{spot.x, spot.y};
+  if (spot.widget != nullptr) {
+    return windows::clickAt(static_cast<HWND>(spot.widget), point, button, twice);
+  }
+  moveMouse(point);
+  pressLeft();
+  releaseLeft();
+  return true;
+}
+
+bool WindowsDriver::drag(const Spot& from, const Spot& to) {
+  POINT start{from.x, from.y};
+  POINT end{to.x, to.y};
+  ::ClientToScreen(static_cast<HWND>(from.widget), &start);
+  ::ClientToScreen(static_cast<HWND>(to.widget), &end);
+  moveMouse(start);
+  pressLeft();
+  settle();
+  for (const POINT& point : {POINT{(start.x + end.x) / 2, (start.y + end.y) / 2}, end}) {
+    moveMouse(point);
+    settle();
+  }
+  releaseLeft();
+  return true;
+}
+
+void WindowsDriver::strike(std::u16string_view character) {
+  for (const char16_t unit : character) pressCharacter(unit);
+}
+
+void WindowsDriver::strikeShortcut(std::string_view keys) {
+  const auto shortcut = shortcutOf(keys);
+  if (shortcut) pressKey(shortcut->key, shortcut->control ? VK_CONTROL : 0);
+}
+
+bool WindowsDriver::setPlace(const Gesture& gesture) {
+  WindowView& view = *viewOf(gesture.window);
+  if (gesture.what == Gesture::What::Resize) return setSize(view, gesture);
+  const POINT wanted{toPixels(gesture.numbers[0] / kTwipsPerPixel, desktopDpi()),
+                     toPixels(gesture.numbers[1] / kTwipsPerPixel, desktopDpi())};
+  ::SetWindowPos(view.handle(), nullptr, wanted.x, wanted.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  settle();
+  RECT now{};
+  return ::GetWindowRect(view.handle(), &now) != FALSE && now.left == wanted.x &&
+         now.top == wanted.y;
+}
+
+bool WindowsDriver::setSize(WindowView& view, const Gesture& gesture) {
+  RECT outside{};
+  RECT inside{};
+  ::GetWindowRect(view.handle(), &outside);
+  ::GetClientRect(view.handle(), &inside);
+  const auto pixels = [&](std::size_t which, double chrome) {
+    return toPixels((gesture.numbers[which] - chrome) / kTwipsPerPixel, view.dpi());
+  };
+  const SIZE wanted{pixels(0, Chrome::kSides), pixels(1, Chrome::kTitleAndBorders)};
+  ::SetWindowPos(
+      view.handle(), nullptr, 0, 0, wanted.cx + outside.right - outside.left - inside.right,
+      wanted.cy + outside.bottom - outside.top - inside.bottom, SWP_NOMOVE | SWP_NOZORDER);
+  settle();
+  return ::GetClientRect(view.handle(), &inside) != FALSE && inside.right == wanted.cx &&
+         inside.bottom == wanted.cy;
+}
+
+void WindowsDriver::minimize(const forms::Window& window, bool minimized) {
+  ::PostMessageW(viewOf(window)->handle(), WM_SYSCOMMAND, minimized ? SC_MINIMIZE : SC_RESTORE, 0);
+  settle();
+}
+
+void WindowsDriver::close(const forms::Window& window) {
+  ::PostMessageW(viewOf(window)->handle(), WM_SYSCOMMAND, SC_CLOSE, 0);
+}
+
+void* WindowsDriver::openBox() {
+  HWND found = nullptr;
+  ::EnumThreadWindows(::GetCurrentThreadId(), takeDialog, reinterpret_cast<LPARAM>(&found));
+  if (found != nullptr) giveKeyboard(found);
+  return found;
+}
+
+void WindowsDriver::enterLine(void* box) {
+  clickOn(lineOf(static_cast<HWND>(box)));
+  pressKey(VK_HOME);
+  pressKey(VK_END, VK_SHIFT);
+}
+
+void WindowsDriver::agree(void* box) {
+  const auto dialog = static_cast<HWND>(box);
+  HWND button = ::GetDlgItem(dialog, IDYES);
+  while (button == nullptr || ::IsWindowVisible(button) == FALSE) {
+    button = ::FindWindowExW(dialog, button, L"Button", nullptr);
+    if (button == nullptr) return;
+  }
+  clickOn(button);
+}
+
+}  // namespace kvrnstep::windows

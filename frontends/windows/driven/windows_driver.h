@@ -1,0 +1,54 @@
+#pragma once
+
+#include "driving/widget_driver.h"
+#include "ticker.h"
+#include "windows_toolkit.h"
+
+namespace kvrnstep::windows {
+
+/// Hands input to the system as the drivers of mouse and keyboard do. It is queued, and dealt with
+/// by whatever loop runs next.
+class WindowsDriver final : public driving::WidgetDriver, private Attendant {
+ public:
+  forms::Toolkit& toolkit() override { return native_; }
+
+ protected:
+  void callAct(bool on) override;
+  [[nodiscard]] WindowView* viewOf(const forms::Window& window) const override {
+    return native_.viewOf(window);
+  }
+  void settle() override;
+  bool waits(const forms::Window& window) override;
+  bool waits(const forms::MenuEntry& menu) override;
+  void bringToFront(const forms::Window& window) override;
+
+  std::optional<Spot> spotOf(const forms::Control& control, Part part, int entry) override;
+  bool clickAt(const Spot& spot, forms::MouseButton button, bool twice) override;
+  bool drag(const Spot& from, const Spot& to) override;
+  void strike(std::u16string_view character) override;
+  void strikeShortcut(std::string_view keys) override;
+
+  bool setPlace(const driving::Gesture& gesture) override;
+  void minimize(const forms::Window& window, bool minimized) override;
+  void close(const forms::Window& window) override;
+
+  void* openBox() override;
+  void enterLine(void* box) override;
+  void agree(void* box) override;
+
+  [[nodiscard]] std::optional<driving::Value> seen(const forms::Control& control,
+                                                   std::string_view property) const override;
+
+ private:
+  void windowIdle(WindowView& /*view*/) override { act(); }
+  [[nodiscard]] ControlView& viewOf(const forms::Control& control) const {
+    return viewOf(control.window())->viewOf(control);
+  }
+  [[nodiscard]] std::optional<Spot> spotOfEntry(const forms::Control& entry) const;
+  bool setSize(WindowView& view, const driving::Gesture& gesture);
+
+  WindowsToolkit native_{this};
+  std::optional<Ticker> ticker_;
+};
+
+}  // namespace kvrnstep::windows

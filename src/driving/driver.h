@@ -1,0 +1,51 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "driving/gesture.h"
+#include "forms/toolkit.h"
+#include "kvrnstep/driving.hpp"
+
+namespace kvrnstep::driving {
+
+/// What has opened and waits for its user.
+enum class Opened : std::uint8_t { Window, PopUp, Message, Question, FileBox };
+
+/// A front end with a player in the place of its user. It has the player act whenever a window or
+/// an open pop-up menu waits for its user, each time when all that the last action led to is done
+/// and drawn.
+class Driver {
+ public:
+  virtual ~Driver() = default;
+
+  /// What shows the windows.
+  virtual forms::Toolkit& toolkit() = 0;
+  void setPlayer(Player& player) { player_ = &player; }
+
+  /// Carries a gesture out on the real thing: where there are widgets, by mouse and key events on
+  /// them. It is complete when this returns. The stage has checked that the control is in reach;
+  /// false means that the front end finds the gesture impossible all the same.
+  virtual bool carryOut(const Gesture& gesture) = 0;
+
+  /// What the front end really shows of a property, where it can tell.
+  virtual std::optional<Value> shown(const forms::Control& /*control*/,
+                                     std::string_view /*property*/) {
+    return std::nullopt;
+  }
+
+  // The stage tells of what is about to open: of a menu or a window, and of boxes …
+  virtual void opens(Opened /*what*/, const forms::Window* /*window*/,
+                     const forms::MenuEntry* /*menu*/) {}
+  /// … and that it has closed.
+  virtual void closed() {}
+
+ protected:
+  /// There is one before anything opens.
+  [[nodiscard]] Player& player() const { return *player_; }
+
+ private:
+  Player* player_ = nullptr;
+};
+
+}  // namespace kvrnstep::driving

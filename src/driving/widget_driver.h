@@ -1,0 +1,108 @@
+#pragma once
+
+#include <list>
+
+#include "driving/driver.h"
+#include "forms/view_sync.h"
+
+namespace kvrnstep::driving {
+
+/// Plays the user on real widgets. How a gesture is put together is said here. What moves a mouse,
+/// presses a key and finds a widget belongs to each system.
+class WidgetDriver : public Driver {
+ public:
+  bool carryOut(const Gesture& gesture) final;
+  std::optional<Value> shown(const forms::Control& control, std::string_view property) final;
+  void opens(Opened what, const forms::Window* window, const forms::MenuEntry* menu) final;
+  void closed() final;
+
+ protected:
+  /// A point in a widget, or of the screen where there is no widget.
+  struct Spot {
+    void* widget;
+    int x;
+    int y;
+  };
+  enum class Part : std::uint8_t { Whole, DropDown, UpArrow, DownArrow, Entry };
+
+  /// The user's turn in what has opened last; to be called again and again while anything is open,
+  /// from whatever loop runs, when all input before it has been dealt with.
+  void act();
+
+  // What each system does.
+  /// Has act() called, or no longer.
+  virtual void callAct(bool on) = 0;
+  /// Null for a window that is not open.
+  [[nodiscard]] virtual forms::ViewSync* viewOf(const forms::Window& window) const = 0;
+  /// Deals with all that is waiting, and draws what has changed.
+  virtual void settle() = 0;
+  /// Whether the window is on the screen with all that has changed, and takes input.
+  virtual bool waits(const forms::Window& window) = 0;
+  virtual bool waits(const forms::MenuEntry& menu) = 0;
+  /// Gives a window the keyboard.
+  virtual void bringToFront(const forms::Window& window) = 0;
+
+  /// The middle of what can be seen of a part of a control, of an entry of its list, or of the line
+  /// of a menu entry. Nothing while that is not shown. An entry of a list is scrolled to.
+  virtual std::optional<Spot> spotOf(const forms::Control& control, Part part, int entry) = 0;
+  /// False: the widget is hidden or disabled, or something else would get the click there.
+  virtual bool clickAt(const Spot& spot, forms::MouseButton button, bool twice) = 0;
+  /// Presses the left button at one place and releases it at the other, moving in between.
+  virtual bool drag(const Spot& from, const Spot& to) = 0;
+  /// The key that types a character, in whatever window has the keyboard. It comes up when all that
+  /// its press leads to is there.
+  virtual void strike(std::u16string_view character) = 0;
+  virtual void strikeShortcut(std::string_view keys) = 0;
+
+  /// Moves or sizes a window in whole pixels. False: it did not come out as wanted.
+  virtual bool setPlace(const Gesture& gesture) = 0;
+  virtual void minimize(const forms::Window& window, bool minimized) = 0;
+  virtual void close(const forms::Window& window) = 0;
+
+  /// The box that waits for its user, with the keyboard; null while there is none.
+  virtual void* openBox() = 0;
+  /// Puts the keyboard into the line of a box, and marks its text.
+  virtual void enterLine(void* box) = 0;
+  /// Presses the button of a complaint or a question that lets things take their course.
+  virtual void agree(void* box) = 0;
+
+  /// What a widget shows of a property that is not of a text or of scrolling.
+  [[nodiscard]] virtual std::optional<Value> seen(const forms::Control& control,
+                                                  std::string_view property) const = 0;
+
+ private:
+  /// Something that is open.
+  struct Turn {
+    Opened what;
+    const forms::Window* window;
+    const forms::MenuEntry* menu;
+    bool busy = false;    ///< the user is at work
+    bool leaves = false;  ///< … and has done the last thing
+    void* box = nullptr;  ///< the first one that opened
+    int keys = 0;         ///< pressed to close it
+  };
+
+  /// An entry that is to be picked from a menu of the menu bar.
+  struct Pick {
+    const forms::Control* entry;
+    bool done = false;
+    int looks = 0;
+  };
+
+  bool useBox(Turn& turn, void* box);
+  void answer(Turn& turn, void* box);
+  bool leavePopUp(Turn& turn, const Gesture& gesture);
+  bool begin(const Gesture& gesture, const forms::ViewSync& view);
+  bool click(const forms::Control& control, Part part = Part::Whole, int entry = 0,
+             forms::MouseButton button = forms::MouseButton::Left, bool twice = false);
+  bool enter(const forms::Control& box, forms::TextSelection selection);
+  bool type(std::u16string_view text, const forms::ViewSync& view);
+  bool pickFromBar(const forms::Control& entry);
+  void pickWanted();
+  void place(const Gesture& gesture, const forms::ViewSync& view);
+
+  std::list<Turn> turns_;  ///< the innermost last
+  Pick* pick_ = nullptr;   ///< until its menu is there
+};
+
+}  // namespace kvrnstep::driving
