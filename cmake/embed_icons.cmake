@@ -10,7 +10,7 @@ foreach(file IN LISTS files)
   string(APPEND arrays "constexpr unsigned char kIcon${number}[] = {${bytes}};\n")
   string(APPEND rows "    case ${number}:\n      return asText(kIcon${number});\n")
 endforeach()
-file(WRITE ${OUTPUT} "#include \"platform/icons.h\"
+file(WRITE ${OUTPUT} "#include \"platform/module.h\"
 
 #include <cstddef>
 

@@ -8,7 +8,7 @@
 
 static Library library;
 
-/// The folder that this plug-in really lies in, whatever link led Geany to it. To be freed.
+/// The folder that this plug-in is in, links resolved. To be freed.
 static char* ownFolder(void) {
   Dl_info self;
   if (dladdr(&library, &self) == 0) return NULL;
@@ -19,8 +19,8 @@ static char* ownFolder(void) {
   return folder;
 }
 
-/// Where the library may lie, seen from that folder: where both are installed, also into the folder
-/// of one architecture; in a build tree.
+/// Where the library may be, seen from that folder: installed, installed into the folder of an
+/// architecture, in a build tree.
 static const char* const places[] = {"../listwright", "../../listwright", ".."};
 
 /// The library's path; null, and `*problem`, where there is none. To be freed.

@@ -10,6 +10,6 @@ typedef struct Library {
   __typeof__(&kvrnstep_free) free;
 } Library;
 
-/// The library, loaded by the first call and then there until Geany ends. Null where it cannot be
-/// loaded; `*problem` then says in one line why, to be freed by g_free.
+/// The library, which the first call loads until Geany ends. Null if that fails; `*problem` then
+/// says why in one line, to be freed by g_free.
 const Library* loadLibrary(char** problem);

@@ -1,4 +1,4 @@
-// What Geany sees: a sub-menu of its Tools menu, and keys for the entries.
+// The sub-menu in Geany's Tools menu and the keys of its entries.
 
 #include <gmodule.h>
 
@@ -48,7 +48,7 @@ static gboolean start(GeanyPlugin* plugin, gpointer unused) {
     g_object_set_data(G_OBJECT(item), "command", (gpointer)command);
     g_signal_connect(item, "activate", G_CALLBACK(onActivate), plugin);
     gtk_menu_shell_append(GTK_MENU_SHELL(entries), item);
-    // No keys of its own: those that Geany leaves free are the user's.
+    // No keys are set, because those that Geany leaves free belong to the user.
     keybindings_set_item_full(keys, i, 0, 0, command->keyName, command->keyLabel, item, NULL, NULL,
                               NULL);
   }
@@ -72,7 +72,8 @@ G_MODULE_EXPORT void geany_load_module(GeanyPlugin* plugin) {
   plugin->info->author = "The Listwright developers";
   plugin->funcs->init = start;
   plugin->funcs->cleanup = stop;
-  // The library that the first dialog loads has to stay, and it may be at work when Geany ends.
+  // The library that the first dialog loads cannot be unloaded, and a dialog may be open when Geany
+  // ends.
   plugin_module_make_resident(plugin);
   GEANY_PLUGIN_REGISTER(plugin, 226);
 }

@@ -2,8 +2,8 @@
 
 #include "library.h"
 
-// Geany's events run while the dialog is open: a screen reader can ask for another one past any
-// grab, and Geany can be told to end.
+// Geany's events run while the dialog is open: a screen reader can ask for another dialog in spite
+// of the grab, and Geany can be told to end.
 static const Library* dialogOpenIn = NULL;
 static gboolean documentsAreGone = FALSE;
 
@@ -34,7 +34,7 @@ static char* provideFolder(const char* base) {
   return NULL;
 }
 
-/// What the editor's font really is: "Monospace" is no font, but the wish for one. To be freed.
+/// The font that the editor draws with, because "Monospace" only names a choice. To be freed.
 static PangoFontDescription* editorFont(const GeanyData* data, GeanyDocument* document) {
   PangoFontDescription* wanted =
       pango_font_description_from_string(data->interface_prefs->editor_font);
@@ -67,7 +67,7 @@ static char* withLineEndsOf(GeanyDocument* document, const char* list) {
   return g_string_free(text, FALSE);
 }
 
-/// Another document can be in front by now: other programs have Geany open theirs at any time.
+/// The document comes to the front first, because other programs may have had Geany open another.
 static void replaceSelection(const GeanyData* data, GeanyDocument* document, const char* list) {
   gtk_notebook_set_current_page(GTK_NOTEBOOK(data->main_widgets->notebook),
                                 document_get_notebook_page(document));
@@ -76,7 +76,7 @@ static void replaceSelection(const GeanyData* data, GeanyDocument* document, con
   g_free(text);
 }
 
-/// A call while the dialog is open does nothing else.
+/// A call while the dialog is open brings it to the front and does nothing else.
 static void bringToFront(const Library* library) {
   kvrnstep_dialog dialog;
   char* none = NULL;
@@ -85,7 +85,7 @@ static void bringToFront(const Library* library) {
   library->free(none);
 }
 
-/// Whoever clicks into Geany looks for the dialog, which may be minimized.
+/// A user who clicks into Geany may be looking for the dialog, which may be minimized.
 static gboolean onClick(GtkWidget* shield, GdkEvent* event, gpointer library) {
   (void)shield;
   (void)event;
@@ -118,8 +118,7 @@ static int showDialog(const GeanyData* data, GeanyDocument* document, const Libr
   dialog.i_EditorSize = pango_font_description_get_size(font) / PANGO_SCALE;
   dialog.bytSpcCount = CLAMP(editor_get_indent_prefs(document->editor)->width, 0, 255);
 
-  // Geany goes on painting behind the dialog, but what is typed and clicked into it, and its close
-  // box, end at a widget that nobody sees.
+  // Geany goes on painting behind the dialog, but an invisible widget gets all keys and clicks.
   GtkWidget* shield = gtk_invisible_new();
   g_signal_connect(shield, "button-press-event", G_CALLBACK(onClick), (gpointer)library);
   gtk_grab_add(shield);

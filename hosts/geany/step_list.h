@@ -10,8 +10,8 @@ typedef struct ListKind {
 } ListKind;
 
 /// Shows the dialog and puts the list that the user inserts in place of the current document's
-/// selection, or at its caret. Geany's windows take no input until it returns. What stands in the
-/// way is said in the status bar.
+/// selection, or at its caret. Geany's windows take no input until it returns. If the dialog cannot
+/// be shown, the status bar says why.
 void insertStepList(const GeanyData* data, ListKind kind);
 
 /// To be called before Geany takes its data down: a dialog that is open then inserts nothing more.

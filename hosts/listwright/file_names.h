@@ -5,11 +5,11 @@
 /// Names of files as the command line and the environment bring them.
 namespace listwright {
 
-/// The step file that a user means: named in full or as the dialog shows it, without ".step", here
-/// or in the step folder. What is nowhere keeps its name.
+/// The step file that a user means: in the working folder or in the step folder, named with or
+/// without ".step". A name that is found nowhere is returned as it is.
 std::string foundStepFile(const std::string& name, const std::string& stepFolder);
 
-/// The plug-in takes names in UTF-8 only: with any other one it would use another file.
+/// The plug-in takes names in UTF-8 only and would use another file for any other name.
 /// @throws std::runtime_error for such a name
 void requireUtf8(const std::string& name);
 

@@ -55,7 +55,7 @@ std::string listOf(const kvrnstep::Listwright& plugin, const std::string& name,
                            whyUnreadable(file, options.dialog.sPthStepFolder));
 }
 
-/// Like cat: goes on after a file that is none, and fails at the end.
+/// Goes on after a file that cannot be read, as cat does, and fails at the end.
 ExitStatus printFiles(const kvrnstep::Listwright& plugin, const Options& options) {
   ExitStatus status = Printed;
   std::string all;

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <functional>
 #include <stdexcept>
 
 #include "numbers.h"
@@ -29,12 +30,6 @@ constexpr const char* kFooter =
     "  listwright --save abc.step --type alphabetical --end 3 --suffix ')'\n"
     "  listwright abc.step                               a) b) c), each on its line\n"
     "  listwright --type alphabetical | wl-copy          build it in the dialog";
-
-/// The text as a whole decimal number in the range; nothing if it is none.
-std::optional<std::int32_t> wholeNumber(const std::string& text, int least, int most) {
-  const auto number = hosts::numberOf<std::int32_t>(text);
-  return number && *number >= least && *number <= most ? number : std::nullopt;
-}
 
 /// The words of --type, separated by commas and, before the last, by `last`.
 std::string typeWords(const char* last, const char* behindFirst = "") {
@@ -129,21 +124,16 @@ class CommandLine {
 
   void describeList() {
     kvrnstep_list& list = options_.described;
-    app_.add_option_function<std::string>(
-            "--type",
-            [&list](const std::string& word) {
-              const auto* found =
-                  std::ranges::find(kvrnstep::kListingTypes, word, &kvrnstep::ListingTypeRow::word);
-              if (found == kvrnstep::kListingTypes.end()) {
-                throw CLI::ValidationError(
-                    "--type", typeWords(" and ") + " are allowed, not \"" + word + '"');
-              }
-              list.Selection = static_cast<std::int32_t>(found - kvrnstep::kListingTypes.begin());
-            },
-            typeWords(" or ", " (default)"))
-        ->type_name("TYPE");
+    add("--type", "TYPE", typeWords(" or ", " (default)"), kGeneral, [&](const std::string& word) {
+      const auto* found =
+          std::ranges::find(kvrnstep::kListingTypes, word, &kvrnstep::ListingTypeRow::word);
+      if (found == kvrnstep::kListingTypes.end()) {
+        throw refusal("--type", typeWords(" and ") + " are", word);
+      }
+      list.Selection = static_cast<std::int32_t>(found - kvrnstep::kListingTypes.begin());
+    });
     addNumber("--indent", list.bytSpcCount, 0, 255,
-              "blanks in one indentation (4); indents the steps of --list and --save");
+              "blanks in one indentation (4); indents the steps of --list and --save", kGeneral);
 
     addNumber("--start", list.Start, 1, 99, "number of the first step (1)", kList);
     addNumber("--end", list.Count, 1, 99, "number of the last step; needed", kList);
@@ -177,6 +167,18 @@ class CommandLine {
         ->group("");
   }
 
+  using Take = std::function<void(const std::string&)>;
+
+  void add(const std::string& name, const std::string& kind, const std::string& help,
+           const std::string& group, const Take& take) {
+    app_.add_option_function<std::string>(name, take, help)->type_name(kind)->group(group);
+  }
+
+  static CLI::ValidationError refusal(const std::string& name, const std::string& allowed,
+                                      const std::string& text) {
+    return CLI::ValidationError(name, allowed + " allowed, not \"" + text + '"');
+  }
+
   void addFlag(const std::string& name, std::int32_t& target, const std::string& help,
                const std::string& group) {
     app_.add_flag_callback(
@@ -185,29 +187,20 @@ class CommandLine {
   }
 
   void addNumber(const std::string& name, std::int32_t& target, int least, int most,
-                 const std::string& help, const std::string& group = "Options") {
-    app_.add_option_function<std::string>(
-            name,
-            [=, &target](const std::string& text) {
-              const auto number = wholeNumber(text, least, most);
-              if (!number) {
-                throw CLI::ValidationError(name, std::to_string(least) + " to " +
-                                                     std::to_string(most) + " is allowed, not \"" +
-                                                     text + '"');
-              }
-              target = *number;
-            },
-            help)
-        ->type_name(std::to_string(least) + ".." + std::to_string(most))
-        ->group(group);
+                 const std::string& help, const std::string& group) {
+    const std::string ends[] = {std::to_string(least), std::to_string(most)};
+    add(name, ends[0] + ".." + ends[1], help, group, [=, &target](const std::string& text) {
+      const auto number = hosts::numberOf<std::int32_t>(text);
+      if (!number || *number < least || *number > most) {
+        throw refusal(name, ends[0] + " to " + ends[1] + " is", text);
+      }
+      target = *number;
+    });
   }
 
   void addText(const std::string& name, const char*& target, const std::string& help,
                const std::string& group, const std::string& kind = "TEXT") {
-    app_.add_option_function<std::string>(
-            name, [this, &target](const std::string& text) { target = kept(text); }, help)
-        ->type_name(kind)
-        ->group(group);
+    add(name, kind, help, group, [this, &target](const std::string& text) { target = kept(text); });
   }
 
   const char* kept(std::string text) {
@@ -253,6 +246,7 @@ class CommandLine {
     }
   }
 
+  inline static const std::string kGeneral = "Options";
   inline static const std::string kList = "List (with --list or --save)";
   inline static const std::string kDialog = "Dialog";
 

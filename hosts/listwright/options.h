@@ -25,8 +25,8 @@ struct Options {
   std::string plugin;
 };
 
-/// The options, or nothing when all is said and done (help was printed).
-/// @throws std::runtime_error with the one line to show for a wrong command line
+/// The options, or nothing when help was printed instead.
+/// @throws std::runtime_error with one line to show for a wrong command line
 std::optional<Options> parseOptions(const hosts::Arguments& arguments);
 
 }  // namespace listwright

@@ -13,7 +13,7 @@
 //     kvrnstep::_Listwright* listwright = nullptr;
 //     factory->CreateInstance(nullptr, kvrnstep::kInterfaceListwright, (void**)&listwright);
 //
-// Whoever is handed an object releases it, whoever is handed a text frees it with SysFreeString.
+// The host releases each object that it gets, and frees each text that it gets with SysFreeString.
 
 #include <cstddef>
 #include <cstdint>
@@ -75,8 +75,8 @@ using LPOLESTR = OLECHAR*;
 inline constexpr VARIANT_BOOL VARIANT_TRUE = -1;
 inline constexpr VARIANT_BOOL VARIANT_FALSE = 0;
 
-/// A counted UTF-16 text: the number of its bytes stands in the four bytes before it, and a zero
-/// behind it. Null is an empty text.
+/// A UTF-16 text with the number of its bytes in the four bytes before it and a zero behind it.
+/// Null is an empty text.
 using BSTR = OLECHAR*;
 
 struct GUID {
@@ -155,6 +155,7 @@ enum VariantType : VARTYPE {
 struct IUnknown;
 struct IDispatch;
 struct ITypeInfo;
+struct EXCEPINFO;  // never filled: calls fail with a result alone
 
 /// A currency amount in ten-thousandths.
 struct CY {
@@ -205,19 +206,7 @@ struct DISPPARAMS {
   UINT cNamedArgs;
 };
 
-struct EXCEPINFO {
-  WORD wCode;
-  WORD wReserved;
-  BSTR bstrSource;
-  BSTR bstrDescription;
-  BSTR bstrHelpFile;
-  std::uint32_t dwHelpContext;
-  void* pvReserved;
-  HRESULT (*pfnDeferredFillIn)(EXCEPINFO*);
-  SCODE scode;
-};
-
-// Objects delete themselves when their last reference is released, and nobody else does.
+// Objects delete themselves when their last reference is released; hosts never delete them.
 struct IUnknown {
   virtual HRESULT QueryInterface(REFIID riid, void** object) = 0;
   virtual ULONG AddRef() = 0;
@@ -248,7 +237,7 @@ struct IDispatch : IUnknown {
   ~IDispatch() = default;
 };
 namespace detail {
-/// Room before a text; its length stands at the end of it.
+/// Bytes before a text; the last four hold its length.
 inline constexpr std::size_t kTextHead = 8;
 }  // namespace detail
 

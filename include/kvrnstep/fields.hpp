@@ -75,7 +75,7 @@ constexpr auto listFields(List& of) {
                   of.Beginning, of.Ending);
 }
 
-/// Calls `copy` for each field of one record and the same field of the other.
+/// Calls `copy` with each field of one record and the same field of the other.
 template <class... To, class... From, class Copy>
 void copyFields(std::tuple<To&...> to, std::tuple<From&...> from, Copy&& copy) {
   static_assert(sizeof...(To) == sizeof...(From));

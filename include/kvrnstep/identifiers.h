@@ -1,34 +1,29 @@
 /*
- * The fixed identifiers of the component: of its type library, its classes and their interfaces,
- * the names by which scripts create the classes, and the numbers of the members. Hosts bind to
- * them, so they never change.
+ * The identifiers of the type library, the classes and their interfaces, the names by which
+ * scripts create the classes, and the numbers of the members. Hosts bind to them, so they never
+ * change.
  *
- * `identifier` is a macro of whoever wants them; it is given the eleven numbers of one.
+ * `identifier` is a macro or function of yours that takes the eleven numbers of an identifier.
  */
 #ifndef KVRNSTEP_IDENTIFIERS_H
 #define KVRNSTEP_IDENTIFIERS_H
 
 /* For C and resource compilers too. NOLINTBEGIN(cppcoreguidelines-macro-usage) */
 
-/* {7C40F76B-E8F1-4A46-9D1D-08F54FAFC6A7}, version 5.0, locale 1033 */
 #define KVRNSTEP_LIBRARY_ID(identifier) \
   identifier(0x7C40F76B, 0xE8F1, 0x4A46, 0x9D, 0x1D, 0x08, 0xF5, 0x4F, 0xAF, 0xC6, 0xA7)
 #define KVRNSTEP_LIBRARY_MAJOR 5
 #define KVRNSTEP_LIBRARY_MINOR 0
 #define KVRNSTEP_LIBRARY_LOCALE 1033
 
-/* {C333D121-DF97-4586-8A86-2D28E755030D} */
 #define KVRNSTEP_CLASS_LISTWRIGHT(identifier) \
   identifier(0xC333D121, 0xDF97, 0x4586, 0x8A, 0x86, 0x2D, 0x28, 0xE7, 0x55, 0x03, 0x0D)
-/* {4FBFC97E-B9B6-4206-8A78-CF2E0BEDE78E} */
 #define KVRNSTEP_INTERFACE_LISTWRIGHT(identifier) \
   identifier(0x4FBFC97E, 0xB9B6, 0x4206, 0x8A, 0x78, 0xCF, 0x2E, 0x0B, 0xED, 0xE7, 0x8E)
 #define KVRNSTEP_NAME_LISTWRIGHT "kvrnstep.Listwright"
 
-/* {29629AD9-6858-4E5B-9CE5-4837751632E3} */
 #define KVRNSTEP_CLASS_CICON(identifier) \
   identifier(0x29629AD9, 0x6858, 0x4E5B, 0x9C, 0xE5, 0x48, 0x37, 0x75, 0x16, 0x32, 0xE3)
-/* {FF798F12-C1F9-448B-A0C2-5CF50D418E25} */
 #define KVRNSTEP_INTERFACE_CICON(identifier) \
   identifier(0xFF798F12, 0xC1F9, 0x448B, 0xA0, 0xC2, 0x5C, 0xF5, 0x0D, 0x41, 0x8E, 0x25)
 #define KVRNSTEP_NAME_CICON "kvrnstep.cIcon"

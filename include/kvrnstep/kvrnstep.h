@@ -10,9 +10,8 @@
  *     if (kvrnstep_show_dialog(&dialog, &list) == KVRNSTEP_INSERTED) insert_at_caret(list);
  *     kvrnstep_free(list);
  *
- * The dialog is shown by the thread that owns the host's user interface, one at a time on a thread;
- * what needs no window can be called by any thread at any time. Nothing here throws, and nothing
- * keeps a pointer that was passed in.
+ * Show the dialog on the thread that owns your user interface. All other functions can be called on
+ * any thread at any time. Nothing here throws, and no pointer that you pass is kept.
  */
 #ifndef KVRNSTEP_KVRNSTEP_H
 #define KVRNSTEP_KVRNSTEP_H
@@ -43,14 +42,14 @@ enum {
   KVRNSTEP_UNREADABLE = -3,   /* the file is missing, is no file, or is too large */
   KVRNSTEP_FOREIGN = -4,      /* the file is not a step file */
   KVRNSTEP_UNWRITABLE = -5,   /* the file cannot be written */
-  KVRNSTEP_FAILED = -6        /* out of memory, or of what else a system gives */
+  KVRNSTEP_FAILED = -6        /* out of memory or another resource of the system */
 };
 
 /* One use of the dialog. */
 typedef struct kvrnstep_dialog {
   uint32_t size;               /* set by kvrnstep_dialog_init */
   int32_t iBuildStep;          /* 0 numbered, 1 alphabetical, 2 Roman, 3 prefix and/or suffix */
-  int32_t BuMenuMode;          /* not 0: iBuildStep stands against the user's stored defaults */
+  int32_t BuMenuMode;          /* not 0: iBuildStep wins over the user's stored defaults */
   int32_t bolIsSoundAvailable; /* not 0: sounds may be played */
   const char* swavAlertQ;      /* sound file of an alert */
   const char* swavFinishQ;     /* sound file of a finished edit */
@@ -90,10 +89,9 @@ typedef struct kvrnstep_list {
   int32_t reserved; /* leave it as it is */
 } kvrnstep_list;
 
-/* Fill a struct with what holds when a host says nothing. `size` is sizeof the struct as the host
- * was compiled with. Later versions add fields at the end: a plug-in that knows more of them than
- * the host takes these values for the rest, one that knows fewer leaves the host's alone.
- */
+/* Fill a struct with defaults. `size` is its sizeof in the host. Later versions add fields at the
+ * end only, in place of `reserved` first: a newer plug-in takes its defaults for the fields that an
+ * older host lacks, an older plug-in ignores those that it does not know. */
 KVRNSTEP_API void kvrnstep_dialog_init(kvrnstep_dialog* dialog, uint32_t size);
 KVRNSTEP_API void kvrnstep_list_init(kvrnstep_list* list, uint32_t size);
 

@@ -1,8 +1,7 @@
 #pragma once
 
-// The kinds of list and their options, one row each. Whatever asks how many there are, what one is
-// called or where it is kept asks these tables. The standard library and kvrnstep.h alone, because
-// the floors below the interface use it too.
+// The kinds of list and their options, one row each. How many there are, what one is called and
+// where it is kept is written here and nowhere else.
 
 #include <array>
 #include <cstddef>

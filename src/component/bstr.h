@@ -6,7 +6,7 @@
 
 #include "kvrnstep/component.hpp"
 
-/// Counted texts of the boundary and texts of the inside.
+/// Between the counted texts of the interfaces and ours.
 namespace kvrnstep::component {
 
 inline std::u16string textOf(BSTR text) {

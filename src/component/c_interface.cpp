@@ -1,5 +1,5 @@
-// The plug-in for hosts in C and all languages that can call C: UTF-8 and plain structs on the
-// outside, values on the inside, and no exception past this file.
+// The plug-in for hosts in C and all languages that can call C. UTF-8 and C structs are converted
+// here, and no exception passes out.
 
 #include <cstddef>
 #include <cstdlib>
@@ -24,8 +24,8 @@ namespace kvrnstep::component {
 
 namespace {
 
-// A field that a later version adds must not come to lie in what was padding at the end of an
-// earlier struct, because a host may copy its struct without the padding.
+// No padding at the end: a later version would put a new field there, and an older host may leave
+// any value in it.
 static_assert(std::has_unique_object_representations_v<kvrnstep_dialog>);
 static_assert(std::has_unique_object_representations_v<kvrnstep_list>);
 
@@ -60,17 +60,11 @@ std::u16string textOf(const char* given) {
   return given == nullptr ? std::u16string() : text::fromUtf8(given);
 }
 
-/// A copy that the host frees; plain C memory, for its owner is on the other side.
-char* handedOut(const std::string& bytes) {
+/// A copy that the host frees, in C's memory because the host may have another allocator.
+char* copyOf(const std::string& bytes) {
   auto* copy = static_cast<char*>(std::malloc(bytes.size() + 1));
   if (copy != nullptr) std::memcpy(copy, bytes.c_str(), bytes.size() + 1);
   return copy;
-}
-
-/// Hands a text out where the host wants it.
-int handOut(const std::u16string& list, char** where, int result) {
-  *where = handedOut(text::toUtf8(list));
-  return *where == nullptr ? KVRNSTEP_FAILED : result;
 }
 
 /// Numbers are taken as they are or not at all.
@@ -92,140 +86,139 @@ struct Take {
   }
 };
 
-std::optional<plugin::CallArguments> argumentsOf(const kvrnstep_dialog& dialog) {
+std::optional<plugin::CallArguments> argumentsOf(const kvrnstep_dialog* given) {
+  const auto dialog = known(given, kDialogDefaults);
+  if (!dialog) return std::nullopt;
   plugin::CallArguments arguments;
   Take take;
-  copyFields(callFields(arguments), callFields(dialog), take);
-  take(arguments.insertCopies, dialog.insert_copies);
+  copyFields(callFields(arguments), callFields(*dialog), take);
+  take(arguments.insertCopies, dialog->insert_copies);
   return take.allFit ? std::optional(arguments) : std::nullopt;
 }
 
-std::optional<generator::ListSettings> settingsOf(const kvrnstep_list& list) {
+/// A list and the width of its indentation.
+struct Described {
   generator::ListSettings settings;
-  Take take{.allFit = fits<std::uint8_t>(list.bytSpcCount)};
-  copyFields(listFields(settings), listFields(list), take);
+  std::uint8_t blanks = 0;
+};
+
+std::optional<Described> described(const kvrnstep_list* given) {
+  const auto list = known(given, kListDefaults);
+  if (!list) return std::nullopt;
+  Described result;
+  Take take;
+  copyFields(listFields(result.settings), listFields(*list), take);
+  take(result.blanks, list->bytSpcCount);
   for (std::size_t i = 0; i < kListOptions.size(); ++i) {
-    take(settings.Option.at(i), list.*kListOptions.at(i).field);
+    take(result.settings.Option.at(i), (*list).*kListOptions.at(i).field);
   }
-  return take.allFit ? std::optional(settings) : std::nullopt;
-}
-
-int showDialog(const kvrnstep_dialog* given, char** list) {
-  const auto dialog = known(given, kDialogDefaults);
-  const auto arguments = dialog ? argumentsOf(*dialog) : std::nullopt;
-  if (!arguments) return KVRNSTEP_BAD_ARGUMENT;
-  std::string problem;
-  forms::Toolkit* frontEnd = plugin::frontEnd(problem);
-  if (frontEnd == nullptr) return KVRNSTEP_NO_DISPLAY;
-  std::u16string text;
-  if (!plugin::Listwright::ShowListwrightDialog(frontEnd, text, *arguments)) {
-    return KVRNSTEP_CANCELLED;
-  }
-  return handOut(text, list, KVRNSTEP_INSERTED);
-}
-
-int generate(const kvrnstep_list* given, char** text) {
-  const auto list = known(given, kListDefaults);
-  const auto settings = list ? settingsOf(*list) : std::nullopt;
-  if (!settings) return KVRNSTEP_BAD_ARGUMENT;
-  const auto blanks = static_cast<std::uint8_t>(list->bytSpcCount);
-  return handOut(generator::generateList(*settings, blanks), text, KVRNSTEP_DONE);
-}
-
-int generateFromStepFile(const char* path, std::int32_t blanks, char** text) {
-  if (path == nullptr || !fits<std::uint8_t>(blanks)) return KVRNSTEP_BAD_ARGUMENT;
-  const auto bytes = platform::readFile(textOf(path), stepfiles::kLargestStepFile);
-  if (!bytes) return KVRNSTEP_UNREADABLE;
-  if (!stepfiles::isStepRecord(*bytes)) return KVRNSTEP_FOREIGN;
-  const auto settings = stepfiles::withinRanges(stepfiles::parseStepRecord(*bytes));
-  return handOut(generator::generateList(settings, static_cast<std::uint8_t>(blanks)), text,
-                 KVRNSTEP_DONE);
-}
-
-int saveStepFile(const char* path, const kvrnstep_list* given) {
-  const auto list = known(given, kListDefaults);
-  const auto settings = list ? settingsOf(*list) : std::nullopt;
-  if (path == nullptr || !settings) return KVRNSTEP_BAD_ARGUMENT;
-  return stepfiles::writeStepFile(textOf(path), *settings) ? KVRNSTEP_DONE : KVRNSTEP_UNWRITABLE;
-}
-
-int canShowDialog(char** problem) {
-  std::string reason;
-  if (plugin::frontEnd(reason) != nullptr) return KVRNSTEP_DONE;
-  if (problem != nullptr) *problem = handedOut(reason);
-  return KVRNSTEP_NO_DISPLAY;
-}
-
-char* requestProgramIcon(std::int32_t number) {
-  if (!fits<std::int16_t>(number)) return nullptr;
-  const auto path = plugin::cIcon::RequestProgramIcon(static_cast<std::int16_t>(number));
-  return path.empty() ? nullptr : handedOut(text::toUtf8(path));
+  return take.allFit ? std::optional(result) : std::nullopt;
 }
 
 /// Nothing is thrown into a host.
-template <class Result, class Function, class... Arguments>
-Result guarded(Result failure, Function function, Arguments... arguments) noexcept {
+template <class Result, class Function>
+Result guarded(Result failure, Function function) noexcept {
   try {
-    return function(arguments...);
+    return function();
   } catch (const std::exception&) {
     return failure;
   }
 }
 
-/// … and what a function returns through a pointer is null where it fails.
-template <class Function, class... Arguments>
-int guardedWithText(char** text, Function function, Arguments... arguments) noexcept {
-  if (text == nullptr) return KVRNSTEP_BAD_ARGUMENT;
-  *text = nullptr;
-  return guarded<int>(KVRNSTEP_FAILED, function, arguments..., text);
+/// Calls a function that sets a list, and hands the list out if the result is positive.
+template <class Function>
+int guardedList(char** handedOut, Function function) noexcept {
+  if (handedOut == nullptr) return KVRNSTEP_BAD_ARGUMENT;
+  *handedOut = nullptr;
+  return guarded<int>(KVRNSTEP_FAILED, [&] {
+    std::u16string list;
+    const int result = function(list);
+    if (result > 0) *handedOut = copyOf(text::toUtf8(list));
+    return result > 0 && *handedOut == nullptr ? KVRNSTEP_FAILED : result;
+  });
 }
 
 }  // namespace
 
 }  // namespace kvrnstep::component
 
-namespace component = kvrnstep::component;
+using namespace kvrnstep;             // NOLINT(google-build-using-namespace)
+using namespace kvrnstep::component;  // NOLINT(google-build-using-namespace)
 
 extern "C" {
 
 void kvrnstep_dialog_init(kvrnstep_dialog* dialog, uint32_t size) {
-  component::initialise(dialog, size, kvrnstep::kDialogDefaults);
+  initialise(dialog, size, kDialogDefaults);
 }
 
 void kvrnstep_list_init(kvrnstep_list* list, uint32_t size) {
-  component::initialise(list, size, kvrnstep::kListDefaults);
+  initialise(list, size, kListDefaults);
 }
 
 char* kvrnstep_plug_name_version(void) {
-  return component::guarded<char*>(nullptr, [] {
-    return component::handedOut(
-        kvrnstep::text::toUtf8(kvrnstep::plugin::Listwright::PlugNameVersion()));
-  });
+  return guarded<char*>(nullptr,
+                        [] { return copyOf(text::toUtf8(plugin::Listwright::PlugNameVersion())); });
 }
 
 int kvrnstep_show_dialog(const kvrnstep_dialog* dialog, char** list) {
-  return component::guardedWithText(list, component::showDialog, dialog);
+  return guardedList(list, [&](std::u16string& text) {
+    const auto arguments = argumentsOf(dialog);
+    if (!arguments) return KVRNSTEP_BAD_ARGUMENT;
+    std::string problem;
+    forms::Toolkit* frontEnd = plugin::frontEnd(problem);
+    if (frontEnd == nullptr) return KVRNSTEP_NO_DISPLAY;
+    return plugin::Listwright::ShowListwrightDialog(frontEnd, text, *arguments)
+               ? KVRNSTEP_INSERTED
+               : KVRNSTEP_CANCELLED;
+  });
 }
 
 int kvrnstep_can_show_dialog(char** problem) {
   if (problem != nullptr) *problem = nullptr;
-  return component::guarded<int>(KVRNSTEP_FAILED, component::canShowDialog, problem);
+  return guarded<int>(KVRNSTEP_FAILED, [&] {
+    std::string reason;
+    if (plugin::frontEnd(reason) != nullptr) return KVRNSTEP_DONE;
+    if (problem != nullptr) *problem = copyOf(reason);
+    return KVRNSTEP_NO_DISPLAY;
+  });
 }
 
 int kvrnstep_generate(const kvrnstep_list* list, char** text) {
-  return component::guardedWithText(text, component::generate, list);
+  return guardedList(text, [&](std::u16string& generated) {
+    const auto given = described(list);
+    if (!given) return KVRNSTEP_BAD_ARGUMENT;
+    generated = generator::generateList(given->settings, given->blanks);
+    return KVRNSTEP_DONE;
+  });
 }
 
 int kvrnstep_generate_from_step_file(const char* path, int32_t bytSpcCount, char** text) {
-  return component::guardedWithText(text, component::generateFromStepFile, path, bytSpcCount);
+  return guardedList(text, [&](std::u16string& generated) {
+    if (path == nullptr || !fits<std::uint8_t>(bytSpcCount)) return KVRNSTEP_BAD_ARGUMENT;
+    const auto bytes = platform::readFile(textOf(path), stepfiles::kLargestStepFile);
+    if (!bytes) return KVRNSTEP_UNREADABLE;
+    if (!stepfiles::isStepRecord(*bytes)) return KVRNSTEP_FOREIGN;
+    const auto settings = stepfiles::withinRanges(stepfiles::parseStepRecord(*bytes));
+    generated = generator::generateList(settings, static_cast<std::uint8_t>(bytSpcCount));
+    return KVRNSTEP_DONE;
+  });
 }
 
 int kvrnstep_save_step_file(const char* path, const kvrnstep_list* list) {
-  return component::guarded<int>(KVRNSTEP_FAILED, component::saveStepFile, path, list);
+  return guarded<int>(KVRNSTEP_FAILED, [&] {
+    const auto given = described(list);
+    if (path == nullptr || !given) return KVRNSTEP_BAD_ARGUMENT;
+    return stepfiles::writeStepFile(textOf(path), given->settings) ? KVRNSTEP_DONE
+                                                                   : KVRNSTEP_UNWRITABLE;
+  });
 }
 
 char* kvrnstep_request_program_icon(int32_t piIndex101to103) {
-  return component::guarded<char*>(nullptr, component::requestProgramIcon, piIndex101to103);
+  return guarded<char*>(nullptr, [&]() -> char* {
+    if (!fits<std::int16_t>(piIndex101to103)) return nullptr;
+    const auto path = plugin::cIcon::RequestProgramIcon(static_cast<std::int16_t>(piIndex101to103));
+    return path.empty() ? nullptr : copyOf(text::toUtf8(path));
+  });
 }
 
 void kvrnstep_free(char* text) {

@@ -1,4 +1,4 @@
-// The class objects, and the one function that hands them out.
+// The class objects and the function that returns them.
 
 #include "component/icon_object.h"
 #include "component/listwright_object.h"
@@ -8,8 +8,8 @@ namespace kvrnstep::component {
 
 namespace {
 
-/// Creates objects of one class. It lives as long as the module and counts no references of its
-/// own; hosts that hold it hold the module.
+/// Creates objects of one class. It exists as long as the module, so its references count as
+/// references to the module.
 template <class Class>
 // NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): nobody deletes it
 class ClassObject final : public IClassFactory {

@@ -9,7 +9,7 @@ namespace kvrnstep::component {
 
 namespace {
 
-/// The number of the row with that name, or DISPID_UNKNOWN.
+/// The row with that name, letter case aside, or null.
 template <class Row>
 const Row* named(std::span<const Row> rows, const OLECHAR* name) {
   const std::u16string_view wanted(reinterpret_cast<const char16_t*>(name));
@@ -59,11 +59,6 @@ HRESULT LateArguments::judgeMissing(const Member& member) {
   return S_OK;
 }
 
-void LateArguments::check(std::size_t parameter, HRESULT (*judge)(const VARIANT&)) {
-  const VARIANT* argument = (*this)[parameter];
-  if (argument != nullptr && SUCCEEDED(result_)) note(judge(*argument), *argument);
-}
-
 HRESULT LateArguments::note(HRESULT result, const VARIANT& argument) {
   if (FAILED(result)) wrong_ = static_cast<UINT>(&argument - first_);
   return result_ = result;
@@ -85,13 +80,6 @@ HRESULT idsOfNames(std::span<const Member> members, LPOLESTR* names, UINT count,
     }
   }
   return result;
-}
-
-HRESULT findMember(std::span<const Member> members, DISPID id, WORD way, const Member*& found) {
-  const auto member = std::ranges::find(members, id, &Member::id);
-  const bool callable = member != members.end() && (member->ways & way) != 0;
-  found = callable ? &*member : nullptr;
-  return callable ? S_OK : DISP_E_MEMBERNOTFOUND;
 }
 
 }  // namespace kvrnstep::component

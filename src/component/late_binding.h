@@ -20,25 +20,19 @@ struct Member {
   std::span<const Parameter> parameters;
 };
 
-/// The arguments of one call in the order of the parameters; null where one was left out. Readers
-/// note the first argument that does not fit.
+/// The arguments of one call in the order of the parameters. It remembers the first argument that
+/// could not be read.
 class LateArguments {
  public:
-  /// Puts the caller's arguments, the last one first and the named ones before all, in order.
+  /// Sorts the caller's arguments, which come with the named ones first and the last one first.
   HRESULT place(const Member& member, const DISPPARAMS& given);
 
   /// Reads the argument, if it was passed.
   template <class Value>
   void read(std::size_t parameter, Value& value) {
-    const VARIANT* argument = (*this)[parameter];
+    const VARIANT* argument = placed_.at(parameter);
     if (argument == nullptr || FAILED(result_)) return;
     note(readValue(*argument, value), *argument);
-  }
-  /// Judges the argument with a function of late_values.h.
-  void check(std::size_t parameter, HRESULT (*judge)(const VARIANT&));
-
-  [[nodiscard]] const VARIANT* operator[](std::size_t parameter) const {
-    return placed_.at(parameter);
   }
   /// S_OK, or what is wrong with the first argument that did not fit.
   [[nodiscard]] HRESULT result() const { return result_; }
@@ -59,8 +53,5 @@ class LateArguments {
 /// IDispatch::GetIDsOfNames: the number of the member that the first name names, letter case
 /// aside, then the positions of the parameters that the other ones name.
 HRESULT idsOfNames(std::span<const Member> members, LPOLESTR* names, UINT count, DISPID* ids);
-
-/// The member with this number that can be called in this way; DISP_E_MEMBERNOTFOUND.
-HRESULT findMember(std::span<const Member> members, DISPID id, WORD way, const Member*& found);
 
 }  // namespace kvrnstep::component

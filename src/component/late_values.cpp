@@ -156,7 +156,8 @@ HRESULT readValue(const VARIANT& argument, bool& value) {
   return S_OK;
 }
 
-HRESULT checkTextTarget(const VARIANT& argument) {
+HRESULT readValue(const VARIANT& argument, TextTarget& value) {
+  value.argument = &argument;
   if (argument.vt == (VT_BYREF | VT_VARIANT) || argument.vt == (VT_BYREF | VT_BSTR)) {
     return argument.byref != nullptr ? S_OK : DISP_E_TYPEMISMATCH;
   }
@@ -165,14 +166,15 @@ HRESULT checkTextTarget(const VARIANT& argument) {
   return readValue(argument, lost);
 }
 
-void writeText(const VARIANT& argument, const std::u16string& text) {
+void writeText(const TextTarget& target, const std::u16string& text) {
+  const VARIANT& argument = *target.argument;
   if (argument.vt == (VT_BYREF | VT_VARIANT)) {
-    VARIANT& target = *argument.pvarVal;
-    if (target.vt == (VT_BYREF | VT_BSTR)) return writeText(target, text);
+    VARIANT& referred = *argument.pvarVal;
+    if (referred.vt == (VT_BYREF | VT_BSTR)) return writeText({&referred}, text);
     BSTR written = newBstr(text);
-    VariantClear(&target);
-    target.vt = VT_BSTR;
-    target.bstrVal = written;
+    VariantClear(&referred);
+    referred.vt = VT_BSTR;
+    referred.bstrVal = written;
   } else if (argument.vt == (VT_BYREF | VT_BSTR)) {
     BSTR written = newBstr(text);
     SysFreeString(*argument.pbstrVal);

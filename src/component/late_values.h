@@ -5,14 +5,14 @@
 
 #include "kvrnstep/component.hpp"
 
-/// What late-bound callers pass, read as what a member wants. Each function gives S_OK,
+/// Reads what late-bound callers pass as the type of a parameter. Each function returns S_OK,
 /// DISP_E_TYPEMISMATCH or DISP_E_OVERFLOW, and leaves `value` alone where it fails.
 namespace kvrnstep::component {
 
 /// The variant itself, or the one that it refers to.
 const VARIANT& referred(const VARIANT& argument);
 
-/// Whether the argument stands for one that was left out.
+/// Whether the caller left this argument out.
 bool isMissing(const VARIANT& argument);
 
 /// Nothing at all is an empty text; numbers are written in decimal.
@@ -25,11 +25,12 @@ HRESULT readValue(const VARIANT& argument, std::uint8_t& value);
 /// Any number but 0 is True, and so is the text "True".
 HRESULT readValue(const VARIANT& argument, bool& value);
 
-/// Whether a text can be written back into the argument, or got lost as one that was passed by
-/// value.
-HRESULT checkTextTarget(const VARIANT& argument);
-/// Writes the text back where the argument was passed by reference.
+/// An argument that a text is written back into; what was passed by value is left as it is.
+struct TextTarget {
+  const VARIANT* argument = nullptr;
+};
+HRESULT readValue(const VARIANT& argument, TextTarget& value);
 /// @throws std::bad_alloc
-void writeText(const VARIANT& argument, const std::u16string& text);
+void writeText(const TextTarget& target, const std::u16string& text);
 
 }  // namespace kvrnstep::component

@@ -69,14 +69,15 @@ class ListwrightObject final : public Object<_Listwright, kInterfaceListwright> 
       return PlugNameVersion(&result->bstrVal);
     }
     plugin::CallArguments read;
-    arguments.check(0, checkTextTarget);
+    TextTarget target;
+    arguments.read(0, target);
     std::size_t parameter = 0;
     std::apply([&](auto&... field) { (arguments.read(++parameter, field), ...); },
                callFields(read));
     if (FAILED(arguments.result())) return arguments.result();
     std::u16string list;
     const VARIANT_BOOL inserted = show(read, list);
-    writeText(*arguments[0], list);
+    writeText(target, list);
     if (result != nullptr) {
       result->vt = VT_BOOL;
       result->boolVal = inserted;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <atomic>
 #include <exception>
 #include <new>
@@ -12,13 +13,13 @@
 
 namespace kvrnstep::component {
 
-/// Objects and locks that hosts hold; the module must stay as long as there is one.
+/// How many objects and locks hosts hold. The module must stay loaded until it is 0.
 inline std::atomic<ULONG>& held() {
   static std::atomic<ULONG> count{0};
   return count;
 }
 
-/// Runs work for a host. Nothing is thrown past it.
+/// Runs work for a host, into which no exception may pass.
 template <class Work>
 HRESULT guarded(Work work) noexcept {
   try {
@@ -98,8 +99,8 @@ class Object : public Interface {
  private:
   HRESULT invoke(DISPID id, WORD way, const DISPPARAMS& parameters, VARIANT* result,
                  UINT* wrongArgument) {
-    const Member* member = nullptr;
-    if (const HRESULT found = findMember(members(), id, way, member); FAILED(found)) return found;
+    const auto member = std::ranges::find(members(), id, &Member::id);
+    if (member == members().end() || (member->ways & way) == 0) return DISP_E_MEMBERNOTFOUND;
     LateArguments arguments;
     HRESULT done = arguments.place(*member, parameters);
     if (SUCCEEDED(done)) done = call(*member, arguments, result);

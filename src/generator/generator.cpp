@@ -13,24 +13,8 @@ namespace kvrnstep::generator {
 
 namespace {
 
-using Numeral = std::u16string (*)(int step);
-
-/// How the labels of a listing type are written; null for one that has none.
-Numeral numeralOf(std::int16_t selection) {
-  switch (selection) {
-    case Numbered:
-      return numberText;
-    case Alphabetical:
-      return ToStepLetters;
-    case RomanNumeral:
-      return ToRomanNumeral;
-    default:
-      return nullptr;
-  }
-}
-
-/// What labels are filled up to with blanks. Aligned ones are as wide as the widest of all from
-/// step 1 on, wherever the list starts; only numbers are aligned beyond step 99.
+/// How wide labels are made with blanks in front. Aligned ones are as wide as the widest from step
+/// 1 on, wherever the list starts; beyond step 99 only numbers are aligned.
 std::size_t labelWidth(const ListSettings& settings, Numeral numeral) {
   constexpr int kLastAligned = 99;
   std::size_t width = 1;
@@ -59,8 +43,8 @@ std::u16string prepared(std::u16string affix, bool addBlank) {
   return affix;
 }
 
-/// Adds a prefix or a suffix, its macros replaced one kind after the other: the letters that are
-/// put in may complete a macro of the last kind.
+/// Adds a prefix or a suffix. Its macros are replaced in this order, so that a letter that is put
+/// in may complete a later macro.
 void addAffix(std::u16string& list, std::u16string_view affix, int step) {
   static constexpr std::array<std::pair<std::u16string_view, Numeral>, 3> kMacros{
       {{u"{STEP_#}", text::decimal}, {u"{STEP_L}", ToStepLetters}, {u"{STEP_R}", ToRomanNumeral}}};

@@ -9,7 +9,7 @@
 namespace kvrnstep::generator {
 
 /// The text between two steps: the line break, then `iLines` times the fill and the line break.
-/// More than nine lines are nine; a negative number gives nothing at all.
+/// More than nine lines are nine; a negative number gives an empty text.
 std::u16string BuildLineSpacing(std::u16string_view vSeparator, int iLines,
                                 std::u16string_view sFill);
 

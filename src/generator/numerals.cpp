@@ -4,10 +4,24 @@
 #include <array>
 #include <cstdlib>
 
+#include "kvrnstep/list_options.hpp"
 #include "text/codepage.h"
 #include "text/numbers.h"
 
 namespace kvrnstep::generator {
+
+Numeral numeralOf(std::int16_t selection) {
+  switch (selection) {
+    case Numbered:
+      return numberText;
+    case Alphabetical:
+      return ToStepLetters;
+    case RomanNumeral:
+      return ToRomanNumeral;
+    default:
+      return nullptr;
+  }
+}
 
 std::u16string numberText(int number) {
   return number == 0 ? std::u16string() : text::decimal(number);

@@ -1,16 +1,22 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
-/// A step number as text. What cannot be written in a style is the empty text.
+/// A step number as text; empty where a style cannot write the number.
 namespace kvrnstep::generator {
+
+using Numeral = std::u16string (*)(int step);
+
+/// How the labels of a listing type are written; null for a type without labels.
+Numeral numeralOf(std::int16_t selection);
 
 /// Decimal digits without leading zeros; nothing for 0.
 std::u16string numberText(int number);
 
-/// A to Z, then the letter twice (AA, BB …), three times, and four times from 79 on. Numbers that
-/// lead past Z give the characters that follow it; there are none below −64 and above 269.
+/// A to Z, then the letter twice (AA, BB …), three times, and four times from 79 on. Above 104 and
+/// below 1 come the characters behind Z and before A; below −64 and above 269 there is none.
 std::u16string ToStepLetters(int iNumber);
 
 /// Subtractive Roman numerals in upper case for 1 to 3999.

@@ -15,22 +15,21 @@ namespace kvrnstep::platform {
 std::optional<std::string> readFile(const std::u16string& path,
                                     std::size_t largest = static_cast<std::size_t>(-1));
 
-/// Makes the file hold exactly these bytes, creating it if need be. Whatever happens on the way,
-/// the old content or the new one is there, whole: the bytes go to a temporary file in the same
-/// folder, which then takes the place of the target. Links are followed to the file they mean,
-/// which keeps its permissions and, where the system allows it, its owner. A file that holds the
-/// bytes already is not touched.
-/// False, and nothing changed: the target may not be written, is no regular file, or its folder
-/// is missing or takes no new files. A file without any write permission bit counts as not to be
-/// written even for those whom the system would let.
+/// Makes the file hold exactly these bytes, creating it if need be. Whatever happens, the whole old
+/// content or the whole new one is there, because a temporary file in the same folder takes the
+/// place of the target. Links are followed; the target keeps its permissions and, where the system
+/// allows it, its owner. A file that holds the bytes already is not touched.
+/// False, and nothing has changed, when the target is no regular file or may not be written, or
+/// when its folder is missing or takes no new files. A file without any write permission counts as
+/// not writable, even for root.
 bool replaceFile(const std::u16string& path, std::string_view bytes);
 
-/// Creates the file with no content; one that is there already, or has come up just now, keeps
-/// its own. False when it can neither be created nor opened for writing.
+/// Creates an empty file; one that is there already keeps its content. False when it can neither be
+/// created nor opened for writing.
 bool createEmptyFile(const std::u16string& path);
 
 /// Whether the path names a file, folder or anything else; false for a link that leads nowhere.
-/// True also when the system does not tell: what might be there must not be written over.
+/// True also when the system does not tell, because what may be there must not be written over.
 bool pathExists(const std::u16string& path);
 
 /// Creates one folder in a folder that exists. False when that fails or the path is in use.

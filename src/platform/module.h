@@ -1,13 +1,14 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 /// The plug-in as a loaded module, and the modules that it loads in turn.
 namespace kvrnstep::platform {
 
-/// Full path of the folder that this plug-in was loaded from, links resolved, as the system writes
-/// it: only that of a drive or of the whole file system ends in a separator. Empty when the system
-/// does not tell.
+/// Full path of the folder that this plug-in was loaded from, links resolved. Only the root of a
+/// drive or of the file system ends in a separator. Empty when the system does not tell.
 std::u16string moduleFolder();
 
 /// Major and minor version and revision of this plug-in: "2.0.0".
@@ -19,8 +20,12 @@ inline constexpr const char16_t* kModuleExtension = u".dll";
 inline constexpr const char16_t* kModuleExtension = u".so";
 #endif
 
-/// Loads a module for the rest of the process's life.
-/// @param path full path; any other is refused, since the system would search for it
+/// The plug-in's icon of that number, as the bytes of an icon file, which stay as long as the
+/// plug-in is loaded. Nothing if there is none.
+std::optional<std::string_view> iconFile(int number);
+
+/// Loads a module until the process ends.
+/// @param path full path; any other one is refused, because the system would search for it
 /// @param problem set to the reason when the module cannot be loaded
 /// @return a handle for `symbolOf`, or null
 void* loadModule(const std::u16string& path, std::string& problem);

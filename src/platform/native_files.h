@@ -8,13 +8,12 @@
 #include <utility>
 #include <vector>
 
-/// What each system does with files, one call at a time: `posix/` and `windows/` hold it. What is
-/// made of it (how a file is saved, what is read, which names a folder's list leaves out) is
-/// written once, in the files of this folder.
+/// The system's calls for files, in `posix/` and `windows/`. How a file is saved, what is read and
+/// which names a folder's list leaves out is decided once, in the files of this folder.
 namespace kvrnstep::platform::native {
 
-/// A path as the system takes it. Where it takes bytes, a link may lead to a name that has no
-/// equal in UTF-16.
+/// A path as the system takes it. It is not always UTF-16, because a link on Linux may lead to a
+/// name that UTF-16 cannot hold.
 #ifdef _WIN32
 using Path = std::u16string;
 #else
@@ -26,21 +25,20 @@ using Path = std::string;
 Path pathOf(const std::u16string& path);
 std::u16string textOf(const Path& path);
 
-/// The part up to and with the last separator, or the colon of a drive; empty for a name alone.
+/// The path up to its last separator, or to the colon of a drive, included; empty for a name alone.
 Path folderPart(const Path& path);
 
-/// The path of the file that a chain of links leads to. Nothing for links that lead in a circle,
-/// and for one that cannot be read, which would be replaced itself.
+/// The path of the file that a chain of links leads to. Nothing for links that lead in a circle or
+/// cannot be read: a save would replace the link itself.
 std::optional<Path> withoutLinks(const Path& path);
 
-/// What a path leads to, as far as it matters to a program that is about to write there.
+/// What a path leads to, for a program that is about to write there.
 enum class Target {
   kNothing,       ///< a new file can be made there if the folder allows it
   kWritableFile,  ///< a regular file that this process may write to
   kOther,         ///< anything else, and whatever the system does not tell about
 };
-/// A file without any write permission counts as one that may not be written, even for those whom
-/// the system would let.
+/// A file without any write permission counts as not writable, even for root.
 Target targetAt(const Path& path);
 
 /// An open file.
@@ -59,14 +57,14 @@ class File {
   /// As the system knows it: a number, or a handle.
   [[nodiscard]] std::intptr_t handle() const { return handle_; }
 
-  /// Nothing when this is no regular file on a disk: a pipe or a device would block or never end.
+  /// Nothing when this is no regular file: reading a pipe or a device could block or never end.
   [[nodiscard]] std::optional<std::uint64_t> size() const;
   /// Reads `most` bytes or fewer and returns their number; 0 at the end of the file, nothing when
   /// the system cannot read.
   [[nodiscard]] std::optional<std::size_t> read(char* bytes, std::size_t most) const;
   /// Writes the first of the bytes and returns how many; 0 when the system cannot write.
   [[nodiscard]] std::size_t write(std::string_view bytes) const;
-  /// Gives this file the owner and the rights of another one, which it is about to replace.
+  /// Gives this file the owner and the permissions of the one that it is about to replace.
   [[nodiscard]] bool takeAfter(const Path& other) const;
   /// Waits until the bytes are on the disk.
   [[nodiscard]] bool sync() const;
@@ -84,7 +82,7 @@ File openToRead(const Path& path);
 /// Opens a file for writing and creates it if need be; what it holds stays.
 File openOrCreate(const Path& path);
 /// Creates a file, which must not be there yet.
-/// @param forUsAlone nobody else may read it until it takes after another file
+/// @param forUsAlone nobody else may read it until `takeAfter`
 /// @param taken set to whether the name is in use
 File createNew(const Path& path, bool forUsAlone, bool& taken);
 

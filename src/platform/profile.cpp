@@ -6,8 +6,8 @@ namespace kvrnstep::platform {
 
 namespace {
 
-/// The bytes to change; none for a file that is not there yet. Nothing when there is a file that
-/// cannot be read, whose content a write would destroy.
+/// What the file holds; an empty text if there is no file yet. Nothing for a file that cannot be
+/// read, because a write would destroy it.
 std::optional<std::string> bytesToChange(const std::u16string& file) {
   auto bytes = readFile(file);
   if (!bytes && !pathExists(file)) return std::string();

@@ -9,11 +9,11 @@
 ///     [Section]
 ///     Key=Value
 ///
-/// All text is 8-bit. Names are matched without regard to the case of A to Z, and those of sections
-/// whichever of the encodings that `fromBytes` reads they are in; of equal names the first counts.
-/// Lines end at CR LF, LF or CR. Blanks and tabs around keys and values do not belong to them, nor
-/// does one pair of double or single quotes around a value. A line that begins with ";" is a
-/// comment. Keys before the first section are never found.
+/// All text is 8-bit. The case of A to Z does not matter in names, and names of sections are equal
+/// in every encoding that `fromBytes` reads; of equal names the first counts. Lines end at CR LF,
+/// LF or CR. Blanks and tabs around keys and values are dropped, and so is one pair of double or
+/// single quotes around a value. A line that begins with ";" is a comment. Keys before the first
+/// section are never found.
 namespace kvrnstep::platform {
 
 /// Reads a key as GetPrivateProfileStringA does with as large a buffer as the value needs.
@@ -23,8 +23,8 @@ std::string getPrivateProfileString(std::string_view section, std::string_view k
                                     std::string_view defaultValue, const std::u16string& file);
 
 /// Writes a key as WritePrivateProfileStringA does, as one replacement of the file.
-/// @return false when the file could not be written, or the names cannot stand in such a file;
-///         it is then unchanged
+/// @return false, and the file is unchanged, when it could not be written or `isProfileName` says
+///         no
 bool writePrivateProfileString(std::string_view section, std::string_view key,
                                std::string_view value, const std::u16string& file);
 
@@ -34,10 +34,10 @@ std::optional<std::string_view> profileValue(std::string_view bytes, std::string
                                              std::string_view key);
 
 /// The bytes of a file with a key set. An existing key changes behind its "="; a new one follows
-/// the last line of its section that is not blank; a new section stands at the end of the file.
-/// Every other byte stays, a missing line end of the last line included. The value is written as
-/// it is, so that of a value with line breaks only the first line can be read again. Names that
-/// could not be found again (`isProfileName`) change nothing.
+/// the last line of its section that is not blank; a new section goes to the end of the file.
+/// Every other byte stays, and a last line without line end stays without. The value is written as
+/// it is, so only the first line of a value with line breaks can be read again. Names that
+/// `isProfileName` refuses change nothing.
 std::string withProfileValue(std::string_view bytes, std::string_view section, std::string_view key,
                              std::string_view value);
 
@@ -45,14 +45,23 @@ std::string withProfileValue(std::string_view bytes, std::string_view section, s
 /// the key holds no "=" and begins with neither "[" nor ";".
 bool isProfileName(std::string_view section, std::string_view key);
 
-/// The functions of a system that has some. Nothing where it has none, or where they cannot be
-/// given this path or would change these texts: then the rules above hold.
+/// The system's own functions. Nothing where it has none, or where they cannot be given this path
+/// or would change these texts: then the rules above hold.
 namespace native {
 
+#ifdef _WIN32
 std::optional<std::string> profileString(std::string_view section, std::string_view key,
                                          std::string_view defaultValue, const std::u16string& file);
 std::optional<bool> writeProfileString(std::string_view section, std::string_view key,
                                        std::string_view value, const std::u16string& file);
+#else
+inline std::optional<std::string> profileString(auto&&... /*all*/) {
+  return std::nullopt;
+}
+inline std::optional<bool> writeProfileString(auto&&... /*all*/) {
+  return std::nullopt;
+}
+#endif
 
 }  // namespace native
 

@@ -81,7 +81,7 @@ std::optional<std::string_view> sectionName(const ProfileLine& line) {
   return line.text.substr(open + 1, close - open - 1);
 }
 
-/// Nothing for a comment and for a line without "=". A section line is not told apart here.
+/// Nothing for a comment and for a line without "=". The line must not be a section's.
 std::optional<ProfileKey> keyOf(const ProfileLine& line) {
   const auto sign = line.text.find('=');
   if (sign == std::string_view::npos) return std::nullopt;
@@ -90,14 +90,14 @@ std::optional<ProfileKey> keyOf(const ProfileLine& line) {
   return ProfileKey{name, line.text.substr(sign + 1)};
 }
 
-/// What one reading of the file finds of a key and of the place where it would go.
+/// Where a key is, or would go.
 struct Search {
   std::optional<std::string_view> afterSign;  ///< of the key's line
   std::optional<ProfileLine> lastOfSection;   ///< its last line that is not blank
   std::optional<ProfileLine> lastOfFile;      ///< known only where the section is missing
 };
 
-/// Another system may have written the section, in its own encoding.
+/// The section may be in another encoding, because another system may have written it.
 bool isSameSection(std::string_view inFile, std::string_view section) {
   if (text::equalIgnoringCase(inFile, section)) return true;
   return !text::isAscii(inFile) && !text::isAscii(section) &&

@@ -12,9 +12,8 @@ using native::File;
 using native::Path;
 using native::Target;
 
-/// Creates a file under a passing name in the folder of the target. The name is short whatever the
-/// target's, which may be as long as the system allows. It is not guessed at random: a name in
-/// use, by whomever, is passed over.
+/// Creates a temporary file in the folder of the target. Its name does not contain the target's,
+/// which may be as long as the system allows. A name that is in use already is skipped.
 File createBeside(const Path& target, bool forUsAlone) {
   constexpr int kMostAttempts = 1000;
   static std::atomic<unsigned> counter{0};
@@ -38,10 +37,10 @@ bool writeAll(const File& file, std::string_view bytes) {
   return true;
 }
 
-/// Puts a new file in the place of the target, or of nothing. The bytes must be on the disk before
-/// the name is, or a power failure could leave a target that is empty.
+/// Puts a new file in the place of the target, if there is one. The bytes must be on the disk
+/// before the file is renamed, because a power failure could leave an empty target otherwise.
 bool save(const Path& target, bool isThere, std::string_view bytes) {
-  // Nobody may read what will not be theirs to read, not even while it is being written.
+  // The target's permissions come later, so until then nobody else may read the new file.
   File file = createBeside(target, isThere);
   if (!file.open()) return false;
   if (writeAll(file, bytes) && (!isThere || file.takeAfter(target)) && file.sync() &&

@@ -6,8 +6,8 @@
 
 namespace kvrnstep::platform {
 
-/// The calling thread's own T, made when it first asks. It lives as long as the module, because one
-/// that the end of its thread had to destroy would keep the module from being unloaded.
+/// The calling thread's own T, made by the first call. It stays until the module is unloaded: if
+/// the end of a thread had to destroy it, the module could not be unloaded.
 template <class T>
 T& ofThisThread() {
   static std::mutex mutex;

@@ -7,10 +7,10 @@
 
 namespace kvrnstep::stepfiles {
 
-/// Stands for a double quote inside of a stored text, which double quotes enclose.
+/// Written for a double quote inside of a stored text, because double quotes enclose the text.
 inline constexpr std::u16string_view kQuotePlaceholder = u"<WXEQUOTE>";
 
-/// A text as records hold it.
+/// A text as records hold it: in double quotes.
 std::u16string quoted(std::u16string_view text);
 
 /// Reads the comma-separated fields of records. A text in double quotes runs to the next double
@@ -18,19 +18,18 @@ std::u16string quoted(std::u16string_view text);
 /// without the blanks around it. A record ends with its line.
 class FieldReader {
  public:
-  /// Stands before the first record; a byte order mark is passed over. The text must outlive the
-  /// reader.
+  /// Skips a byte order mark. The text must outlive the reader.
   explicit FieldReader(std::u16string_view text);
 
   /// The next field of the record; empty behind the last one.
   std::u16string text();
-  /// The next field as a whole number, halves rounded to even, the nearest that fits 16 bits;
-  /// nothing when it is none.
+  /// The next field as a number, rounded with halves to even and limited to 16 bits; nothing if it
+  /// is none.
   std::optional<std::int16_t> number();
 
   /// Whether the last field of the record has been read.
   [[nodiscard]] bool ended() const { return ended_; }
-  /// Goes on to the next record; empty lines are none. False: there is none.
+  /// Goes on to the next line that is not empty. False if there is none.
   bool nextRecord();
 
  private:

@@ -10,7 +10,7 @@
 
 namespace kvrnstep::stepfiles {
 
-/// What the boxes of the dialog hold, as it was typed.
+/// A box of the dialog, which is stored as it was typed.
 struct TypedDefault {
   std::u16string_view key;     ///< in the settings file; empty: it has a file of its own
   std::u16string_view design;  ///< what the box shows where nothing is stored
@@ -26,8 +26,8 @@ inline constexpr auto kTypedDefaults = std::to_array<TypedDefault>({
     {{}, u"", u"end_my_step.dat"},
 });
 
-/// The stored setup that presets the dialog. Where a listing type or an option is stored that is no
-/// number the field is empty, and the dialog keeps what it shows.
+/// The stored setup that presets the dialog. A field is empty if what is stored is no number; the
+/// dialog then keeps what it shows.
 struct OpenDefaults {
   std::optional<std::int16_t> Selection;
   std::array<std::optional<std::int16_t>, kListOptionCount> Option;
@@ -42,10 +42,10 @@ struct OpenDefaultsPlace {
   std::u16string stepFolder;
 };
 
-/// What is missing comes as the dialog is designed.
+/// What is not stored is as in the dialog's design.
 OpenDefaults readOpenDefaults(const OpenDefaultsPlace& place);
 
-/// Nothing is written of a listing type or an option that is nothing.
+/// Empty fields are not written.
 void writeOpenDefaults(const OpenDefaultsPlace& place, const OpenDefaults& defaults);
 
 /// The key "UseDefault": on unless it is exactly "0".

@@ -49,7 +49,7 @@ std::u16string BuildStepFileName(const ListSettings& settings) {
   }
   appendOptions(name, settings);
   name = CollapseRepeats(RemoveChars(std::move(name), kRemoved, u""), u'_');
-  // Only now, so that a blank beside an underscore leaves two of them.
+  // After the runs have shrunk: a blank beside an underscore becomes a second underscore.
   std::ranges::replace(name, u' ', u'_');
   return name;
 }
@@ -57,8 +57,8 @@ std::u16string BuildStepFileName(const ListSettings& settings) {
 std::u16string fittingFileName(std::u16string name) {
   constexpr std::size_t kLongestName = 255;  // bytes of UTF-8, or less, on every system
   const std::size_t room = kLongestName - kStepExtension.size();
-  // At once what cannot fit, for texts of a step file are long at times. Half a pair that this
-  // leaves behind takes up more than its share and goes next.
+  // First what cannot fit in any case, because a text may be very long. If that cuts a pair, its
+  // first half is the next to go, since it takes three bytes alone.
   name.resize(std::min(name.size(), room));
   while (text::toUtf8(name).size() > room) {
     name.resize(name.size() - (endsInPair(name) ? 2 : 1));

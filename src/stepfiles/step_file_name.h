@@ -5,7 +5,7 @@
 
 #include "generator/list_settings.h"
 
-/// Names of step files: a folder of them reads like a catalogue.
+/// Names of step files, which tell what the files hold.
 namespace kvrnstep::stepfiles {
 
 /// The name that a setup is saved under, without folder and extension: the kind of list, its texts

@@ -17,8 +17,7 @@ bool isStepFile(std::u16string_view name) {
          text::equalIgnoringCase(name.substr(name.size() - kStepExtension.size()), kStepExtension);
 }
 
-/// The order of a list for people: letter case decides only between names that are otherwise
-/// equal.
+/// Letter case decides only between names that are otherwise equal.
 bool comesBefore(std::u16string_view one, std::u16string_view other) {
   const auto [inOne, inOther] = std::ranges::mismatch(one, other, [](char16_t a, char16_t b) {
     return a == b || text::smallLetter(a) == text::smallLetter(b);

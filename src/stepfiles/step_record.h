@@ -10,8 +10,7 @@
 /// Step files: one list setup a file.
 namespace kvrnstep::stepfiles {
 
-/// A larger file is none of ours and is not read. The texts of a setup have no limit, but somebody
-/// has to have typed or pasted them.
+/// A larger file is not read. Texts have no limit, but nobody types or pastes that much.
 inline constexpr std::size_t kLargestStepFile = std::size_t{256} * 1024 * 1024;
 
 /// Marks the files of the step folder that hold a setup; letter case counts.
@@ -21,17 +20,16 @@ inline constexpr std::u16string_view kStepExtension = u".step";
 /// between them, and CR LF.
 std::string formatStepRecord(const generator::ListSettings& settings);
 
-/// The setup that the bytes hold. Fields that are not there are empty and 0, and so is a number
-/// that is none; one that is too large or too small is the nearest that a field can hold. The
-/// listing type is taken as it stands, be there such a type or not.
+/// The setup that the bytes hold. Missing fields are empty or 0; what is no number is 0, and a
+/// number that does not fit is the nearest one that does. Any number is taken as listing type.
 generator::ListSettings parseStepRecord(std::string_view bytes);
 
-/// Whether the bytes begin as a step file does: a listing type that there is, four texts, three
+/// Whether the bytes begin as a step file does: an existing listing type, four texts, three
 /// numbers.
 bool isStepRecord(std::string_view bytes);
 
-/// The setup with its numbers as the dialog shows them: 0 to 9 blank lines, steps 1 to 99, none
-/// before the first.
+/// The setup with its numbers limited as the dialog does: 0 to 9 blank lines, steps 1 to 99, the
+/// first one not behind the last.
 generator::ListSettings withinRanges(generator::ListSettings settings);
 
 /// Reads a step file. Nothing when it cannot be read or is too large.

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-/// The texts that the user keeps at hand for beginnings and endings: one file for each kind.
+/// The texts that the user has stored for beginnings and endings, in a file for each.
 namespace kvrnstep::stepfiles {
 
 inline constexpr std::size_t kStoredTexts = 15;

@@ -22,7 +22,7 @@ std::string_view takeLine(std::string_view& bytes) {
 }  // namespace
 
 LoadedList parseList(std::string_view bytes) {
-  // The encoding is that of the whole file, the lines beyond the last one read included.
+  // All lines decide on the encoding, those that are not read included.
   const auto decode = text::isUtf8(bytes) ? text::fromUtf8 : text::fromAnsi;
   LoadedList list;
   const auto breaks = static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\r'));

@@ -25,7 +25,7 @@ std::u16string cut(std::u16string text) {
 
 std::u16string ReadIniKey(std::u16string_view sSection, std::u16string_view sKey,
                           std::u16string_view sDefault, const std::u16string& sIniFile) {
-  // Cut only after the conversion: a character of several bytes must not be torn apart.
+  // Cut after the conversion, which would otherwise see half a character.
   return cut(text::fromBytes(platform::getPrivateProfileString(argument(sSection), argument(sKey),
                                                                argument(sDefault), sIniFile)));
 }

@@ -5,7 +5,7 @@
 
 #include "platform/files.h"
 
-/// Files that hold one text, and the questions whether a path exists.
+/// Files that hold one text.
 namespace kvrnstep::storage {
 
 /// Replaces the file's content with the text and CR LF. False when the file cannot be written; it

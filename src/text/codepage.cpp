@@ -13,7 +13,7 @@ namespace kvrnstep::text {
 
 namespace {
 
-/// Bytes 0x80 to 0x9F; all others stand for the character of their own value.
+/// Bytes 0x80 to 0x9F; every other byte is the character of the same number.
 constexpr std::array<char16_t, 32> kWindows1252High{
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  //
     0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,  //

@@ -7,24 +7,23 @@
 /// these functions fails, and whatever `toBytes` wrote comes back from `fromBytes` unchanged.
 namespace kvrnstep::text {
 
-/// The text as files hold it: on Windows in the system's code page if every character has a place
-/// there and reads back as what it is, as other programs expect; everywhere else, and for all
-/// other texts, UTF-8. A file takes one call, for each call chooses anew.
+/// The text as files hold it. On Windows that is the system's code page, which other programs
+/// expect, if the text can be read back unchanged from it; otherwise, and on every other system, it
+/// is UTF-8. A file must be converted by one call, because each call chooses its own encoding.
 std::string toBytes(std::u16string_view text);
 
-/// Reads all of the bytes as UTF-8 if that is what they are, otherwise all of them by `fromAnsi`,
-/// so that files open with their accents on whichever system they were made.
+/// Reads the bytes as UTF-8 if all of them are that, otherwise by `fromAnsi`, so that files from
+/// every system open with their accents.
 std::u16string fromBytes(std::string_view bytes);
 
-/// UTF-8. Half a surrogate pair, which UTF-8 has no room for, is written as three bytes like any
-/// other character of its size, so that it survives. Byte order marks are ordinary characters.
+/// UTF-8. Half a surrogate pair is no character of UTF-8, but is written as three bytes all the
+/// same, so that it can be read back. Byte order marks are ordinary characters.
 std::string toUtf8(std::u16string_view text);
 
 /// Text in the system's code page on Windows, elsewhere in Windows-1252.
 std::u16string fromAnsi(std::string_view bytes);
 
-/// Whether the bytes are UTF-8, the three-byte surrogates of `toUtf8` included. Bytes that are
-/// read piece by piece take their encoding from the whole, which this tells.
+/// Whether all of the bytes are UTF-8, the three-byte surrogates of `toUtf8` included.
 bool isUtf8(std::string_view bytes);
 
 /// UTF-8 to UTF-16; a byte that belongs to no character is read as Windows-1252.

@@ -6,16 +6,15 @@
 /// Letter case by the system's rules for all alphabets, whatever the locale of the host.
 namespace kvrnstep::text {
 
-/// The small or the capital letter that belongs to a character; the character itself where it has
-/// none, and for each half of a pair of surrogates.
+/// The small or the capital letter of a character. A character without one is returned as it is,
+/// and so is each half of a surrogate pair.
 char16_t smallLetter(char16_t character);
 char16_t capitalLetter(char16_t character);
 
 std::u16string lowerCase(std::u16string_view text);
 std::u16string upperCase(std::u16string_view text);
-/// A capital at the beginning of every word, small letters in all other places. Words are
-/// separated by blanks, tabs, line ends, page ends and zeros; any other character begins a word
-/// as a letter does.
+/// A capital at the beginning of every word, small letters in all other places. Words end at
+/// blanks, tabs, line ends, page ends and zeros only.
 std::u16string properCase(std::u16string_view text);
 
 bool equalIgnoringCase(std::u16string_view one, std::u16string_view other);

@@ -23,8 +23,8 @@ constexpr bool isDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-/// Where the first digit that counts stands before the decimal point (1 is the ones, 0 the
-/// tenths), moved by the exponent: above 0 the number is at least 1, below it is less.
+/// Tells numbers that are too large (1) from those that are too close to 0 (-1), by the place of
+/// the first digit that is not 0 and by the exponent.
 int magnitude(std::string_view number) {
   const auto mantissa = number.substr(0, number.find_first_of("eE"));
   const auto whole = std::min(mantissa.find('.'), mantissa.size());
@@ -40,7 +40,7 @@ int magnitude(std::string_view number) {
   return position + shift > 0 ? 1 : -1;
 }
 
-/// Reads a number without a sign; nothing else that the library takes for one ("inf", "nan").
+/// Reads a number without a sign. "inf" and "nan", which the library reads, are no numbers here.
 ReadNumber readUnsigned(std::string_view text) {
   if (text.empty() || (!isDigit(text.front()) && text.front() != '.')) return {};
   ReadNumber number;
@@ -77,7 +77,7 @@ std::string numberCharacters(std::u16string_view text) {
   return characters;
 }
 
-/// Not left to the rounding mode of the processor, which belongs to the host.
+/// The library's rounding depends on a mode of the processor, which the host may have changed.
 double roundHalfToEven(double number) {
   const double below = std::floor(number);
   const double rest = number - below;

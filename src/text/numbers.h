@@ -11,12 +11,12 @@
 namespace kvrnstep::text {
 
 /// The number that the text begins with: sign, digits, decimal point, exponent. Blanks and tabs
-/// are passed over wherever they stand, so "1 2" is 12. 0 where the text begins with no number;
-/// infinity where the number is too large for a double.
+/// are ignored everywhere, so "1 2" is 12. 0 if the text begins with no number, infinity if the
+/// number is too large for a double.
 double leadingNumber(std::u16string_view text);
 
-/// The number that the whole text is, blanks around it aside. Nothing for any other text and for
-/// a number too large for a double.
+/// The whole text, without the blanks around it, as a number. Nothing if it is none or is too large
+/// for a double.
 std::optional<double> wholeTextNumber(std::u16string_view text);
 
 /// The nearest whole number, a half going to the even neighbour: 2.5 gives 2, 3.5 gives 4.

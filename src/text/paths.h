@@ -3,17 +3,17 @@
 #include <string>
 #include <string_view>
 
-/// Paths as texts: what there is on the disk does not matter here.
+/// Paths as texts; nothing here looks at the disk.
 namespace kvrnstep::text {
 
-/// Stands between folder and file name in the paths that the plug-in builds.
+/// Between folder and file name in the paths that the plug-in builds.
 #ifdef _WIN32
 inline constexpr char16_t kSeparator = u'\\';
 #else
 inline constexpr char16_t kSeparator = u'/';
 #endif
 
-/// Slash and backslash both, on every platform: hosts hand over paths of either kind.
+/// Slash and backslash on every platform, because hosts pass paths of either kind.
 constexpr bool isSeparator(char16_t character) {
   return character == u'/' || character == u'\\';
 }

@@ -31,8 +31,7 @@ std::u16string fromAscii(std::string_view ascii);
 /// The texts one behind the other, a blank between them.
 std::u16string joined(const std::vector<std::u16string>& texts);
 
-/// A caption as it is read: without the "&" before the letter of its mnemonic, and with one "&"
-/// where two stand for it.
+/// A caption as it is read: without the "&" before its mnemonic, and with "&" in place of "&&".
 std::u16string withoutMnemonic(std::u16string_view caption);
 
 }  // namespace kvrnstep::text

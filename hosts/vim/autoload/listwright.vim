@@ -56,8 +56,8 @@ function! s:Unescaped(name) abort
   return substitute(a:name, '\\ ', ' ', 'g')
 endfunction
 
-" The command looks for the file, in the step folder too. No character but a leading ~ means
-" anything: names of step files hold # and { freely.
+" The command looks for the file, in the step folder too. Only a leading ~ is special, because
+" names of step files may hold # and {.
 function! s:StepFile(name) abort
   let name = s:Unescaped(trim(a:name))
   return s:FolderOption() + ['--', name =~# '^\~' ? fnamemodify(name, ':p') : name]
@@ -98,7 +98,7 @@ function! s:Run(arguments) abort
   let output = tempname()
   let errors = tempname()
   try
-    " Neither the user's 'shell' nor its quoting has a say here, and messages stay apart from lists.
+    " Run by sh, not by the user's 'shell', whose quoting may differ; messages go to another file.
     let redirect = 'out=$1 err=$2; shift 2; exec "$@" </dev/null >"$out" 2>"$err"'
     let status = s:Wait(['sh', '-c', redirect, 'sh', output, errors, command, '--exact'] + a:arguments)
     if status == 0

@@ -13,11 +13,6 @@ namespace kvrnstep::platform {
 
 namespace {
 
-std::string lastProblem() {
-  const char* problem = ::dlerror();
-  return problem != nullptr ? problem : "unknown problem";
-}
-
 /// The path of this module as the host gave it; null when the system does not tell.
 const char* pathAsGiven() {
   Dl_info module{};
@@ -30,8 +25,8 @@ std::string resolvedFolder(const char* path) {
   return resolved ? native::folderPart(resolved.get()) : std::string();
 }
 
-/// A relative path means something else once the host changes its working folder, so it is
-/// resolved while the module is being loaded. Any other one can wait: loading is to cost nothing.
+/// A relative path is resolved while the module is loaded, because the host may change its working
+/// folder later. An absolute one is resolved when it is needed, so that loading costs little.
 const std::string folderOfRelativePath = [] {
   const char* path = pathAsGiven();
   return path != nullptr && *path != '/' ? resolvedFolder(path) : std::string();
@@ -58,7 +53,7 @@ void* loadModule(const std::u16string& path, std::string& problem) {
     return nullptr;
   }
   void* module = ::dlopen(native.c_str(), RTLD_NOW | RTLD_LOCAL);
-  if (module == nullptr) problem = lastProblem();
+  if (module == nullptr) problem = ::dlerror();
   return module;
 }
 

@@ -40,7 +40,7 @@ int system(std::intptr_t handle) {
   return static_cast<int>(handle);
 }
 
-/// Does it again for as long as signals interrupt it.
+/// Calls again as long as signals interrupt the call.
 template <class Call>
 auto completed(Call call) {
   auto result = call();
@@ -48,7 +48,7 @@ auto completed(Call call) {
   return result;
 }
 
-/// Opening a pipe would otherwise wait for somebody at its other end.
+/// O_NONBLOCK, because opening a pipe would wait for a program at its other end.
 File openFile(const Path& path, int how, mode_t mode = 0) {
   how |= O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
   return {path, completed([&] { return ::open(path.c_str(), how, mode); })};
@@ -61,8 +61,8 @@ std::optional<Path> linkTarget(const Path& path) {
   return Path(target.data(), static_cast<std::size_t>(length));
 }
 
-/// The folder's own list says what most entries are; only of links, and on file systems that do
-/// not say, the file itself has to be asked.
+/// The folder's list tells what most entries are. Links, and all entries on file systems that do
+/// not tell, have to be asked one by one.
 bool isFile(DIR& folder, const dirent& entry) {
   if (entry.d_type == DT_REG) return true;
   if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return false;
@@ -124,7 +124,8 @@ std::size_t File::write(std::string_view bytes) const {
   return static_cast<std::size_t>(std::max<ssize_t>(count, 0));
 }
 
-/// The rights of a file that runs as its owner go only with the owner.
+/// A set-user-id bit is copied only together with the owner, because it would otherwise let
+/// everybody run the file as somebody else.
 bool File::takeAfter(const Path& other) const {
   constexpr mode_t kPermissions = 0777;
   constexpr mode_t kAllModeBits = 07777;

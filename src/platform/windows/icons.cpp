@@ -1,4 +1,4 @@
-#include "platform/icons.h"
+#include "platform/module.h"
 
 #include <windows.h>
 
