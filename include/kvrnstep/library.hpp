@@ -17,7 +17,6 @@
 namespace kvrnstep {
 
 #ifdef _WIN32
-
 namespace detail {
 inline std::wstring wide(const std::string& utf8) {
   const int size = static_cast<int>(utf8.size());
@@ -27,49 +26,41 @@ inline std::wstring wide(const std::string& utf8) {
   return text;
 }
 }  // namespace detail
+#endif
 
-/// Loads a library, with what it needs from its own folder.
-/// @param path full path, in UTF-8
+/// Loads a library, on Windows with what it needs from its own folder.
+/// @param path full path, in the system's encoding, on Windows in UTF-8
 /// @throws std::runtime_error with the reason
 inline void* openLibrary(const std::string& path) {
+#ifdef _WIN32
   void* library =
       LoadLibraryExW(detail::wide(path).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
   if (library != nullptr) return library;
   throw std::runtime_error("cannot load " + path + " (error " + std::to_string(GetLastError()) +
                            ")");
-}
-
-/// What a library exports under a name, or null.
-inline void* symbolIn(void* library, const char* name) {
-  return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(library), name));
-}
-
-/// Gives back what `openLibrary` loaded.
-inline void closeLibrary(void* library) {
-  FreeLibrary(static_cast<HMODULE>(library));
-}
-
 #else
-
-/// Loads a library.
-/// @param path full path, in the system's encoding
-/// @throws std::runtime_error with the loader's reason
-inline void* openLibrary(const std::string& path) {
   void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (library == nullptr) throw std::runtime_error(dlerror());
   return library;
+#endif
 }
 
 /// What a library exports under a name, or null.
 inline void* symbolIn(void* library, const char* name) {
+#ifdef _WIN32
+  return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(library), name));
+#else
   return dlsym(library, name);
+#endif
 }
 
 /// Gives back what `openLibrary` loaded.
 inline void closeLibrary(void* library) {
+#ifdef _WIN32
+  FreeLibrary(static_cast<HMODULE>(library));
+#else
   dlclose(library);
-}
-
 #endif
+}
 
 }  // namespace kvrnstep

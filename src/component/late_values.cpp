@@ -29,11 +29,6 @@ std::int64_t signedOf(std::uint64_t number) {
   return static_cast<std::int64_t>(number < kLargest ? number : kLargest);
 }
 
-double amount(CY currency) {
-  constexpr double kParts = 10'000;
-  return static_cast<double>(currency.int64) / kParts;
-}
-
 Value valueOf(const VARIANT& argument) {
   const VARIANT& v = referred(argument);
   const bool byReference = (v.vt & VT_BYREF) != 0;
@@ -65,7 +60,7 @@ Value valueOf(const VARIANT& argument) {
     case VT_DATE:
       return held(v, v.dblVal);
     case VT_CY:
-      return amount(held(v, v.cyVal));
+      return static_cast<double>(held(v, v.cyVal).int64) / 10'000;
     case VT_BOOL:
       return held(v, v.boolVal) != VARIANT_FALSE;
     case VT_BSTR:

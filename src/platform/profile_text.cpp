@@ -66,12 +66,6 @@ class ProfileLines {
   std::size_t at_ = 0;
 };
 
-/// A key line taken apart.
-struct ProfileKey {
-  std::string_view name;
-  std::string_view afterSign;  ///< all that follows the "="
-};
-
 /// The name in a section line.
 std::optional<std::string_view> sectionName(const ProfileLine& line) {
   const auto open = line.text.find_first_not_of(kBlanksAndTabs);
@@ -81,13 +75,13 @@ std::optional<std::string_view> sectionName(const ProfileLine& line) {
   return line.text.substr(open + 1, close - open - 1);
 }
 
-/// Nothing for a comment and for a line without "=". The line must not be a section's.
-std::optional<ProfileKey> keyOf(const ProfileLine& line) {
+/// What follows the "=" of a line with that key; nothing for any other line.
+std::optional<std::string_view> valueOf(const ProfileLine& line, std::string_view key) {
   const auto sign = line.text.find('=');
   if (sign == std::string_view::npos) return std::nullopt;
   const auto name = trimBlanksAndTabs(line.text.substr(0, sign));
-  if (name.starts_with(';')) return std::nullopt;
-  return ProfileKey{name, line.text.substr(sign + 1)};
+  if (name.starts_with(';') || !text::equalIgnoringCase(name, key)) return std::nullopt;
+  return line.text.substr(sign + 1);
 }
 
 /// Where a key is, or would go.
@@ -113,11 +107,7 @@ Search search(std::string_view bytes, std::string_view section, std::string_view
       if (found.lastOfSection) break;
       if (isSameSection(*name, section)) found.lastOfSection = line;
     } else if (found.lastOfSection) {
-      const auto entry = keyOf(*line);
-      if (entry && text::equalIgnoringCase(entry->name, key)) {
-        found.afterSign = entry->afterSign;
-        break;
-      }
+      if ((found.afterSign = valueOf(*line, key))) break;
       if (!trimBlanksAndTabs(line->text).empty()) found.lastOfSection = line;
     }
     found.lastOfFile = line;

@@ -1,8 +1,6 @@
 #include "plugin/front_end.h"
 
-#include "driving/driven_module.h"
 #include "platform/module.h"
-#include "plugin/host_context.h"
 #include "plugin/plugin_folder.h"
 #include "text/text.h"
 
@@ -10,8 +8,8 @@ namespace kvrnstep::plugin {
 
 namespace {
 
-/// The stage that a script plays on; null in ordinary use.
-forms::Toolkit* stage = nullptr;
+/// Null as long as people use the plug-in.
+forms::Toolkit* driven = nullptr;
 
 }  // namespace
 
@@ -25,17 +23,11 @@ void* loadedSymbol(const std::string& name, const char* symbol, std::string& pro
 }
 
 forms::Toolkit* frontEnd(std::string& problem) {
-  return stage != nullptr ? stage : toolkitForPeople(problem);
+  return driven != nullptr ? driven : toolkitForPeople(problem);
 }
 
-driving::Stage* drivenFrontEnd(const std::string& name, driving::Player& player,
-                               std::string& problem) {
-  auto* function = reinterpret_cast<KvrnstepDrivenFrontEnd*>(
-      loadedSymbol("kvrnstep-" + name + "-driven", driving::kDrivenFrontEndSymbol, problem));
-  driving::ScriptStage* found =
-      function == nullptr ? nullptr : function(&player, hostContext, &problem);
-  if (found != nullptr) stage = found;
-  return found;
+void useFrontEnd(forms::Toolkit& toolkit) {
+  driven = &toolkit;
 }
 
 }  // namespace kvrnstep::plugin

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "forms/toolkit.h"
-#include "kvrnstep/driving.hpp"
 
 /// The front end that draws the plug-in's windows. It is loaded by the first call that shows a
 /// window, never before. Where there is none, `problem` says why in one line, and the next call
@@ -13,10 +12,8 @@ namespace kvrnstep::plugin {
 /// The front end for the calling thread; null when it cannot show a window.
 forms::Toolkit* frontEnd(std::string& problem);
 
-/// Loads the front end of that name ("headless", "qt", "windows") whose user is the player. It
-/// serves all calls from now on. Null when that fails.
-driving::Stage* drivenFrontEnd(const std::string& name, driving::Player& player,
-                               std::string& problem);
+/// Has another front end serve all calls from now on.
+void useFrontEnd(forms::Toolkit& toolkit);
 
 /// The one for people: a module in the plug-in's folder, or on Windows a part of the plug-in.
 forms::Toolkit* toolkitForPeople(std::string& problem);

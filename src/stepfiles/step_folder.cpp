@@ -1,6 +1,7 @@
 #include "stepfiles/step_folder.h"
 
 #include <algorithm>
+#include <compare>
 
 #include "platform/files.h"
 #include "stepfiles/step_record.h"
@@ -19,13 +20,11 @@ bool isStepFile(std::u16string_view name) {
 
 /// Letter case decides only between names that are otherwise equal.
 bool comesBefore(std::u16string_view one, std::u16string_view other) {
-  const auto [inOne, inOther] = std::ranges::mismatch(one, other, [](char16_t a, char16_t b) {
-    return a == b || text::smallLetter(a) == text::smallLetter(b);
-  });
-  if (inOne != one.end() && inOther != other.end()) {
-    return text::smallLetter(*inOne) < text::smallLetter(*inOther);
-  }
-  return one.size() != other.size() ? one.size() < other.size() : one < other;
+  const auto order = std::lexicographical_compare_three_way(
+      one.begin(), one.end(), other.begin(), other.end(), [](char16_t a, char16_t b) {
+        return a == b ? std::strong_ordering::equal : text::smallLetter(a) <=> text::smallLetter(b);
+      });
+  return order != 0 ? order < 0 : one < other;
 }
 
 }  // namespace

@@ -15,6 +15,7 @@ std::string argument(std::u16string_view text) {
 }
 
 std::u16string cut(std::u16string text) {
+  constexpr std::size_t kLongestValue = 254;
   if (text.size() <= kLongestValue) return text;
   const auto last = std::u16string_view(text).substr(kLongestValue - 1, 2);
   text.resize(text::isSurrogatePair(last) ? kLongestValue - 1 : kLongestValue);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -8,10 +7,7 @@
 /// cached: every call reads or writes the file.
 namespace kvrnstep::modSecns {
 
-/// Most UTF-16 units of a value that is read.
-inline constexpr std::size_t kLongestValue = 254;
-
-/// The value of a key, up to its first NUL and cut to `kLongestValue`, though never within a
+/// The value of a key, up to its first NUL and cut to 254 UTF-16 units, though never within a
 /// surrogate pair; `sDefault`, cut alike, when the key, the section or the file is missing or
 /// cannot be read.
 std::u16string ReadIniKey(std::u16string_view sSection, std::u16string_view sKey,

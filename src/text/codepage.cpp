@@ -120,11 +120,7 @@ std::u16string fromBytes(std::string_view bytes) {
 }
 
 bool isUtf8(std::string_view bytes) {
-  for (std::size_t at = 0; at < bytes.size();) {
-    if (const auto run = asciiRun(bytes, at); run > 0) {
-      at += run;
-      continue;
-    }
+  for (std::size_t at = asciiRun(bytes, 0); at < bytes.size(); at += asciiRun(bytes, at)) {
     const auto character = characterAt(bytes, at);
     if (character.bytes == 0) return false;
     at += character.bytes;

@@ -19,10 +19,6 @@ struct ReadNumber {
   std::size_t length = 0;  ///< characters that the number takes up; 0: there is none
 };
 
-constexpr bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 /// Tells numbers that are too large (1) from those that are too close to 0 (-1), by the place of
 /// the first digit that is not 0 and by the exponent.
 int magnitude(std::string_view number) {
@@ -40,25 +36,19 @@ int magnitude(std::string_view number) {
   return position + shift > 0 ? 1 : -1;
 }
 
-/// Reads a number without a sign. "inf" and "nan", which the library reads, are no numbers here.
-ReadNumber readUnsigned(std::string_view text) {
-  if (text.empty() || (!isDigit(text.front()) && text.front() != '.')) return {};
+/// @param text nothing but digits, points, signs and "e"
+ReadNumber readNumber(std::string_view text) {
+  const bool negative = text.starts_with('-');
+  const auto digits = text.substr(negative || text.starts_with('+') ? 1 : 0);
   ReadNumber number;
-  const auto read = std::from_chars(text.data(), text.data() + text.size(), number.value);
+  const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), number.value);
+  if (read.ec == std::errc::invalid_argument || digits.starts_with('-')) return {};
   number.length = static_cast<std::size_t>(read.ptr - text.data());
   if (read.ec == std::errc::result_out_of_range) {
-    number.value = magnitude(text.substr(0, number.length)) > 0 ? kInfinity : 0;
-  } else if (read.ec != std::errc{}) {
-    return {};
+    const std::string_view all(digits.data(), read.ptr);
+    number.value = magnitude(all) > 0 ? kInfinity : 0;
   }
-  return number;
-}
-
-ReadNumber readNumber(std::string_view text) {
-  if (text.empty() || (text.front() != '-' && text.front() != '+')) return readUnsigned(text);
-  ReadNumber number = readUnsigned(text.substr(1));
-  if (number.length > 0) ++number.length;
-  if (text.front() == '-') number.value = -number.value;
+  if (negative) number.value = -number.value;
   return number;
 }
 

@@ -1,11 +1,10 @@
-#include "platform/module.h"
-
 #include <windows.h>
 
 #include <cstring>
 #include <map>
 #include <string>
 
+#include "platform/module.h"
 #include "platform/windows/this_module.h"
 
 namespace kvrnstep::platform {
