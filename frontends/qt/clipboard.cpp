@@ -1,11 +1,6 @@
 #include "clipboard.h"
 
-#include <fcntl.h>
-#include <poll.h>
-#include <spawn.h>
 #include <sys/mman.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <QByteArray>
 #include <QClipboard>
@@ -14,13 +9,9 @@
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QPointer>
+#include <QProcess>
 #include <QTimer>
-#include <array>
-#include <cerrno>
-#include <csignal>
 #include <functional>
-#include <string>
-#include <utility>
 
 #include "module_folder.h"
 #include "qt_application.h"
@@ -33,72 +24,26 @@ constexpr const char* kKeeper = "kvrnstep-clipboard";
 constexpr int kReadyWithinMilliseconds = 2000;
 constexpr int kFetchedWithinMilliseconds = 300;
 
-/// Starts the keeper, which leaves at once a child of its own behind. A signal mask or handling
-/// that the host has chosen for itself is not handed down.
-bool startKeeper(const std::string& path, int input, int output) {
-  posix_spawn_file_actions_t files;
-  posix_spawnattr_t attributes;
-  posix_spawn_file_actions_init(&files);
-  posix_spawnattr_init(&attributes);
-  posix_spawn_file_actions_adddup2(&files, input, STDIN_FILENO);
-  posix_spawn_file_actions_adddup2(&files, output, STDOUT_FILENO);
-  posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-  sigset_t none;
-  sigset_t all;
-  sigemptyset(&none);
-  sigfillset(&all);
-  posix_spawnattr_setsigmask(&attributes, &none);
-  posix_spawnattr_setsigdefault(&attributes, &all);
-  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-
-  std::string name = kKeeper;
-  const std::array<char*, 2> arguments{name.data(), nullptr};
-  pid_t child = 0;
-  const bool started =
-      posix_spawn(&child, path.c_str(), &files, &attributes, arguments.data(), environ) == 0;
-  posix_spawn_file_actions_destroy(&files);
-  posix_spawnattr_destroy(&attributes);
-  if (!started) return false;
-  while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
-  }
-  return true;
-}
-
-bool becomesReadable(int file) {
-  pollfd waiting{file, POLLIN, 0};
-  int ready = 0;
-  do {
-    ready = poll(&waiting, 1, kReadyWithinMilliseconds);
-  } while (ready < 0 && errno == EINTR);
-  char byte = 0;
-  return ready == 1 && read(file, &byte, 1) == 1;
-}
-
-bool adopt(QFile& file, int number, QIODevice::OpenMode how) {
-  return number >= 0 &&
-         file.open(number, how | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle);
-}
-
-/// Hands the text to a program of its own that serves the clipboard from then on.
+/// Hands the text to a program that serves the clipboard from then on, in a process that is not a
+/// child of this one. It writes when it has the clipboard.
 bool handToKeeper(const QString& text) {
-  const std::string path = besideThisModule(kKeeper);
-  if (path.empty()) return false;
   // A file in memory: writing to it neither blocks nor raises a signal, whatever the keeper does.
   const int memory = memfd_create(kKeeper, MFD_CLOEXEC);
-  std::array<int, 2> ends{-1, -1};
+  const QByteArray bytes = text.toUtf8();
   QFile input;
-  QFile readEnd;
-  QFile writeEnd;
-  if (!adopt(input, memory, QIODevice::WriteOnly) || pipe2(ends.data(), O_CLOEXEC) != 0 ||
-      !adopt(readEnd, ends[0], QIODevice::ReadOnly) ||
-      !adopt(writeEnd, ends[1], QIODevice::WriteOnly)) {
+  if (memory < 0 ||
+      !input.open(memory, QIODevice::WriteOnly | QIODevice::Unbuffered,
+                  QFileDevice::AutoCloseHandle) ||
+      input.write(bytes) != bytes.size()) {
     return false;
   }
-  const QByteArray bytes = text.toUtf8();
-  if (input.write(bytes) != bytes.size() || !input.seek(0)) return false;
-  if (!startKeeper(path, input.handle(), writeEnd.handle())) return false;
-  writeEnd.close();
-  return becomesReadable(readEnd.handle());
+  QProcess keeper;
+  keeper.setStandardInputFile(QStringLiteral("/proc/self/fd/%1").arg(memory));
+  keeper.setStandardErrorFile(QProcess::nullDevice());
+  keeper.start(QString::fromStdString(besideThisModule(kKeeper)), QStringList());
+  const bool ready = keeper.waitForReadyRead(kReadyWithinMilliseconds);
+  keeper.close();
+  return ready;
 }
 
 /// A text that tells when its bytes are fetched. Boxes of our own only look at it.

@@ -1,72 +1,70 @@
 // Serves the clipboard with the text that comes in on standard input, until another program takes
-// the clipboard over. Writes one byte to standard output when it owns the clipboard.
+// the clipboard over. Writes one byte to standard output when it has the clipboard, and goes on in
+// a child, for which nobody has to wait.
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <QByteArray>
 #include <QClipboard>
+#include <QFile>
 #include <QGuiApplication>
 #include <array>
-#include <cerrno>
+#include <csignal>
+#include <cstdio>
 #include <cstdlib>
 
 namespace {
 
-/// Files of the host that it happened to leave open must not stay open for as long as we run.
-void closeInherited() {
+/// Which signals the host has chosen to block or to ignore is its own affair, and files that it
+/// happened to leave open must not stay open for as long as this program runs.
+void forgetHost() {
+  sigset_t none;
+  sigemptyset(&none);
+  sigprocmask(SIG_SETMASK, &none, nullptr);
+  for (int number = 1; number < NSIG; ++number) signal(number, SIG_DFL);
   close_range(STDERR_FILENO + 1, ~0U, 0);
 }
 
 QByteArray readInput() {
-  QByteArray bytes;
-  std::array<char, 65536> buffer{};
-  for (;;) {
-    const ssize_t count = read(STDIN_FILENO, buffer.data(), buffer.size());
-    if (count > 0) {
-      bytes.append(buffer.data(), static_cast<qsizetype>(count));
-    } else if (count == 0 || errno != EINTR) {
-      return bytes;
-    }
-  }
+  QFile input;
+  return input.open(stdin, QIODevice::ReadOnly) ? input.readAll() : QByteArray();
 }
 
-/// The parent ends at once, so whoever started us has nobody to wait for.
-bool detach() {
+/// Goes on in a child. The parent passes on the byte that is written to what this returns, and
+/// ends.
+int continueInChild() {
+  std::array<int, 2> ends{-1, -1};
+  if (pipe(ends.data()) != 0) _exit(EXIT_FAILURE);
   const pid_t child = fork();
-  if (child < 0) return false;
-  if (child > 0) _exit(EXIT_SUCCESS);
-  return setsid() >= 0 && chdir("/") == 0;
-}
-
-void reportReady() {
-  const char ready = '\n';
-  if (write(STDOUT_FILENO, &ready, 1) != 1) std::exit(EXIT_FAILURE);
-}
-
-void closeStandardFiles() {
-  const int null = open("/dev/null", O_RDWR);
-  for (const int file : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) dup2(null, file);
-  if (null > STDERR_FILENO) close(null);
+  close(ends[child == 0 ? 0 : 1]);
+  if (child == 0) return ends[1];
+  char ready = 0;
+  const bool passedOn =
+      child > 0 && read(ends[0], &ready, 1) == 1 && write(STDOUT_FILENO, &ready, 1) == 1;
+  _exit(passedOn ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  closeInherited();
+  forgetHost();
   const QByteArray text = readInput();
-  if (!detach()) return EXIT_FAILURE;
+  const int parent = continueInChild();
+  // Standard input would keep the text a second time.
+  if (setsid() < 0 || chdir("/") != 0 || std::freopen("/dev/null", "r", stdin) == nullptr ||
+      std::freopen("/dev/null", "w", stdout) == nullptr) {
+    return EXIT_FAILURE;
+  }
 
-  // Neither a desktop's theme nor its session has any business here.
+  // No theme of the desktop is loaded, and its session does not count this program.
   for (const char* name : {"QT_QPA_PLATFORMTHEME", "SESSION_MANAGER"}) qunsetenv(name);
   qputenv("QT_QPA_PLATFORM", "xcb");
   QGuiApplication::setDesktopSettingsAware(false);
   const QGuiApplication application(argc, argv);
   QClipboard* clipboard = QGuiApplication::clipboard();
   clipboard->setText(QString::fromUtf8(text));
-  if (!clipboard->ownsClipboard()) return EXIT_FAILURE;
-  reportReady();
-  closeStandardFiles();
+  if (!clipboard->ownsClipboard() || write(parent, "\n", 1) != 1) return EXIT_FAILURE;
+  close(parent);
 
   QObject::connect(clipboard, &QClipboard::dataChanged, clipboard, [clipboard] {
     if (!clipboard->ownsClipboard()) QCoreApplication::quit();
