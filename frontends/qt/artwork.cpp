@@ -1,6 +1,7 @@
 #include <QHash>
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "looks.h"
 #include "text.h"
@@ -9,7 +10,7 @@ namespace kvrnstep::qt {
 
 namespace {
 
-/// A mouse cursor and the point of it that points.
+/// The picture of a mouse cursor, and the point in it that points at things.
 struct CursorFile {
   int resourceId = 0;
   std::string_view picture;
@@ -40,9 +41,9 @@ QCursor cursorOf(int resourceId, double pixelRatio) {
   constexpr QSize kSize(32, 32);
   const auto* found = std::ranges::find(kCursors, resourceId, &CursorFile::resourceId);
   if (found == kCursors.end()) return {};
-  // Qt keeps each cursor that it is given.
-  static QHash<QPair<int, double>, QCursor> made;
-  const QPair key(resourceId, pixelRatio);
+  // Each is made once, because Qt keeps each cursor that it is given.
+  static QHash<std::pair<int, double>, QCursor> made;
+  const std::pair key(resourceId, pixelRatio);
   if (!made.contains(key)) {
     made[key] =
         QCursor(picture(found->picture, kSize, pixelRatio), found->hotSpot.x(), found->hotSpot.y());

@@ -24,7 +24,7 @@ constexpr const char* kPortal = "org.freedesktop.portal.Desktop";
 constexpr const char* kPortalPath = "/org/freedesktop/portal/desktop";
 constexpr const char* kSettings = "org.freedesktop.portal.Settings";
 
-/// What the portal hands out lies in as many variants as there were hands.
+/// The value itself: each program that has passed it on may have packed it into another variant.
 QVariant unwrapped(QVariant value) {
   while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
   return value;
@@ -32,7 +32,7 @@ QVariant unwrapped(QVariant value) {
 
 /// Nothing where no portal runs; none is started.
 std::optional<bool> darkByPortal() {
-  constexpr int kPatience = 200;  // milliseconds
+  constexpr int kMilliseconds = 200;
   constexpr unsigned kPrefersDark = 1;
   constexpr unsigned kPrefersLight = 2;
   if (!sessionHasBus()) return std::nullopt;
@@ -40,7 +40,8 @@ std::optional<bool> darkByPortal() {
   question << "org.freedesktop.appearance"
            << "color-scheme";
   question.setAutoStartService(false);
-  const QDBusMessage answer = QDBusConnection::sessionBus().call(question, QDBus::Block, kPatience);
+  const QDBusMessage answer =
+      QDBusConnection::sessionBus().call(question, QDBus::Block, kMilliseconds);
   if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty()) {
     return std::nullopt;
   }
@@ -56,7 +57,6 @@ bool isDarkTheme(const QString& name) {
 bool darkByGtkSettings() {
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
   const QString file = folder + "/gtk-3.0/settings.ini";
-  if (!QFileInfo::exists(file)) return false;
   QSettings settings(file, QSettings::IniFormat);
   settings.beginGroup("Settings");
   const QString wish = settings.value("gtk-application-prefer-dark-theme").toString();

@@ -9,8 +9,8 @@ namespace kvrnstep::qt {
 /// settings of GTK. Needs the application; takes a fifth of a second at most.
 bool desktopIsDark();
 
-/// Has the bell started whenever the desktop's portal tells of a changed setting. Nothing where no
-/// portal runs.
+/// Starts the bell whenever the desktop's portal tells of a changed setting. Where no portal runs
+/// it never does.
 void ringWhenDesktopChanges(QTimer& bell);
 
 /// Colours for the style that Qt uses when no theme tells it otherwise.

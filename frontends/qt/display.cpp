@@ -84,35 +84,25 @@ QStringList wantedPlatforms() {
   return names;
 }
 
-/// The first of the wanted platforms that answers. Qt reads the wish itself, with its options.
-std::optional<Display> wantedDisplay(const QStringList& platforms) {
-  for (const QString& platform : platforms) {
-    if (auto display = displayOf(platform)) {
-      display->platform.clear();
-      return display;
-    }
-  }
-  return std::nullopt;
-}
-
 }  // namespace
 
 std::optional<Display> findDisplay(std::string& problem) {
-  if (const QStringList wanted = wantedPlatforms(); !wanted.isEmpty()) {
-    auto display = wantedDisplay(wanted);
-    if (!display) {
-      problem = "no display: the Qt platform \"" + wanted.join(';').toStdString() +
-                "\" that QT_QPA_PLATFORM names cannot be used";
-    }
-    return display;
+  const QStringList wanted = wantedPlatforms();
+  for (const QString& platform : wanted) {
+    // Qt reads the variable itself, with the platform's options.
+    if (auto display = displayOf(platform)) return Display{"", display->connection};
+  }
+  if (!wanted.isEmpty()) {
+    problem = "no display: the Qt platform \"" + wanted.join(';').toStdString() +
+              "\" that QT_QPA_PLATFORM names cannot be used";
+    return std::nullopt;
   }
   auto onX = displayOf("xcb");
   auto onWayland = displayOf("wayland");
   if (!onX && !onWayland) problem = kNoDisplay;
-  if (!onX) return onWayland;
-  // With both there is a choice, and it is Qt's.
-  if (onWayland) onX->platform.clear();
-  return onX;
+  // Where both answer Qt chooses.
+  if (onX && onWayland) onX->platform.clear();
+  return onX ? onX : onWayland;
 }
 
 }  // namespace kvrnstep::qt

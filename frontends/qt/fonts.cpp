@@ -17,30 +17,24 @@ namespace {
 
 constexpr int kCaptionHeight = 11;
 
-QString firstInstalled(std::initializer_list<const char*> families) {
+QString firstInstalled(std::initializer_list<const char*> families,
+                       QFontDatabase::SystemFont otherwise) {
   for (const char* family : families) {
     if (QFontDatabase::hasFamily(family)) return family;
   }
-  return {};
+  return QFontDatabase::systemFont(otherwise).family();
 }
 
 const QString& captionFamily() {
-  static const QString family = [] {
-    const QString found =
-        firstInstalled({"Tahoma", "MS Sans Serif", "Arial", "Liberation Sans", "Noto Sans",
-                        "Cantarell", "DejaVu Sans Condensed", "DejaVu Sans"});
-    return found.isEmpty() ? QFontDatabase::systemFont(QFontDatabase::GeneralFont).family() : found;
-  }();
+  static const QString family =
+      firstInstalled({"Tahoma", "MS Sans Serif", "Arial", "Liberation Sans", "Noto Sans",
+                      "Cantarell", "DejaVu Sans Condensed", "DejaVu Sans"},
+                     QFontDatabase::GeneralFont);
   return family;
 }
 
-QString fixedFamily() {
-  const QString found = firstInstalled({"Courier New", "Liberation Mono", "DejaVu Sans Mono"});
-  return found.isEmpty() ? QFontDatabase::systemFont(QFontDatabase::FixedFont).family() : found;
-}
-
-/// Families that are often asked for and seldom installed. What is not among them gets a fixed
-/// pitch: it is an editor's font, and a list has to line up.
+/// What stands for a family that is not installed. Other families than those that are often asked
+/// for get a fixed pitch, because they are an editor's font, and a list has to line up.
 QString substitute(const QString& name) {
   static constexpr auto kProportional =
       std::to_array<const char*>({"MS Sans Serif", "Microsoft Sans Serif", "Tahoma", "Arial",
@@ -50,7 +44,8 @@ QString substitute(const QString& name) {
   });
   if (proportional) return captionFamily();
   if (name.compare("Times New Roman", Qt::CaseInsensitive) == 0) return "Liberation Serif";
-  return fixedFamily();
+  return firstInstalled({"Courier New", "Liberation Mono", "DejaVu Sans Mono"},
+                        QFontDatabase::FixedFont);
 }
 
 /// The family that stands for a name. Asking the system whether it has one takes longer than
@@ -62,10 +57,6 @@ const QString& installedFamily(const QString& name) {
     found = known.insert(name, QFontDatabase::hasFamily(name) ? name : substitute(name));
   }
   return *found;
-}
-
-int pixelsOfPoints(float points) {
-  return std::max(1, qRound(points * forms::kPixelsPerPoint));
 }
 
 bool fits(const QFont& font, const QString& text, int width) {
@@ -99,7 +90,7 @@ QFont captionFont() {
 QFont boxFont(std::u16string_view name, float points) {
   QFont font = captionFont();
   if (!name.empty()) font.setFamily(installedFamily(toQt(name)));
-  if (points > 0) font.setPixelSize(pixelsOfPoints(points));
+  if (points > 0) font.setPixelSize(std::max(1, qRound(points * forms::kPixelsPerPoint)));
   return font;
 }
 

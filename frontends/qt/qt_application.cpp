@@ -5,7 +5,7 @@
 #include <QToolTip>
 #include <array>
 #include <mutex>
-#include <optional>
+#include <utility>
 #include <vector>
 
 #include "active_label.h"
@@ -24,40 +24,27 @@ bool ours = false;
 class HiddenVariables {
  public:
   HiddenVariables() {
-    for (const char* name : kNames) {
-      values_.push_back(qEnvironmentVariableIsSet(name) ? std::optional(qgetenv(name))
-                                                        : std::nullopt);
+    // A theme would bring a second toolkit into the host; the session and the start-up notice are
+    // the host's own.
+    for (const char* name : {"QT_QPA_PLATFORMTHEME", "SESSION_MANAGER", "DESKTOP_STARTUP_ID",
+                             "XDG_ACTIVATION_TOKEN"}) {
+      if (qEnvironmentVariableIsSet(name)) values_.emplace_back(name, qgetenv(name));
       qunsetenv(name);
     }
   }
   ~HiddenVariables() {
-    for (std::size_t i = 0; i < kNames.size(); ++i) {
-      if (values_[i]) qputenv(kNames[i], *values_[i]);
-    }
+    for (const auto& [name, value] : values_) qputenv(name, value);
   }
   HiddenVariables(const HiddenVariables&) = delete;
   HiddenVariables& operator=(const HiddenVariables&) = delete;
 
  private:
-  // A theme would bring a second toolkit into the host; the session and the start-up notice are
-  // the host's own.
-  static constexpr std::array kNames{"QT_QPA_PLATFORMTHEME", "SESSION_MANAGER",
-                                     "DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"};
-  std::vector<std::optional<QByteArray>> values_;
+  std::vector<std::pair<const char*, QByteArray>> values_;
 };
 
-/// Qt keeps references to its arguments, so they live as long as the process.
-struct Arguments {
-  std::array<char, 16> program{"listwright"};
-  std::array<char, 16> option{"-platform"};
-  std::string platform;
-  std::array<char*, 4> values{};
-  int count = 1;
-};
-
-/// In the desktop's colours, now and when they change. A host with Qt has chosen its own.
+/// Takes the desktop's colours over, now and when they change. A host with Qt has chosen its own.
 void followDesktop(QObject* application) {
-  // Of the colours that Qt begins with.
+  // The light palette is made of the colours that Qt begins with.
   const auto choose = [light = lightPalette()] {
     QApplication::setPalette(desktopIsDark() ? darkPalette() : light);
   };
@@ -72,21 +59,20 @@ void followDesktop(QObject* application) {
 }
 
 void createApplication(const std::string& platform) {
-  static Arguments arguments;
-  arguments.platform = platform;
-  arguments.values = {arguments.program.data(), arguments.option.data(), arguments.platform.data(),
-                      nullptr};
-  arguments.count = platform.empty() ? 1 : 3;
+  // Qt keeps references to its arguments, so they live as long as the process.
+  static std::array<std::string, 3> texts{"listwright", "-platform"};
+  texts[2] = platform;
+  static std::array<char*, 4> arguments{texts[0].data(), texts[1].data(), texts[2].data()};
+  static int count = platform.empty() ? 1 : 3;
 
   const LocaleGuard locale;
   const HiddenVariables hidden;
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-  QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
   // Without this Qt loads the theme plug-in of the desktop that it finds itself on, and with it
   // that desktop's own toolkit.
   QGuiApplication::setDesktopSettingsAware(false);
   // Never deleted: a later call needs it again, and Qt cannot be started twice reliably.
-  auto* application = new QApplication(arguments.count, arguments.values.data());
+  auto* application = new QApplication(count, arguments.data());
   QGuiApplication::setQuitOnLastWindowClosed(false);
   followDesktop(application);
   QToolTip::setFont(captionFont());

@@ -9,7 +9,7 @@ namespace kvrnstep::qt {
 /// line in `problem`, where there can be none.
 bool provideApplication(std::string& problem);
 
-/// Whether the QApplication is our own, so that nobody runs its events between two dialogs.
+/// Whether the QApplication is our own. Then nobody runs its events between two dialogs.
 bool applicationIsOurs();
 
 /// Whether the QApplication shows its windows on a Wayland compositor.

@@ -42,8 +42,7 @@ class QtToolkit final : public forms::Toolkit {
   [[nodiscard]] WindowView* viewOf(const forms::Window& window) const;
 
  private:
-  /// The topmost open window, or null; all that has changed is drawn before another one comes to
-  /// lie over it.
+  /// The topmost open window, or null. All that has changed is drawn before another one opens.
   QWidget* owner();
   std::optional<std::u16string> askFile(const forms::FileDialog& dialog,
                                         QFileDialog::AcceptMode mode);

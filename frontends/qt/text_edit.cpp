@@ -4,7 +4,6 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
-#include <algorithm>
 #include <limits>
 
 #include "line_breaks.h"
@@ -20,13 +19,7 @@ class SlimScrollBar : public QScrollBar {
   using QScrollBar::QScrollBar;
   [[nodiscard]] QSize sizeHint() const override {
     constexpr int kThickness = 12;
-    QSize size = QScrollBar::sizeHint();
-    if (orientation() == Qt::Vertical) {
-      size.setWidth(std::min(size.width(), kThickness));
-    } else {
-      size.setHeight(std::min(size.height(), kThickness));
-    }
-    return size;
+    return QScrollBar::sizeHint().boundedTo({kThickness, kThickness});
   }
 };
 
@@ -37,8 +30,7 @@ TextEdit::TextEdit(forms::TextBox& box, QWidget* parent) : SharpFrame(box, paren
   const forms::ControlRow& row = box.row();
   if (row.readOnly) {
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  }
-  if (!row.readOnly) {
+  } else {
     setVerticalScrollBar(new SlimScrollBar(Qt::Vertical, this));
     setHorizontalScrollBar(new SlimScrollBar(Qt::Horizontal, this));
   }
@@ -107,7 +99,7 @@ void TextEdit::keyPressEvent(QKeyEvent* event) {
   const bool lineBreak = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool typesText = lineBreak || (!event->text().isEmpty() && event->text()[0].isPrint());
   if (typesText && room() < (lineBreak ? 2 : event->text().size())) return;
-  // With Shift a line would get a separator of another kind.
+  // With Shift, Qt would separate the lines by another character.
   QKeyEvent plainBreak(event->type(), event->key(), Qt::NoModifier, event->text());
   const bool shiftedBreak = lineBreak && event->modifiers() == Qt::ShiftModifier;
   Typing<QPlainTextEdit>::keyPressEvent(shiftedBreak ? &plainBreak : event);

@@ -69,7 +69,7 @@ void XWatch::findHost() {
 
 void XWatch::shown() {
   if (behind_ == XCB_WINDOW_NONE) return;
-  // Qt says so of its dialogs only.
+  // Qt sets this for its dialogs only.
   xcb_change_property(x_, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(window_->winId()),
                       XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32, 1, &behind_);
 }
@@ -92,7 +92,7 @@ bool XWatch::nativeEventFilter(const QByteArray& /*type*/, void* message, qintpt
   return false;
 }
 
-/// What Qt has destroyed itself is no widget any more.
+/// A window that Qt has destroyed itself is no widget any more.
 void XWatch::destroyed(xcb_window_t window) const {
   QWidget* widget = QWidget::find(window);
   if (widget == nullptr || window_ == nullptr) return;
