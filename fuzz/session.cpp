@@ -306,7 +306,7 @@ class Session final : driving::Player {
     if (windows_.back() == "frmStepPSEdit") checkAffixEditor(stage_);
   }
 
-  void happened(std::string_view what, const std::vector<driving::Detail>& details) override {
+  void happened(std::string_view what, const std::vector<driving::Value>& details) override {
     if (what == "opened") {
       windows_.push_back(std::get<std::string>(details.front()));
       listSaved_ = false;

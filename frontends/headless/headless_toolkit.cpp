@@ -31,16 +31,15 @@ void replaceSelection(TextControl& box, std::u16string_view inserted) {
   std::u16string text = box.text();
   const TextSelection marked = box.selection();
   text.erase(marked.start, marked.length);
-  if (const int limit = box.row().maxLength; limit > 0) {
-    const std::size_t room = static_cast<std::size_t>(limit) -
-                             std::min<std::size_t>(text.size(), static_cast<std::size_t>(limit));
-    inserted = inserted.substr(0, room);
+  if (const auto limit = static_cast<std::size_t>(box.row().maxLength); limit > 0) {
+    inserted = inserted.substr(0, limit - std::min(text.size(), limit));
   }
   text.insert(marked.start, inserted);
+  const TextSelection caret{marked.start + inserted.size(), 0};
   if (text == box.text()) {
-    forms::userSelected(box, {marked.start + inserted.size(), 0});
+    forms::userSelected(box, caret);
   } else {
-    forms::userEdited(box, std::move(text), {marked.start + inserted.size(), 0});
+    forms::userEdited(box, std::move(text), caret);
   }
 }
 
@@ -65,33 +64,33 @@ void eraseBeforeCaret(TextControl& box) {
 void typeCharacter(TextControl& box, std::u16string_view typed) {
   const char16_t character = typed.front();
   forms::userPressedKey(box, character);
-  const bool lineBreak = character == u'\r' || character == u'\n';
-  if (forms::userTypes(box, character) && !box.row().readOnly) {
+  // Delete types no character.
+  const bool types = character == kDelete || forms::userTypes(box, character);
+  if (types && !box.row().readOnly) {
     if (character == kBackspace) {
       eraseBeforeCaret(box);
-    } else if (lineBreak) {
+    } else if (character == u'\r' || character == u'\n') {
       if (box.row().multiLine) {
         replaceSelection(box, u"\r\n");
       } else {
         forms::userPressedCommandKey(box, forms::CommandKey::Enter);
       }
-    } else if (character >= u' ' && character != kDelete) {
+    } else if (character == kDelete) {
+      if (box.selection().length > 0) replaceSelection(box, u"");
+    } else if (character >= u' ') {
       replaceSelection(box, typed);
     }
   }
   forms::userReleasedKey(box.window(), character);
 }
 
-/// A name without a folder belongs to the folder that the dialog shows.
-std::filesystem::path inFolder(const forms::FileDialog& dialog, const std::u16string& named) {
-  return std::filesystem::path(dialog.folder) / named;
-}
-
-/// No file dialog lets a name through that the file system cannot hold.
-template <class Choose>
-std::optional<std::u16string> chosen(Choose choose) {
+/// A name without a folder belongs to the folder that the dialog shows. Nothing for a name that the
+/// file system cannot hold.
+std::optional<std::filesystem::path> named(const forms::FileDialog& dialog,
+                                           const std::optional<std::u16string>& name) {
+  if (!name || name->empty()) return std::nullopt;
   try {
-    return choose();
+    return std::filesystem::path(dialog.folder) / *name;
   } catch (const std::filesystem::filesystem_error&) {
     return std::nullopt;
   }
@@ -110,27 +109,19 @@ std::optional<std::u16string> HeadlessToolkit::ask(const forms::Question& /*ques
 }
 
 std::optional<std::u16string> HeadlessToolkit::ShowOpenDialog(const forms::FileDialog& dialog) {
-  const auto named = player().answer();
-  if (!named) return std::nullopt;
-  return chosen([&]() -> std::optional<std::u16string> {
-    const std::filesystem::path path = inFolder(dialog, *named);
-    // A file dialog does not let a name through that names no file.
-    if (!std::filesystem::is_regular_file(path)) return std::nullopt;
-    return path.u16string();
-  });
+  const auto path = named(dialog, player().answer());
+  // A file dialog does not let a name through that names no file.
+  std::error_code failed;
+  if (!path || !std::filesystem::is_regular_file(*path, failed)) return std::nullopt;
+  return path->u16string();
 }
 
 std::optional<std::u16string> HeadlessToolkit::ShowSaveDialog(const forms::FileDialog& dialog) {
-  const auto named = player().answer();
-  if (!named || named->empty()) return std::nullopt;
-  return chosen([&] {
-    std::filesystem::path path = inFolder(dialog, *named);
-    // Any dot begins an extension, a first one too.
-    if (path.filename().u16string().find(u'.') == std::u16string::npos) {
-      path += u"." + std::u16string(dialog.defaultExtension);
-    }
-    return path.u16string();
-  });
+  const auto path = named(dialog, player().answer());
+  if (!path) return std::nullopt;
+  // Any dot begins an extension, a first one too.
+  const bool extended = path->filename().u16string().find(u'.') != std::u16string::npos;
+  return path->u16string() + (extended ? u"" : u"." + std::u16string(dialog.defaultExtension));
 }
 
 void HeadlessToolkit::popUp(MenuEntry& /*menu*/) {
@@ -141,22 +132,29 @@ void HeadlessToolkit::popUp(MenuEntry& /*menu*/) {
 bool HeadlessToolkit::carryOut(const Gesture& gesture) {
   Window& window = gesture.window;
   switch (gesture.what) {
+    case What::DoubleClick:
+      if (gesture.control->kind() == Kind::ListBox) {
+        forms::userDoubleClickedEntry(gesture.on<ListBox>(), gesture.entry.value_or(-1));
+        return true;
+      }
+      click(gesture);
+      [[fallthrough]];
     case What::Click:
     case What::RightClick:
       click(gesture);
       return true;
-    case What::DoubleClick:
-      doubleClick(gesture);
+    case What::Type: {
+      auto& box = gesture.on<TextControl>();
+      type(box, {box.text().size(), 0}, gesture.text);
       return true;
-    case What::Type:
-      type(gesture.on<TextControl>(), gesture.text);
+    }
+    case What::Clear: {
+      auto& box = gesture.on<TextControl>();
+      type(box, {0, box.text().size()}, std::u16string_view(&kDelete, 1));
       return true;
-    case What::Clear:
-      clear(gesture.on<TextControl>());
-      return true;
+    }
     case What::Select:
-      enter(*gesture.control);
-      forms::userSelected(gesture.on<TextControl>(), gesture.selection());
+      type(gesture.on<TextControl>(), gesture.selection(), u"");
       return true;
     case What::Press:
       forms::userClicked(*gesture.control);
@@ -172,7 +170,9 @@ bool HeadlessToolkit::carryOut(const Gesture& gesture) {
       forms::userDropped(*gesture.control, *gesture.target);
       return true;
     case What::Pick:
-      return pick(gesture.on<MenuEntry>());
+      popUpOpen_ = false;
+      forms::userClicked(*gesture.control);
+      return true;
     case What::Escape:
       return std::exchange(popUpOpen_, false);
     case What::Move:
@@ -205,15 +205,6 @@ void HeadlessToolkit::click(const Gesture& gesture) {
   }
 }
 
-void HeadlessToolkit::doubleClick(const Gesture& gesture) {
-  if (gesture.control->kind() == Kind::ListBox) {
-    forms::userDoubleClickedEntry(gesture.on<ListBox>(), gesture.entry.value_or(-1));
-  } else {
-    click(gesture);
-    click(gesture);
-  }
-}
-
 void HeadlessToolkit::enter(Control& control) {
   if (control.kind() == Kind::Spinner || control.kind() == Kind::Menu) return;
   const bool elsewhere = std::exchange(focus_, &control) != &control;
@@ -221,27 +212,12 @@ void HeadlessToolkit::enter(Control& control) {
   forms::userEntered(static_cast<TextControl&>(control), forms::Way::Click);
 }
 
-void HeadlessToolkit::type(TextControl& box, std::u16string_view text) {
+void HeadlessToolkit::type(TextControl& box, TextSelection selection, std::u16string_view text) {
   enter(box);
-  forms::userSelected(box, {box.text().size(), 0});
+  forms::userSelected(box, selection);
   while (!text.empty() && !box.window().unloaded()) {
     typeCharacter(box, text::takeCharacter(text));
   }
-}
-
-void HeadlessToolkit::clear(TextControl& box) {
-  enter(box);
-  forms::userSelected(box, {0, box.text().size()});
-  forms::userPressedKey(box, kDelete);
-  if (!box.row().readOnly && !box.text().empty()) replaceSelection(box, u"");
-  forms::userReleasedKey(box.window(), kDelete);
-}
-
-bool HeadlessToolkit::pick(MenuEntry& entry) {
-  if (!entry.reachable()) return false;
-  popUpOpen_ = false;
-  forms::userClicked(entry);
-  return true;
 }
 
 }  // namespace kvrnstep::headless

@@ -29,12 +29,10 @@ class HeadlessToolkit final : public forms::Toolkit, public driving::Driver {
 
  private:
   void click(const driving::Gesture& gesture);
-  void doubleClick(const driving::Gesture& gesture);
   /// A click brings the keyboard to a control.
   void enter(forms::Control& control);
-  void type(forms::TextControl& box, std::u16string_view text);
-  void clear(forms::TextControl& box);
-  bool pick(forms::MenuEntry& entry);
+  /// Puts the caret or the mark where it is wanted, and types there.
+  void type(forms::TextControl& box, forms::TextSelection selection, std::u16string_view text);
 
   const forms::Control* focus_ = nullptr;  ///< what was clicked or typed into last
   bool popUpOpen_ = false;

@@ -9,7 +9,6 @@
 
 namespace stepdrive {
 
-using kvrnstep::driving::Detail;
 using kvrnstep::driving::DriveFunction;
 using kvrnstep::driving::Outcome;
 using kvrnstep::driving::Value;
@@ -25,12 +24,6 @@ std::optional<Value> wantedValue(const Value& read, const std::u16string& word) 
     return std::nullopt;
   }
   return hosts::numberOf<double>(hosts::toUtf8(word));
-}
-
-std::int16_t iconNumber(const std::u16string& word) {
-  const auto number = hosts::numberOf<std::int16_t>(hosts::toUtf8(word));
-  if (!number) throw ScriptError("icon wants a number");
-  return *number;
 }
 
 }  // namespace
@@ -130,7 +123,9 @@ void Drive::printIcon(const std::u16string& number) {
   Reference<kvrnstep::_cIcon> icons;
   plugin_.create(kvrnstep::kClassIcon, kvrnstep::kInterfaceIcon, icons);
   Bstr path;
-  icons->RequestProgramIcon(iconNumber(number), path.place());
+  const auto which = hosts::numberOf<std::int16_t>(hosts::toUtf8(number));
+  if (!which) throw ScriptError("icon wants a number");
+  icons->RequestProgramIcon(*which, path.place());
   print("icon " + quoted(path.text()));
 }
 
@@ -165,9 +160,9 @@ void Drive::userCommand(const ScriptLine& line) {
   }
 }
 
-void Drive::happened(std::string_view what, const std::vector<Detail>& details) {
+void Drive::happened(std::string_view what, const std::vector<Value>& details) {
   std::string line(what);
-  for (const Detail& detail : details) line += " " + formatted(detail);
+  for (const Value& detail : details) line += " " + formatted(detail);
   print(line);
 }
 

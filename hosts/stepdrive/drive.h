@@ -23,7 +23,7 @@ class Drive final : public kvrnstep::driving::Player {
   ExitStatus run();
 
   void happened(std::string_view what,
-                const std::vector<kvrnstep::driving::Detail>& details) override;
+                const std::vector<kvrnstep::driving::Value>& details) override;
   void act() override;
   std::optional<std::u16string> answer() override;
 

@@ -1,10 +1,12 @@
 #include "format.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 
+#include "script.h"
 #include "utf8.h"
 
 namespace stepdrive {
@@ -25,32 +27,14 @@ std::string decimal(double number) {
   return whole ? digitsOf(number) : digitsOf(static_cast<float>(number));
 }
 
-std::string codeUnit(char16_t unit) {
+/// The escape for a character, or nothing where it is written as it is.
+std::string escapeOf(char16_t unit) {
+  const auto* named = std::ranges::find(kEscapes, unit, &Escape::character);
+  if (named != kEscapes.end()) return {'\\', named->letter};
+  if (unit >= 0x20 && (unit < 0x7F || unit >= 0xA0)) return {};
   std::array<char, 8> escape{};
   std::snprintf(escape.data(), escape.size(), "\\u%04X", static_cast<unsigned>(unit));
   return escape.data();
-}
-
-/// The escape for a character, or nothing where it is written as it is.
-std::string escapeOf(char16_t unit) {
-  switch (unit) {
-    case u'"':
-      return "\\\"";
-    case u'\\':
-      return "\\\\";
-    case u'\r':
-      return "\\r";
-    case u'\n':
-      return "\\n";
-    case u'\t':
-      return "\\t";
-    case u'\b':
-      return "\\b";
-    default:
-      break;
-  }
-  const bool control = unit < 0x20 || (unit >= 0x7F && unit < 0xA0);
-  return control ? codeUnit(unit) : std::string();
 }
 
 }  // namespace
@@ -68,15 +52,10 @@ std::string quoted(std::u16string_view text) {
 }
 
 std::string formatted(const kvrnstep::driving::Value& value) {
+  if (const auto* word = std::get_if<std::string>(&value)) return *word;
   if (const auto* truth = std::get_if<bool>(&value)) return *truth ? "True" : "False";
   if (const auto* number = std::get_if<double>(&value)) return decimal(*number);
   return quoted(std::get<std::u16string>(value));
-}
-
-std::string formatted(const kvrnstep::driving::Detail& detail) {
-  if (const auto* word = std::get_if<std::string>(&detail)) return *word;
-  if (const auto* number = std::get_if<double>(&detail)) return decimal(*number);
-  return quoted(std::get<std::u16string>(detail));
 }
 
 }  // namespace stepdrive

@@ -10,9 +10,7 @@ namespace stepdrive {
 /// A text as the output writes it: in double quotes, control characters escaped, the rest UTF-8.
 std::string quoted(std::u16string_view text);
 
-/// True and False, decimal numbers, quoted texts.
+/// True and False, decimal numbers, quoted texts, bare words.
 std::string formatted(const kvrnstep::driving::Value& value);
-/// Bare words as they stand, the rest like values.
-std::string formatted(const kvrnstep::driving::Detail& detail);
 
 }  // namespace stepdrive

@@ -1,5 +1,6 @@
 #include "script.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "utf8.h"
@@ -54,24 +55,11 @@ class Splitter {
 
   char16_t escape() {
     if (at_ >= line_.size()) throw ScriptError("a quoted word has no end");
-    switch (const char c = line_[at_++]) {
-      case '"':
-        return u'"';
-      case '\\':
-        return u'\\';
-      case 'r':
-        return u'\r';
-      case 'n':
-        return u'\n';
-      case 't':
-        return u'\t';
-      case 'b':
-        return u'\b';
-      case 'u':
-        return codeUnit();
-      default:
-        throw ScriptError(std::string("unknown escape \\") + c);
-    }
+    const char letter = line_[at_++];
+    if (letter == 'u') return codeUnit();
+    const auto* escape = std::ranges::find(kEscapes, letter, &Escape::letter);
+    if (escape != kEscapes.end()) return escape->character;
+    throw ScriptError(std::string("unknown escape \\") + letter);
   }
 
   char16_t codeUnit() {

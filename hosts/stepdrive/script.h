@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <istream>
 #include <optional>
 #include <stdexcept>
@@ -13,6 +14,14 @@ class ScriptError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
+
+/// An escape in a quoted word: the letter behind the backslash, and what it stands for.
+struct Escape {
+  char letter;
+  char16_t character;
+};
+inline constexpr auto kEscapes = std::to_array<Escape>(
+    {{'"', u'"'}, {'\\', u'\\'}, {'r', u'\r'}, {'n', u'\n'}, {'t', u'\t'}, {'b', u'\b'}});
 
 /// A line of a script that holds a command.
 struct ScriptLine {

@@ -13,10 +13,8 @@
 
 namespace kvrnstep::driving {
 
-/// The value of a property.
-using Value = std::variant<bool, double, std::u16string>;
-/// A bare word, a number or a text that belongs to an event.
-using Detail = std::variant<std::string, double, std::u16string>;
+/// The value of a property, or what belongs to an event: a text, or a bare word.
+using Value = std::variant<bool, double, std::u16string, std::string>;
 
 /// Plays the user; implemented by the program.
 class Player {
@@ -29,7 +27,7 @@ class Player {
   /// named as a user would, with its folder or without.
   virtual std::optional<std::u16string> answer() { return std::nullopt; }
   /// Something happened that a user would notice: "opened", "message" …
-  virtual void happened(std::string_view /*what*/, const std::vector<Detail>& /*details*/) {}
+  virtual void happened(std::string_view /*what*/, const std::vector<Value>& /*details*/) {}
 };
 
 enum class Outcome : std::uint8_t {

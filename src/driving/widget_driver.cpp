@@ -1,5 +1,7 @@
 #include "driving/widget_driver.h"
 
+#include <algorithm>
+
 #include "forms/user_actions.h"
 #include "text/characters.h"
 
@@ -41,7 +43,7 @@ void WidgetDriver::act() {
   if (turn.what == Opened::Window) {
     if (waits(*turn.window)) player().act();
   } else if (turn.what == Opened::PopUp) {
-    if (!turn.leaves && waits(*turn.menu)) player().act();
+    if (!turn.leaves && isShown(*turn.menu)) player().act();
   } else if (void* box = openBox()) {
     closing = useBox(turn, box);
   }
@@ -49,6 +51,12 @@ void WidgetDriver::act() {
   // The key may open a complaint, in which the user acts before this returns. A box that does not
   // close has not noticed its key, as happens while it opens, and gets it again.
   if (closing) strike(turn.leaves || ++turn.keys > kPatience ? kEscape : kEnter);
+}
+
+bool WidgetDriver::isShown(const forms::MenuEntry& menu) {
+  return std::ranges::any_of(menu.window().controls(), [&](const auto& control) {
+    return control->container() == &menu && spotOf(*control, Part::Whole, 0);
+  });
 }
 
 /// Answers a box, and reads what it may ask or say before it closes. True: a key closes it now.
@@ -116,7 +124,8 @@ bool WidgetDriver::begin(const Gesture& gesture, const forms::ViewSync& view) {
     case What::Select:
       return enter(*control, gesture.selection());
     case What::Press:
-      strikeShortcut(control->row().shortcut);
+      // "Ctrl+S" types a control character.
+      strike(std::u16string(1, static_cast<char16_t>(control->row().shortcut.back() - '@')));
       return true;
     case What::Choose:
       return click(*control, Part::DropDown) && click(*control, Part::Entry, *gesture.entry);
@@ -137,10 +146,10 @@ bool WidgetDriver::begin(const Gesture& gesture, const forms::ViewSync& view) {
       return true;
     case What::Minimize:
     case What::Restore:
-      minimize(gesture.window, gesture.what == What::Minimize);
+      useFrame(gesture.window, gesture.what);
       return gesture.window.minimized() == (gesture.what == What::Minimize);
     case What::Close:
-      close(gesture.window);
+      useFrame(gesture.window, gesture.what);
       return true;
     case What::Escape:
       break;

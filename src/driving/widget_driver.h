@@ -38,7 +38,6 @@ class WidgetDriver : public Driver {
   virtual void settle() = 0;
   /// Whether the window is on the screen with all that has changed, and takes input.
   virtual bool waits(const forms::Window& window) = 0;
-  virtual bool waits(const forms::MenuEntry& menu) = 0;
   /// Gives a window the keyboard.
   virtual void bringToFront(const forms::Window& window) = 0;
 
@@ -52,12 +51,11 @@ class WidgetDriver : public Driver {
   /// The key that types a character, in whatever window has the keyboard. It comes up when all that
   /// its press leads to is there.
   virtual void strike(std::u16string_view character) = 0;
-  virtual void strikeShortcut(std::string_view keys) = 0;
 
   /// Moves or sizes a window in whole pixels. False: it did not come out as wanted.
   virtual bool setPlace(const Gesture& gesture) = 0;
-  virtual void minimize(const forms::Window& window, bool minimized) = 0;
-  virtual void close(const forms::Window& window) = 0;
+  /// Minimizes, restores or closes a window.
+  virtual void useFrame(const forms::Window& window, Gesture::What what) = 0;
 
   /// The box that waits for its user, with the keyboard; null while there is none.
   virtual void* openBox() = 0;
@@ -89,6 +87,7 @@ class WidgetDriver : public Driver {
     int looks = 0;
   };
 
+  bool isShown(const forms::MenuEntry& menu);
   bool useBox(Turn& turn, void* box);
   void answer(Turn& turn, void* box);
   bool leavePopUp(Turn& turn, const Gesture& gesture);

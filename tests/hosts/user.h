@@ -26,7 +26,7 @@ class User : public driving::Player {
     return stage->perform(verb, {std::u16string(word)}, reason) == driving::Outcome::Done;
   }
 
-  void happened(std::string_view what, const std::vector<driving::Detail>& /*details*/) override {
+  void happened(std::string_view what, const std::vector<driving::Value>& /*details*/) override {
     if (what == "opened") ++opened;
   }
   void act() override { turn_(*this); }

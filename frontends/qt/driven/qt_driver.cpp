@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
-#include <QKeySequence>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStyle>
@@ -23,6 +22,7 @@ using forms::Chrome;
 using forms::Kind;
 using forms::kTwipsPerPixel;
 using forms::MouseButton;
+using What = Gesture::What;
 
 namespace {
 
@@ -118,11 +118,6 @@ bool QtDriver::waits(const forms::Window& window) {
   return true;
 }
 
-bool QtDriver::waits(const forms::MenuEntry& menu) {
-  settle();
-  return static_cast<MenuView&>(viewOf(menu)).menu()->isVisible();
-}
-
 void QtDriver::bringToFront(const forms::Window& window) {
   waitForUser(viewOf(window)->topLevel());
 }
@@ -211,19 +206,12 @@ void QtDriver::strike(std::u16string_view character) {
         control ? Qt::ControlModifier : Qt::NoModifier, toQt(character));
 }
 
-void QtDriver::strikeShortcut(std::string_view keys) {
-  const auto combination =
-      QKeySequence::fromString(QString::fromUtf8(keys.data(), static_cast<qsizetype>(keys.size())),
-                               QKeySequence::PortableText)[0];
-  press(combination.key(), combination.keyboardModifiers());
-}
-
 bool QtDriver::setPlace(const Gesture& gesture) {
   QWidget& window = viewOf(gesture.window)->topLevel();
   const auto pixels = [&](std::size_t which, double chrome) {
     return qRound((gesture.numbers[which] - chrome) / kTwipsPerPixel);
   };
-  if (gesture.what == Gesture::What::Move) {
+  if (gesture.what == What::Move) {
     const QPoint wanted(pixels(0, 0), pixels(1, 0));
     window.move(wanted);
     settle();
@@ -235,16 +223,17 @@ bool QtDriver::setPlace(const Gesture& gesture) {
   return viewOf(gesture.window)->open() && window.size() == wanted;
 }
 
-void QtDriver::minimize(const forms::Window& window, bool minimized) {
+void QtDriver::useFrame(const forms::Window& window, What what) {
   QWidget& shown = viewOf(window)->topLevel();
+  if (what == What::Close) {
+    shown.close();
+    return;
+  }
+  const bool minimized = what == What::Minimize;
   shown.setWindowState(shown.windowState().setFlag(Qt::WindowMinimized, minimized));
   // A window manager has its own time, and may still be busy with showing the window.
   [[maybe_unused]] const bool done =
       QTest::qWaitFor([&] { return window.minimized() == minimized; });
-}
-
-void QtDriver::close(const forms::Window& window) {
-  viewOf(window)->topLevel().close();
 }
 
 void* QtDriver::openBox() {

@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "scale.h"
-#include "shortcut.h"
 #include "user_input.h"
 
 namespace kvrnstep::windows {
@@ -14,6 +13,7 @@ using forms::Chrome;
 using forms::Kind;
 using forms::kTwipsPerPixel;
 using forms::MouseButton;
+using What = Gesture::What;
 
 namespace {
 
@@ -105,11 +105,6 @@ bool WindowsDriver::waits(const forms::Window& window) {
   return true;
 }
 
-bool WindowsDriver::waits(const forms::MenuEntry& menu) {
-  const HMENU shown = viewOf(menu.window())->menus().menuOf(menu);
-  return menuIsOpen() && pointOf(nullptr, MenuPlace{shown, 0}).has_value();
-}
-
 void WindowsDriver::bringToFront(const forms::Window& window) {
   giveKeyboard(viewOf(window)->handle());
 }
@@ -187,14 +182,9 @@ void WindowsDriver::strike(std::u16string_view character) {
   for (const char16_t unit : character) pressCharacter(unit);
 }
 
-void WindowsDriver::strikeShortcut(std::string_view keys) {
-  const auto shortcut = shortcutOf(keys);
-  if (shortcut) pressKey(shortcut->key, shortcut->control ? VK_CONTROL : 0);
-}
-
 bool WindowsDriver::setPlace(const Gesture& gesture) {
   WindowView& view = *viewOf(gesture.window);
-  if (gesture.what == Gesture::What::Resize) return setSize(view, gesture);
+  if (gesture.what == What::Resize) return setSize(view, gesture);
   const POINT wanted{toPixels(gesture.numbers[0] / kTwipsPerPixel, desktopDpi()),
                      toPixels(gesture.numbers[1] / kTwipsPerPixel, desktopDpi())};
   ::SetWindowPos(view.handle(), nullptr, wanted.x, wanted.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
@@ -221,13 +211,12 @@ bool WindowsDriver::setSize(WindowView& view, const Gesture& gesture) {
          inside.bottom == wanted.cy;
 }
 
-void WindowsDriver::minimize(const forms::Window& window, bool minimized) {
-  ::PostMessageW(viewOf(window)->handle(), WM_SYSCOMMAND, minimized ? SC_MINIMIZE : SC_RESTORE, 0);
+void WindowsDriver::useFrame(const forms::Window& window, What what) {
+  const WPARAM command = what == What::Minimize  ? SC_MINIMIZE
+                         : what == What::Restore ? SC_RESTORE
+                                                 : SC_CLOSE;
+  ::PostMessageW(viewOf(window)->handle(), WM_SYSCOMMAND, command, 0);
   settle();
-}
-
-void WindowsDriver::close(const forms::Window& window) {
-  ::PostMessageW(viewOf(window)->handle(), WM_SYSCOMMAND, SC_CLOSE, 0);
 }
 
 void* WindowsDriver::openBox() {

@@ -19,18 +19,15 @@ class WindowsDriver final : public driving::WidgetDriver, private Attendant {
   }
   void settle() override;
   bool waits(const forms::Window& window) override;
-  bool waits(const forms::MenuEntry& menu) override;
   void bringToFront(const forms::Window& window) override;
 
   std::optional<Spot> spotOf(const forms::Control& control, Part part, int entry) override;
   bool clickAt(const Spot& spot, forms::MouseButton button, bool twice) override;
   bool drag(const Spot& from, const Spot& to) override;
   void strike(std::u16string_view character) override;
-  void strikeShortcut(std::string_view keys) override;
 
   bool setPlace(const driving::Gesture& gesture) override;
-  void minimize(const forms::Window& window, bool minimized) override;
-  void close(const forms::Window& window) override;
+  void useFrame(const forms::Window& window, driving::Gesture::What what) override;
 
   void* openBox() override;
   void enterLine(void* box) override;
