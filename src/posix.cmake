@@ -1,11 +1,3 @@
-# The icons are compiled in.
-file(GLOB icons CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/assets/icons/*.ico)
-set(icons_source ${CMAKE_CURRENT_BINARY_DIR}/icons.cpp)
-add_custom_command(OUTPUT ${icons_source}
-  COMMAND ${CMAKE_COMMAND} -D ICONS=${PROJECT_SOURCE_DIR}/assets/icons -D OUTPUT=${icons_source}
-    -P ${PROJECT_SOURCE_DIR}/cmake/embed_icons.cmake
-  DEPENDS ${icons} ${PROJECT_SOURCE_DIR}/cmake/embed_icons.cmake)
-target_sources(kvrnstep_core PRIVATE ${icons_source})
 set_source_files_properties(platform/posix/module.cpp PROPERTIES
   COMPILE_DEFINITIONS LISTWRIGHT_VERSION="${PROJECT_VERSION}")
 
