@@ -4,9 +4,6 @@
 
 #include "resource_ids.h"
 
-// The linker puts it where the module begins.
-extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier)
-
 namespace kvrnstep::windows {
 
 namespace {
@@ -16,10 +13,6 @@ HANDLE load(LPCWSTR name, UINT kind, int pixels, UINT flags) {
 }
 
 }  // namespace
-
-HINSTANCE thisModule() {
-  return reinterpret_cast<HINSTANCE>(&__ImageBase);
-}
 
 Icon loadPicture(forms::Picture picture, int pixels) {
   if (picture.empty()) return Icon(nullptr);

@@ -2,11 +2,12 @@
 
 #include "forms/control.h"
 #include "handle.h"
+#include "platform/windows/this_module.h"
 
 /// What the module that this code is part of carries with it.
 namespace kvrnstep::windows {
 
-HINSTANCE thisModule();
+using platform::thisModule;
 
 /// The picture in the best size that is there for a square of so many pixels; null for none.
 Icon loadPicture(forms::Picture picture, int pixels);

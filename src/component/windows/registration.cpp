@@ -78,15 +78,9 @@ class Writer {
   void write(const std::u16string& key, std::u16string_view text, const wchar_t* name = nullptr) {
     if (result_ != ERROR_SUCCESS) return;
     const std::u16string value(text);
-    HKEY opened = nullptr;
-    result_ =
-        ::RegCreateKeyExW(root_, wide(key), 0, nullptr, 0, KEY_WRITE, nullptr, &opened, nullptr);
-    if (result_ != ERROR_SUCCESS) return;
-    began_ = true;
     const auto size = static_cast<DWORD>((value.size() + 1) * sizeof(char16_t));
-    result_ = ::RegSetValueExW(opened, name, 0, REG_SZ,
-                               reinterpret_cast<const BYTE*>(value.c_str()), size);
-    ::RegCloseKey(opened);
+    result_ = ::RegSetKeyValueW(root_, wide(key), name, REG_SZ, value.c_str(), size);
+    began_ = began_ || result_ == ERROR_SUCCESS;
   }
 
   [[nodiscard]] LSTATUS result() const { return result_; }

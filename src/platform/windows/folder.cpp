@@ -14,16 +14,6 @@ namespace {
 
 using text::wide;
 
-struct DestroyBox {
-  using pointer = HWND;
-  void operator()(HWND box) const { ::DestroyWindow(box); }
-};
-
-struct CloseSearch {
-  using pointer = HANDLE;
-  void operator()(HANDLE search) const { ::FindClose(search); }
-};
-
 /// A list box has no room for a long path.
 Path GetShortPath(const Path& folder) {
   std::array<wchar_t, 255> path{};
@@ -36,8 +26,10 @@ std::vector<Path> listedBySystem(const Path& folder) {
   constexpr WPARAM kWhich = DDL_READONLY | DDL_HIDDEN | DDL_SYSTEM | DDL_ARCHIVE;
   std::vector<Path> names;
   if (folder.empty()) return names;
-  const std::unique_ptr<HWND, DestroyBox> box(::CreateWindowExW(
-      0, L"LISTBOX", nullptr, WS_CHILD, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr));
+  const std::unique_ptr<std::remove_pointer_t<HWND>, decltype(&::DestroyWindow)> box(
+      ::CreateWindowExW(0, L"LISTBOX", nullptr, WS_CHILD, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                        nullptr, nullptr),
+      ::DestroyWindow);
   const auto ask = [&box](UINT what, LRESULT index = 0, const void* data = nullptr) {
     return ::SendMessageW(box.get(), what, static_cast<WPARAM>(index),
                           reinterpret_cast<LPARAM>(data));
@@ -61,7 +53,7 @@ std::vector<Path> found(const Path& folder) {
   const Path all = text::withoutTrailingSeparator(folder) + u"\\*";
   const HANDLE first = ::FindFirstFileW(wide(all), &file);
   if (first == INVALID_HANDLE_VALUE) return names;
-  const std::unique_ptr<HANDLE, CloseSearch> search(first);
+  const std::unique_ptr<void, decltype(&::FindClose)> search(first, ::FindClose);
   do {
     const bool isFolder = (file.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     if (!isFolder) names.emplace_back(text::utf16(&file.cFileName[0]));

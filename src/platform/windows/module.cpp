@@ -25,33 +25,18 @@ struct VersionResource {
 
 }  // namespace
 
-HMODULE thisModule() {
-  constexpr DWORD kHow =
-      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
-  HMODULE module = nullptr;
-  ::GetModuleHandleExW(kHow, reinterpret_cast<LPCWSTR>(&thisModule), &module);
-  return module;
-}
-
 std::string_view resource(int number, LPCWSTR type) {
-  const HMODULE module = thisModule();
-  const HRSRC found = ::FindResourceW(module, MAKEINTRESOURCEW(number), type);
-  const HGLOBAL loaded = found != nullptr ? ::LoadResource(module, found) : nullptr;
+  const HRSRC found = ::FindResourceW(thisModule(), MAKEINTRESOURCEW(number), type);
+  const HGLOBAL loaded = found != nullptr ? ::LoadResource(thisModule(), found) : nullptr;
   if (loaded == nullptr) return {};
-  return {static_cast<const char*>(::LockResource(loaded)), ::SizeofResource(module, found)};
+  return {static_cast<const char*>(::LockResource(loaded)), ::SizeofResource(thisModule(), found)};
 }
 
 std::u16string modulePath() {
   constexpr DWORD kLongestPath = 0x8000;
-  for (DWORD room = MAX_PATH; room <= kLongestPath; room *= 2) {
-    std::u16string path(room, u'\0');
-    const DWORD length = ::GetModuleFileNameW(thisModule(), text::wide(path.data()), room);
-    if (length == 0) break;
-    if (length == room) continue;  // cut off
-    path.resize(length);
-    return path;
-  }
-  return {};
+  std::u16string path(kLongestPath, u'\0');
+  path.resize(::GetModuleFileNameW(thisModule(), text::wide(path.data()), kLongestPath));
+  return path;
 }
 
 std::u16string moduleFolder() {

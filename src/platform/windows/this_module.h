@@ -5,11 +5,16 @@
 #include <string>
 #include <string_view>
 
+/// The linker puts it where the module begins.
+extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier)
+
 namespace kvrnstep::platform {
 
-/// The module that this code is part of, and its file. Null and empty when the system does not
+/// The module that this code is part of, and its file, whose path is empty when the system does not
 /// tell.
-HMODULE thisModule();
+inline HMODULE thisModule() {
+  return reinterpret_cast<HMODULE>(&__ImageBase);
+}
 std::u16string modulePath();
 
 /// The bytes of a resource of this module; empty where there is none.
