@@ -7,24 +7,27 @@
 
 #include <array>
 
+#include "control_view.h"
+#include "forms/keyboard.h"
 #include "text/windows/wide.h"
 
 namespace kvrnstep::windows {
 
 namespace {
 
-LONG numberOf(Role role) {
-  switch (role) {
-    case Role::Link:
-      return ROLE_SYSTEM_LINK;
-    case Role::Button:
-      return ROLE_SYSTEM_PUSHBUTTON;
-    case Role::Picture:
+/// 0 for what the system knows.
+LONG roleOf(const forms::Control& control) {
+  if (forms::isLink(control)) return ROLE_SYSTEM_LINK;
+  if (forms::takesKeyboard(control)) return ROLE_SYSTEM_PUSHBUTTON;
+  switch (control.kind()) {
+    case forms::Kind::Image:
       return ROLE_SYSTEM_GRAPHIC;
-    case Role::Group:
+    case forms::Kind::Frame:
+    case forms::Kind::Panel:
       return ROLE_SYSTEM_GROUPING;
+    default:
+      return 0;
   }
-  return ROLE_SYSTEM_CLIENT;
 }
 
 }  // namespace
@@ -50,18 +53,35 @@ AccessibleNames::~AccessibleNames() {
   if (joined_) ::CoUninitialize();
 }
 
+void AccessibleNames::announce(const ControlView& view) {
+  const forms::Control& control = view.control();
+  const HWND handle = view.handle();
+  if (service_ == nullptr || handle == nullptr) return;
+  // The system reads captions out itself, those too that change.
+  if (!control.row().accessibleName.empty() || control.caption().empty()) {
+    const std::u16string name = forms::accessibleName(control);
+    setName(handle, name);
+    if (view.keyTarget() != handle) setName(view.keyTarget(), name);
+  }
+  if (const LONG role = roleOf(control); role != 0) setRole(handle, role);
+  if (control.kind() != forms::Kind::Spinner) return;
+  const auto& spinner = static_cast<const forms::Spinner&>(control);
+  constexpr DWORD kUp = 1;
+  constexpr DWORD kDown = 2;
+  setName(handle, forms::accessibleArrowName(spinner, true), kUp);
+  setName(handle, forms::accessibleArrowName(spinner, false), kDown);
+}
+
 void AccessibleNames::setName(HWND control, const std::u16string& name, DWORD part) {
-  if (service_ == nullptr) return;
   service_->SetHwndPropStr(control, static_cast<DWORD>(OBJID_CLIENT), part, PROPID_ACC_NAME,
                            text::wide(name));
   told_.push_back({control, part});
 }
 
-void AccessibleNames::setRole(HWND control, Role role) {
-  if (service_ == nullptr) return;
+void AccessibleNames::setRole(HWND control, LONG role) {
   VARIANT value{};
   value.vt = VT_I4;
-  value.lVal = numberOf(role);
+  value.lVal = role;
   service_->SetHwndProp(control, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_ROLE,
                         value);
   told_.push_back({control, CHILDID_SELF});

@@ -9,7 +9,7 @@ struct IAccPropServices;
 
 namespace kvrnstep::windows {
 
-enum class Role { Link, Button, Picture, Group };
+class ControlView;
 
 /// What a window's controls are called and what they are, for screen readers, where the system
 /// could not tell from the controls themselves. It hears of nothing when the system lacks the
@@ -17,16 +17,19 @@ enum class Role { Link, Button, Picture, Group };
 class AccessibleNames {
  public:
   AccessibleNames();
-  /// To be destroyed before the controls: the system keeps what it was told by their handles.
+  /// To be destroyed before the controls, because the system keeps what it was told by their
+  /// handles.
   ~AccessibleNames();
   AccessibleNames(const AccessibleNames&) = delete;
   AccessibleNames& operator=(const AccessibleNames&) = delete;
 
-  /// The part of a control is one of those that the system counts from 1; 0 is the control.
-  void setName(HWND control, const std::u16string& name, DWORD part = 0);
-  void setRole(HWND control, Role role);
+  void announce(const ControlView& view);
 
  private:
+  /// The part of a control is one of those that the system counts from 1; 0 is the control.
+  void setName(HWND control, const std::u16string& name, DWORD part = 0);
+  void setRole(HWND control, LONG role);
+
   struct Told {
     HWND control;
     DWORD part;

@@ -34,27 +34,12 @@ Font made(const LOGFONTW& font) {
   return Font(::CreateFontIndirectW(&font));
 }
 
-int widthOf(std::u16string_view text, const LOGFONTW& font) {
-  const HDC screen = ::GetDC(nullptr);
+int widthOf(const std::u16string& text, const LOGFONTW& font) {
   const Font held = made(font);
-  const HGDIOBJ before = ::SelectObject(screen, held.get());
   RECT room{};
-  const std::u16string caption(text);
-  ::DrawTextW(screen, text::wide(caption), static_cast<int>(caption.size()), &room,
+  ::DrawTextW(Drawing(nullptr, held.get()), text::wide(text), static_cast<int>(text.size()), &room,
               DT_CALCRECT | DT_SINGLELINE);
-  ::SelectObject(screen, before);
-  ::ReleaseDC(nullptr, screen);
   return room.right;
-}
-
-TEXTMETRICW metricsOf(const Font& font) {
-  const HDC screen = ::GetDC(nullptr);
-  const HGDIOBJ before = ::SelectObject(screen, font.get());
-  TEXTMETRICW metrics{};
-  ::GetTextMetricsW(screen, &metrics);
-  ::SelectObject(screen, before);
-  ::ReleaseDC(nullptr, screen);
-  return metrics;
 }
 
 /// What is not there is replaced by a font of one pitch: it is an editor's font, and a list has to
@@ -74,12 +59,6 @@ Font captionFont(int dpi) {
   return made(caption(dpi));
 }
 
-Font underlinedFont(int dpi) {
-  LOGFONTW font = caption(dpi);
-  font.lfUnderline = TRUE;
-  return made(font);
-}
-
 Font boxFont(std::u16string_view name, double points, int dpi) {
   const double height = points > 0 ? points * forms::kPixelsPerPoint : kCaptionHeight;
   LOGFONTW font = description(name.empty() ? kCaptionFamily : scalable(name, dpi),
@@ -89,15 +68,17 @@ Font boxFont(std::u16string_view name, double points, int dpi) {
 }
 
 double boxFontSize(std::u16string_view name, double points, int dpi) {
-  const TEXTMETRICW metrics = metricsOf(boxFont(name, points, dpi));
+  const Font font = boxFont(name, points, dpi);
+  const TEXTMETRICW metrics = Drawing(nullptr, font.get()).metrics();
   return fromPixels(metrics.tmHeight - metrics.tmInternalLeading, dpi) / forms::kPixelsPerPoint;
 }
 
-Font fittedFont(std::u16string_view text, int width, bool underlined, int dpi) {
+Font fittedFont(const std::u16string& text, int width, bool underlined, int dpi) {
   LOGFONTW font = caption(dpi);
   font.lfUnderline = underlined ? TRUE : FALSE;
-  if (widthOf(text, font) <= width) return made(font);
-  const int usual = metricsOf(made(font)).tmAveCharWidth;
+  Font fitted = made(font);
+  if (widthOf(text, font) <= width) return fitted;
+  const int usual = Drawing(nullptr, fitted.get()).metrics().tmAveCharWidth;
   for (int narrower = usual - 1; narrower * 2 >= usual; --narrower) {
     font.lfWidth = narrower;
     if (widthOf(text, font) <= width) break;

@@ -5,18 +5,12 @@
 #include "box_font.h"
 #include "resources.h"
 #include "scale.h"
+#include "text/windows/wide.h"
 #include "window_view.h"
 
 namespace kvrnstep::windows {
 
-using forms::Property;
-
 namespace {
-
-int checkMark(forms::Mark mark) {
-  if (mark == forms::Mark::Mixed) return BST_INDETERMINATE;
-  return mark == forms::Mark::On ? BST_CHECKED : BST_UNCHECKED;
-}
 
 /// The first of the option buttons of its container: the arrow keys stay behind it.
 bool beginsGroup(const forms::Control& button) {
@@ -28,11 +22,19 @@ bool beginsGroup(const forms::Control& button) {
   return first->get() == &button;
 }
 
+/// None of them changes its mark by itself, because the control decides.
+DWORD styleOf(const forms::Control& button) {
+  if (button.kind() == forms::Kind::CheckBox) return BS_3STATE;
+  if (button.kind() == forms::Kind::OptionButton) {
+    return beginsGroup(button) ? DWORD{BS_RADIOBUTTON | WS_GROUP} : BS_RADIOBUTTON;
+  }
+  return button.picture().empty() ? BS_PUSHBUTTON : BS_PUSHBUTTON | BS_ICON;
+}
+
 }  // namespace
 
-ButtonView::ButtonView(WindowView& window, forms::Control& control, DWORD style)
-    : ControlView(window, control) {
-  create(WC_BUTTONW, style);
+ButtonView::ButtonView(WindowView& window, forms::Control& control) : ControlView(window, control) {
+  create(WC_BUTTONW, styleOf(control));
 }
 
 void ButtonView::commanded(int notification) {
@@ -40,42 +42,30 @@ void ButtonView::commanded(int notification) {
 }
 
 void ButtonView::setCaption(const std::u16string& caption) {
-  showText(handle(), caption);
+  ::SetWindowTextW(handle(), text::wide(caption));
 }
 
 void ButtonView::fitCaption() {
-  const int width = pixelPlace().width - toPixels(beside(), window().dpi());
+  constexpr int kBorders = 8;
+  constexpr int kMark = 18;
+  const int beside = control().kind() == forms::Kind::Button ? kBorders : kMark;
+  const int width = pixelPlace().width - toPixels(beside, window().dpi());
   Font fitted = fittedFont(control().caption(), width, false, window().dpi());
   useFont(fitted.get());
   font_ = std::move(fitted);
 }
 
-int ButtonView::shownMark() const {
-  return static_cast<int>(::SendMessageW(handle(), BM_GETCHECK, 0, 0));
-}
-
 void ButtonView::setMark(forms::Mark mark) {
-  const int wanted = checkMark(mark);
-  if (shownMark() == wanted) return;
-  ::SendMessageW(handle(), BM_SETCHECK, static_cast<WPARAM>(wanted), 0);
+  // The system gives the marks the same numbers.
+  static_assert(static_cast<int>(forms::Mark::Mixed) == BST_INDETERMINATE);
+  ::SendMessageW(handle(), BM_SETCHECK, static_cast<WPARAM>(mark), 0);
 }
 
-PushButtonView::PushButtonView(WindowView& window, forms::Control& control)
-    : ButtonView(window, control, BS_PUSHBUTTON | (control.picture().empty() ? 0 : BS_ICON)) {}
-
-void PushButtonView::setPicture(forms::Picture picture) {
+void ButtonView::setPicture(forms::Picture picture) {
   constexpr int kSize = 16;
   Icon icon = loadPicture(picture, toPixels(kSize, window().dpi()));
   ::SendMessageW(handle(), BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
   picture_ = std::move(icon);
 }
-
-// The system's button keeps its mark until it is told: the control decides.
-CheckBoxView::CheckBoxView(WindowView& window, forms::Control& box)
-    : ButtonView(window, box, BS_3STATE) {}
-
-OptionButtonView::OptionButtonView(WindowView& window, forms::Control& button)
-    : ButtonView(window, button,
-                 BS_RADIOBUTTON | (beginsGroup(button) ? static_cast<DWORD>(WS_GROUP) : 0)) {}
 
 }  // namespace kvrnstep::windows

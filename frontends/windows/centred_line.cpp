@@ -1,53 +1,19 @@
-#include "centred_line.h"
-
-// After the other one.
-#include <commctrl.h>
+#include "edit.h"
+#include "handle.h"
+// After windows.h, which these bring along.
 #include <windowsx.h>
 
-#include "guard.h"
-
 namespace kvrnstep::windows {
-
-namespace {
 
 // The inside of the control is made as low as its line; the bands above and below become part of
 // the frame, look like the inside and take clicks for it.
 
-constexpr UINT_PTR kId = 1;
+namespace {
 
-LRESULT CALLBACK procedure(HWND edit, UINT message, WPARAM wide, LPARAM longer, UINT_PTR id,
-                           DWORD_PTR data);
-
-/// The frame is asked for anew.
+/// The system asks how large the frame is.
 void renewFrame(HWND edit) {
   ::SetWindowPos(edit, nullptr, 0, 0, 0, 0,
                  SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-LONG lineHeight(HWND edit) {
-  const HDC context = ::GetDC(edit);
-  auto* const font = reinterpret_cast<HFONT>(::SendMessageW(edit, WM_GETFONT, 0, 0));
-  const HGDIOBJ before = ::SelectObject(context, font);
-  TEXTMETRICW metrics{};
-  ::GetTextMetricsW(context, &metrics);
-  ::SelectObject(context, before);
-  ::ReleaseDC(edit, context);
-  return metrics.tmHeight;
-}
-
-void shrink(HWND edit, RECT& inside) {
-  const LONG spare = inside.bottom - inside.top - lineHeight(edit);
-  if (spare <= 0) return;
-  inside.top += spare / 2;
-  inside.bottom -= spare - spare / 2;
-}
-
-/// What lies within the frame, bands and all, on the screen.
-RECT withinFrame(HWND edit) {
-  RECT area{};
-  ::GetWindowRect(edit, &area);
-  ::DefSubclassProc(edit, WM_NCCALCSIZE, FALSE, reinterpret_cast<LPARAM>(&area));
-  return area;
 }
 
 bool takesText(HWND edit) {
@@ -55,63 +21,72 @@ bool takesText(HWND edit) {
   return (style & (WS_DISABLED | ES_READONLY)) == 0;
 }
 
-void fillBands(HWND edit) {
-  RECT inside{};
-  ::GetClientRect(edit, &inside);
-  ::MapWindowPoints(edit, nullptr, reinterpret_cast<POINT*>(&inside), 2);
-  RECT whole{};
-  ::GetWindowRect(edit, &whole);
-  RECT area = withinFrame(edit);
-  ::OffsetRect(&area, -whole.left, -whole.top);
-  ::OffsetRect(&inside, -whole.left, -whole.top);
-  const HDC context = ::GetWindowDC(edit);
-  auto* const ground = reinterpret_cast<HBRUSH>(
-      ::SendMessageW(::GetParent(edit), takesText(edit) ? WM_CTLCOLOREDIT : WM_CTLCOLORSTATIC,
-                     reinterpret_cast<WPARAM>(context), reinterpret_cast<LPARAM>(edit)));
-  const RECT above{area.left, area.top, area.right, inside.top};
-  const RECT below{area.left, inside.bottom, area.right, area.bottom};
-  ::FillRect(context, &above, ground);
-  ::FillRect(context, &below, ground);
-  ::ReleaseDC(edit, context);
+}  // namespace
+
+void CentredLine::centre(HWND edit) {
+  adopt(edit);
+  renewFrame(edit);
 }
 
-LRESULT received(HWND edit, UINT message, WPARAM wide, LPARAM longer) {
-  if (message == WM_NCDESTROY) ::RemoveWindowSubclass(edit, procedure, kId);
-  const LRESULT result = ::DefSubclassProc(edit, message, wide, longer);
+void CentredLine::shrink(RECT& inside) const {
+  auto* const font = reinterpret_cast<HFONT>(::SendMessageW(handle(), WM_GETFONT, 0, 0));
+  const LONG line = Drawing(handle(), font).metrics().tmHeight;
+  const LONG spare = inside.bottom - inside.top - line;
+  if (spare <= 0) return;
+  inside.top += spare / 2;
+  inside.bottom -= spare - spare / 2;
+}
+
+/// Bands and all, on the screen.
+RECT CentredLine::withinFrame() const {
+  RECT area{};
+  ::GetWindowRect(handle(), &area);
+  ::DefSubclassProc(handle(), WM_NCCALCSIZE, FALSE, reinterpret_cast<LPARAM>(&area));
+  return area;
+}
+
+void CentredLine::fillBands() const {
+  RECT inside{};
+  ::GetClientRect(handle(), &inside);
+  ::MapWindowPoints(handle(), nullptr, reinterpret_cast<POINT*>(&inside), 2);
+  RECT whole{};
+  ::GetWindowRect(handle(), &whole);
+  RECT area = withinFrame();
+  ::OffsetRect(&area, -whole.left, -whole.top);
+  ::OffsetRect(&inside, -whole.left, -whole.top);
+  const HDC context = ::GetWindowDC(handle());
+  auto* const ground = reinterpret_cast<HBRUSH>(::SendMessageW(
+      ::GetParent(handle()), takesText(handle()) ? WM_CTLCOLOREDIT : WM_CTLCOLORSTATIC,
+      reinterpret_cast<WPARAM>(context), reinterpret_cast<LPARAM>(handle())));
+  ::ExcludeClipRect(context, inside.left, inside.top, inside.right, inside.bottom);
+  ::FillRect(context, &area, ground);
+  ::ReleaseDC(handle(), context);
+}
+
+LRESULT CentredLine::received(UINT message, WPARAM wide, LPARAM longer) {
+  const LRESULT result = Receiver::received(message, wide, longer);
   switch (message) {
     case WM_NCCALCSIZE:
       // Both kinds of parameters begin with the rectangle.
-      shrink(edit, *reinterpret_cast<RECT*>(longer));
+      shrink(*reinterpret_cast<RECT*>(longer));
       break;
     case WM_NCPAINT:
-      fillBands(edit);
+      fillBands();
       break;
     case WM_NCHITTEST: {
-      const RECT area = withinFrame(edit);
+      const RECT area = withinFrame();
       const POINT mouse{GET_X_LPARAM(longer), GET_Y_LPARAM(longer)};
       return ::PtInRect(&area, mouse) != FALSE ? HTCLIENT : result;
     }
     case WM_SETFONT:
     case WM_ENABLE:
     case EM_SETREADONLY:
-      renewFrame(edit);
+      renewFrame(handle());
       break;
     default:
       break;
   }
   return result;
-}
-
-LRESULT CALLBACK procedure(HWND edit, UINT message, WPARAM wide, LPARAM longer, UINT_PTR /*id*/,
-                           DWORD_PTR /*data*/) {
-  return guarded([&] { return received(edit, message, wide, longer); });
-}
-
-}  // namespace
-
-void centreLine(HWND edit) {
-  ::SetWindowSubclass(edit, procedure, kId, 0);
-  renewFrame(edit);
 }
 
 }  // namespace kvrnstep::windows

@@ -1,31 +1,23 @@
 #pragma once
 
-#include <windows.h>
-// After the other one.
-#include <commctrl.h>
-
 #include <optional>
 
 #include "forms/control_sync.h"
 #include "handle.h"
+#include "window_class.h"
 
 namespace kvrnstep::windows {
 
-class AccessibleNames;
 class WindowView;
 
-/// Draws one control with a window of the system and passes the user's actions on it on.
-class ControlView : public forms::ControlSync {
+/// Draws one control with a window of the system and passes the user's actions on it on. Entries of
+/// menus have no window.
+class ControlView : public forms::ControlSync, public Receiver {
  public:
   ControlView(WindowView& window, forms::Control& control);
-  ~ControlView() override;
-  ControlView(const ControlView&) = delete;
-  ControlView& operator=(const ControlView&) = delete;
 
-  /// Null for entries of menus.
-  [[nodiscard]] HWND handle() const { return handle_; }
-  /// The window that takes the keys; the one above, but for boxes that lie in another one.
-  [[nodiscard]] virtual HWND keyTarget() const { return handle_; }
+  /// The window that takes the keys, which in a combo box is a part of it.
+  [[nodiscard]] virtual HWND keyTarget() const { return handle(); }
   /// The window's monitor has another density now.
   void rescale();
 
@@ -34,49 +26,39 @@ class ControlView : public forms::ControlSync {
   [[nodiscard]] virtual bool usesKeys() const { return false; }
   /// Where on the screen a menu opens that the keyboard asks for; nothing: at the mouse.
   [[nodiscard]] virtual std::optional<POINT> menuPlace() const { return std::nullopt; }
-
-  /// Says for screen readers what the system cannot know.
-  virtual void announce(AccessibleNames& names) const;
-
-  // What the control tells the window that holds it.
-  virtual void commanded(int /*notification*/) {}
-  virtual LRESULT notified(const NMHDR& /*notification*/) { return 0; }
-  /// The brush for the ground, colours set; null for the usual one.
-  virtual HBRUSH colored(HDC /*context*/) { return nullptr; }
-  virtual void drawn(const DRAWITEMSTRUCT& /*request*/) {}
-  /// What was put off until the control has dealt with its own message.
-  virtual void afterwards() {}
+  /// A message by which the control tells the window that holds it. Nothing: what is usual happens.
+  virtual std::optional<LRESULT> told(UINT message, WPARAM wide, LPARAM longer);
 
  protected:
   /// To be called by the constructor of each kind.
-  void create(const wchar_t* className, DWORD style, DWORD extendedStyle = 0,
-              void* parameter = nullptr);
+  void create(const wchar_t* className, DWORD style, DWORD extendedStyle = 0);
   void setPlace(const forms::PixelRect& place) override;
   void setEnabled(bool enabled) override;
   void setVisible(bool visible) override;
-  /// A message of the window; whoever overrides it passes the rest on.
-  virtual LRESULT received(UINT message, WPARAM wide, LPARAM longer);
+  LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
+
+  virtual void commanded(int /*notification*/) {}
+  /// The brush for the ground, colours set; null for the usual one.
+  virtual HBRUSH colored(HDC /*context*/) { return nullptr; }
 
   void useFont(HFONT font);
 
   [[nodiscard]] WindowView& window() const { return window_; }
 
  private:
-  static LRESULT CALLBACK procedure(HWND handle, UINT message, WPARAM wide, LPARAM longer,
-                                    UINT_PTR id, DWORD_PTR view);
-
   WindowView& window_;
-  HWND handle_ = nullptr;
 };
 
 /// The text that a window shows.
 std::u16string textOf(HWND window);
-/// … and puts another one there, if it is another one.
-void showText(HWND window, const std::u16string& text);
 
-/// The button that a message of the mouse tells of; nothing for other messages.
-std::optional<forms::MouseButton> pressedButton(UINT message);
-std::optional<forms::MouseButton> releasedButton(UINT message);
+/// What a button of the mouse has done.
+struct MouseChange {
+  forms::MouseButton button;
+  bool pressed;
+};
+/// Nothing for messages of other kinds.
+std::optional<MouseChange> mouseChange(UINT message);
 /// Whether the mouse is inside of the window, by the coordinates of a message.
 bool isInside(HWND window, LPARAM where);
 

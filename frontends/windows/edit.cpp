@@ -1,13 +1,11 @@
 #include "edit.h"
 
-#include "centred_line.h"
 #include "control_view.h"
 #include "forms/user_actions.h"
-#include "guard.h"
+#include "text/windows/wide.h"
 
 namespace kvrnstep::windows {
 
-using forms::Property;
 using forms::TextSelection;
 
 namespace {
@@ -36,20 +34,10 @@ bool movesCaret(UINT message) {
 
 }  // namespace
 
-Edit::~Edit() {
-  if (handle_ != nullptr) ::RemoveWindowSubclass(handle_, procedure, 0);
-}
-
-void Edit::adopt(HWND handle) {
-  handle_ = handle;
-  ::SetWindowSubclass(handle_, procedure, 0, reinterpret_cast<DWORD_PTR>(this));
-  if (!box().row().multiLine) centreLine(handle_);
-  ::SendMessageW(handle_, EM_SETLIMITTEXT, static_cast<WPARAM>(box().row().maxLength), 0);
-}
-
-LRESULT CALLBACK Edit::procedure(HWND /*handle*/, UINT message, WPARAM wide, LPARAM longer,
-                                 UINT_PTR /*id*/, DWORD_PTR edit) {
-  return guarded([&] { return reinterpret_cast<Edit*>(edit)->received(message, wide, longer); });
+void Edit::begin(HWND edit) {
+  adopt(edit);
+  if (!box().row().multiLine) line_.centre(edit);
+  ::SendMessageW(edit, EM_SETLIMITTEXT, static_cast<WPARAM>(box().row().maxLength), 0);
 }
 
 LRESULT Edit::received(UINT message, WPARAM wide, LPARAM longer) {
@@ -61,15 +49,15 @@ LRESULT Edit::received(UINT message, WPARAM wide, LPARAM longer) {
   if (message == WM_LBUTTONDOWN && entered()) return 0;
   if (message == WM_CHAR && wide == VK_BACK) markPair(true);
   if (message == WM_KEYDOWN && wide == VK_DELETE) markPair(false);
-  const LRESULT result = ::DefSubclassProc(handle_, message, wide, longer);
+  const LRESULT result = Receiver::received(message, wide, longer);
   if (movesCaret(message)) userMovedCaret();
   return result;
 }
 
 /// By a click, which then has nothing else to do.
 bool Edit::entered() {
-  if (::GetFocus() == handle_) return false;
-  ::SetFocus(handle_);
+  if (::GetFocus() == handle()) return false;
+  ::SetFocus(handle());
   return forms::userEntered(box(), forms::Way::Click);
 }
 
@@ -78,13 +66,13 @@ void Edit::markPair(bool beforeCaret) {
   const TextSelection caret = shownSelection();
   if (caret.length != 0 || (beforeCaret && caret.start < 2)) return;
   const std::size_t at = beforeCaret ? caret.start - 2 : caret.start;
-  const std::u16string text = textOf(handle_);
+  const std::u16string text = textOf(handle());
   if (at + 1 >= text.size() || !IS_SURROGATE_PAIR(text[at], text[at + 1])) return;
-  ::SendMessageW(handle_, EM_SETSEL, at, static_cast<LPARAM>(at + 2));
+  ::SendMessageW(handle(), EM_SETSEL, at, static_cast<LPARAM>(at + 2));
 }
 
-LRESULT Edit::wantedKeys(WPARAM wide, LPARAM longer) const {
-  const LRESULT wanted = ::DefSubclassProc(handle_, WM_GETDLGCODE, wide, longer);
+LRESULT Edit::wantedKeys(WPARAM wide, LPARAM longer) {
+  const LRESULT wanted = Receiver::received(WM_GETDLGCODE, wide, longer);
   const auto* message = reinterpret_cast<const MSG*>(longer);
   const bool leads = message != nullptr && (wide == VK_TAB || wide == VK_ESCAPE);
   // Several lines would take these keys for themselves: Tab leads on, and Escape closes nothing.
@@ -92,7 +80,7 @@ LRESULT Edit::wantedKeys(WPARAM wide, LPARAM longer) const {
 }
 
 std::u16string Edit::shownText() const {
-  std::u16string text = textOf(handle_);
+  std::u16string text = textOf(handle());
   // The system's texts end at the first NUL.
   return text == box().text().substr(0, box().text().find(u'\0')) ? box().text() : text;
 }
@@ -100,19 +88,19 @@ std::u16string Edit::shownText() const {
 TextSelection Edit::selectionIn(const std::u16string& /*text*/) const {
   DWORD start = 0;
   DWORD end = 0;
-  ::SendMessageW(handle_, EM_GETSEL, reinterpret_cast<WPARAM>(&start),
+  ::SendMessageW(handle(), EM_GETSEL, reinterpret_cast<WPARAM>(&start),
                  reinterpret_cast<LPARAM>(&end));
   return {start, end - start};
 }
 
 void Edit::setText(const std::u16string& text) {
-  windows::showText(handle_, text);
+  ::SetWindowTextW(handle(), text::wide(text));
 }
 
 void Edit::setSelection(TextSelection selection) {
-  ::SendMessageW(handle_, EM_SETSEL, selection.start,
+  ::SendMessageW(handle(), EM_SETSEL, selection.start,
                  static_cast<LPARAM>(selection.start + selection.length));
-  ::SendMessageW(handle_, EM_SCROLLCARET, 0, 0);
+  ::SendMessageW(handle(), EM_SCROLLCARET, 0, 0);
 }
 
 void Edit::changed() {

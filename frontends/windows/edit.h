@@ -1,25 +1,32 @@
 #pragma once
 
-#include <windows.h>
-// After the other one.
-#include <commctrl.h>
-
 #include "forms/control_sync.h"
+#include "window_class.h"
 
 namespace kvrnstep::windows {
 
+/// Has an edit control of one line show it in the middle of its height, where the caption beside it
+/// is too. The system's own place is the upper edge, whatever the height.
+class CentredLine final : public Receiver {
+ public:
+  void centre(HWND edit);
+
+ protected:
+  LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
+
+ private:
+  [[nodiscard]] RECT withinFrame() const;
+  void shrink(RECT& inside) const;
+  void fillBands() const;
+};
+
 /// The window that a user types into, of a text box or of a combo box. Its keys are asked about.
-class Edit final : public forms::TextSync {
+class Edit final : public forms::TextSync, public Receiver {
  public:
   using TextSync::TextSync;
-  ~Edit() override;
-  Edit(const Edit&) = delete;
-  Edit& operator=(const Edit&) = delete;
 
   /// To be called once, with the window.
-  void adopt(HWND handle);
-  [[nodiscard]] HWND handle() const { return handle_; }
-
+  void begin(HWND edit);
   /// The window tells that its text has changed.
   void changed();
 
@@ -29,16 +36,14 @@ class Edit final : public forms::TextSync {
  protected:
   [[nodiscard]] forms::TextSelection selectionIn(const std::u16string& text) const override;
   void setText(const std::u16string& text) override;
+  LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
 
  private:
-  static LRESULT CALLBACK procedure(HWND handle, UINT message, WPARAM wide, LPARAM longer,
-                                    UINT_PTR id, DWORD_PTR edit);
-  LRESULT received(UINT message, WPARAM wide, LPARAM longer);
   bool entered();
   void markPair(bool beforeCaret);
-  [[nodiscard]] LRESULT wantedKeys(WPARAM wide, LPARAM longer) const;
+  [[nodiscard]] LRESULT wantedKeys(WPARAM wide, LPARAM longer);
 
-  HWND handle_ = nullptr;
+  CentredLine line_;
 };
 
 }  // namespace kvrnstep::windows

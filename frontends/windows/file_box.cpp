@@ -5,7 +5,6 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
 
 #include "text/codepage.h"
 #include "text/text.h"
@@ -94,8 +93,6 @@ std::u16string fullFolder(const std::u16string& folder) {
   return length == 0 || length >= full.size() ? folder : text::utf16(full.data());
 }
 
-enum class Purpose : std::uint8_t { Open, Save };
-
 template <class Form>
 std::optional<std::u16string> choose(Purpose purpose, const forms::FileDialog& dialog, HWND owner) {
   const auto filters = Form::converted(filterList(dialog));
@@ -123,20 +120,13 @@ std::optional<std::u16string> choose(Purpose purpose, const forms::FileDialog& d
   return std::u16string(text::StripAtNull(Form::restored({path.data(), path.size()})));
 }
 
-std::optional<std::u16string> choose(Purpose purpose, const forms::FileDialog& dialog, HWND owner) {
+}  // namespace
+
+std::optional<std::u16string> chooseFile(Purpose purpose, const forms::FileDialog& dialog,
+                                         HWND owner) {
   const bool fits = text::toAnsi(fullFolder(dialog.folder)) && text::toAnsi(dialog.name);
   return fits ? choose<InCodePage>(purpose, dialog, owner)
               : choose<InUtf16>(purpose, dialog, owner);
-}
-
-}  // namespace
-
-std::optional<std::u16string> ShowOpenDialog(const forms::FileDialog& dialog, HWND owner) {
-  return choose(Purpose::Open, dialog, owner);
-}
-
-std::optional<std::u16string> ShowSaveDialog(const forms::FileDialog& dialog, HWND owner) {
-  return choose(Purpose::Save, dialog, owner);
 }
 
 }  // namespace kvrnstep::windows

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -9,8 +10,10 @@
 
 namespace kvrnstep::windows {
 
+enum class Purpose : std::uint8_t { Open, Save };
+
 /// The system's file dialogs. The full path; nothing when they were cancelled.
-std::optional<std::u16string> ShowOpenDialog(const forms::FileDialog& dialog, HWND owner);
-std::optional<std::u16string> ShowSaveDialog(const forms::FileDialog& dialog, HWND owner);
+std::optional<std::u16string> chooseFile(Purpose purpose, const forms::FileDialog& dialog,
+                                         HWND owner);
 
 }  // namespace kvrnstep::windows

@@ -24,4 +24,29 @@ using Accelerators =
     std::unique_ptr<std::remove_pointer_t<HACCEL>, Freed<::DestroyAcceleratorTable>>;
 using WindowHandle = std::unique_ptr<std::remove_pointer_t<HWND>, Freed<::DestroyWindow>>;
 
+/// Draws and measures in a window, or on the screen when that is null, with a font.
+class Drawing {
+ public:
+  Drawing(HWND window, HFONT font)
+      : window_(window), context_(::GetDC(window)), before_(::SelectObject(context_, font)) {}
+  ~Drawing() {
+    ::SelectObject(context_, before_);
+    ::ReleaseDC(window_, context_);
+  }
+  Drawing(const Drawing&) = delete;
+  Drawing& operator=(const Drawing&) = delete;
+
+  operator HDC() const { return context_; }  // NOLINT(google-explicit-constructor)
+  [[nodiscard]] TEXTMETRICW metrics() const {
+    TEXTMETRICW metrics{};
+    ::GetTextMetricsW(context_, &metrics);
+    return metrics;
+  }
+
+ private:
+  HWND window_;
+  HDC context_;
+  HGDIOBJ before_;
+};
+
 }  // namespace kvrnstep::windows

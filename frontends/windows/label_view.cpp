@@ -4,9 +4,9 @@
 
 #include <utility>
 
-#include "accessible_names.h"
 #include "box_font.h"
 #include "forms/contrast.h"
+#include "forms/keyboard.h"
 #include "forms/user_actions.h"
 #include "resources.h"
 #include "scale.h"
@@ -15,39 +15,28 @@
 
 namespace kvrnstep::windows {
 
-using forms::MouseButton;
-using forms::Property;
-
-void MouseView::announce(AccessibleNames& names) const {
-  ControlView::announce(names);
-  if (forms::takesKeyboard(control())) {
-    names.setRole(handle(), forms::isLink(control()) ? Role::Link : Role::Button);
-  } else if (control().kind() == forms::Kind::Image) {
-    names.setRole(handle(), Role::Picture);
-  }
-}
-
 LRESULT MouseView::received(UINT message, WPARAM wide, LPARAM longer) {
   // Tab passes over what calls itself a plain label.
   if (message == WM_GETDLGCODE && forms::takesKeyboard(control())) return DLGC_BUTTON;
   if (message == WM_SETFOCUS || message == WM_KILLFOCUS) {
     ::InvalidateRect(handle(), nullptr, TRUE);
   }
-  if (const auto button = pressedButton(message)) {
+  const auto mouse = mouseChange(message);
+  if (!mouse) return ControlView::received(message, wide, longer);
+  const bool left = mouse->button == forms::MouseButton::Left;
+  if (mouse->pressed) {
     ::SetCapture(handle());
-    if (*button == MouseButton::Left) pressed();
+    if (left) pressed();
     return 0;
   }
-  const auto button = releasedButton(message);
-  if (!button) return ControlView::received(message, wide, longer);
   if (::GetCapture() != handle()) return 0;
   ::ReleaseCapture();
   const bool inside = isInside(handle(), longer);
   POINT where{GET_X_LPARAM(longer), GET_Y_LPARAM(longer)};
   ::ClientToScreen(handle(), &where);
-  if (inside) forms::userReleasedMouse(control(), *button);
-  if (inside && *button == MouseButton::Left) forms::userClicked(control());
-  if (*button == MouseButton::Left) released(where);
+  if (inside) forms::userReleasedMouse(control(), mouse->button);
+  if (inside && left) forms::userClicked(control());
+  if (left) released(where);
   return 0;
 }
 
@@ -84,7 +73,7 @@ void LabelView::setPlace(const forms::PixelRect& place) {
 }
 
 void LabelView::setCaption(const std::u16string& caption) {
-  showText(handle(), caption);
+  ::SetWindowTextW(handle(), text::wide(caption));
 }
 
 void LabelView::fitCaption() {
@@ -105,8 +94,7 @@ LRESULT LabelView::received(UINT message, WPARAM wide, LPARAM longer) {
 }
 
 void LabelView::drawFocus() const {
-  const HDC context = ::GetDC(handle());
-  const HGDIOBJ before = ::SelectObject(context, font_.get());
+  const Drawing context(handle(), font_.get());
   RECT inside{};
   ::GetClientRect(handle(), &inside);
   RECT words = inside;
@@ -115,8 +103,6 @@ void LabelView::drawFocus() const {
   ::OffsetRect(&words, 0, gap);
   ::IntersectRect(&words, &words, &inside);
   ::DrawFocusRect(context, &words);
-  ::SelectObject(context, before);
-  ::ReleaseDC(handle(), context);
 }
 
 void LabelView::pressed() {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "control_view.h"
-#include "forms/keyboard.h"
 
 namespace kvrnstep::windows {
 
@@ -10,8 +9,6 @@ namespace kvrnstep::windows {
 class MouseView : public ControlView {
  public:
   using ControlView::ControlView;
-
-  void announce(AccessibleNames& names) const override;
 
  protected:
   LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
@@ -28,9 +25,8 @@ class LabelView : public MouseView {
  public:
   LabelView(WindowView& window, forms::Control& label);
 
-  HBRUSH colored(HDC context) override;
-
  protected:
+  HBRUSH colored(HDC context) override;
   void setPlace(const forms::PixelRect& place) override;
   void setCaption(const std::u16string& caption) override;
   void fitCaption() override;

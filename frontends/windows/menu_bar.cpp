@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "shortcut.h"
 #include "text/windows/wide.h"
@@ -9,153 +10,124 @@
 
 namespace kvrnstep::windows {
 
+using forms::Control;
 using forms::Kind;
 using forms::MenuEntry;
-using forms::Property;
 
 namespace {
 
 constexpr UINT kFirstCommand = 1000;
 
 /// The caption with the shortcut behind it, as menus show it.
-std::u16string labelOf(const forms::Control& entry, const std::u16string& caption) {
+std::u16string labelOf(const Control& entry, const std::u16string& caption) {
   const std::string_view keys = entry.row().shortcut;
   std::u16string label = caption;
   if (!keys.empty()) label.append(u"\t").append(keys.begin(), keys.end());
   return label;
 }
 
-UINT stateOf(const forms::DrawnEntry& entry) {
-  return (entry.enabled ? MFS_ENABLED : MFS_DISABLED) |
-         (entry.checked ? MFS_CHECKED : MFS_UNCHECKED);
-}
-
 }  // namespace
 
-MenuBar::MenuBar(forms::Window& window) {
-  for (const auto& control : window.controls()) {
-    if (control->kind() != Kind::Menu) continue;
-    const auto command = kFirstCommand + static_cast<UINT>(items_.size());
-    items_.push_back({static_cast<MenuEntry*>(control.get()), command, nullptr});
-  }
-  if (items_.empty()) return;
+MenuBar::MenuBar(const forms::Window& window) : window_(window) {
   if (window.hasMenuBar()) bar_.reset(::CreateMenu());
-  for (Item& item : items_) add(item);
+  for (const auto& control : window.controls()) {
+    if (control->kind() == Kind::Menu && static_cast<const MenuEntry&>(*control).opensMenu()) {
+      menus_.emplace(control.get(), ::CreatePopupMenu());
+    }
+  }
   makeAccelerators();
-}
-
-void MenuBar::add(Item& item) {
-  if (item.entry->opensMenu()) {
-    item.menu.reset(::CreatePopupMenu());
-    item.opens = item.menu.get();
-  }
-  if (item.entry->visible()) insert(item, forms::drawnEntry(*item.entry));
-}
-
-HMENU MenuBar::parentOf(const forms::Control& entry) const {
-  return entry.container() == nullptr ? bar_.get() : menuOf(*entry.container());
-}
-
-void MenuBar::insert(Item& item, const forms::DrawnEntry& drawn) {
-  const HMENU parent = parentOf(*item.entry);
-  if (parent == nullptr) return;
-  std::u16string label = labelOf(*item.entry, drawn.caption);
-  MENUITEMINFOW wanted{};
-  wanted.cbSize = sizeof wanted;
-  wanted.fMask = MIIM_FTYPE | MIIM_STATE | MIIM_ID | MIIM_STRING;
-  wanted.fType = drawn.separator ? MFT_SEPARATOR : MFT_STRING;
-  wanted.fState = stateOf(drawn);
-  wanted.wID = item.command;
-  wanted.dwTypeData = text::wide(label.data());
-  if (item.opens != nullptr) {
-    wanted.fMask |= MIIM_SUBMENU;
-    // The menu above frees it from now on.
-    wanted.hSubMenu = item.menu.release();
-  }
-  // Entries that are not shown leave no gap.
-  UINT position = 0;
-  for (const Item& other : items_) {
-    if (&other == &item) break;
-    if (other.entry->container() == item.entry->container() && placeOf(*other.entry)) ++position;
-  }
-  ::InsertMenuItemW(parent, position, TRUE, &wanted);
 }
 
 void MenuBar::makeAccelerators() {
   std::vector<ACCEL> keys;
-  for (const Item& item : items_) {
-    if (const auto shortcut = shortcutOf(item.entry->row().shortcut)) {
+  for (const auto& control : window_.controls()) {
+    if (const auto shortcut = shortcutOf(control->row().shortcut)) {
       keys.push_back({static_cast<BYTE>(FVIRTKEY | (shortcut->control ? FCONTROL : 0)),
-                      shortcut->key, static_cast<WORD>(item.command)});
+                      shortcut->key, static_cast<WORD>(commandOf(*control))});
     }
   }
   if (keys.empty()) return;
   accelerators_.reset(::CreateAcceleratorTableW(keys.data(), static_cast<int>(keys.size())));
 }
 
-const MenuBar::Item* MenuBar::itemOf(const forms::Control& entry) const {
-  const auto found = std::ranges::find(items_, &entry, &Item::entry);
-  return found == items_.end() ? nullptr : &*found;
+UINT MenuBar::commandOf(const Control& entry) const {
+  const auto& all = window_.controls();
+  const auto found =
+      std::ranges::find_if(all, [&](const auto& control) { return control.get() == &entry; });
+  return kFirstCommand + static_cast<UINT>(found - all.begin());
 }
 
-MenuBar::Item* MenuBar::itemOf(const forms::Control& entry) {
-  const auto found = std::ranges::find(items_, &entry, &Item::entry);
-  return found == items_.end() ? nullptr : &*found;
+MenuEntry* MenuBar::entryOf(UINT command) const {
+  const std::size_t number = command - kFirstCommand;
+  const auto& all = window_.controls();
+  const bool known = command >= kFirstCommand && number < all.size();
+  if (!known || all[number]->kind() != Kind::Menu) return nullptr;
+  return static_cast<MenuEntry*>(all[number].get());
 }
 
-HMENU MenuBar::menuOf(const forms::Control& entry) const {
-  const Item* item = itemOf(entry);
-  return item == nullptr ? nullptr : item->opens;
+HMENU MenuBar::menuOf(const Control& entry) const {
+  const auto found = menus_.find(&entry);
+  return found == menus_.end() ? nullptr : found->second.get();
 }
 
-std::optional<MenuPlace> MenuBar::placeOf(const forms::Control& entry) const {
-  const Item* item = itemOf(entry);
+HMENU MenuBar::parentOf(const Control& entry) const {
+  return entry.container() == nullptr ? bar_.get() : menuOf(*entry.container());
+}
+
+std::optional<MenuPlace> MenuBar::placeOf(const Control& entry) const {
   const HMENU menu = parentOf(entry);
-  if (item == nullptr || menu == nullptr) return std::nullopt;
+  const UINT command = commandOf(entry);
   for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {
     MENUITEMINFOW found{};
     found.cbSize = sizeof found;
     found.fMask = MIIM_ID;
     if (::GetMenuItemInfoW(menu, static_cast<UINT>(i), TRUE, &found) != FALSE &&
-        found.wID == item->command) {
+        found.wID == command) {
       return MenuPlace{menu, i};
     }
   }
   return std::nullopt;
 }
 
-MenuEntry* MenuBar::entryOf(UINT command) const {
-  const auto found = std::ranges::find(items_, command, &Item::command);
-  return found == items_.end() ? nullptr : found->entry;
+/// Behind those before it that are shown.
+UINT MenuBar::positionFor(const Control& entry) const {
+  UINT position = 0;
+  for (const auto& other : window_.controls()) {
+    if (other.get() == &entry) break;
+    if (other->kind() == Kind::Menu && parentOf(*other) == parentOf(entry) && placeOf(*other)) {
+      ++position;
+    }
+  }
+  return position;
 }
 
-bool MenuBar::show(const forms::Control& entry, const forms::DrawnEntry& drawn) {
-  auto* item = itemOf(entry);
-  if (item == nullptr) return false;
-  auto place = placeOf(entry);
-  if (!drawn.visible) {
-    if (!place) return false;
-    ::RemoveMenu(place->menu, static_cast<UINT>(place->position), MF_BYPOSITION);
-    // Nothing above frees it any more.
-    item->menu.reset(item->opens);
-    return place->menu == bar_.get();
-  }
-  if (!place) {
-    insert(*item, drawn);
-    return entry.container() == nullptr;
-  }
+void MenuBar::show(const Control& entry, const forms::DrawnEntry& drawn) {
+  const HMENU parent = parentOf(entry);
+  const auto place = placeOf(entry);
+  if (parent == nullptr) return;
   std::u16string label = labelOf(entry, drawn.caption);
-  MENUITEMINFOW wanted{};
-  wanted.cbSize = sizeof wanted;
-  wanted.fMask = MIIM_STATE | MIIM_STRING;
-  wanted.fState = stateOf(drawn);
-  wanted.dwTypeData = text::wide(label.data());
-  ::SetMenuItemInfoW(place->menu, static_cast<UINT>(place->position), TRUE, &wanted);
-  return place->menu == bar_.get();
+  MENUITEMINFOW item{};
+  item.cbSize = sizeof item;
+  item.fMask = MIIM_STATE | MIIM_STRING;
+  item.fState =
+      (drawn.enabled ? MFS_ENABLED : MFS_DISABLED) | (drawn.checked ? MFS_CHECKED : MFS_UNCHECKED);
+  item.dwTypeData = text::wide(label.data());
+  if (place && drawn.visible) {
+    ::SetMenuItemInfoW(parent, static_cast<UINT>(place->position), TRUE, &item);
+  } else if (place) {
+    ::RemoveMenu(parent, static_cast<UINT>(place->position), MF_BYPOSITION);
+  } else if (drawn.visible) {
+    item.fMask |= MIIM_FTYPE | MIIM_ID | MIIM_SUBMENU;
+    item.fType = drawn.separator ? MFT_SEPARATOR : MFT_STRING;
+    item.wID = commandOf(entry);
+    item.hSubMenu = menuOf(entry);
+    ::InsertMenuItemW(parent, positionFor(entry), TRUE, &item);
+  }
 }
 
 void MenuEntryView::setEntry(const forms::DrawnEntry& entry) {
-  if (window().menus().show(control(), entry)) ::DrawMenuBar(window().handle());
+  window().menus().show(control(), entry);
+  if (control().container() == nullptr) ::DrawMenuBar(window().handle());
 }
 
 }  // namespace kvrnstep::windows

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <optional>
-#include <vector>
+#include <unordered_map>
 
 #include "control_view.h"
 #include "forms/window.h"
@@ -18,7 +18,7 @@ struct MenuPlace {
 /// The menus of a window: its menu bar, the menus in it, and pop-up menus.
 class MenuBar {
  public:
-  explicit MenuBar(forms::Window& window);
+  explicit MenuBar(const forms::Window& window);
 
   /// Null in a window without menus.
   [[nodiscard]] HMENU bar() const { return bar_.get(); }
@@ -30,26 +30,18 @@ class MenuBar {
   /// The entry of a command; null for other numbers.
   [[nodiscard]] forms::MenuEntry* entryOf(UINT command) const;
 
-  /// Shows an entry. True: the bar itself has changed.
-  bool show(const forms::Control& entry, const forms::DrawnEntry& drawn);
+  void show(const forms::Control& entry, const forms::DrawnEntry& drawn);
 
  private:
-  struct Item {
-    forms::MenuEntry* entry;
-    UINT command;
-    Menu menu;  ///< of its entries, until a menu above owns it
-    HMENU opens = nullptr;
-  };
-
-  [[nodiscard]] const Item* itemOf(const forms::Control& entry) const;
-  [[nodiscard]] Item* itemOf(const forms::Control& entry);
+  [[nodiscard]] UINT commandOf(const forms::Control& entry) const;
   [[nodiscard]] HMENU parentOf(const forms::Control& entry) const;
-  void add(Item& item);
-  void insert(Item& item, const forms::DrawnEntry& drawn);
+  [[nodiscard]] UINT positionFor(const forms::Control& entry) const;
   void makeAccelerators();
 
+  const forms::Window& window_;
+  // What the bar holds goes with the window, too; to free it once more fails and does no harm.
   Menu bar_;
-  std::vector<Item> items_;
+  std::unordered_map<const forms::Control*, Menu> menus_;  ///< by the entries that open them
   Accelerators accelerators_;
 };
 
@@ -57,8 +49,6 @@ class MenuBar {
 class MenuEntryView : public ControlView {
  public:
   MenuEntryView(WindowView& window, forms::MenuEntry& entry) : ControlView(window, entry) {}
-
-  void announce(AccessibleNames& /*names*/) const override {}
 
  protected:
   void setEntry(const forms::DrawnEntry& entry) override;

@@ -5,13 +5,12 @@
 
 #include "resource_ids.h"
 #include "resources.h"
-#include "scale.h"
 
 namespace kvrnstep::windows {
 
 namespace {
 
-/// Made with the first window and kept, for windows that outlast a call would miss it.
+/// Made with the first window and kept, because windows that outlast a call would miss it.
 HANDLE controlsContext() {
   static const HANDLE context = [] {
     ACTCTXW wanted{};
@@ -24,26 +23,20 @@ HANDLE controlsContext() {
   return context;
 }
 
-void loadControls() {
-  static const bool loaded = [] {
-    const INITCOMMONCONTROLSEX wanted{sizeof wanted, ICC_STANDARD_CLASSES | ICC_UPDOWN_CLASS |
-                                                         ICC_BAR_CLASSES | ICC_WIN95_CLASSES};
-    return ::InitCommonControlsEx(&wanted) != FALSE;
-  }();
-  static_cast<void>(loaded);
-}
-
 }  // namespace
 
-NativeLook::NativeLook() : hostScaling_(scaleThreadByMonitor()) {
+NativeLook::NativeLook()
+    : hostScaling_(::SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2)) {
   const HANDLE context = controlsContext();
   activated_ = context != INVALID_HANDLE_VALUE && ::ActivateActCtx(context, &cookie_) != FALSE;
-  loadControls();
+  const INITCOMMONCONTROLSEX wanted{
+      sizeof wanted, ICC_STANDARD_CLASSES | ICC_UPDOWN_CLASS | ICC_BAR_CLASSES | ICC_WIN95_CLASSES};
+  ::InitCommonControlsEx(&wanted);
 }
 
 NativeLook::~NativeLook() {
   if (activated_) ::DeactivateActCtx(0, cookie_);
-  restoreThreadScaling(hostScaling_);
+  ::SetThreadDpiAwarenessContext(hostScaling_);
 }
 
 }  // namespace kvrnstep::windows

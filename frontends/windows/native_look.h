@@ -17,7 +17,7 @@ class NativeLook {
  private:
   ULONG_PTR cookie_ = 0;
   bool activated_ = false;
-  HANDLE hostScaling_ = nullptr;
+  DPI_AWARENESS_CONTEXT hostScaling_;
 };
 
 }  // namespace kvrnstep::windows

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "accessible_names.h"
 #include "resources.h"
 #include "window_view.h"
 
@@ -33,7 +32,13 @@ void ImageView::setPicture(forms::Picture picture) {
   ::InvalidateRect(handle(), nullptr, TRUE);
 }
 
-void ImageView::drawn(const DRAWITEMSTRUCT& request) {
+std::optional<LRESULT> ImageView::told(UINT message, WPARAM wide, LPARAM longer) {
+  if (message != WM_DRAWITEM) return MouseView::told(message, wide, longer);
+  draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(longer));
+  return TRUE;
+}
+
+void ImageView::draw(const DRAWITEMSTRUCT& request) const {
   const RECT& room = request.rcItem;
   ::FillRect(request.hDC, &room, ::GetSysColorBrush(COLOR_BTNFACE));
   if (picture_ == nullptr) return;
@@ -51,13 +56,12 @@ StatusBarView::StatusBarView(WindowView& window, forms::Control& bar) : ControlV
 
 ContainerView::ContainerView(WindowView& window, forms::Control& container)
     : ControlView(window, container) {
-  Receiver& receiver = window;
-  create(ownClass(), WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, &receiver);
+  create(ownClass(), WS_CLIPCHILDREN, WS_EX_CONTROLPARENT);
 }
 
-void ContainerView::announce(AccessibleNames& names) const {
-  ControlView::announce(names);
-  names.setRole(handle(), Role::Group);
+LRESULT ContainerView::received(UINT message, WPARAM wide, LPARAM longer) {
+  const auto answer = window().reflected(message, wide, longer);
+  return answer ? *answer : ControlView::received(message, wide, longer);
 }
 
 }  // namespace kvrnstep::windows

@@ -10,12 +10,13 @@ class ImageView : public MouseView {
  public:
   ImageView(WindowView& window, forms::Control& image);
 
-  void drawn(const DRAWITEMSTRUCT& request) override;
+  std::optional<LRESULT> told(UINT message, WPARAM wide, LPARAM longer) override;
 
  protected:
   void setPicture(forms::Picture picture) override;
 
  private:
+  void draw(const DRAWITEMSTRUCT& request) const;
   [[nodiscard]] int size() const;
 
   Icon picture_;
@@ -32,7 +33,8 @@ class ContainerView : public ControlView {
  public:
   ContainerView(WindowView& window, forms::Control& container);
 
-  void announce(AccessibleNames& names) const override;
+ protected:
+  LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
 };
 
 }  // namespace kvrnstep::windows

@@ -1,14 +1,10 @@
 #include "question_box.h"
 
-// After the other one.
-#include <commctrl.h>
-
-#include "centred_line.h"
+#include "box_font.h"
 #include "control_view.h"
 #include "guard.h"
 #include "resources.h"
 #include "scale.h"
-#include "screens.h"
 #include "text/windows/wide.h"
 
 namespace kvrnstep::windows {
@@ -75,7 +71,7 @@ INT_PTR CALLBACK QuestionBox::procedure(HWND box, UINT message, WPARAM wide, LPA
 }
 
 void QuestionBox::build(HWND box) {
-  const int dpi = dpiOf(box);
+  const auto dpi = static_cast<int>(::GetDpiForWindow(box));
   font_ = captionFont(dpi);
   const auto scaled = [dpi](int pixels) { return toPixels(pixels, dpi); };
   const int margin = scaled(kMargin);
@@ -89,7 +85,7 @@ void QuestionBox::build(HWND box) {
   top += height + margin;
   const HWND line = add(box, WC_EDITW, question_.proposal, WS_TABSTOP | ES_AUTOHSCROLL,
                         {margin, top, right, top + scaled(kLineHeight)}, kLine);
-  centreLine(line);
+  line_.centre(line);
   top += scaled(kLineHeight) + margin;
   const int cancel = right - scaled(kButtonWidth);
   const int ok = cancel - margin - scaled(kButtonWidth);
@@ -119,13 +115,9 @@ HWND QuestionBox::add(HWND box, const wchar_t* className, const std::u16string& 
 }
 
 int QuestionBox::promptHeight(HWND box, int width) const {
-  const HDC context = ::GetDC(box);
-  const HGDIOBJ before = ::SelectObject(context, font_.get());
   RECT room{0, 0, width, 0};
-  ::DrawTextW(context, text::wide(question_.prompt), -1, &room,
+  ::DrawTextW(Drawing(box, font_.get()), text::wide(question_.prompt), -1, &room,
               DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
-  ::SelectObject(context, before);
-  ::ReleaseDC(box, context);
   return static_cast<int>(room.bottom);
 }
 

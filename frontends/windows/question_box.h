@@ -5,8 +5,9 @@
 #include <optional>
 #include <string>
 
-#include "box_font.h"
+#include "edit.h"
 #include "forms/toolkit.h"
+#include "handle.h"
 
 namespace kvrnstep::windows {
 
@@ -28,6 +29,7 @@ class QuestionBox {
   const forms::Question& question_;
   std::u16string answer_;
   Font font_;
+  CentredLine line_;
 };
 
 }  // namespace kvrnstep::windows

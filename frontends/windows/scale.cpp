@@ -2,30 +2,30 @@
 
 #include <cmath>
 
+#include "forms/screen_place.h"
+
 namespace kvrnstep::windows {
 
 namespace {
 
-/// A function of the system that it may not have.
-template <class Function>
-Function* userFunction(const char* name) {
-  const HMODULE user = ::GetModuleHandleW(L"user32.dll");
-  return reinterpret_cast<Function*>(reinterpret_cast<void*>(::GetProcAddress(user, name)));
+forms::Rect inPixels(const RECT& rect) {
+  return {static_cast<double>(rect.left), static_cast<double>(rect.top),
+          static_cast<double>(rect.right - rect.left), static_cast<double>(rect.bottom - rect.top)};
+}
+
+BOOL CALLBACK add(HMONITOR monitor, HDC /*context*/, RECT* /*place*/, LPARAM screens) {
+  MONITORINFO info{};
+  info.cbSize = sizeof info;
+  if (::GetMonitorInfoW(monitor, &info) != FALSE) {
+    reinterpret_cast<std::vector<forms::Rect>*>(screens)->push_back(inPixels(info.rcWork));
+  }
+  return TRUE;
 }
 
 }  // namespace
 
 int desktopDpi() {
-  const HDC screen = ::GetDC(nullptr);
-  const int dpi = ::GetDeviceCaps(screen, LOGPIXELSY);
-  ::ReleaseDC(nullptr, screen);
-  return dpi > 0 ? dpi : kNominalDpi;
-}
-
-int dpiOf(HWND window) {
-  static auto* const get = userFunction<UINT WINAPI(HWND)>("GetDpiForWindow");
-  const UINT dpi = get == nullptr ? 0 : get(window);
-  return dpi > 0 ? static_cast<int>(dpi) : desktopDpi();
+  return static_cast<int>(::GetDpiForSystem());
 }
 
 int toPixels(double units, int dpi) {
@@ -37,35 +37,20 @@ double fromPixels(int pixels, int dpi) {
 }
 
 SIZE outsideOf(SIZE inside, DWORD style, bool menu, int dpi) {
-  using Adjust = BOOL WINAPI(RECT*, DWORD, BOOL, DWORD, UINT);
-  static auto* const adjust = userFunction<Adjust>("AdjustWindowRectExForDpi");
   RECT frame{0, 0, inside.cx, inside.cy};
-  if (adjust != nullptr) {
-    adjust(&frame, style, menu ? TRUE : FALSE, 0, static_cast<UINT>(dpi));
-  } else {
-    ::AdjustWindowRectEx(&frame, style, menu ? TRUE : FALSE, 0);
-  }
+  ::AdjustWindowRectExForDpi(&frame, style, menu ? TRUE : FALSE, 0, static_cast<UINT>(dpi));
   return {frame.right - frame.left, frame.bottom - frame.top};
 }
 
-namespace {
-
-using SetScaling = HANDLE WINAPI(HANDLE);
-
-SetScaling* setScaling() {
-  static auto* const set = userFunction<SetScaling>("SetThreadDpiAwarenessContext");
-  return set;
+std::vector<forms::Rect> screens() {
+  std::vector<forms::Rect> all;
+  ::EnumDisplayMonitors(nullptr, nullptr, add, reinterpret_cast<LPARAM>(&all));
+  return all;
 }
 
-}  // namespace
-
-HANDLE scaleThreadByMonitor() {
-  auto* const byMonitor = reinterpret_cast<HANDLE>(INT_PTR{-4});  // with title bar and menus
-  return setScaling() == nullptr ? nullptr : setScaling()(byMonitor);
-}
-
-void restoreThreadScaling(HANDLE before) {
-  if (before != nullptr) setScaling()(before);
+POINT cornerOnScreen(const RECT& wanted) {
+  const forms::Rect shown = forms::placeOnScreen(inPixels(wanted), screens());
+  return {static_cast<LONG>(shown.left), static_cast<LONG>(shown.top)};
 }
 
 }  // namespace kvrnstep::windows

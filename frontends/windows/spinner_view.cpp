@@ -1,7 +1,5 @@
 #include "spinner_view.h"
 
-#include "accessible_names.h"
-#include "forms/keyboard.h"
 #include "forms/user_actions.h"
 #include "window_view.h"
 
@@ -22,29 +20,13 @@ void SpinnerView::setBuddy(forms::ControlSync& box) {
   ::SendMessageW(handle(), UDM_SETBUDDY, reinterpret_cast<WPARAM>(edit), 0);
 }
 
-void SpinnerView::announce(AccessibleNames& names) const {
-  constexpr DWORD kUp = 1;
-  constexpr DWORD kDown = 2;
-  ControlView::announce(names);
-  const auto& spinner = static_cast<const forms::Spinner&>(control());
-  names.setName(handle(), forms::accessibleArrowName(spinner, true), kUp);
-  names.setName(handle(), forms::accessibleArrowName(spinner, false), kDown);
-}
-
-LRESULT SpinnerView::notified(const NMHDR& notification) {
+std::optional<LRESULT> SpinnerView::told(UINT message, WPARAM /*wide*/, LPARAM longer) {
   constexpr LRESULT kRefused = 1;
-  if (notification.code != static_cast<UINT>(UDN_DELTAPOS)) return 0;
-  const int step = reinterpret_cast<const NMUPDOWN&>(notification).iDelta;
-  forms::userSpun(static_cast<forms::Spinner&>(control()), step > 0);
+  if (message != WM_NOTIFY) return std::nullopt;
+  const auto& turned = *reinterpret_cast<const NMUPDOWN*>(longer);
+  if (turned.hdr.code != static_cast<UINT>(UDN_DELTAPOS)) return std::nullopt;
+  forms::userSpun(static_cast<forms::Spinner&>(control()), turned.iDelta > 0);
   return kRefused;
-}
-
-LRESULT SpinnerView::received(UINT message, WPARAM wide, LPARAM longer) {
-  const LRESULT result = ControlView::received(message, wide, longer);
-  if (const auto button = releasedButton(message); button && isInside(handle(), longer)) {
-    forms::userReleasedMouse(control(), *button);
-  }
-  return result;
 }
 
 }  // namespace kvrnstep::windows

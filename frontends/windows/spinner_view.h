@@ -10,13 +10,9 @@ class SpinnerView : public ControlView {
  public:
   SpinnerView(WindowView& window, forms::Spinner& spinner);
 
-  void announce(AccessibleNames& names) const override;
-  LRESULT notified(const NMHDR& notification) override;
+  std::optional<LRESULT> told(UINT message, WPARAM wide, LPARAM longer) override;
   /// The box whose arrow keys turn the value too.
   void setBuddy(forms::ControlSync& box) override;
-
- protected:
-  LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
 };
 
 }  // namespace kvrnstep::windows

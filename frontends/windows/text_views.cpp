@@ -6,8 +6,6 @@
 
 namespace kvrnstep::windows {
 
-using forms::Property;
-
 namespace {
 
 DWORD styleOf(const forms::ControlRow& row) {
@@ -32,7 +30,7 @@ COLORREF colorOf(std::int32_t color) {
 TextBoxView::TextBoxView(WindowView& window, forms::TextBox& box)
     : ControlView(window, box), edit_(box) {
   create(WC_EDITW, styleOf(box.row()), WS_EX_CLIENTEDGE);
-  edit_.adopt(handle());
+  edit_.begin(handle());
 }
 
 void TextBoxView::commanded(int notification) {

@@ -10,10 +10,9 @@ class TextBoxView : public ControlView {
  public:
   TextBoxView(WindowView& window, forms::TextBox& box);
 
+ protected:
   void commanded(int notification) override;
   HBRUSH colored(HDC context) override;
-
- protected:
   void setFont(const std::u16string& font, float points) override;
   void recolor() override;
   [[nodiscard]] forms::TextSync* text() override { return &edit_; }

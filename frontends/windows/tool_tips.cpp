@@ -3,7 +3,6 @@
 // After the other one.
 #include <commctrl.h>
 
-#include <array>
 #include <string>
 
 #include "resources.h"
@@ -11,29 +10,21 @@
 
 namespace kvrnstep::windows {
 
-namespace {
+WindowHandle toolTipsOf(HWND window) {
+  return WindowHandle(::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
+                                        WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0, 0, window, nullptr,
+                                        thisModule(), nullptr));
+}
 
-TTTOOLINFOW toolOf(HWND owner, HWND control, wchar_t* text) {
+void addToolTip(HWND tips, HWND control, std::u16string_view text) {
+  std::u16string note(text);
   TTTOOLINFOW tool{};
   tool.cbSize = sizeof tool;
   tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-  tool.hwnd = owner;
+  tool.hwnd = ::GetWindow(tips, GW_OWNER);
   tool.uId = reinterpret_cast<UINT_PTR>(control);
-  tool.lpszText = text;
-  return tool;
-}
-
-}  // namespace
-
-ToolTips::ToolTips(HWND owner)
-    : owner_(owner),
-      tips_(::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0,
-                              0, 0, 0, owner, nullptr, thisModule(), nullptr)) {}
-
-void ToolTips::add(HWND control, std::u16string_view text) {
-  std::u16string note(text);
-  TTTOOLINFOW tool = toolOf(owner_, control, text::wide(note.data()));
-  ::SendMessageW(tips_.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  tool.lpszText = text::wide(note.data());
+  ::SendMessageW(tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 }  // namespace kvrnstep::windows

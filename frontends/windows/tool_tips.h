@@ -8,16 +8,8 @@
 
 namespace kvrnstep::windows {
 
-/// The yellow notes of one window.
-class ToolTips {
- public:
-  explicit ToolTips(HWND owner);
-
-  void add(HWND control, std::u16string_view text);
-
- private:
-  HWND owner_;
-  WindowHandle tips_;
-};
+/// What shows the yellow notes of a window.
+WindowHandle toolTipsOf(HWND window);
+void addToolTip(HWND tips, HWND control, std::u16string_view text);
 
 }  // namespace kvrnstep::windows

@@ -1,5 +1,7 @@
 #include "window_class.h"
 
+#include <utility>
+
 #include "guard.h"
 #include "resources.h"
 
@@ -9,22 +11,12 @@ namespace {
 
 constexpr const wchar_t* kClassName = L"kvrnstep.window";
 
-LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM longer) {
-  if (message == WM_NCCREATE) {
-    const auto* made = reinterpret_cast<const CREATESTRUCTW*>(longer);
-    ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made->lpCreateParams));
-  }
-  auto* receiver = reinterpret_cast<Receiver*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (receiver == nullptr) return ::DefWindowProcW(window, message, wide, longer);
-  return guarded([&] { return receiver->received(window, message, wide, longer); });
-}
-
 class RegisteredClass {
  public:
   RegisteredClass() {
     WNDCLASSEXW wanted{};
     wanted.cbSize = sizeof wanted;
-    wanted.lpfnWndProc = procedure;
+    wanted.lpfnWndProc = ::DefWindowProcW;
     wanted.hInstance = thisModule();
     wanted.hCursor = ::LoadCursorW(nullptr, IDC_ARROW);
     wanted.hbrBackground = ::GetSysColorBrush(COLOR_BTNFACE);
@@ -33,7 +25,7 @@ class RegisteredClass {
     wanted.hIconSm = windowIcon(::GetSystemMetrics(SM_CXSMICON));
     ::RegisterClassExW(&wanted);
   }
-  /// Otherwise the procedure of a module that has been unloaded would stay behind.
+  /// The system does not do that when it unloads a module.
   ~RegisteredClass() { ::UnregisterClassW(kClassName, thisModule()); }
   RegisteredClass(const RegisteredClass&) = delete;
   RegisteredClass& operator=(const RegisteredClass&) = delete;
@@ -44,6 +36,29 @@ class RegisteredClass {
 const wchar_t* ownClass() {
   static const RegisteredClass registered;
   return kClassName;
+}
+
+void Receiver::adopt(HWND handle) {
+  handle_ = handle;
+  ::SetWindowSubclass(handle, procedure, reinterpret_cast<UINT_PTR>(this),
+                      reinterpret_cast<DWORD_PTR>(this));
+}
+
+HWND Receiver::release() {
+  if (handle_ != nullptr) {
+    ::RemoveWindowSubclass(handle_, procedure, reinterpret_cast<UINT_PTR>(this));
+  }
+  return std::exchange(handle_, nullptr);
+}
+
+LRESULT Receiver::received(UINT message, WPARAM wide, LPARAM longer) {
+  return ::DefSubclassProc(handle_, message, wide, longer);
+}
+
+LRESULT CALLBACK Receiver::procedure(HWND /*handle*/, UINT message, WPARAM wide, LPARAM longer,
+                                     UINT_PTR /*id*/, DWORD_PTR receiver) {
+  return guarded(
+      [&] { return reinterpret_cast<Receiver*>(receiver)->received(message, wide, longer); });
 }
 
 }  // namespace kvrnstep::windows

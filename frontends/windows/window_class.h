@@ -1,20 +1,40 @@
 #pragma once
 
 #include <windows.h>
+// After the other one.
+#include <commctrl.h>
 
 namespace kvrnstep::windows {
 
-/// Gets the messages of windows of our own.
+/// The name of the class of our windows and of the grounds in them. It is registered as long as the
+/// module is loaded.
+const wchar_t* ownClass();
+
+/// Whoever gets the messages of a window before the system deals with them.
 class Receiver {
  public:
-  virtual LRESULT received(HWND window, UINT message, WPARAM wide, LPARAM longer) = 0;
+  Receiver(const Receiver&) = delete;
+  Receiver& operator=(const Receiver&) = delete;
+
+  /// Null before `adopt` and after `release`.
+  [[nodiscard]] HWND handle() const { return handle_; }
 
  protected:
-  ~Receiver() = default;
-};
+  Receiver() = default;
+  virtual ~Receiver() { release(); }
 
-/// The name of the class of our windows and of the grounds in them; a Receiver has to be handed
-/// over when one is made. The class lasts as long as the module is loaded.
-const wchar_t* ownClass();
+  /// To be called once.
+  void adopt(HWND handle);
+  /// From now on the window's messages go to the system alone. The window.
+  HWND release();
+  /// Whoever overrides it passes the rest on.
+  virtual LRESULT received(UINT message, WPARAM wide, LPARAM longer);
+
+ private:
+  static LRESULT CALLBACK procedure(HWND handle, UINT message, WPARAM wide, LPARAM longer,
+                                    UINT_PTR id, DWORD_PTR receiver);
+
+  HWND handle_ = nullptr;
+};
 
 }  // namespace kvrnstep::windows

@@ -5,20 +5,18 @@
 
 #include "box_font.h"
 #include "button_views.h"
-#include "combo_view.h"
 #include "command_keys.h"
 #include "forms/keyboard.h"
 #include "forms/user_actions.h"
 #include "forms/view_sync.h"
-#include "label_view.h"
-#include "list_view.h"
+#include "list_views.h"
 #include "picture_views.h"
 #include "resources.h"
 #include "scale.h"
-#include "screens.h"
 #include "spinner_view.h"
 #include "text/windows/wide.h"
 #include "text_views.h"
+#include "tool_tips.h"
 
 namespace kvrnstep::windows {
 
@@ -26,8 +24,6 @@ using forms::Control;
 using forms::Kind;
 
 namespace {
-
-constexpr UINT kLater = WM_APP + 1;
 
 DWORD styleOf(const forms::WindowDesign& design) {
   const DWORD frame = design.resizable ? WS_THICKFRAME : 0;
@@ -54,6 +50,22 @@ bool decorates(const Control& control) {
          (control.kind() == Kind::Image && !forms::takesKeyboard(control));
 }
 
+/// The control that tells its parent something; null for messages that do not do that.
+HWND tellerIn(UINT message, LPARAM longer) {
+  switch (message) {
+    case WM_COMMAND:
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORSTATIC:
+      return reinterpret_cast<HWND>(longer);
+    case WM_NOTIFY:
+      return reinterpret_cast<const NMHDR*>(longer)->hwndFrom;
+    case WM_DRAWITEM:
+      return reinterpret_cast<const DRAWITEMSTRUCT*>(longer)->hwndItem;
+    default:
+      return nullptr;
+  }
+}
+
 }  // namespace
 
 WindowView::WindowView(forms::Window& window, HWND owner)
@@ -62,34 +74,37 @@ WindowView::WindowView(forms::Window& window, HWND owner)
       style_(styleOf(window.design())),
       dpi_(create(owner)),
       captionFont_(windows::captionFont(dpi_)),
-      tips_(handle_) {
+      tips_(toolTipsOf(handle())) {
   makeViews();
-  for (const auto& control : window.controls()) viewOf(*control).announce(*names_);
+  for (const auto& control : window.controls()) names_->announce(viewOf(*control));
   showAll(scaleOf(dpi_));
 }
 
 WindowView::~WindowView() {
   names_.reset();
   destroyViews();
-  if (handle_ == nullptr) return;
-  ::SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
-  ::DestroyWindow(handle_);
+  ::DestroyWindow(release());
 }
 
 /// Makes the window; its density.
 int WindowView::create(HWND owner) {
-  handle_ = ::CreateWindowExW(WS_EX_CONTROLPARENT, ownClass(), L"", style_, 0, 0, 0, 0, owner,
-                              menus_.bar(), thisModule(), static_cast<Receiver*>(this));
-  return dpiOf(handle_);
+  adopt(::CreateWindowExW(WS_EX_CONTROLPARENT, ownClass(), L"", style_, 0, 0, 0, 0, owner,
+                          menus_.bar(), thisModule(), nullptr));
+  return static_cast<int>(::GetDpiForWindow(handle()));
 }
 
 std::unique_ptr<forms::ControlSync> WindowView::makeView(Control& control) {
-  auto made = forms::makeViewOf<ContainerView, PushButtonView, CheckBoxView, OptionButtonView,
-                                ComboView, TextBoxView, SpinnerView, ListView, LabelView, ImageView,
-                                StatusBarView, MenuEntryView>(*this, control);
+  auto made =
+      forms::makeViewOf<ContainerView, ButtonView, ButtonView, ButtonView, ComboView, TextBoxView,
+                        SpinnerView, ListView, LabelView, ImageView, StatusBarView, MenuEntryView>(
+          *this, control);
   auto& view = static_cast<ControlView&>(*made);
-  if (view.handle() != nullptr) byHandle_.emplace(view.handle(), &view);
-  if (!control.row().toolTip.empty()) tips_.add(view.handle(), control.row().toolTip);
+  for (const HWND window : {view.handle(), view.keyTarget()}) {
+    if (window != nullptr) byHandle_.emplace(window, &view);
+  }
+  if (!control.row().toolTip.empty()) {
+    addToolTip(tips_.get(), view.handle(), control.row().toolTip);
+  }
   return made;
 }
 
@@ -103,7 +118,7 @@ ControlView* WindowView::viewAt(HWND window) const {
 }
 
 HWND WindowView::parentFor(const Control& control) const {
-  return control.container() == nullptr ? handle_ : viewOf(*control.container()).handle();
+  return control.container() == nullptr ? handle() : viewOf(*control.container()).handle();
 }
 
 Control* WindowView::controlAt(POINT onScreen) const {
@@ -113,30 +128,15 @@ Control* WindowView::controlAt(POINT onScreen) const {
   return nullptr;
 }
 
-void WindowView::later(ControlView& view) {
-  ::PostMessageW(handle_, kLater, 0, reinterpret_cast<LPARAM>(&view));
-}
-
 void WindowView::show() {
-  ::ShowWindow(handle_, SW_SHOW);
-  ::SetForegroundWindow(handle_);
-}
-
-void WindowView::setBusy(bool busy) {
-  busy_ = busy;
-  // The cursor under a mouse that does not move is asked for by nobody.
-  POINT mouse{};
-  ::GetCursorPos(&mouse);
-  ::SetCursorPos(mouse.x, mouse.y);
+  ::ShowWindow(handle(), SW_SHOW);
+  ::SetForegroundWindow(handle());
 }
 
 bool WindowView::translates(MSG& message) {
-  if (message.hwnd != handle_ && ::IsChild(handle_, message.hwnd) == FALSE) return false;
+  if (message.hwnd != handle() && ::IsChild(handle(), message.hwnd) == FALSE) return false;
   tellOf(message);
-  if (menus_.accelerators() != nullptr &&
-      ::TranslateAcceleratorW(handle_, menus_.accelerators(), &message) != 0) {
-    return true;
-  }
+  if (::TranslateAcceleratorW(handle(), menus_.accelerators(), &message) != 0) return true;
   if (pressed(message)) return true;
   // Enter presses the button that has the focus, and no other one.
   if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN && isPushButton(message.hwnd)) {
@@ -144,7 +144,7 @@ bool WindowView::translates(MSG& message) {
     return true;
   }
   const HWND before = ::GetFocus();
-  const bool taken = ::IsDialogMessageW(handle_, &message) != FALSE;
+  const bool taken = ::IsDialogMessageW(handle(), &message) != FALSE;
   if (taken && message.message == WM_KEYDOWN && ::GetFocus() != before) enteredByKey();
   return taken;
 }
@@ -156,25 +156,17 @@ void WindowView::tellOf(const MSG& message) {
   if (message.message == WM_KEYUP || message.message == WM_SYSKEYUP) {
     forms::userReleasedKey(window(), code);
   } else if (message.message == WM_KEYDOWN && !repeated) {
-    if (const ControlView* view = viewWithKeys(message.hwnd)) {
+    if (const ControlView* view = viewAt(message.hwnd)) {
       forms::userPressedKey(view->control(), code);
     }
   }
-}
-
-ControlView* WindowView::viewWithKeys(HWND target) const {
-  const auto& all = window().controls();
-  const auto found = std::ranges::find_if(all, [&](const auto& control) {
-    return target != nullptr && viewOf(*control).keyTarget() == target;
-  });
-  return found == all.end() ? nullptr : &viewOf(**found);
 }
 
 /// Whether a key was a command, and has been carried out.
 bool WindowView::pressed(const MSG& message) {
   if (const char16_t letter = letterWithAlt(message)) return activatedBy(letter);
   const auto key = commandKeyOf(message);
-  const ControlView* view = viewWithKeys(message.hwnd);
+  const ControlView* view = viewAt(message.hwnd);
   if (!key || view == nullptr || view->usesKeys()) return false;
   menuPlace_ = view->menuPlace();
   const bool dealtWith = forms::userPressedCommandKey(view->control(), *key);
@@ -201,7 +193,7 @@ POINT WindowView::menuPlace() const {
 }
 
 void WindowView::enteredByKey() {
-  const ControlView* view = viewWithKeys(::GetFocus());
+  const ControlView* view = viewAt(::GetFocus());
   if (view == nullptr) return;
   Control& control = view->control();
   if (forms::holdsText(control)) {
@@ -212,53 +204,16 @@ void WindowView::enteredByKey() {
   }
 }
 
-LRESULT WindowView::received(HWND window, UINT message, WPARAM wide, LPARAM longer) {
-  if (const auto answer = reflected(message, wide, longer)) return *answer;
-  if (message == WM_NCCREATE && handle_ == nullptr) handle_ = window;
-  // The grounds of containers have nothing of their own to say.
-  if (window != handle_) return ::DefWindowProcW(window, message, wide, longer);
-  return receivedByWindow(message, wide, longer);
-}
-
-/// What controls tell their parent goes back to their views.
 std::optional<LRESULT> WindowView::reflected(UINT message, WPARAM wide, LPARAM longer) {
-  switch (message) {
-    case WM_COMMAND:
-      if (ControlView* view = viewAt(reinterpret_cast<HWND>(longer))) {
-        view->commanded(HIWORD(wide));
-        return 0;
-      }
-      break;
-    case WM_NOTIFY: {
-      const auto& notification = *reinterpret_cast<const NMHDR*>(longer);
-      if (ControlView* view = viewAt(notification.hwndFrom)) return view->notified(notification);
-      break;
-    }
-    case WM_CTLCOLOREDIT:
-    case WM_CTLCOLORSTATIC:
-      if (ControlView* view = viewAt(reinterpret_cast<HWND>(longer))) {
-        const HBRUSH brush = view->colored(reinterpret_cast<HDC>(wide));
-        if (brush != nullptr) return reinterpret_cast<LRESULT>(brush);
-      }
-      break;
-    case WM_DRAWITEM: {
-      const auto& request = *reinterpret_cast<const DRAWITEMSTRUCT*>(longer);
-      if (ControlView* view = viewAt(request.hwndItem)) {
-        view->drawn(request);
-        return TRUE;
-      }
-      break;
-    }
-    default:
-      break;
-  }
-  return std::nullopt;
+  ControlView* view = viewAt(tellerIn(message, longer));
+  return view == nullptr ? std::nullopt : view->told(message, wide, longer);
 }
 
-LRESULT WindowView::receivedByWindow(UINT message, WPARAM wide, LPARAM longer) {
+LRESULT WindowView::received(UINT message, WPARAM wide, LPARAM longer) {
+  if (const auto answer = reflected(message, wide, longer)) return *answer;
   switch (message) {
     case WM_COMMAND:
-      commanded(LOWORD(wide));
+      if (forms::MenuEntry* entry = menus_.entryOf(LOWORD(wide))) forms::userClicked(*entry);
       return 0;
     case WM_CLOSE:
       forms::userClosed(window());
@@ -269,10 +224,9 @@ LRESULT WindowView::receivedByWindow(UINT message, WPARAM wide, LPARAM longer) {
       return 0;
     case WM_NCDESTROY:
       // Somebody else destroys the window.
-      ::SetWindowLongPtrW(std::exchange(handle_, nullptr), GWLP_USERDATA, 0);
       close();
       wakeLoop();
-      return 0;
+      return ::DefWindowProcW(release(), message, wide, longer);
     case WM_ACTIVATE:
       if (HIWORD(wide) == 0) activated(LOWORD(wide) != WA_INACTIVE);
       return 0;
@@ -283,37 +237,24 @@ LRESULT WindowView::receivedByWindow(UINT message, WPARAM wide, LPARAM longer) {
       // The arrow keys have found where they lead.
       if (LOWORD(longer) != 0) ::SetFocus(reinterpret_cast<HWND>(wide));
       return 0;
-    case WM_MOVE:
-      reportMove();
-      return 0;
-    case WM_SIZE:
-      reportSize(wide);
+    case WM_WINDOWPOSCHANGED:
+      reportPlace();
       return 0;
     case WM_GETMINMAXINFO:
       limitSize(*reinterpret_cast<MINMAXINFO*>(longer));
       return 0;
-    case WM_SETCURSOR:
-      if (!busy_) break;
-      ::SetCursor(::LoadCursorW(nullptr, IDC_WAIT));
-      return TRUE;
     case WM_DPICHANGED:
       rescale(HIWORD(wide), *reinterpret_cast<const RECT*>(longer));
       return 0;
     case WM_SYSCOLORCHANGE:
     case WM_THEMECHANGED:
-      recolor(message, wide, longer);
+      for (const auto& [handle, view] : byHandle_) ::SendMessageW(handle, message, wide, longer);
+      recolored();
       break;
-    case kLater:
-      reinterpret_cast<ControlView*>(longer)->afterwards();
-      return 0;
     default:
       break;
   }
-  return ::DefWindowProcW(handle_, message, wide, longer);
-}
-
-void WindowView::commanded(UINT command) {
-  if (forms::MenuEntry* entry = menus_.entryOf(command)) forms::userClicked(*entry);
+  return Receiver::received(message, wide, longer);
 }
 
 void WindowView::updateBegins() {
@@ -321,18 +262,18 @@ void WindowView::updateBegins() {
 }
 
 void WindowView::setTitle(const std::u16string& caption) {
-  showText(handle_, caption);
+  ::SetWindowTextW(handle(), text::wide(caption));
 }
 
 void WindowView::setInnerSize(forms::PixelSize size) {
   SIZE outside = outsideOf({size.width, size.height}, style_, menus_.bar() != nullptr, dpi_);
   const auto resize = [&] {
-    ::SetWindowPos(handle_, nullptr, 0, 0, outside.cx, outside.cy,
+    ::SetWindowPos(handle(), nullptr, 0, 0, outside.cx, outside.cy,
                    SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   };
   resize();
   RECT now{};
-  ::GetClientRect(handle_, &now);
+  ::GetClientRect(handle(), &now);
   if (now.bottom == size.height) return;
   // The menu bar needs more lines than one, or the frame is another one than was foretold.
   outside.cy += size.height - now.bottom;
@@ -345,7 +286,7 @@ std::vector<forms::Rect> WindowView::screens() const {
 
 forms::PixelSize WindowView::frameSize() const {
   RECT frame{};
-  ::GetWindowRect(handle_, &frame);
+  ::GetWindowRect(handle(), &frame);
   return {static_cast<int>(frame.right - frame.left), static_cast<int>(frame.bottom - frame.top)};
 }
 
@@ -354,7 +295,7 @@ double WindowView::desktopScale() const {
 }
 
 void WindowView::setPosition(forms::PixelPoint position) {
-  ::SetWindowPos(handle_, nullptr, position.left, position.top, 0, 0,
+  ::SetWindowPos(handle(), nullptr, position.left, position.top, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -380,7 +321,7 @@ void WindowView::setTabOrder(const std::vector<Control*>& order) {
 }
 
 bool WindowView::holdsKeys(HWND control) const {
-  return control != nullptr && ::IsChild(handle_, control) != FALSE &&
+  return control != nullptr && ::IsChild(handle(), control) != FALSE &&
          ::IsWindowVisible(control) != FALSE && ::IsWindowEnabled(control) != FALSE;
 }
 
@@ -401,11 +342,11 @@ HWND WindowView::stopAfter(HWND before) const {
 void WindowView::giveKeyboard(const Control* control) {
   if (control != nullptr) {
     lastFocus_ = viewOf(*control).keyTarget();
-    if (::GetActiveWindow() == handle_) ::SetFocus(lastFocus_);
+    if (::GetActiveWindow() == handle()) ::SetFocus(lastFocus_);
     return;
   }
   // Keys must not go to what has just been disabled or hidden.
-  if (::GetActiveWindow() == handle_ && !holdsKeys(::GetFocus())) {
+  if (::GetActiveWindow() == handle() && !holdsKeys(::GetFocus())) {
     ::SetFocus(stopAfter(focusBefore_));
   }
 }
@@ -429,20 +370,17 @@ void WindowView::activated(bool active) {
   }
 }
 
-void WindowView::reportMove() {
-  if (::IsWindowVisible(handle_) == FALSE || ::IsIconic(handle_) != FALSE) return;
-  RECT now{};
-  ::GetWindowRect(handle_, &now);
-  movedTo({static_cast<int>(now.left), static_cast<int>(now.top)}, true);
-}
-
-void WindowView::reportSize(WPARAM kind) {
-  if (::IsWindowVisible(handle_) == FALSE) return;
-  minimizedTo(kind == SIZE_MINIMIZED);
-  if (kind == SIZE_MINIMIZED) return;
-  RECT now{};
-  ::GetClientRect(handle_, &now);
-  resizedTo({static_cast<int>(now.right), static_cast<int>(now.bottom)});
+void WindowView::reportPlace() {
+  if (::IsWindowVisible(handle()) == FALSE) return;
+  const bool minimized = ::IsIconic(handle()) != FALSE;
+  minimizedTo(minimized);
+  if (minimized) return;
+  RECT frame{};
+  ::GetWindowRect(handle(), &frame);
+  movedTo({static_cast<int>(frame.left), static_cast<int>(frame.top)}, true);
+  RECT inside{};
+  ::GetClientRect(handle(), &inside);
+  resizedTo({static_cast<int>(inside.right), static_cast<int>(inside.bottom)});
 }
 
 void WindowView::limitSize(MINMAXINFO& limits) const {
@@ -462,14 +400,9 @@ void WindowView::rescale(int dpi, const RECT& proposed) {
   // The old font is in use until all have the new one.
   const Font before = std::exchange(captionFont_, windows::captionFont(dpi_));
   for (const auto& control : window().controls()) viewOf(*control).rescale();
-  ::SetWindowPos(handle_, nullptr, proposed.left, proposed.top, 0, 0,
+  ::SetWindowPos(handle(), nullptr, proposed.left, proposed.top, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   rescaledTo(scaleOf(dpi_));
-}
-
-void WindowView::recolor(UINT message, WPARAM wide, LPARAM longer) {
-  for (const auto& [handle, view] : byHandle_) ::SendMessageW(handle, message, wide, longer);
-  recolored();
 }
 
 }  // namespace kvrnstep::windows

@@ -9,21 +9,16 @@
 #include "control_view.h"
 #include "forms/view_sync.h"
 #include "menu_bar.h"
-#include "tool_tips.h"
-#include "window_class.h"
 
 namespace kvrnstep::windows {
 
-/// Draws one window for as long as it is open.
+/// Draws one window for as long as it is open. Its handle is null when somebody else has destroyed
+/// it.
 class WindowView final : public forms::ViewSync, public Receiver {
  public:
   WindowView(forms::Window& window, HWND owner);
   ~WindowView() override;
-  WindowView(const WindowView&) = delete;
-  WindowView& operator=(const WindowView&) = delete;
 
-  /// Null when somebody else has destroyed it.
-  [[nodiscard]] HWND handle() const { return handle_; }
   [[nodiscard]] ControlView& viewOf(const forms::Control& control) const;
   [[nodiscard]] const MenuBar& menus() const { return menus_; }
   [[nodiscard]] MenuBar& menus() { return menus_; }
@@ -32,9 +27,6 @@ class WindowView final : public forms::ViewSync, public Receiver {
   /// Deals with a message of the thread that is a shortcut or leads the keyboard about in this
   /// window. False: it is for somebody else.
   bool translates(MSG& message);
-  /// Whether the mouse shows that the user has to wait.
-  void setBusy(bool busy);
-  [[nodiscard]] bool busy() const { return busy_; }
 
   // For the views of the controls.
   [[nodiscard]] HWND parentFor(const forms::Control& control) const;
@@ -44,8 +36,8 @@ class WindowView final : public forms::ViewSync, public Receiver {
   [[nodiscard]] forms::Control* controlAt(POINT onScreen) const;
   /// Where a pop-up menu opens: at the mouse, or where the keyboard has asked for it.
   [[nodiscard]] POINT menuPlace() const;
-  /// Calls the view's afterwards() when all that is under way has been dealt with.
-  void later(ControlView& view);
+  /// Has the view of a control deal with what that tells its parent; nothing for other messages.
+  std::optional<LRESULT> reflected(UINT message, WPARAM wide, LPARAM longer);
 
   std::optional<int> findEntry(const forms::ListBox& list, const std::u16string& text) override;
 
@@ -62,42 +54,36 @@ class WindowView final : public forms::ViewSync, public Receiver {
   [[nodiscard]] double desktopScale() const override;
   void updateBegins() override;
 
+  LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
+
  private:
-  LRESULT received(HWND window, UINT message, WPARAM wide, LPARAM longer) override;
-  std::optional<LRESULT> reflected(UINT message, WPARAM wide, LPARAM longer);
-  LRESULT receivedByWindow(UINT message, WPARAM wide, LPARAM longer);
-  void commanded(UINT command);
+  /// The view whose control has this window or takes its keys with it; null for other windows.
   [[nodiscard]] ControlView* viewAt(HWND window) const;
 
   int create(HWND owner);
   void enteredByKey();
   void tellOf(const MSG& message);
-  [[nodiscard]] ControlView* viewWithKeys(HWND target) const;
   bool pressed(const MSG& message);
   bool activatedBy(char16_t letter);
   [[nodiscard]] bool holdsKeys(HWND control) const;
   [[nodiscard]] HWND stopAfter(HWND before) const;
 
   void activated(bool active);
-  void reportMove();
-  void reportSize(WPARAM kind);
+  void reportPlace();
   void limitSize(MINMAXINFO& limits) const;
   void rescale(int dpi, const RECT& proposed);
-  void recolor(UINT message, WPARAM wide, LPARAM longer);
 
+  std::unordered_map<HWND, ControlView*> byHandle_;
   MenuBar menus_;
   DWORD style_;
-  HWND handle_ = nullptr;
   int dpi_;
   Font captionFont_;
-  ToolTips tips_;
+  WindowHandle tips_;
   std::optional<AccessibleNames> names_{std::in_place};
-  std::unordered_map<HWND, ControlView*> byHandle_;
   std::vector<HWND> depth_;
   std::optional<POINT> menuPlace_;
   HWND lastFocus_ = nullptr;
   HWND focusBefore_ = nullptr;  ///< before the changes that are being shown
-  bool busy_ = false;
 };
 
 }  // namespace kvrnstep::windows

@@ -1,20 +1,15 @@
 #include "windows_toolkit.h"
 
-#include <mmsystem.h>
-
 #include <algorithm>
 
 #include "box_font.h"
-#include "clipboard.h"
 #include "file_box.h"
 #include "forms/user_actions.h"
 #include "guard.h"
-#include "modality.h"
 #include "native_look.h"
-#include "printing.h"
+#include "output.h"
 #include "question_box.h"
 #include "scale.h"
-#include "text/windows/ansi.h"
 #include "text/windows/wide.h"
 
 namespace kvrnstep::windows {
@@ -22,6 +17,37 @@ namespace kvrnstep::windows {
 using forms::kTwipsPerPixel;
 
 namespace {
+
+/// While it lives, all other windows of this thread, the host's too, take no input from the user.
+/// Afterwards the one that had the keyboard has it again.
+class Modality {
+ public:
+  explicit Modality(HWND window) : exempt_(window), active_(::GetActiveWindow()) {
+    ::EnumThreadWindows(::GetCurrentThreadId(), disable, reinterpret_cast<LPARAM>(this));
+  }
+  ~Modality() {
+    for (const HWND window : disabled_) ::EnableWindow(window, TRUE);
+    if (::IsWindow(active_) != FALSE) ::SetActiveWindow(active_);
+  }
+  Modality(const Modality&) = delete;
+  Modality& operator=(const Modality&) = delete;
+
+ private:
+  static BOOL CALLBACK disable(HWND window, LPARAM self) {
+    auto& modality = *reinterpret_cast<Modality*>(self);
+    const bool takesInput =
+        ::IsWindowVisible(window) != FALSE && ::IsWindowEnabled(window) != FALSE;
+    if (takesInput && window != modality.exempt_) {
+      ::EnableWindow(window, FALSE);
+      modality.disabled_.push_back(window);
+    }
+    return TRUE;
+  }
+
+  HWND exempt_;
+  HWND active_;
+  std::vector<HWND> disabled_;
+};
 
 /// Has a window drawn by its view, as long as both live.
 class Attached {
@@ -59,7 +85,6 @@ void WindowsToolkit::runModal(forms::Window& window) {
   WindowView view(window, owner());
   const Attached attached(window, view, open_);
   const Modality modality(view.handle());
-  view.setBusy(busy_ > 0);
   view.show();
   waitUntilUnloaded(view);
 }
@@ -115,20 +140,17 @@ void WindowsToolkit::showMessage(const forms::Message& message) {
 
 std::optional<std::u16string> WindowsToolkit::ask(const forms::Question& question) {
   const NativeLook look;
-  const HWND over = owner();
-  return QuestionBox(question).ask(over);
+  return QuestionBox(question).ask(owner());
 }
 
 std::optional<std::u16string> WindowsToolkit::ShowOpenDialog(const forms::FileDialog& dialog) {
   const NativeLook look;
-  const HWND over = owner();
-  return windows::ShowOpenDialog(dialog, over);
+  return chooseFile(Purpose::Open, dialog, owner());
 }
 
 std::optional<std::u16string> WindowsToolkit::ShowSaveDialog(const forms::FileDialog& dialog) {
   const NativeLook look;
-  const HWND over = owner();
-  return windows::ShowSaveDialog(dialog, over);
+  return chooseFile(Purpose::Save, dialog, owner());
 }
 
 void WindowsToolkit::popUp(forms::MenuEntry& menu) {
@@ -147,9 +169,8 @@ void WindowsToolkit::print(const std::u16string& text) {
 }
 
 void WindowsToolkit::setBusy(bool busy) {
-  busy_ += busy ? 1 : -1;
-  for (WindowView* view : open_) view->setBusy(busy_ > 0);
-  ::SetCursor(::LoadCursorW(nullptr, busy_ > 0 ? IDC_WAIT : IDC_ARROW));
+  // No messages run meanwhile, so nothing puts another cursor there.
+  ::SetCursor(::LoadCursorW(nullptr, busy ? IDC_WAIT : IDC_ARROW));
 }
 
 forms::Size WindowsToolkit::screenSize() {
@@ -167,13 +188,7 @@ void WindowsToolkit::setClipboard(const std::u16string& text) {
 }
 
 void WindowsToolkit::playSound(const std::u16string& file, forms::SoundMode mode) {
-  const UINT giveWay = mode == forms::SoundMode::GiveWay ? SND_NOSTOP : 0;
-  const UINT how = SND_ASYNC | SND_NODEFAULT | giveWay;
-  if (const auto name = text::toAnsi(file)) {
-    ::sndPlaySoundA(name->c_str(), how);
-  } else {
-    ::sndPlaySoundW(text::wide(file), how);
-  }
+  windows::playSound(file, mode);
 }
 
 WindowView* WindowsToolkit::viewOf(const forms::Window& window) const {

@@ -48,7 +48,6 @@ class WindowsToolkit final : public forms::Toolkit {
 
   Attendant* attendant_;
   std::vector<WindowView*> open_;
-  int busy_ = 0;
 };
 
 }  // namespace kvrnstep::windows

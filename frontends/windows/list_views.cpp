@@ -1,0 +1,178 @@
+#include "list_views.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "forms/user_actions.h"
+#include "text/windows/wide.h"
+#include "window_view.h"
+
+namespace kvrnstep::windows {
+
+namespace {
+
+/// What list boxes and combo boxes understand under different numbers.
+struct FillMessages {
+  UINT clear;
+  UINT reserve;
+  UINT add;
+};
+
+/// Nothing is drawn meanwhile, so that thousands of entries are in place at once. Some systems
+/// would go on drawing the scroll bar, for each of them, unless the window counts as hidden.
+void fill(HWND list, const FillMessages& messages, const std::vector<std::u16string>& entries) {
+  const bool visible = (::GetWindowLongPtrW(list, GWL_STYLE) & WS_VISIBLE) != 0;
+  std::size_t bytes = 0;
+  for (const std::u16string& entry : entries) bytes += (entry.size() + 1) * sizeof(char16_t);
+  ::SendMessageW(list, WM_SETREDRAW, FALSE, 0);
+  if (visible) ::DefWindowProcW(list, WM_SETREDRAW, FALSE, 0);
+  ::SendMessageW(list, messages.clear, 0, 0);
+  ::SendMessageW(list, messages.reserve, entries.size(), static_cast<LPARAM>(bytes));
+  for (const std::u16string& entry : entries) {
+    ::SendMessageW(list, messages.add, 0, reinterpret_cast<LPARAM>(text::wide(entry)));
+  }
+  if (visible) ::DefWindowProcW(list, WM_SETREDRAW, TRUE, 0);
+  ::SendMessageW(list, WM_SETREDRAW, TRUE, 0);
+  ::InvalidateRect(list, nullptr, TRUE);
+}
+
+}  // namespace
+
+ListView::ListView(WindowView& window, forms::ListBox& list) : ControlView(window, list) {
+  create(WC_LISTBOXW, WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+         WS_EX_CLIENTEDGE);
+}
+
+void ListView::commanded(int notification) {
+  if (notification == LBN_SELCHANGE) {
+    userSelectedEntry(asked(LB_GETCURSEL));
+  } else if (notification == LBN_DBLCLK && !applying()) {
+    forms::userDoubleClickedEntry(static_cast<forms::ListBox&>(control()), asked(LB_GETCURSEL));
+  }
+}
+
+LRESULT ListView::received(UINT message, WPARAM wide, LPARAM longer) {
+  const LRESULT result = ControlView::received(message, wide, longer);
+  switch (message) {
+    case WM_VSCROLL:
+    case WM_MOUSEWHEEL:
+    case WM_KEYDOWN:
+    case WM_TIMER:
+    case LB_SETTOPINDEX:
+      userMayHaveScrolled();
+      break;
+    default:
+      break;
+  }
+  return result;
+}
+
+int ListView::asked(UINT message) const {
+  return static_cast<int>(::SendMessageW(handle(), message, 0, 0));
+}
+
+std::optional<POINT> ListView::menuPlace() const {
+  RECT entry{};
+  const auto index = static_cast<WPARAM>(std::max(asked(LB_GETCURSEL), asked(LB_GETTOPINDEX)));
+  ::SendMessageW(handle(), LB_GETITEMRECT, index, reinterpret_cast<LPARAM>(&entry));
+  RECT inside{};
+  ::GetClientRect(handle(), &inside);
+  POINT below{entry.left, std::clamp(entry.bottom, inside.top, inside.bottom)};
+  ::ClientToScreen(handle(), &below);
+  return below;
+}
+
+int ListView::find(const std::u16string& text) const {
+  constexpr auto kBeforeTheFirst = static_cast<WPARAM>(-1);
+  return static_cast<int>(::SendMessageW(handle(), LB_FINDSTRINGEXACT, kBeforeTheFirst,
+                                         reinterpret_cast<LPARAM>(text::wide(text))));
+}
+
+forms::Scroll ListView::scroll() const {
+  RECT inside{};
+  ::GetClientRect(handle(), &inside);
+  const int line = asked(LB_GETITEMHEIGHT);
+  const int lines = line > 0 ? static_cast<int>(inside.bottom) / line : 0;
+  return {asked(LB_GETTOPINDEX), std::max(0, static_cast<int>(entries_.size()) - lines)};
+}
+
+void ListView::setItems(const std::vector<std::u16string>& items) {
+  if (std::exchange(entries_, items) == items) return;
+  fill(handle(), {LB_RESETCONTENT, LB_INITSTORAGE, LB_ADDSTRING}, items);
+}
+
+void ListView::setIndex(int index) {
+  if (index == asked(LB_GETCURSEL)) return;
+  ::SendMessageW(handle(), LB_SETCURSEL, static_cast<WPARAM>(index), 0);
+}
+
+void ListView::setTopIndex(int index) {
+  ::SendMessageW(handle(), LB_SETTOPINDEX, static_cast<WPARAM>(index), 0);
+}
+
+ComboView::ComboView(WindowView& window, forms::ComboBox& combo)
+    : ControlView(window, combo), edit_(combo) {
+  create(WC_COMBOBOXW, WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL);
+  COMBOBOXINFO parts{};
+  parts.cbSize = sizeof parts;
+  ::GetComboBoxInfo(handle(), &parts);
+  edit_.begin(parts.hwndItem);
+}
+
+void ComboView::commanded(int notification) {
+  if (applying()) return;
+  if (notification == CBN_EDITCHANGE) edit_.changed();
+  const bool chosen = notification == CBN_SELENDOK || notification == CBN_SELCHANGE;
+  chosen_ = chosen_ || chosen;
+  // A list that drops down may have changed the text on its own.
+  changed_ = changed_ || chosen || notification == CBN_CLOSEUP;
+}
+
+LRESULT ComboView::received(UINT message, WPARAM wide, LPARAM longer) {
+  ++depth_;
+  const LRESULT result = ControlView::received(message, wide, longer);
+  // The box tells of an entry first and takes its text then, so that has to be waited for.
+  if (--depth_ == 0 && std::exchange(changed_, false)) takeOver();
+  return result;
+}
+
+void ComboView::takeOver() {
+  mark(forms::Property::Text);
+  mark(forms::Property::Index);
+  if (std::exchange(chosen_, false) && selected() >= 0) {
+    forms::userChose(static_cast<forms::ComboBox&>(control()), selected());
+  } else {
+    window().update();
+  }
+}
+
+int ComboView::selected() const {
+  return static_cast<int>(::SendMessageW(handle(), CB_GETCURSEL, 0, 0));
+}
+
+bool ComboView::usesKeys() const {
+  return ::SendMessageW(handle(), CB_GETDROPPEDSTATE, 0, 0) != FALSE;
+}
+
+void ComboView::setPlace(const forms::PixelRect& place) {
+  // The system counts the list that drops down.
+  constexpr int kWithList = 13;
+  ControlView::setPlace({place.left, place.top, place.width, kWithList * place.height});
+  constexpr auto kBox = static_cast<WPARAM>(-1);
+  RECT now{};
+  ::GetWindowRect(handle(), &now);
+  const auto inside = ::SendMessageW(handle(), CB_GETITEMHEIGHT, kBox, 0);
+  const LRESULT wanted = place.height - (now.bottom - now.top - inside);
+  if (wanted > 0 && wanted != inside) ::SendMessageW(handle(), CB_SETITEMHEIGHT, kBox, wanted);
+}
+
+void ComboView::setItems(const std::vector<std::u16string>& items) {
+  if (std::exchange(entries_, items) == items) return;
+  fill(handle(), {CB_RESETCONTENT, CB_INITSTORAGE, CB_ADDSTRING}, items);
+}
+
+void ComboView::setIndex(int index) {
+  if (selected() != index) ::SendMessageW(handle(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+}
+
+}  // namespace kvrnstep::windows

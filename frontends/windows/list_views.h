@@ -1,0 +1,60 @@
+#pragma once
+
+#include "control_view.h"
+#include "edit.h"
+
+namespace kvrnstep::windows {
+
+/// A list of entries of which one can be selected.
+class ListView : public ControlView {
+ public:
+  ListView(WindowView& window, forms::ListBox& list);
+
+  /// Below the selected entry.
+  [[nodiscard]] std::optional<POINT> menuPlace() const override;
+  /// The first entry that equals a text but for letter case; −1 for none.
+  [[nodiscard]] int find(const std::u16string& text) const;
+
+ protected:
+  void commanded(int notification) override;
+  void setItems(const std::vector<std::u16string>& items) override;
+  void setIndex(int index) override;
+  void setTopIndex(int index) override;
+  [[nodiscard]] forms::Scroll scroll() const override;
+  LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
+
+ private:
+  [[nodiscard]] int asked(UINT message) const;
+
+  std::vector<std::u16string> entries_;  ///< as the window shows them
+};
+
+/// A line of text with a drop-down list.
+class ComboView : public ControlView {
+ public:
+  ComboView(WindowView& window, forms::ComboBox& combo);
+
+  [[nodiscard]] HWND keyTarget() const override { return edit_.handle(); }
+  /// An open list closes with Escape, and takes the arrows.
+  [[nodiscard]] bool usesKeys() const override;
+
+ protected:
+  void commanded(int notification) override;
+  void setPlace(const forms::PixelRect& place) override;
+  void setItems(const std::vector<std::u16string>& items) override;
+  void setIndex(int index) override;
+  [[nodiscard]] forms::TextSync* text() override { return &edit_; }
+  LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
+
+ private:
+  void takeOver();
+  [[nodiscard]] int selected() const;
+
+  Edit edit_;
+  std::vector<std::u16string> entries_;  ///< as the list shows them
+  int depth_ = 0;                        ///< of messages that the box deals with
+  bool chosen_ = false;
+  bool changed_ = false;
+};
+
+}  // namespace kvrnstep::windows

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "forms/toolkit.h"
+
+/// What leaves the dialog by other ways than the screen.
+namespace kvrnstep::windows {
+
+/// Replaces what is on the clipboard, unless another program keeps it.
+void putOnClipboard(const std::u16string& text, HWND owner);
+
+/// Prints a text on the default printer as one document, from the top of the first page, in the
+/// printer's own font. Nothing happens without a printer, or when it refuses.
+void printText(const std::u16string& text);
+
+void playSound(const std::u16string& file, forms::SoundMode mode);
+
+}  // namespace kvrnstep::windows
