@@ -15,7 +15,7 @@ namespace kvrnstep::windows {
 
 namespace {
 
-/// 0 for what the system knows.
+/// 0 where the system knows the role.
 LONG roleOf(const forms::Control& control) {
   if (forms::isLink(control)) return ROLE_SYSTEM_LINK;
   if (forms::takesKeyboard(control)) return ROLE_SYSTEM_PUSHBUTTON;
@@ -57,7 +57,7 @@ void AccessibleNames::announce(const ControlView& view) {
   const forms::Control& control = view.control();
   const HWND handle = view.handle();
   if (service_ == nullptr || handle == nullptr) return;
-  // The system reads captions out itself, those too that change.
+  // The system reads captions out itself, also when they change.
   if (!control.row().accessibleName.empty() || control.caption().empty()) {
     const std::u16string name = forms::accessibleName(control);
     setName(handle, name);

@@ -11,14 +11,13 @@ namespace kvrnstep::windows {
 
 class ControlView;
 
-/// What a window's controls are called and what they are, for screen readers, where the system
-/// could not tell from the controls themselves. It hears of nothing when the system lacks the
-/// service.
+/// Tells screen readers, through a service of the system, what a window's controls are called and
+/// what they are, where the system can't tell from the controls themselves. Without the service it
+/// does nothing.
 class AccessibleNames {
  public:
   AccessibleNames();
-  /// To be destroyed before the controls, because the system keeps what it was told by their
-  /// handles.
+  /// To be destroyed before the controls, because the service forgets them by their handles.
   ~AccessibleNames();
   AccessibleNames(const AccessibleNames&) = delete;
   AccessibleNames& operator=(const AccessibleNames&) = delete;
@@ -26,7 +25,7 @@ class AccessibleNames {
   void announce(const ControlView& view);
 
  private:
-  /// The part of a control is one of those that the system counts from 1; 0 is the control.
+  /// @param part of the control, counted from 1 by the system; 0 is the control itself
   void setName(HWND control, const std::u16string& name, DWORD part = 0);
   void setRole(HWND control, LONG role);
 
@@ -35,7 +34,7 @@ class AccessibleNames {
     DWORD part;
   };
 
-  bool joined_;  ///< the thread has joined COM for this
+  bool joined_;  ///< this object has joined the thread to COM
   IAccPropServices* service_ = nullptr;
   std::vector<Told> told_;
 };

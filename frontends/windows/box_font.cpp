@@ -42,13 +42,13 @@ int widthOf(const std::u16string& text, const LOGFONTW& font) {
   return room.right;
 }
 
-/// What is not there is replaced by a font of one pitch: it is an editor's font, and a list has to
-/// line up.
+/// A font that is missing is replaced by one of fixed pitch, because it is most likely an editor's
+/// and the lines of a list have to line up.
 bool wantsOnePitch(std::u16string_view name) {
   return !name.empty() && name != u"MS Sans Serif" && name != kCaptionFamily;
 }
 
-/// A font of dots has no sizes between its own; dense monitors get its outlined sister.
+/// A bitmap font can't be scaled, so at other densities the outline font of the same look is used.
 std::u16string_view scalable(std::u16string_view name, int dpi) {
   return dpi != kNominalDpi && name == u"MS Sans Serif" ? u"Microsoft Sans Serif" : name;
 }

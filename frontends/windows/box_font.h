@@ -7,14 +7,15 @@
 
 namespace kvrnstep::windows {
 
-/// The font of captions on a monitor of that density.
+// All sizes are for a monitor of that many dots per inch.
+
 Font captionFont(int dpi);
-/// The font of a box; without a name or with 0 points the one of the captions in that respect.
+/// The font of a box. Without a name it is the captions' family, with 0 points their size.
 Font boxFont(std::u16string_view name, double points, int dpi);
-/// The size in points that this font has: a font of pixels has only some, and any other is a whole
-/// number of pixels high.
+/// The size in points that this font really has, because a font is a whole number of pixels high
+/// and a bitmap font exists in a few sizes only.
 double boxFontSize(std::u16string_view name, double points, int dpi);
-/// The font of captions, narrowed as far as the text needs to fit the width, within reason.
+/// The captions' font, made narrower until the text fits the width or is half as wide as usual.
 Font fittedFont(const std::u16string& text, int width, bool underlined, int dpi);
 
 }  // namespace kvrnstep::windows

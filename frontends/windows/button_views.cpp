@@ -12,7 +12,8 @@ namespace kvrnstep::windows {
 
 namespace {
 
-/// The first of the option buttons of its container: the arrow keys stay behind it.
+/// Whether this is the first option button of its container. The arrow keys move within a group,
+/// and a group begins where the style says so.
 bool beginsGroup(const forms::Control& button) {
   const auto& all = button.window().controls();
   const auto first = std::ranges::find_if(all, [&](const auto& control) {
@@ -22,7 +23,7 @@ bool beginsGroup(const forms::Control& button) {
   return first->get() == &button;
 }
 
-/// None of them changes its mark by itself, because the control decides.
+/// Of the kinds that don't change their mark themselves, because the control decides.
 DWORD styleOf(const forms::Control& button) {
   if (button.kind() == forms::Kind::CheckBox) return BS_3STATE;
   if (button.kind() == forms::Kind::OptionButton) {
@@ -56,7 +57,7 @@ void ButtonView::fitCaption() {
 }
 
 void ButtonView::setMark(forms::Mark mark) {
-  // The system gives the marks the same numbers.
+  // The system's numbers for the marks are the same.
   static_assert(static_cast<int>(forms::Mark::Mixed) == BST_INDETERMINATE);
   ::SendMessageW(handle(), BM_SETCHECK, static_cast<WPARAM>(mark), 0);
 }

@@ -4,7 +4,7 @@
 
 namespace kvrnstep::windows {
 
-/// Push buttons, check boxes and option buttons: a caption that is never cut, and a click.
+/// A push button, a check box or an option button.
 class ButtonView : public ControlView {
  public:
   ButtonView(WindowView& window, forms::Control& control);

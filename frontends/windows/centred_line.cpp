@@ -5,12 +5,12 @@
 
 namespace kvrnstep::windows {
 
-// The inside of the control is made as low as its line; the bands above and below become part of
-// the frame, look like the inside and take clicks for it.
+// The client area is made as high as the line. The bands that are left above and below it belong to
+// the frame then, so they are painted here, and clicks there are passed on as clicks inside.
 
 namespace {
 
-/// The system asks how large the frame is.
+/// Makes the system ask again how large the frame is.
 void renewFrame(HWND edit) {
   ::SetWindowPos(edit, nullptr, 0, 0, 0, 0,
                  SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -37,7 +37,7 @@ void CentredLine::shrink(RECT& inside) const {
   inside.bottom -= spare - spare / 2;
 }
 
-/// Bands and all, on the screen.
+/// The client area and the bands, on the screen.
 RECT CentredLine::withinFrame() const {
   RECT area{};
   ::GetWindowRect(handle(), &area);
@@ -67,7 +67,7 @@ LRESULT CentredLine::received(UINT message, WPARAM wide, LPARAM longer) {
   const LRESULT result = Receiver::received(message, wide, longer);
   switch (message) {
     case WM_NCCALCSIZE:
-      // Both kinds of parameters begin with the rectangle.
+      // Whichever structure it is, it begins with the rectangle.
       shrink(*reinterpret_cast<RECT*>(longer));
       break;
     case WM_NCPAINT:

@@ -59,7 +59,7 @@ void ControlView::setVisible(bool visible) {
 }
 
 void ControlView::setPlace(const forms::PixelRect& place) {
-  // What a window has drawn at its old edges would move with it.
+  // Nothing is copied, because borders drawn at the old size would stay.
   ::SetWindowPos(handle(), nullptr, place.left, place.top, place.width, place.height,
                  SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }
@@ -85,7 +85,7 @@ std::optional<MouseChange> mouseChange(UINT message) {
   using enum forms::MouseButton;
   constexpr std::array kButtons{Left, Right, Middle};
   if (message < WM_LBUTTONDOWN || message > WM_MBUTTONDBLCLK) return std::nullopt;
-  // Each button has three messages: it goes down, comes up, goes down for a double click.
+  // Each button has three messages: down, up, and down for a double click.
   const UINT number = message - WM_LBUTTONDOWN;
   return MouseChange{kButtons.at(number / 3), number % 3 != 1};
 }

@@ -10,23 +10,24 @@ namespace kvrnstep::windows {
 
 class WindowView;
 
-/// Draws one control with a window of the system and passes the user's actions on it on. Entries of
-/// menus have no window.
+/// Shows one control as a window of the system's class and passes on what the user does there. The
+/// views of menu entries have no window.
 class ControlView : public forms::ControlSync, public Receiver {
  public:
   ControlView(WindowView& window, forms::Control& control);
 
-  /// The window that takes the keys, which in a combo box is a part of it.
+  /// The window that gets the keyboard; in a combo box that is the edit control inside it.
   [[nodiscard]] virtual HWND keyTarget() const { return handle(); }
   /// The window's monitor has another density now.
   void rescale();
 
   void setTabStop(bool on) override;
-  /// Whether the control has a use for all keys at the moment.
+  /// Whether all keys are for the control at the moment.
   [[nodiscard]] virtual bool usesKeys() const { return false; }
-  /// Where on the screen a menu opens that the keyboard asks for; nothing: at the mouse.
+  /// Where on the screen a menu opens that was asked for by a key; without a value, at the mouse.
   [[nodiscard]] virtual std::optional<POINT> menuPlace() const { return std::nullopt; }
-  /// A message by which the control tells the window that holds it. Nothing: what is usual happens.
+  /// Deals with a message that the control sends to its parent; without a value the parent does
+  /// what is usual.
   virtual std::optional<LRESULT> told(UINT message, WPARAM wide, LPARAM longer);
 
  protected:
@@ -38,7 +39,7 @@ class ControlView : public forms::ControlSync, public Receiver {
   LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
 
   virtual void commanded(int /*notification*/) {}
-  /// The brush for the ground, colours set; null for the usual one.
+  /// Sets the colours and returns the brush for the background; null for the usual one.
   virtual HBRUSH colored(HDC /*context*/) { return nullptr; }
 
   void useFont(HFONT font);
@@ -49,17 +50,15 @@ class ControlView : public forms::ControlSync, public Receiver {
   WindowView& window_;
 };
 
-/// The text that a window shows.
 std::u16string textOf(HWND window);
 
-/// What a button of the mouse has done.
 struct MouseChange {
   forms::MouseButton button;
   bool pressed;
 };
-/// Nothing for messages of other kinds.
+/// What a message says of a button of the mouse, if anything.
 std::optional<MouseChange> mouseChange(UINT message);
-/// Whether the mouse is inside of the window, by the coordinates of a message.
+/// Whether the place that a mouse message names is inside of the window.
 bool isInside(HWND window, LPARAM where);
 
 }  // namespace kvrnstep::windows

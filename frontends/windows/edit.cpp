@@ -10,7 +10,7 @@ using forms::TextSelection;
 
 namespace {
 
-/// After these the caret or the mark may be elsewhere.
+/// Whether the caret or the selection may have moved when the message has been dealt with.
 bool movesCaret(UINT message) {
   switch (message) {
     case WM_KEYDOWN:
@@ -54,14 +54,15 @@ LRESULT Edit::received(UINT message, WPARAM wide, LPARAM longer) {
   return result;
 }
 
-/// By a click, which then has nothing else to do.
+/// Gives the box the keyboard on a click. True: the click has no other effect.
 bool Edit::entered() {
   if (::GetFocus() == handle()) return false;
   ::SetFocus(handle());
   return forms::userEntered(box(), forms::Way::Click);
 }
 
-/// A character of two units goes as a whole, which not every system sees to.
+/// Selects both units of a character that has two, because not every version of the system deletes
+/// them together.
 void Edit::markPair(bool beforeCaret) {
   const TextSelection caret = shownSelection();
   if (caret.length != 0 || (beforeCaret && caret.start < 2)) return;
@@ -75,7 +76,7 @@ LRESULT Edit::wantedKeys(WPARAM wide, LPARAM longer) {
   const LRESULT wanted = Receiver::received(WM_GETDLGCODE, wide, longer);
   const auto* message = reinterpret_cast<const MSG*>(longer);
   const bool leads = message != nullptr && (wide == VK_TAB || wide == VK_ESCAPE);
-  // Several lines would take these keys for themselves: Tab leads on, and Escape closes nothing.
+  // A box of several lines would take Tab for itself, and Escape would close its parent.
   return leads ? wanted & ~LRESULT{DLGC_WANTALLKEYS | DLGC_WANTTAB} : wanted;
 }
 

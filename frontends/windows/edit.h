@@ -5,8 +5,8 @@
 
 namespace kvrnstep::windows {
 
-/// Has an edit control of one line show it in the middle of its height, where the caption beside it
-/// is too. The system's own place is the upper edge, whatever the height.
+/// Centres the line of an edit control vertically, as the caption beside it is. By itself the
+/// control shows it at its upper edge.
 class CentredLine final : public Receiver {
  public:
   void centre(HWND edit);
@@ -20,14 +20,14 @@ class CentredLine final : public Receiver {
   void fillBands() const;
 };
 
-/// The window that a user types into, of a text box or of a combo box. Its keys are asked about.
+/// The edit control of a text box or a combo box.
 class Edit final : public forms::TextSync, public Receiver {
  public:
   using TextSync::TextSync;
 
-  /// To be called once, with the window.
+  /// To be called once, when the control exists.
   void begin(HWND edit);
-  /// The window tells that its text has changed.
+  /// The control has told that its text has changed.
   void changed();
 
   [[nodiscard]] std::u16string shownText() const override;

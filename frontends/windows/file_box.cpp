@@ -18,8 +18,8 @@ namespace {
 constexpr DWORD kOpenFlags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY;
 constexpr DWORD kSaveFlags = OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY;
 
-/// The dialogs leave the process in the folder that the user went to; a host's own relative names
-/// must not change their meaning.
+/// Keeps the process's current folder, which the dialogs change. The host's relative paths would
+/// mean something else afterwards.
 class KeptFolder {
  public:
   KeptFolder() { ::GetCurrentDirectoryW(static_cast<DWORD>(folder_.size()), folder_.data()); }
@@ -35,7 +35,7 @@ class KeptFolder {
 struct InCodePage {
   using Request = OPENFILENAMEA;
   using Char = char;
-  /// Nothing for a text that has no place there.
+  /// Nothing for a text that it can't hold.
   static std::optional<std::string> converted(std::u16string_view text) {
     return text::toAnsi(text);
   }
@@ -58,12 +58,12 @@ struct InUtf16 {
   static BOOL save(Request* request) { return ::GetSaveFileNameW(request); }
 };
 
-/// The fields that the dialogs have had from the beginning: 76 bytes where pointers have 4.
+/// The structure without the fields that later versions have added: 76 bytes with 32-bit pointers.
 constexpr DWORD kRequestSize = offsetof(OPENFILENAMEA, pvReserved);
 static_assert(sizeof(void*) != 4 || kRequestSize == 76);
 static_assert(kRequestSize == offsetof(OPENFILENAMEW, pvReserved));
 
-/// Display text and pattern in turn, each ended by a NUL, and two more behind the last one.
+/// Pairs of display text and pattern, each ended by a NUL; another NUL ends the list.
 std::u16string filterList(const forms::FileDialog& dialog) {
   std::u16string list;
   for (const forms::FileFilter& filter : dialog.filters) {
@@ -75,8 +75,7 @@ std::u16string filterList(const forms::FileDialog& dialog) {
   return list + u'\0' + u'\0';
 }
 
-/// The dialogs do not open at all with a name that holds what no file name may, or that is longer
-/// than their buffer.
+/// Without the characters that file names can't have, because the dialogs don't open with those.
 std::u16string proposedName(std::u16string name) {
   static constexpr std::u16string_view kNeverInNames = u"<>:\"/\\|?*";
   std::erase_if(name, [](char16_t character) {
@@ -85,7 +84,7 @@ std::u16string proposedName(std::u16string name) {
   return name;
 }
 
-/// The dialogs begin in a folder only if it is named in full.
+/// The dialogs ignore a relative path.
 std::u16string fullFolder(const std::u16string& folder) {
   std::array<wchar_t, 0x8000> full{};
   const DWORD length =

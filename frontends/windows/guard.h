@@ -5,8 +5,9 @@
 
 namespace kvrnstep::windows {
 
-/// What went wrong in a window procedure of this thread. No exception may pass through the system
-/// that called the procedure; it is kept until our own code has control again.
+/// The exception that was thrown in a window procedure of this thread, if any. It must not pass
+/// through the system, which called the procedure, so it is kept until our own code has control
+/// again.
 inline std::exception_ptr& keptFailure() {
   static thread_local std::exception_ptr kept;
   return kept;

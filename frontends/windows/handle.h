@@ -7,7 +7,7 @@
 
 namespace kvrnstep::windows {
 
-/// Frees what a handle stands for by the function that its kind wants.
+/// Frees a handle with the function for its kind.
 template <auto Free>
 struct Freed {
   template <class T>
@@ -24,7 +24,7 @@ using Accelerators =
     std::unique_ptr<std::remove_pointer_t<HACCEL>, Freed<::DestroyAcceleratorTable>>;
 using WindowHandle = std::unique_ptr<std::remove_pointer_t<HWND>, Freed<::DestroyWindow>>;
 
-/// Draws and measures in a window, or on the screen when that is null, with a font.
+/// A device context of a window, or of the screen for null, with a font selected.
 class Drawing {
  public:
   Drawing(HWND window, HFONT font)

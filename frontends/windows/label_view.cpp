@@ -16,7 +16,7 @@
 namespace kvrnstep::windows {
 
 LRESULT MouseView::received(UINT message, WPARAM wide, LPARAM longer) {
-  // Tab passes over what calls itself a plain label.
+  // Tab would skip it as a static control.
   if (message == WM_GETDLGCODE && forms::takesKeyboard(control())) return DLGC_BUTTON;
   if (message == WM_SETFOCUS || message == WM_KILLFOCUS) {
     ::InvalidateRect(handle(), nullptr, TRUE);
@@ -61,8 +61,8 @@ void LabelView::recolor() {
   color_ = RGB(link.red, link.green, link.blue);
 }
 
-/// Those that are dragged stand in one row and have room between them. Without some of it, some
-/// would be squeezed and others not.
+/// Labels that can be dragged are in one row with gaps between them. They take a part of the gaps,
+/// because otherwise some captions would be narrowed and others not.
 int LabelView::width(int planned) const {
   constexpr int kSpare = 4;
   return planned + (control().row().draggable ? toPixels(kSpare, window().dpi()) : 0);
@@ -84,9 +84,9 @@ void LabelView::fitCaption() {
 }
 
 LRESULT LabelView::received(UINT message, WPARAM wide, LPARAM longer) {
-  // With the mouse captured nobody asks for the cursor.
+  // While the mouse is captured the system sends no WM_SETCURSOR.
   if (message == WM_MOUSEMOVE && dragged_) ::SetCursor(cursorOf(control().dragCursor()));
-  // Releasing the button ends the drag before the capture goes; here something took it away.
+  // Another window takes the mouse: the drag is over without a drop.
   if (message == WM_CAPTURECHANGED && reinterpret_cast<HWND>(longer) != nullptr) dragged_ = false;
   const LRESULT result = MouseView::received(message, wide, longer);
   if (message == WM_PAINT && hasFocus()) drawFocus();

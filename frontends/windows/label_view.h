@@ -4,23 +4,23 @@
 
 namespace kvrnstep::windows {
 
-/// What takes the mouse: a button that is pressed and released over it counts. What can be clicked
-/// or dragged takes the keyboard too.
+/// A control that is clicked by pressing and releasing a button of the mouse over it. If it can be
+/// clicked or dragged it takes the keyboard, too.
 class MouseView : public ControlView {
  public:
   using ControlView::ControlView;
 
  protected:
   LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
-  /// The left button has gone down; it is held until it comes up or something takes it away.
+  /// The left button has gone down …
   virtual void pressed() {}
+  /// … and come up again, wherever the mouse is by then.
   virtual void released(POINT /*onScreen*/) {}
   [[nodiscard]] bool hasFocus() const { return ::GetFocus() == handle(); }
 };
 
-/// A caption, plain, to be clicked or to be dragged. From the press of the left button to its
-/// release the mouse carries a label about; what is dragged never leaves the window, so no other
-/// program is told of it.
+/// A plain caption, a link, or a label that can be dragged. Dragging is done with the mouse
+/// captured and not with the system's drag and drop, because nothing is dragged out of the window.
 class LabelView : public MouseView {
  public:
   LabelView(WindowView& window, forms::Control& label);

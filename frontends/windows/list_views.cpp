@@ -11,15 +11,15 @@ namespace kvrnstep::windows {
 
 namespace {
 
-/// What list boxes and combo boxes understand under different numbers.
+/// Messages that list boxes and combo boxes both have, under different numbers.
 struct FillMessages {
   UINT clear;
   UINT reserve;
   UINT add;
 };
 
-/// Nothing is drawn meanwhile, so that thousands of entries are in place at once. Some systems
-/// would go on drawing the scroll bar, for each of them, unless the window counts as hidden.
+/// Replaces all entries. Drawing is off meanwhile, which makes thousands of them fast; Wine draws
+/// the scroll bar for each of them all the same unless the window counts as hidden.
 void fill(HWND list, const FillMessages& messages, const std::vector<std::u16string>& entries) {
   const bool visible = (::GetWindowLongPtrW(list, GWL_STYLE) & WS_VISIBLE) != 0;
   std::size_t bytes = 0;
@@ -124,14 +124,15 @@ void ComboView::commanded(int notification) {
   if (notification == CBN_EDITCHANGE) edit_.changed();
   const bool chosen = notification == CBN_SELENDOK || notification == CBN_SELCHANGE;
   chosen_ = chosen_ || chosen;
-  // A list that drops down may have changed the text on its own.
+  // Dropping the list down may have completed the text.
   changed_ = changed_ || chosen || notification == CBN_CLOSEUP;
 }
 
 LRESULT ComboView::received(UINT message, WPARAM wide, LPARAM longer) {
   ++depth_;
   const LRESULT result = ControlView::received(message, wide, longer);
-  // The box tells of an entry first and takes its text then, so that has to be waited for.
+  // The box tells of a chosen entry before it takes over its text, so this waits for the end of
+  // the outermost message.
   if (--depth_ == 0 && std::exchange(changed_, false)) takeOver();
   return result;
 }
@@ -155,7 +156,7 @@ bool ComboView::usesKeys() const {
 }
 
 void ComboView::setPlace(const forms::PixelRect& place) {
-  // The system counts the list that drops down.
+  // The height includes that of the list that drops down.
   constexpr int kWithList = 13;
   ControlView::setPlace({place.left, place.top, place.width, kWithList * place.height});
   constexpr auto kBox = static_cast<WPARAM>(-1);

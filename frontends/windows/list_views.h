@@ -10,7 +10,6 @@ class ListView : public ControlView {
  public:
   ListView(WindowView& window, forms::ListBox& list);
 
-  /// Below the selected entry.
   [[nodiscard]] std::optional<POINT> menuPlace() const override;
   /// The first entry that equals a text but for letter case; −1 for none.
   [[nodiscard]] int find(const std::u16string& text) const;
@@ -35,7 +34,7 @@ class ComboView : public ControlView {
   ComboView(WindowView& window, forms::ComboBox& combo);
 
   [[nodiscard]] HWND keyTarget() const override { return edit_.handle(); }
-  /// An open list closes with Escape, and takes the arrows.
+  /// While the list is open, Escape closes it and the arrows move in it.
   [[nodiscard]] bool usesKeys() const override;
 
  protected:
@@ -52,7 +51,7 @@ class ComboView : public ControlView {
 
   Edit edit_;
   std::vector<std::u16string> entries_;  ///< as the list shows them
-  int depth_ = 0;                        ///< of messages that the box deals with
+  int depth_ = 0;                        ///< of the messages that are being dealt with
   bool chosen_ = false;
   bool changed_ = false;
 };

@@ -18,7 +18,6 @@ namespace {
 
 constexpr UINT kFirstCommand = 1000;
 
-/// The caption with the shortcut behind it, as menus show it.
 std::u16string labelOf(const Control& entry, const std::u16string& caption) {
   const std::string_view keys = entry.row().shortcut;
   std::u16string label = caption;
@@ -89,7 +88,7 @@ std::optional<MenuPlace> MenuBar::placeOf(const Control& entry) const {
   return std::nullopt;
 }
 
-/// Behind those before it that are shown.
+/// Behind those of the entries before it that are shown.
 UINT MenuBar::positionFor(const Control& entry) const {
   UINT position = 0;
   for (const auto& other : window_.controls()) {

@@ -9,7 +9,7 @@
 
 namespace kvrnstep::windows {
 
-/// Where a menu entry stands: in which menu, and at which place of it.
+/// Which menu shows an entry, and as which one from the top.
 struct MenuPlace {
   HMENU menu = nullptr;
   int position = -1;
@@ -25,7 +25,7 @@ class MenuBar {
   [[nodiscard]] HACCEL accelerators() const { return accelerators_.get(); }
   /// The menu that an entry opens; null for a plain entry.
   [[nodiscard]] HMENU menuOf(const forms::Control& entry) const;
-  /// Nothing for menus that pop up, and for what is not shown.
+  /// Nothing for a pop-up menu and for an entry that is not shown.
   [[nodiscard]] std::optional<MenuPlace> placeOf(const forms::Control& entry) const;
   /// The entry of a command; null for other numbers.
   [[nodiscard]] forms::MenuEntry* entryOf(UINT command) const;
@@ -39,13 +39,13 @@ class MenuBar {
   void makeAccelerators();
 
   const forms::Window& window_;
-  // What the bar holds goes with the window, too; to free it once more fails and does no harm.
+  // The system frees the bar and the menus in it with the window; to free them again fails and does
+  // no harm.
   Menu bar_;
   std::unordered_map<const forms::Control*, Menu> menus_;  ///< by the entries that open them
   Accelerators accelerators_;
 };
 
-/// Shows a menu entry.
 class MenuEntryView : public ControlView {
  public:
   MenuEntryView(WindowView& window, forms::MenuEntry& entry) : ControlView(window, entry) {}

@@ -10,7 +10,7 @@ namespace kvrnstep::windows {
 
 namespace {
 
-/// Made with the first window and kept, because windows that outlast a call would miss it.
+/// Made once, with the first window.
 HANDLE controlsContext() {
   static const HANDLE context = [] {
     ACTCTXW wanted{};

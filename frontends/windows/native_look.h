@@ -4,9 +4,8 @@
 
 namespace kvrnstep::windows {
 
-/// While it lives, what this thread makes has the look and the scaling that the module wants,
-/// whatever the host's windows have: the common controls of the module's own manifest, and pixels
-/// that are those of the screen.
+/// While it lives, windows that this thread makes have the common controls of the module's manifest
+/// and are scaled by the monitor that they are on, whatever the host's windows do.
 class NativeLook {
  public:
   NativeLook();

@@ -17,7 +17,7 @@ namespace kvrnstep::windows {
 
 namespace {
 
-/// Movable memory with the text and the NUL that ends it, as the clipboard wants it.
+/// The text and a NUL in movable memory, which is what the clipboard takes.
 HGLOBAL memoryWith(const std::u16string& text) {
   const std::size_t bytes = (text.size() + 1) * sizeof(char16_t);
   const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, bytes);
@@ -27,7 +27,7 @@ HGLOBAL memoryWith(const std::u16string& text) {
   return memory;
 }
 
-/// Another program may hold the clipboard for a moment.
+/// Tries for a while, because another program may have the clipboard open.
 bool openClipboard(HWND owner) {
   constexpr int kAttempts = 20;
   constexpr DWORD kPause = 10;
@@ -48,7 +48,7 @@ Printer defaultPrinter() {
   return Printer(::CreateDCW(L"WINSPOOL", text::wide(name), nullptr, nullptr));
 }
 
-/// Lines go down the page; behind the last one that fits the next page begins.
+/// Prints lines from the top of a page down and begins another page when it is full.
 class Pages {
  public:
   explicit Pages(HDC printer) : printer_(printer), height_(::GetDeviceCaps(printer, VERTRES)) {

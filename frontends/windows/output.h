@@ -6,7 +6,7 @@
 
 #include "forms/toolkit.h"
 
-/// What leaves the dialog by other ways than the screen.
+/// Where texts and sounds go besides the screen.
 namespace kvrnstep::windows {
 
 /// Replaces what is on the clipboard, unless another program keeps it.

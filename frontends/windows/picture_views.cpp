@@ -9,7 +9,7 @@ namespace kvrnstep::windows {
 
 namespace {
 
-/// Two lines around the picture; one of dots would be lost in it.
+/// Two solid lines, because a dotted one could not be seen on the picture.
 void drawFocus(HDC context, RECT room) {
   ::FrameRect(context, &room, ::GetSysColorBrush(COLOR_WINDOWTEXT));
   ::InflateRect(&room, -1, -1);
@@ -50,7 +50,7 @@ void ImageView::draw(const DRAWITEMSTRUCT& request) const {
 
 StatusBarView::StatusBarView(WindowView& window, forms::Control& bar) : ControlView(window, bar) {
   create(STATUSCLASSNAMEW, SBARS_SIZEGRIP | CCS_NOPARENTALIGN | CCS_NORESIZE | CCS_NODIVIDER);
-  // A button lies on it; the frame of a text that is never there would run behind that.
+  // It never has a text, and a button is in front of it, so the frame around the text is left out.
   ::SendMessageW(handle(), SB_SETTEXTW, SBT_NOBORDERS, reinterpret_cast<LPARAM>(L""));
 }
 

@@ -5,7 +5,6 @@
 
 namespace kvrnstep::windows {
 
-/// A picture.
 class ImageView : public MouseView {
  public:
   ImageView(WindowView& window, forms::Control& image);
@@ -22,13 +21,13 @@ class ImageView : public MouseView {
   Icon picture_;
 };
 
-/// A strip along the window's bottom edge, with the grip for sizing the window.
+/// A strip along the window's bottom edge, with a grip to size the window by.
 class StatusBarView : public ControlView {
  public:
   StatusBarView(WindowView& window, forms::Control& bar);
 };
 
-/// A frame or a panel: a plain ground for what it contains.
+/// A frame or a panel; nothing is drawn of it but what it contains.
 class ContainerView : public ControlView {
  public:
   ContainerView(WindowView& window, forms::Control& container);

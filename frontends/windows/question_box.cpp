@@ -13,14 +13,14 @@ namespace {
 
 constexpr int kLine = 100;
 
-// Pixels at the nominal density.
+// Pixels at 96 dots per inch.
 constexpr int kMargin = 10;
 constexpr int kWidth = 280;
 constexpr int kLineHeight = 21;
 constexpr int kButtonWidth = 75;
 constexpr int kButtonHeight = 23;
 
-/// A dialog without controls: they are added when it is known how large the prompt is.
+/// A dialog without controls. They are added when the height of the prompt is known.
 struct Template {
   alignas(4) DLGTEMPLATE box{};
   WORD menu = 0;
@@ -60,7 +60,7 @@ INT_PTR CALLBACK QuestionBox::procedure(HWND box, UINT message, WPARAM wide, LPA
     if (message == WM_INITDIALOG) {
       ::SetWindowLongPtrW(box, DWLP_USER, longer);
       reinterpret_cast<QuestionBox*>(longer)->build(box);
-      return FALSE;  // the focus is where it should be
+      return FALSE;  // the focus has been set
     }
     if (message != WM_COMMAND || (LOWORD(wide) != IDOK && LOWORD(wide) != IDCANCEL)) return FALSE;
     auto* self = reinterpret_cast<QuestionBox*>(::GetWindowLongPtrW(box, DWLP_USER));

@@ -4,16 +4,16 @@
 #include "handle.h"
 #include "platform/windows/this_module.h"
 
-/// What the module that this code is part of carries with it.
+/// The resources of the module that this code is part of.
 namespace kvrnstep::windows {
 
 using platform::thisModule;
 
-/// The picture in the best size that is there for a square of so many pixels; null for none.
+/// The picture at that size, scaled from the nearest one that there is; null for no picture.
 Icon loadPicture(forms::Picture picture, int pixels);
-/// The icon of the windows; shared, never to be freed.
+/// The icon of the windows. The system owns it.
 HICON windowIcon(int pixels);
-/// The mouse cursor of that resource; null for 0 or one that is not there. Shared.
+/// The mouse cursor of that resource; null where there is none. The system owns it.
 HCURSOR cursorOf(int resourceId);
 
 }  // namespace kvrnstep::windows

@@ -6,26 +6,26 @@
 
 #include "forms/control.h"
 
-/// Monitors. Sizes are thought of in 1/96 inch and shown in the pixels of the monitor.
+/// Monitors and their pixels.
 namespace kvrnstep::windows {
 
 inline constexpr int kNominalDpi = 96;
 
-/// Dots per inch of the whole desktop; GetDpiForWindow tells those of a window's monitor.
+/// Dots per inch by which places on the desktop are counted. A window's monitor may have others.
 int desktopDpi();
 
-/// Pixels of so many 1/96 inch, and back.
+/// From 1/96 inch to pixels, and back.
 int toPixels(double units, int dpi);
 double fromPixels(int pixels, int dpi);
 
-/// The outside of a window whose inside has this size.
+/// The size of a window with its frame, given that of its inside.
 SIZE outsideOf(SIZE inside, DWORD style, bool menu, int dpi);
 
-/// Where the upper left corner of a window is shown that is wanted there: on the monitors, as far
-/// as they have room. In pixels of the desktop.
+/// The upper left corner of a window that is wanted at a place, moved so that the window is on a
+/// monitor. In pixels of the desktop.
 POINT cornerOnScreen(const RECT& wanted);
 
-/// What the task bar and its like leave of each monitor, in pixels of the desktop.
+/// The work area of each monitor, in pixels of the desktop.
 std::vector<forms::Rect> screens();
 
 }  // namespace kvrnstep::windows

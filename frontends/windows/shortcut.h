@@ -12,7 +12,7 @@ struct Shortcut {
   bool control = false;
 };
 
-/// "Ctrl+O" or a letter or digit alone; nothing for other texts.
+/// Of a text such as "Ctrl+O", or of a letter or digit alone; nothing for other texts.
 constexpr std::optional<Shortcut> shortcutOf(std::string_view keys) {
   constexpr std::string_view kControl = "Ctrl+";
   const bool control = keys.starts_with(kControl);

@@ -8,8 +8,8 @@ namespace kvrnstep::windows {
 SpinnerView::SpinnerView(WindowView& window, forms::Spinner& spinner)
     : ControlView(window, spinner) {
   create(UPDOWN_CLASSW, UDS_ARROWKEYS);
-  // Kept in the middle, so that both arrows always have somewhere to go: the control knows where
-  // its range ends.
+  // The widget's own value stays in the middle of its range, because the control has the real one
+  // and both arrows are to work always.
   constexpr int kEnd = 100;
   ::SendMessageW(handle(), UDM_SETRANGE32, 0, kEnd);
   ::SendMessageW(handle(), UDM_SETPOS32, 0, kEnd / 2);

@@ -4,14 +4,13 @@
 
 namespace kvrnstep::windows {
 
-/// Two arrows, one above the other, beside the box that shows the value. They hold no value of
-/// their own.
+/// Two arrows beside the box that shows the value.
 class SpinnerView : public ControlView {
  public:
   SpinnerView(WindowView& window, forms::Spinner& spinner);
 
   std::optional<LRESULT> told(UINT message, WPARAM wide, LPARAM longer) override;
-  /// The box whose arrow keys turn the value too.
+  /// The up and down keys in that box turn the spinner, too.
   void setBuddy(forms::ControlSync& box) override;
 };
 

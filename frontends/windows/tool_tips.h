@@ -8,7 +8,7 @@
 
 namespace kvrnstep::windows {
 
-/// What shows the yellow notes of a window.
+/// The window that shows the tool tips of another one's controls.
 WindowHandle toolTipsOf(HWND window);
 void addToolTip(HWND tips, HWND control, std::u16string_view text);
 

@@ -25,7 +25,7 @@ class RegisteredClass {
     wanted.hIconSm = windowIcon(::GetSystemMetrics(SM_CXSMICON));
     ::RegisterClassExW(&wanted);
   }
-  /// The system does not do that when it unloads a module.
+  /// The system does not do this when it unloads the module.
   ~RegisteredClass() { ::UnregisterClassW(kClassName, thisModule()); }
   RegisteredClass(const RegisteredClass&) = delete;
   RegisteredClass& operator=(const RegisteredClass&) = delete;

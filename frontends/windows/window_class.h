@@ -6,11 +6,11 @@
 
 namespace kvrnstep::windows {
 
-/// The name of the class of our windows and of the grounds in them. It is registered as long as the
-/// module is loaded.
+/// The name of the class of our windows and of containers. It is registered while the module is
+/// loaded.
 const wchar_t* ownClass();
 
-/// Whoever gets the messages of a window before the system deals with them.
+/// Gets the messages of a window before the system deals with them.
 class Receiver {
  public:
   Receiver(const Receiver&) = delete;
@@ -25,9 +25,9 @@ class Receiver {
 
   /// To be called once.
   void adopt(HWND handle);
-  /// From now on the window's messages go to the system alone. The window.
+  /// Gives the window up and returns it.
   HWND release();
-  /// Whoever overrides it passes the rest on.
+  /// An override calls this for what it does not deal with.
   virtual LRESULT received(UINT message, WPARAM wide, LPARAM longer);
 
  private:

@@ -39,18 +39,18 @@ bool isPushButton(HWND control) {
   return (code & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0;
 }
 
-/// The one that waits until the window has been unloaded.
+/// Ends the wait of the loop that runs while the window is open.
 void wakeLoop() {
   ::PostThreadMessageW(::GetCurrentThreadId(), WM_NULL, 0, 0);
 }
 
-/// What only decorates lies behind what is used.
+/// Whether the control is there to be looked at only.
 bool decorates(const Control& control) {
   return control.kind() == Kind::StatusBar ||
          (control.kind() == Kind::Image && !forms::takesKeyboard(control));
 }
 
-/// The control that tells its parent something; null for messages that do not do that.
+/// The control that has sent a message to its parent; null for messages of other kinds.
 HWND tellerIn(UINT message, LPARAM longer) {
   switch (message) {
     case WM_COMMAND:
@@ -86,7 +86,7 @@ WindowView::~WindowView() {
   ::DestroyWindow(release());
 }
 
-/// Makes the window; its density.
+/// Makes the window and returns its dots per inch.
 int WindowView::create(HWND owner) {
   adopt(::CreateWindowExW(WS_EX_CONTROLPARENT, ownClass(), L"", style_, 0, 0, 0, 0, owner,
                           menus_.bar(), thisModule(), nullptr));
@@ -138,7 +138,7 @@ bool WindowView::translates(MSG& message) {
   tellOf(message);
   if (::TranslateAcceleratorW(handle(), menus_.accelerators(), &message) != 0) return true;
   if (pressed(message)) return true;
-  // Enter presses the button that has the focus, and no other one.
+  // IsDialogMessage would look for a default button, and there is none.
   if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN && isPushButton(message.hwnd)) {
     ::SendMessageW(message.hwnd, BM_CLICK, 0, 0);
     return true;
@@ -149,7 +149,7 @@ bool WindowView::translates(MSG& message) {
   return taken;
 }
 
-/// Keys go down and come up, whatever becomes of them.
+/// Tells the window of keys that go down and come up, whoever deals with them.
 void WindowView::tellOf(const MSG& message) {
   const auto code = static_cast<forms::KeyCode>(HIWORD(message.lParam)) & (KF_EXTENDED | 0xFFU);
   const bool repeated = (HIWORD(message.lParam) & KF_REPEAT) != 0;
@@ -162,7 +162,7 @@ void WindowView::tellOf(const MSG& message) {
   }
 }
 
-/// Whether a key was a command, and has been carried out.
+/// True when a key was a command that has been carried out.
 bool WindowView::pressed(const MSG& message) {
   if (const char16_t letter = letterWithAlt(message)) return activatedBy(letter);
   const auto key = commandKeyOf(message);
@@ -174,7 +174,8 @@ bool WindowView::pressed(const MSG& message) {
   return dealtWith;
 }
 
-/// The system's labels lead on to the next control; ours are clicked.
+/// Clicks the label or image that has this mnemonic. The system would give the focus to the control
+/// behind it.
 bool WindowView::activatedBy(char16_t letter) {
   for (const auto& control : window().controls()) {
     if (!forms::takesKeyboard(*control) || !control->reachable()) continue;
@@ -199,7 +200,7 @@ void WindowView::enteredByKey() {
   if (forms::holdsText(control)) {
     forms::userEntered(static_cast<forms::TextControl&>(control), forms::Way::Tab);
   } else if (control.kind() == Kind::OptionButton) {
-    // On some systems an arrow key leads to an option without choosing it.
+    // Wine moves the focus without choosing the option.
     if (!static_cast<forms::OptionButton&>(control).value()) forms::userClicked(control);
   }
 }
@@ -219,7 +220,7 @@ LRESULT WindowView::received(UINT message, WPARAM wide, LPARAM longer) {
       forms::userClosed(window());
       return 0;
     case WM_ENDSESSION:
-      // The process may end as soon as this returns; what is to be kept is kept now.
+      // The process may end as soon as this returns, so the settings are saved now.
       if (wide != FALSE) forms::userClosed(window());
       return 0;
     case WM_NCDESTROY:
@@ -234,7 +235,7 @@ LRESULT WindowView::received(UINT message, WPARAM wide, LPARAM longer) {
       forms::userLeft(window());
       return 0;
     case WM_NEXTDLGCTL:
-      // The arrow keys have found where they lead.
+      // IsDialogMessage asks for the focus to move.
       if (LOWORD(longer) != 0) ::SetFocus(reinterpret_cast<HWND>(wide));
       return 0;
     case WM_WINDOWPOSCHANGED:
@@ -275,7 +276,7 @@ void WindowView::setInnerSize(forms::PixelSize size) {
   RECT now{};
   ::GetClientRect(handle(), &now);
   if (now.bottom == size.height) return;
-  // The menu bar needs more lines than one, or the frame is another one than was foretold.
+  // The menu bar has more than one line, or the frame is not the predicted one.
   outside.cy += size.height - now.bottom;
   resize();
 }
@@ -299,7 +300,8 @@ void WindowView::setPosition(forms::PixelPoint position) {
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-/// The system leads Tab from the front to the back, so what lies in front is what comes first.
+/// Tab goes from the front to the back, so the controls are stacked in its order. Those that can't
+/// be reached come last, so that they never cover others.
 void WindowView::setTabOrder(const std::vector<Control*>& order) {
   std::vector<Control*> sorted = order;
   std::ranges::stable_sort(sorted, {}, [](const Control* control) {
@@ -325,8 +327,8 @@ bool WindowView::holdsKeys(HWND control) const {
          ::IsWindowVisible(control) != FALSE && ::IsWindowEnabled(control) != FALSE;
 }
 
-/// Where Tab leads from a control, whether or not that can still be reached; from nowhere, to the
-/// first one.
+/// Where Tab leads from a window, even if that can no longer be reached; from null, to the first
+/// control.
 HWND WindowView::stopAfter(HWND before) const {
   std::vector<Control*> order = forms::tabOrder(window());
   const auto held = std::ranges::find_if(order, [&](const Control* control) {
@@ -345,7 +347,7 @@ void WindowView::giveKeyboard(const Control* control) {
     if (::GetActiveWindow() == handle()) ::SetFocus(lastFocus_);
     return;
   }
-  // Keys must not go to what has just been disabled or hidden.
+  // A control that has just been disabled or hidden would go on getting the keys.
   if (::GetActiveWindow() == handle() && !holdsKeys(::GetFocus())) {
     ::SetFocus(stopAfter(focusBefore_));
   }
@@ -385,7 +387,7 @@ void WindowView::reportPlace() {
 
 void WindowView::limitSize(MINMAXINFO& limits) const {
   if (!window().design().resizable) {
-    // The system would cut off what does not fit on the screen, and nobody could pull it there.
+    // The system would make the window as small as the screen, and it has no border to size it by.
     limits.ptMaxTrackSize = {SHRT_MAX, SHRT_MAX};
     return;
   }
@@ -397,7 +399,7 @@ void WindowView::limitSize(MINMAXINFO& limits) const {
 
 void WindowView::rescale(int dpi, const RECT& proposed) {
   dpi_ = dpi;
-  // The old font is in use until all have the new one.
+  // The controls use the old font until all have the new one.
   const Font before = std::exchange(captionFont_, windows::captionFont(dpi_));
   for (const auto& control : window().controls()) viewOf(*control).rescale();
   ::SetWindowPos(handle(), nullptr, proposed.left, proposed.top, 0, 0,

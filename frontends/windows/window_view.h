@@ -12,8 +12,7 @@
 
 namespace kvrnstep::windows {
 
-/// Draws one window for as long as it is open. Its handle is null when somebody else has destroyed
-/// it.
+/// Shows one window while it is open. The handle is null when somebody else has destroyed it.
 class WindowView final : public forms::ViewSync, public Receiver {
  public:
   WindowView(forms::Window& window, HWND owner);
@@ -24,19 +23,19 @@ class WindowView final : public forms::ViewSync, public Receiver {
   [[nodiscard]] MenuBar& menus() { return menus_; }
 
   void show();
-  /// Deals with a message of the thread that is a shortcut or leads the keyboard about in this
-  /// window. False: it is for somebody else.
+  /// Deals with a message of the thread if it is a key that is a shortcut or moves the focus in
+  /// this window. False: the message is to be dispatched.
   bool translates(MSG& message);
 
   // For the views of the controls.
   [[nodiscard]] HWND parentFor(const forms::Control& control) const;
   [[nodiscard]] int dpi() const { return dpi_; }
   [[nodiscard]] HFONT captionFont() const { return captionFont_.get(); }
-  /// The control that a click at that point of the screen would meet, or null.
+  /// The control at a point of the screen, or null.
   [[nodiscard]] forms::Control* controlAt(POINT onScreen) const;
-  /// Where a pop-up menu opens: at the mouse, or where the keyboard has asked for it.
+  /// Where a pop-up menu opens: at the mouse, or at the control where a key has asked for it.
   [[nodiscard]] POINT menuPlace() const;
-  /// Has the view of a control deal with what that tells its parent; nothing for other messages.
+  /// Passes a message that a control has sent to its parent to the control's view.
   std::optional<LRESULT> reflected(UINT message, WPARAM wide, LPARAM longer);
 
   std::optional<int> findEntry(const forms::ListBox& list, const std::u16string& text) override;
@@ -57,7 +56,7 @@ class WindowView final : public forms::ViewSync, public Receiver {
   LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
 
  private:
-  /// The view whose control has this window or takes its keys with it; null for other windows.
+  /// The view that this window belongs to, or null.
   [[nodiscard]] ControlView* viewAt(HWND window) const;
 
   int create(HWND owner);
@@ -83,7 +82,7 @@ class WindowView final : public forms::ViewSync, public Receiver {
   std::vector<HWND> depth_;
   std::optional<POINT> menuPlace_;
   HWND lastFocus_ = nullptr;
-  HWND focusBefore_ = nullptr;  ///< before the changes that are being shown
+  HWND focusBefore_ = nullptr;  ///< where the focus was before the changes that are being shown
 };
 
 }  // namespace kvrnstep::windows

@@ -18,8 +18,8 @@ using forms::kTwipsPerPixel;
 
 namespace {
 
-/// While it lives, all other windows of this thread, the host's too, take no input from the user.
-/// Afterwards the one that had the keyboard has it again.
+/// Disables all other windows of this thread, the host's too, as long as it lives. Then the one
+/// that was active is active again.
 class Modality {
  public:
   explicit Modality(HWND window) : exempt_(window), active_(::GetActiveWindow()) {
@@ -49,7 +49,7 @@ class Modality {
   std::vector<HWND> disabled_;
 };
 
-/// Has a window drawn by its view, as long as both live.
+/// Attaches a view to its window as long as it lives.
 class Attached {
  public:
   Attached(forms::Window& window, WindowView& view, std::vector<WindowView*>& open)
@@ -106,7 +106,7 @@ void WindowsToolkit::waitUntilUnloaded(WindowView& view) {
       ::WaitMessage();
     }
   }
-  // Somebody else may have destroyed it on the screen.
+  // If somebody else has destroyed the view's window, this one has not been closed yet.
   forms::userClosed(view.window());
 }
 
@@ -123,7 +123,7 @@ bool WindowsToolkit::dealWithOne() {
   return true;
 }
 
-/// The host wants to end: our window closes, and the host's own loop hears of it too.
+/// The host ends: our window closes, and the message is posted again for the host's own loop.
 void WindowsToolkit::quit(int status) {
   if (!open_.empty()) forms::userClosed(open_.back()->window());
   ::PostQuitMessage(status);
@@ -169,7 +169,7 @@ void WindowsToolkit::print(const std::u16string& text) {
 }
 
 void WindowsToolkit::setBusy(bool busy) {
-  // No messages run meanwhile, so nothing puts another cursor there.
+  // No messages are dealt with meanwhile, so nothing changes the cursor.
   ::SetCursor(::LoadCursorW(nullptr, busy ? IDC_WAIT : IDC_ARROW));
 }
 

@@ -7,15 +7,15 @@
 
 namespace kvrnstep::windows {
 
-/// Has the user's part.
+/// Stands in for the user.
 class Attendant {
  public:
   virtual ~Attendant() = default;
-  /// Nothing is waiting to be dealt with or drawn.
+  /// All messages have been dealt with and everything is drawn.
   virtual void windowIdle(WindowView& view) = 0;
 };
 
-/// Shows windows with the system's own.
+/// Shows windows with those of the system.
 class WindowsToolkit final : public forms::Toolkit {
  public:
   explicit WindowsToolkit(Attendant* attendant = nullptr) : attendant_(attendant) {}
@@ -36,12 +36,12 @@ class WindowsToolkit final : public forms::Toolkit {
 
   /// Null for a window that is not open.
   [[nodiscard]] WindowView* viewOf(const forms::Window& window) const;
-  /// Deals with one message that is waiting; false: there is none.
+  /// Deals with a message that is waiting. False: there is none.
   bool dealWithOne();
 
  private:
-  /// The topmost open window, or null; all that has changed is drawn before another one comes to
-  /// lie over it.
+  /// The topmost open window, or null. Its changes are shown first, because another window is about
+  /// to be in front of it.
   HWND owner();
   void waitUntilUnloaded(WindowView& view);
   void quit(int status);

@@ -46,7 +46,7 @@ bool outputIsRead() {
   const HANDLE output = ::GetStdHandle(STD_OUTPUT_HANDLE);
   const DWORD type = ::GetFileType(output);
   if (type != FILE_TYPE_CHAR) return type != FILE_TYPE_UNKNOWN;
-  // A console that the system made for this program alone goes with it.
+  // A console that was opened for this program alone closes with it.
   DWORD mode = 0;
   DWORD process = 0;
   return ::GetConsoleMode(output, &mode) != FALSE && ::GetConsoleProcessList(&process, 1) > 1;

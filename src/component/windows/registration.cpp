@@ -17,7 +17,7 @@ using text::wide;
 constexpr std::u16string_view kTitle = u"kvrn Listwright";
 constexpr std::u16string_view kClasses = u"Software\\Classes\\";
 constexpr std::u16string_view kVersion = u"5.0";
-/// The system's own class that carries calls of interfaces with a type library across threads.
+/// The system's class that marshals the calls of an interface by its type library.
 constexpr std::u16string_view kMarshaler = u"{00020424-0000-0000-C000-000000000046}";
 
 #ifdef _WIN64
@@ -69,12 +69,12 @@ std::u16string keyOfVersion() {
   return joined({keyOfLibrary(), u"\\", kVersion});
 }
 
-/// Writes keys below one root; the first failure stands.
+/// Writes keys below one root, up to the first failure.
 class Writer {
  public:
   explicit Writer(HKEY root) : root_(root) {}
 
-  /// @param name of the value; null is the key's own
+  /// @param name of the value; null for the default value
   void write(const std::u16string& key, std::u16string_view text, const wchar_t* name = nullptr) {
     if (result_ != ERROR_SUCCESS) return;
     const std::u16string value(text);
@@ -126,8 +126,8 @@ bool exists(HKEY root, const std::u16string& key, REGSAM view) {
   return true;
 }
 
-/// On a system of 64 bits the builds of both kinds share the names and the type library; classes
-/// and interfaces they do not share.
+/// On 64-bit Windows the 32-bit and the 64-bit build share the names and the type library, but not
+/// the classes and interfaces.
 bool otherBuildIsRegistered(HKEY root) {
   BOOL emulated = TRUE;
 #ifndef _WIN64
@@ -136,7 +136,7 @@ bool otherBuildIsRegistered(HKEY root) {
   return emulated != FALSE && exists(root, keyOfClass(kComponentClasses.front()), kOtherView);
 }
 
-/// Deletes keys below one root; the first failure stands, and a key that is not there is none.
+/// Deletes keys below one root and remembers the first failure. A key that is not there is none.
 class Eraser {
  public:
   explicit Eraser(HKEY root) : root_(root) {}
@@ -147,7 +147,7 @@ class Eraser {
     if (!gone && result_ == ERROR_SUCCESS) result_ = result;
   }
 
-  /// For a key that may be there only because of those below it.
+  /// Deletes a key that writing the others may have made.
   void eraseIfEmpty(std::u16string_view key) {
     const std::u16string path = joined({kClasses, key});
     HKEY opened = nullptr;
@@ -173,7 +173,7 @@ LSTATUS eraseAll(HKEY root) {
     eraser.erase(keyOfClass(one));
     eraser.erase(keyOfInterface(one));
   }
-  // Only now, for there are systems on which both builds see the same keys.
+  // Asked when our own keys are gone, because both builds may see the same ones.
   const bool shared = otherBuildIsRegistered(root);
   for (const Class& one : kComponentClasses) {
     if (!shared) eraser.erase(keyOfName(one));

@@ -5,13 +5,12 @@
 /// The component in the system's registry, by which hosts find it.
 namespace kvrnstep::component {
 
-/// Enters the classes, their names and the type library, with this module's path: for all users
-/// where that is allowed, otherwise for the current one. Where it fails nothing is left.
+/// Writes the classes, their names and the type library with this module's path, for all users if
+/// that is allowed, otherwise for the current one. A failure leaves nothing behind.
 HRESULT registerComponent();
 
-/// Takes out what `registerComponent` entered, for all users and for the current one. What the
-/// other build of this component, of 32 or 64 bits, shares with it stays as long as that one is
-/// registered.
+/// Deletes what `registerComponent` wrote, for all users and for the current one. What the build
+/// for the other number of bits shares with this one stays as long as that one is registered.
 HRESULT unregisterComponent();
 
 }  // namespace kvrnstep::component

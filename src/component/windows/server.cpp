@@ -1,4 +1,4 @@
-// What the system calls in a module that holds components.
+// The functions that COM and regsvr32 call.
 
 #include "component/object.h"
 #include "component/windows/registration.h"

@@ -14,14 +14,14 @@ namespace {
 
 using text::wide;
 
-/// A list box has no room for a long path.
+/// LB_DIR fails for long paths.
 Path GetShortPath(const Path& folder) {
   std::array<wchar_t, 255> path{};
   const DWORD length = ::GetShortPathNameW(wide(folder), path.data(), path.size());
   return length < path.size() ? Path(text::utf16(path.data()), length) : Path();
 }
 
-/// As a list box of the system fills itself, with long names. Empty also when it cannot.
+/// The files that a list box of the system finds with LB_DIR; none when it fails.
 std::vector<Path> listedBySystem(const Path& folder) {
   constexpr WPARAM kWhich = DDL_READONLY | DDL_HIDDEN | DDL_SYSTEM | DDL_ARCHIVE;
   std::vector<Path> names;
@@ -46,7 +46,7 @@ std::vector<Path> listedBySystem(const Path& folder) {
   return names;
 }
 
-/// As the system searches a folder.
+/// The files that a search finds.
 std::vector<Path> found(const Path& folder) {
   std::vector<Path> names;
   WIN32_FIND_DATAW file;

@@ -4,7 +4,7 @@
 
 namespace kvrnstep::platform {
 
-/// The path from a drive or a server on; empty when there is none.
+/// The path made absolute; empty when that fails.
 std::u16string fullPath(const std::u16string& path);
 
 }  // namespace kvrnstep::platform

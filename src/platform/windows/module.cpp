@@ -14,7 +14,7 @@ namespace kvrnstep::platform {
 
 namespace {
 
-/// What the system's resource of a version begins with.
+/// The beginning of a VERSIONINFO resource.
 struct VersionResource {
   WORD size;
   WORD numbersSize;
@@ -56,7 +56,7 @@ std::u16string moduleVersion() {
 }
 
 void* loadModule(const std::u16string& path, std::string& problem) {
-  // By anything but a full path the system would search for it.
+  // The system would search for anything but a full path.
   const bool full = path.find(u':') == 1 || path.starts_with(u"\\\\");
   HMODULE module = full ? ::LoadLibraryExW(text::wide(path.c_str()), nullptr, 0) : nullptr;
   if (module == nullptr) problem = "cannot load " + text::toAscii(path);

@@ -35,13 +35,13 @@ HANDLE system(std::intptr_t handle) {
   return reinterpret_cast<HANDLE>(handle);
 }
 
-/// The system counts in 32 bits.
+/// The system takes 32-bit counts.
 DWORD atOnce(std::size_t size) {
   constexpr std::size_t kMostAtOnce = 1U << 30U;
   return static_cast<DWORD>(std::min(size, kMostAtOnce));
 }
 
-/// Others may do with the file what they like while it is open here, unless it is not shared.
+/// @param shared whether others may open, change and delete the file meanwhile
 File openFile(const Path& path, DWORD access, DWORD disposition, bool shared = true) {
   constexpr DWORD kWithAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   const HANDLE file = ::CreateFileW(wide(path), access, shared ? kWithAll : 0, nullptr, disposition,
@@ -57,8 +57,8 @@ bool hasAttribute(const Path& path, DWORD which) {
 }  // namespace
 
 Path pathOf(const std::u16string& path) {
-  // Folders have room for a file name less than files, and there must be room for the name of a
-  // temporary file beside this one.
+  // The limit for folders is lower than that for files, and a temporary file beside this one needs
+  // room for its name.
   constexpr std::size_t kUsualLimit = MAX_PATH - 40;
   if (path.find(u'\0') != std::u16string::npos) return {};
   if (path.size() < kUsualLimit || path.starts_with(u"\\\\?\\")) return path;
@@ -88,7 +88,7 @@ std::optional<Path> withoutLinks(const Path& path) {
 
 Target targetAt(const Path& path) {
   if (hasAttribute(path, FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) return Target::kOther;
-  // Opening for writing asks for all rights without changing anything.
+  // Opening it for writing is the only way to ask for all rights, and changes nothing.
   const File file = openFile(path, GENERIC_WRITE, OPEN_EXISTING);
   if (!file.open() && ::GetLastError() == ERROR_FILE_NOT_FOUND) return Target::kNothing;
   return file.size() ? Target::kWritableFile : Target::kOther;
@@ -114,7 +114,7 @@ std::size_t File::write(std::string_view bytes) const {
   return done != FALSE ? count : 0;
 }
 
-/// What the system or the disk does not let pass on is left as the folder gave it.
+/// Rights that can't be passed on stay as the folder has given them.
 bool File::takeAfter(const Path& other) const {
   constexpr SECURITY_INFORMATION kRights = DACL_SECURITY_INFORMATION;
   DWORD size = 0;
@@ -143,15 +143,15 @@ File openOrCreate(const Path& path) {
   return openFile(path, GENERIC_WRITE, OPEN_ALWAYS);
 }
 
-/// Nobody opens the file until it is closed here, whomever it is for.
+/// It is not shared, so nobody else reads it until it is closed, whether that was asked for or not.
 File createNew(const Path& path, bool /*forUsAlone*/, bool& taken) {
   File file = openFile(path, GENERIC_WRITE, CREATE_NEW, false);
   taken = !file.open() && ::GetLastError() == ERROR_FILE_EXISTS;
   return file;
 }
 
-/// The move is one step for the file system; the system's function that replaces a file and keeps
-/// its rights takes two, and a process killed between them leaves no target.
+/// MoveFileEx is one step of the file system. ReplaceFile takes two, and a process that is killed
+/// between them leaves no target.
 bool rename(const Path& from, const Path& to) {
   constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
   return ::MoveFileExW(wide(from), wide(to), kHow) != FALSE;

@@ -12,17 +12,17 @@ namespace kvrnstep::platform::native {
 
 namespace {
 
-/// Whether the bytes pass through the system's functions unharmed. These take all bytes for text
-/// in the system's code page; with several bytes to a character not all sequences are.
+/// Whether the system's functions keep the bytes. They convert them from the system's code page and
+/// back, which changes some sequences in a code page with several bytes to a character.
 bool survives(std::string_view bytes) {
   CPINFO page{};
   if (::GetCPInfo(CP_ACP, &page) == FALSE || page.MaxCharSize != 1) return false;
   return text::toAnsi(text::fromAnsi(bytes)) == bytes;
 }
 
-/// The file's full path, because the system's functions look for a name alone in the system's
-/// folder. Nothing for a path, names or a value that they cannot be given: a section with accents
-/// may be in the file in another encoding, of which they know nothing.
+/// The file's full path, because the system's functions look for a plain name in the Windows
+/// folder. Nothing if they can't be used: for a path, a key or a value that they can't hold, and
+/// for a section with accents, which may be in the file in another encoding.
 std::optional<std::string> pathForSystem(const std::u16string& file, std::string_view section,
                                          std::string_view key, std::string_view value) {
   if (pathOf(file).empty() || !text::isAscii(section)) return std::nullopt;
