@@ -54,13 +54,4 @@ inline void* symbolIn(void* library, const char* name) {
 #endif
 }
 
-/// Gives back what `openLibrary` loaded.
-inline void closeLibrary(void* library) {
-#ifdef _WIN32
-  FreeLibrary(static_cast<HMODULE>(library));
-#else
-  dlclose(library);
-#endif
-}
-
 }  // namespace kvrnstep

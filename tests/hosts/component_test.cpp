@@ -38,6 +38,14 @@ bool isLoaded(const std::string& path) {
 #endif
 }
 
+void closeLibrary(void* library) {
+#ifdef _WIN32
+  ::FreeLibrary(static_cast<HMODULE>(library));
+#else
+  ::dlclose(library);
+#endif
+}
+
 template <class T>
 VARIANT variant(VARTYPE type, const T& value) {
   VARIANT made;

@@ -58,7 +58,7 @@ class Registered : public testing::Test {
   }
   void TearDown() override {
     EXPECT_EQ(call("DllUnregisterServer"), S_OK);
-    closeLibrary(library_);
+    ::FreeLibrary(static_cast<HMODULE>(library_));
     ::CoUninitialize();
   }
 
