@@ -8,30 +8,27 @@ typedef struct Command {
   const char* caption;
   const char* keyName;
   const char* keyLabel;
-  ListKind kind;
 } Command;
 
+// The dialog as the open defaults have it, then one entry for each listing type in its order.
 static const Command commands[] = {
-    {"_Step List…", "step_list", "Insert a step list", {0, FALSE}},
-    {"_Numbered…", "numbered_list", "Insert a numbered list", {0, TRUE}},
-    {"_Alphabetical…", "alphabetical_list", "Insert an alphabetical list", {1, TRUE}},
-    {"_Roman Numeral…", "roman_list", "Insert a Roman numeral list", {2, TRUE}},
-    {"_Prefix And/Or Suffix…",
-     "prefix_suffix_list",
-     "Insert a prefix and/or suffix list",
-     {3, TRUE}},
+    {"_Step List…", "step_list", "Insert a step list"},
+    {"_Numbered…", "numbered_list", "Insert a numbered list"},
+    {"_Alphabetical…", "alphabetical_list", "Insert an alphabetical list"},
+    {"_Roman Numeral…", "roman_list", "Insert a Roman numeral list"},
+    {"_Prefix And/Or Suffix…", "prefix_suffix_list", "Insert a prefix and/or suffix list"},
 };
 
 static GtkWidget* menu;
 
 static void onActivate(GtkMenuItem* item, gpointer plugin) {
-  const Command* command = g_object_get_data(G_OBJECT(item), "command");
-  insertStepList(((GeanyPlugin*)plugin)->geany_data, command->kind);
+  insertStepList(((GeanyPlugin*)plugin)->geany_data,
+                 GPOINTER_TO_INT(g_object_get_data(G_OBJECT(item), "type")));
 }
 
 static gboolean onKey(GeanyKeyGroup* group, guint key, gpointer plugin) {
   (void)group;
-  insertStepList(((GeanyPlugin*)plugin)->geany_data, commands[key].kind);
+  insertStepList(((GeanyPlugin*)plugin)->geany_data, (int)key - 1);
   return TRUE;
 }
 
@@ -45,7 +42,7 @@ static gboolean start(GeanyPlugin* plugin, gpointer unused) {
   for (guint i = 0; i < G_N_ELEMENTS(commands); ++i) {
     const Command* command = &commands[i];
     GtkWidget* item = gtk_menu_item_new_with_mnemonic(command->caption);
-    g_object_set_data(G_OBJECT(item), "command", (gpointer)command);
+    g_object_set_data(G_OBJECT(item), "type", GINT_TO_POINTER((int)i - 1));
     g_signal_connect(item, "activate", G_CALLBACK(onActivate), plugin);
     gtk_menu_shell_append(GTK_MENU_SHELL(entries), item);
     // No keys are set, because those that Geany leaves free belong to the user.

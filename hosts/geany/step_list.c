@@ -96,7 +96,7 @@ static gboolean onClick(GtkWidget* shield, GdkEvent* event, gpointer library) {
 /// Shows the dialog, if there are folders for its files; result and `*list` as those of
 /// kvrnstep_show_dialog.
 static int showDialog(const GeanyData* data, GeanyDocument* document, const Library* library,
-                      ListKind kind, char** list) {
+                      int type, char** list) {
   char* steps = provideFolder(g_get_user_data_dir());
   char* settings = steps == NULL ? NULL : provideFolder(g_get_user_config_dir());
   if (settings == NULL) {
@@ -107,8 +107,8 @@ static int showDialog(const GeanyData* data, GeanyDocument* document, const Libr
   PangoFontDescription* font = editorFont(data, document);
   kvrnstep_dialog dialog;
   library->dialog_init(&dialog, sizeof dialog);
-  dialog.iBuildStep = kind.iBuildStep;
-  dialog.BuMenuMode = kind.BuMenuMode;
+  dialog.iBuildStep = MAX(type, 0);
+  dialog.BuMenuMode = type >= 0;
   dialog.sPthStepFolder = steps;
   dialog.SEC_APP_NAME = "Listwright";
   dialog.s_IniPathAndName = settingsFile;
@@ -147,7 +147,7 @@ void forgetDocuments(void) {
   documentsAreGone = TRUE;
 }
 
-void insertStepList(const GeanyData* data, ListKind kind) {
+void insertStepList(const GeanyData* data, int type) {
   if (dialogOpenIn != NULL) {
     bringToFront(dialogOpenIn);
     return;
@@ -166,7 +166,7 @@ void insertStepList(const GeanyData* data, ListKind kind) {
   documentsAreGone = FALSE;
   const guint id = document->id;
   char* list = NULL;
-  const int result = showDialog(data, document, library, kind, &list);
+  const int result = showDialog(data, document, library, type, &list);
   dialogOpenIn = NULL;
 
   if (!documentsAreGone) {
