@@ -32,7 +32,7 @@ class PressableLabel : public QAccessibleWidget {
   }
   void doAction(const QString& action) override {
     if (action != pressAction()) return QAccessibleWidget::doAction(action);
-    // Whoever asked for it gets an answer first: what opens now may stay open for long.
+    // Later, because the screen reader waits for its answer, and a window that opens may stay.
     QMetaObject::invokeMethod(
         &label_,
         [&label = label_] {
@@ -157,14 +157,14 @@ void ActiveLabel::paintFocus(QPainter& painter) const {
 }
 
 void ActiveLabel::paintPicture(QPainter& painter) {
-  // The pictures are drawn for light windows, in which a grey one steps back by itself.
+  // The grey of disabled pictures is that of light windows; in dark ones it would stand out.
   constexpr double kFaded = 0.3;
   if (!isEnabled() && isDark(palette())) painter.setOpacity(kFaded);
   painter.drawPixmap(0, 0, pixmap(Qt::ReturnByValue));
   painter.setOpacity(1);
 }
 
-// A plain label would begin to edit its text.
+// Not passed on, because a plain label would begin to edit its text.
 void ActiveLabel::focusInEvent(QFocusEvent* /*event*/) {
   update();
 }
@@ -197,7 +197,7 @@ void ActiveLabel::hideEvent(QHideEvent* event) {
   MouseReleases<QLabel>::hideEvent(event);
 }
 
-/// False: nothing was dragged.
+/// False where nothing was dragged.
 bool ActiveLabel::endDrag() {
   if (dragged_) QGuiApplication::restoreOverrideCursor();
   return std::exchange(dragged_, false);

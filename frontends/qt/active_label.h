@@ -11,8 +11,8 @@ class WindowView;
 /// A text or a picture. If it reacts to clicks or can be dragged, it can have the keyboard, and
 /// screen readers are told of it as of a link or a button that they can press.
 ///
-/// From the press of the left button to its release the mouse carries a label about that can be
-/// dragged. It never leaves the window, so no other program is told of it.
+/// A drag begins with the press of the left button and ends with its release. It never leaves the
+/// window, so no other program is told of it.
 class ActiveLabel : public MouseReleases<QLabel> {
  public:
   ActiveLabel(WindowView& window, forms::Control& control);
@@ -20,7 +20,7 @@ class ActiveLabel : public MouseReleases<QLabel> {
   ActiveLabel(const ActiveLabel&) = delete;
   ActiveLabel& operator=(const ActiveLabel&) = delete;
 
-  /// "&" marks the letter that activates the label, or leads to its buddy.
+  /// "&" marks the letter that activates the label or goes to its buddy.
   void showText(const QString& text);
 
  protected:

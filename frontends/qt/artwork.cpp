@@ -17,9 +17,9 @@ struct CursorFile {
   QPoint hotSpot;
 };
 constexpr std::array kCursors{
-    CursorFile{104, "cursor-104", {10, 1}},   // a hand that points
-    CursorFile{106, "cursor-106", {16, 16}},  // one that carries something
-    CursorFile{107, "cursor-107", {16, 16}},  // one that may take something
+    CursorFile{104, "cursor-104", {10, 1}},   // over what can be clicked
+    CursorFile{106, "cursor-106", {16, 16}},  // while something is dragged
+    CursorFile{107, "cursor-107", {16, 16}},  // over what can be dragged
 };
 
 }  // namespace

@@ -70,15 +70,15 @@ FileBox::FileBox(const forms::FileDialog& dialog, QFileDialog::AcceptMode mode, 
   setNameFilters(filters);
   if (!dialog.name.empty()) selectFile(toQt(dialog.name));
   if (mode == AcceptOpen) {
-    // Qt lets the user name only what the filter shows. Any file can be named; of one that is not
-    // there Qt says so when it is asked for.
+    // Qt disables the button for names that the filter hides, but any file can be opened. Where
+    // there is none of that name Qt says so.
     auto* open = findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open);
     connect(findChild<QLineEdit*>(), &QLineEdit::textChanged, open,
             [open](const QString& text) { open->setEnabled(!text.isEmpty()); });
   }
   if (dialog.defaultExtension.empty()) return;
   setDefaultSuffix(toQt(dialog.defaultExtension));
-  // Who asks for a plain text file and names no extension means that one.
+  // The extension is that of the chosen filter.
   connect(this, &QFileDialog::filterSelected, this, [this, dialog](const QString& text) {
     for (const forms::FileFilter& filter : dialog.filters) {
       if (toQt(filter.text) == text) setDefaultSuffix(extensionOf(filter));

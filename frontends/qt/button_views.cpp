@@ -33,7 +33,7 @@ QWidget* makeButton(Kind kind, QWidget* parent) {
   if (kind == Kind::CheckBox) return new WholePlace<QCheckBox>(parent);
   if (kind == Kind::OptionButton) return new WholePlace<QRadioButton>(parent);
   auto* button = new QPushButton(parent);
-  // Enter presses the button that has the focus, and no other one.
+  // Enter presses the button that has the focus.
   button->setAutoDefault(true);
   return button;
 }

@@ -46,7 +46,8 @@ bool handToKeeper(const QString& text) {
   return ready;
 }
 
-/// A text that tells when its bytes are fetched. Boxes of our own only look at it.
+/// A text that tells when its bytes are fetched by another program. Our own boxes ask for a text,
+/// not for bytes.
 class FetchedText : public QMimeData {
  public:
   explicit FetchedText(const QString& text) { setText(text); }
@@ -66,7 +67,7 @@ void offerUntilFetched(const QString& text) {
   const QPointer<FetchedText> offered(new FetchedText(text));
   QGuiApplication::clipboard()->setMimeData(offered);
   if (offered.isNull()) return;
-  // Once it has been handed over, not before.
+  // The loop goes on until the bytes have been handed over.
   offered->onFetched = [&waiting] { QTimer::singleShot(0, &waiting, &QEventLoop::quit); };
   QTimer::singleShot(kFetchedWithinMilliseconds, &waiting, &QEventLoop::quit);
   waiting.exec(QEventLoop::ExcludeUserInputEvents);

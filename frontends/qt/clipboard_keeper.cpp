@@ -15,8 +15,8 @@
 
 namespace {
 
-/// Which signals the host has chosen to block or to ignore is its own affair, and files that it
-/// happened to leave open must not stay open for as long as this program runs.
+/// Takes back what this process has inherited: signals that the host blocks or ignores, and files
+/// that it has left open.
 void forgetHost() {
   sigset_t none;
   sigemptyset(&none);

@@ -63,7 +63,7 @@ bool darkByGtkSettings() {
   return wish == "1" || wish == "true" || isDarkTheme(settings.value("gtk-theme-name").toString());
 }
 
-/// The style's own colour of what is disabled can hardly be read.
+/// Sets the colour of disabled texts, because that of the style can hardly be read.
 void fadeDisabled(QPalette& palette, const QColor& faded) {
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
     palette.setColor(QPalette::Disabled, role, faded);

@@ -15,15 +15,16 @@ namespace kvrnstep::qt {
 
 namespace {
 
-/// Stands in for the completer that a box makes for an edit without one: it is of no use here, and
-/// takes as long to make as the box. It ends with the application.
+/// A box makes a completer for an edit that has none, which takes as long as making the box, and no
+/// completer is wanted here. So the edit has this one while it comes into the box. It ends with the
+/// application.
 QCompleter* placeholder() {
   static QPointer<QCompleter> completer;
   if (completer.isNull()) completer = new QCompleter(QCoreApplication::instance());
   return completer;
 }
 
-/// A combo box that drops down a long list at once. What drops down is not made before.
+/// A combo box that drops down a long list at once.
 class EntryCombo : public QComboBox {
  public:
   EntryCombo(forms::ComboBox& combo, QWidget* parent) : QComboBox(parent) {
@@ -41,7 +42,7 @@ class EntryCombo : public QComboBox {
   void showPopup() override {
     useFont(*view(), font());
     useCompactStyle(*view()->window());
-    // Otherwise every entry would be measured first.
+    // Otherwise Qt would measure every entry first.
     if (auto* list = qobject_cast<QListView*>(view())) list->setUniformItemSizes(true);
     QComboBox::showPopup();
   }

@@ -40,7 +40,7 @@ std::optional<CommandKey> commandKey(const QKeyEvent& event) {
 }
 
 forms::KeyCode codeOf(const QKeyEvent& event) {
-  // Events that a program makes up have no code of the keyboard's.
+  // Events that a program sends have no code of the keyboard.
   const forms::KeyCode code = event.nativeScanCode();
   return code != 0 ? code : static_cast<forms::KeyCode>(event.key());
 }

@@ -10,7 +10,7 @@ namespace kvrnstep::qt {
 /// What the key does besides typing or moving a caret.
 std::optional<forms::CommandKey> commandKey(const QKeyEvent& event);
 
-/// The key's number: the same for press and release, even where Shift is let go of in between.
+/// The key's number. It is the same for press and release, even if Shift is released in between.
 forms::KeyCode codeOf(const QKeyEvent& event);
 
 }  // namespace kvrnstep::qt

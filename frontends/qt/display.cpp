@@ -76,7 +76,7 @@ std::optional<Display> displayOf(const QString& platform) {
   return display;
 }
 
-/// The platforms that the environment wants, "offscreen:option=value;xcb", without their options.
+/// The platforms that QT_QPA_PLATFORM names, "offscreen:option=value;xcb", without their options.
 QStringList wantedPlatforms() {
   QStringList names;
   const auto wanted = qEnvironmentVariable("QT_QPA_PLATFORM").split(';', Qt::SkipEmptyParts);

@@ -48,8 +48,8 @@ QString substitute(const QString& name) {
                         QFontDatabase::FixedFont);
 }
 
-/// The family that stands for a name. Asking the system whether it has one takes longer than
-/// making a box, so each name is looked up once.
+/// The family that stands for a name. Each name is looked up once, because asking the system takes
+/// longer than making a box.
 const QString& installedFamily(const QString& name) {
   static QHash<QString, QString> known;
   auto found = known.find(name);

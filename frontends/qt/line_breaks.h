@@ -5,16 +5,16 @@
 #include <string>
 #include <string_view>
 
-/// A text of several lines breaks them with CR LF in a control and with LF alone in a widget and on
-/// the clipboard, so places in the text differ too.
+/// Lines end with CR LF in a control and with LF in a widget and on the clipboard, so places in the
+/// text differ too.
 namespace kvrnstep::qt {
 
 /// CR LF, a lone CR, a lone LF and a paragraph separator all become LF.
 QString widgetLines(std::u16string_view text);
 /// Every line break becomes CR LF.
 std::u16string controlLines(const QString& text);
-/// The control's text with what has been edited in the widget; line breaks elsewhere stay of their
-/// kind.
+/// The control's text with what has been edited in the widget. Line breaks that were not edited
+/// stay as they are.
 std::u16string withEdit(std::u16string_view text, const QString& edited);
 
 /// The place in widgetLines(text) of a place in `text`, and back.

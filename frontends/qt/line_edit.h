@@ -26,8 +26,7 @@ class LineEdit : public Typing<QLineEdit> {
   /// The user types no more than the control allows; a longer text from the program stays whole.
   void limitLength(qsizetype present);
 
-  /// Set while another widget has the focus: the widget forgets its mark then, the control keeps
-  /// it.
+  /// The control's selection while another widget has the focus, because the widget has none then.
   std::optional<forms::TextSelection> kept_;
 };
 

@@ -76,7 +76,7 @@ void ListView::setIndex(int index) {
 }
 
 void ListView::setTopIndex(int index) {
-  // Otherwise the range of the scroll bar would follow later, as if the user had scrolled.
+  // Qt would adapt the scroll bar later, which would look as if the user had scrolled.
   list().doItemsLayout();
   list().verticalScrollBar()->setValue(index);
 }

@@ -16,7 +16,8 @@
 /// Fonts, colours, pictures and the style of what is drawn.
 namespace kvrnstep::qt {
 
-/// The font of captions: narrow and 11 logical pixels high, as the places of the controls want it.
+/// The font of captions. It is narrow and 11 logical pixels high, because the places of the
+/// controls are given.
 QFont captionFont();
 /// The font of a text box: the named one, or a close relative where it is not installed. Without
 /// a name it is the caption font; 0 points is the height of captions.
@@ -42,9 +43,9 @@ QIcon pictureIcon(forms::Picture picture);
 /// The mouse cursor of that resource; the usual one for an unknown one.
 QCursor cursorOf(int resourceId, double pixelRatio);
 
-/// Has a window and all that it holds drawn by a style whose controls leave room for their texts at
-/// the places that the windows' designs give them: the application's own one, where it does, and
-/// otherwise Qt's Fusion, in the application's colours.
+/// Draws a window and all that it holds in a style that leaves room for texts in controls of the
+/// given sizes: the application's own one if it does, and otherwise Qt's Fusion, in the
+/// application's colours.
 void useCompactStyle(QWidget& window);
 
 }  // namespace kvrnstep::qt

@@ -20,8 +20,7 @@ inline std::optional<forms::MouseButton> mouseButton(Qt::MouseButton button) {
   }
 }
 
-/// The widget of a control that is told of each mouse button that is released over it, after the
-/// widget has dealt with it itself.
+/// A widget that tells its control of each mouse button that is released over it.
 template <class Base>
 class MouseReleases : public Base {
  public:

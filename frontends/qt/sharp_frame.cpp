@@ -9,8 +9,8 @@ namespace kvrnstep::qt {
 
 namespace {
 
-/// Where, counted in dots of the screen, the widget may be painted. Its place and its size are
-/// rounded each by itself.
+/// Where the widget may be painted, in dots of the screen. Qt rounds its place and its size
+/// separately.
 QRect dotsOf(const QWidget& widget, const QTransform& toDots) {
   const QRectF exact = toDots.mapRect(QRectF(widget.rect()));
   const int left = qRound(exact.left());

@@ -7,15 +7,15 @@
 
 namespace kvrnstep::qt {
 
-/// Draws a line around a widget, as wide as a pixel of the design where the screen has whole ones
-/// for it, and never narrower than a dot of the screen.
+/// Draws a line around a widget, one logical pixel wide, rounded down to dots of the screen, and at
+/// least one dot.
 ///
-/// At a scale such as 1.25 the edges of widgets lie between the dots of the screen, and a style's
-/// frame falls outside of what may be painted: sides of it are missing.
+/// At a scale such as 1.25 the edges of widgets are between the dots of the screen. Sides of the
+/// frame that a style draws are missing then, because they are outside of what may be painted.
 /// @param painter begun on the widget
 void drawSharpFrame(QPainter& painter, const QWidget& widget);
 
-/// Whether the edges of widgets may lie between the dots of the screen.
+/// Whether the edges of widgets may be between the dots of the screen.
 bool hasFractionalScale(const QWidget& widget);
 
 /// An area with a frame that has all its sides at every scale.
@@ -29,7 +29,7 @@ class SharpFrame : public Area {
  protected:
   bool event(QEvent* event) override {
     const bool handled = Area::event(event);
-    // The area's own paint event is for the frame, its viewport has another one.
+    // The area paints its frame only; what it shows is painted by its viewport.
     if (event->type() == QEvent::Paint && hasFractionalScale(*this)) {
       QPainter painter(this);
       drawSharpFrame(painter, *this);

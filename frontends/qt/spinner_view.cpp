@@ -20,7 +20,7 @@ class ArrowButton : public MouseReleases<QAbstractButton> {
     setAutoRepeat(true);
     setFocusPolicy(Qt::NoFocus);
     setAccessibleName(toQt(forms::accessibleArrowName(spinner, up)));
-    // Pressed, not clicked: the value changes as the mouse goes down, and again at each repeat.
+    // The value changes with the press, and again with each repeat.
     connect(this, &QAbstractButton::pressed, this,
             [&spinner, up] { forms::userSpun(spinner, up); });
   }
@@ -57,7 +57,7 @@ SpinnerView::SpinnerView(WindowView& window, forms::Spinner& spinner)
 
 void SpinnerView::setPlace(const forms::PixelRect& place) {
   ControlView::setPlace(place);
-  // One line between them, not two.
+  // They overlap, so that there is one line between them.
   const int middle = place.height / 2;
   up_->setGeometry(0, 0, place.width, middle);
   down_->setGeometry(0, middle - 1, place.width, place.height - middle + 1);

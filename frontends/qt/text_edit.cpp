@@ -46,7 +46,7 @@ TextEdit::TextEdit(forms::TextBox& box, QWidget* parent) : SharpFrame(box, paren
 }
 
 QString TextEdit::lines() const {
-  // The plain text would turn each no-break space into a blank.
+  // toPlainText() would turn each no-break space into a blank.
   QString text = document()->toRawText();
   text.replace(QChar::ParagraphSeparator, u'\n');
   return text;

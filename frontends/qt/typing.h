@@ -12,7 +12,7 @@
 namespace kvrnstep::qt {
 
 /// The widget of a control that holds a text. It asks the control about each character that is
-/// typed, and tells it how the keyboard comes.
+/// typed, and tells it of the focus.
 template <class Base>
 class Typing : public Base, public forms::TextSync {
  public:
@@ -48,8 +48,8 @@ class Typing : public Base, public forms::TextSync {
     const bool allowed = mayType(event->commitString());
     Base::inputMethodEvent(allowed ? event : &nothing);
     if (!allowed || event->commitString().isEmpty()) return;
-    // A key for a text that came without one, because the input method has taken the presses.
-    // Later, because the input method must have finished before anything else opens.
+    // The input method has taken the keys, so one is made up for the text. Later, because the input
+    // method must have finished before anything else opens.
     constexpr forms::KeyCode kNoKey = 0;
     const auto strikeKey = [&box = box()] {
       forms::userPressedKey(box, kNoKey);

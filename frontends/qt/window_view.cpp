@@ -70,7 +70,7 @@ void WindowView::lose() {
   endLoops();
 }
 
-/// Of the window, and of a menu that has popped up in it.
+/// Ends the loop of the window and that of a menu that has popped up in it.
 void WindowView::endLoops() {
   for (QMenu* menu : ground_->findChildren<QMenu*>()) menu->close();
   loop_.quit();
@@ -78,7 +78,7 @@ void WindowView::endLoops() {
 
 void WindowView::makeMenuBar() {
   menuBar_ = new QMenuBar(topLevel_.get());
-  // The menus belong into the window, wherever the desktop would like to put them.
+  // Some desktops would show the menus outside of the window.
   menuBar_->setNativeMenuBar(false);
   useFont(*menuBar_, captionFont());
   menuBar_->setAccessibleName(QStringLiteral("Menu"));
@@ -120,7 +120,7 @@ bool WindowView::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusOut && leavesWindow(static_cast<QFocusEvent&>(*event))) {
     forms::userLeft(window());
   }
-  // A widget that has no use for a key passes it on to the one that holds it.
+  // A key that a widget does not use comes again, to the widget that it is in.
   if (watched != topLevel_->focusWidget()) return false;
   if (event->type() == QEvent::KeyRelease) released(static_cast<const QKeyEvent&>(*event));
   ControlView* view = event->type() == QEvent::KeyPress ? viewOf(watched) : nullptr;
@@ -214,7 +214,7 @@ void WindowView::setInnerSize(forms::PixelSize inner) {
   const QSize size = withMenuBar(inner);
   const int menuBar = size.height() - inner.height;
   if (menuBar_ != nullptr) {
-    // As high as its menus, or the line under them would break where no menu is.
+    // No higher than its menus, because the line under them ends there.
     menuBar_->setGeometry(0, 0, size.width(), std::min(menuBar, menuBar_->sizeHint().height()));
   }
   ground_->setGeometry(0, menuBar, inner.width, inner.height);

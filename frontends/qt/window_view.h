@@ -23,7 +23,7 @@ class WindowView final : public QObject, public forms::ViewSync {
   WindowView(const WindowView&) = delete;
   WindowView& operator=(const WindowView&) = delete;
 
-  /// To be asked for as long as the view is open.
+  /// Only while the view is open.
   [[nodiscard]] QWidget& topLevel() { return *topLevel_; }
   [[nodiscard]] ControlView& viewOf(const forms::Control& control) const;
 
@@ -63,8 +63,8 @@ class WindowView final : public QObject, public forms::ViewSync {
   [[nodiscard]] ControlView* viewOf(const QObject* widget) const;
   [[nodiscard]] QSize withMenuBar(forms::PixelSize inner) const;
 
-  /// X tells a repeat as a release and a press of the same moment, which Qt takes for two of the
-  /// user's if they come one by one. A key that was held here then goes on being held.
+  /// On X a key that repeats is released and pressed at the same moment. Where Qt does not notice
+  /// that, a press is recognised as a repeat by the release before it, if that did not count.
   struct Released {
     quint32 code;
     quint64 time;
@@ -78,7 +78,7 @@ class WindowView final : public QObject, public forms::ViewSync {
   QEventLoop loop_;
   std::optional<QPoint> menuPlace_;
   Released lastReleased_{};
-  /// The window manager has put the window where it likes to, which is not the user's doing.
+  /// The window has been active. A move before that is the window manager's, not the user's.
   bool placed_ = false;
 };
 

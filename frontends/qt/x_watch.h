@@ -10,14 +10,14 @@ struct xcb_connection_t;
 
 namespace kvrnstep::qt {
 
-/// What the X server and the window manager tell of a window of ours and Qt does not heed. On other
+/// Deals with what the X server and the window manager tell of a window and Qt leaves out. On other
 /// displays it does nothing.
 ///
 /// - A window stays in front of its owner.
 /// - A window that somebody else destroys on the screen is closed, as are the boxes over it.
-/// - In a process with another toolkit the window stays in front of that one's windows. When the
-///   user goes to one of them, which takes no input meanwhile, what is in front of all of ours gets
-///   the keyboard again, unless the user has minimized the window.
+/// - In a process with another toolkit the window stays in front of that toolkit's windows, which
+///   take no input while it is open. When the user goes to one of them, our frontmost window gets
+///   the keyboard again, unless the user has minimized it.
 class XWatch final : public QAbstractNativeEventFilter {
  public:
   /// To be made before the window is shown.
@@ -39,11 +39,11 @@ class XWatch final : public QAbstractNativeEventFilter {
   QPointer<QWidget> window_;
   xcb_connection_t* x_ = nullptr;
   std::vector<std::uint32_t> hostWindows_;  ///< the topmost one is the last one
-  std::uint32_t behind_ = 0;                ///< the owner, or the one that the user comes from
+  std::uint32_t behind_ = 0;                ///< the owner, or the host's window that was active
   std::uint32_t activeWindow_ = 0;
 };
 
-/// Has the window that takes the user's input lie in front of others, with the keyboard.
+/// Brings the window that takes the user's input to the front and gives it the keyboard.
 void bringModalWindowToFront();
 
 }  // namespace kvrnstep::qt
