@@ -11,15 +11,9 @@ constexpr bool isSurrogatePair(std::u16string_view units) {
   return units.size() == 2 && (units[0] & kKind) == 0xD800U && (units[1] & kKind) == 0xDC00U;
 }
 
-/// The one unit or the two units of the first character of a text that is not empty.
-constexpr std::u16string_view firstCharacter(std::u16string_view text) {
-  const auto two = text.substr(0, 2);
-  return isSurrogatePair(two) ? two : text.substr(0, 1);
-}
-
-/// … which is taken off the text.
+/// Takes the first character, of one unit or two, off a text that is not empty.
 constexpr std::u16string_view takeCharacter(std::u16string_view& text) {
-  const auto character = firstCharacter(text);
+  const auto character = text.substr(0, isSurrogatePair(text.substr(0, 2)) ? 2 : 1);
   text.remove_prefix(character.size());
   return character;
 }

@@ -28,19 +28,23 @@ constexpr std::uint64_t notAscii(std::u16string_view) {
   return 0xFF80FF80FF80FF80U;
 }
 
-/// How many characters from a place on are ASCII. They are read eight bytes at a time, because
-/// files hold little else.
+/// Takes the ASCII characters off the beginning of a text. They are read eight bytes at a time,
+/// because files hold little else.
 template <class Char>
-std::size_t asciiRun(std::basic_string_view<Char> text, std::size_t from) {
+std::basic_string_view<Char> takeAscii(std::basic_string_view<Char>& text) {
   constexpr std::size_t kStep = sizeof(std::uint64_t) / sizeof(Char);
-  std::size_t at = from;
-  for (; at + kStep <= text.size(); at += kStep) {
+  std::size_t count = 0;
+  for (; count + kStep <= text.size(); count += kStep) {
     std::uint64_t word = 0;
-    std::memcpy(&word, text.data() + at, sizeof word);
+    std::memcpy(&word, text.data() + count, sizeof word);
     if ((word & notAscii(text)) != 0) break;
   }
-  while (at < text.size() && static_cast<std::make_unsigned_t<Char>>(text[at]) < 0x80) ++at;
-  return at - from;
+  while (count < text.size() && static_cast<std::make_unsigned_t<Char>>(text[count]) < 0x80) {
+    ++count;
+  }
+  const auto run = text.substr(0, count);
+  text.remove_prefix(count);
+  return run;
 }
 
 struct Character {
@@ -48,15 +52,16 @@ struct Character {
   std::size_t bytes = 0;  ///< 0: no UTF-8
 };
 
-Character characterAt(std::string_view bytes, std::size_t at) {
+/// The character at the beginning of the bytes, of which there is at least one.
+Character firstCharacter(std::string_view bytes) {
   constexpr std::array<char32_t, 5> kSmallest{0, 0, 0x80, 0x800, 0x10000};  // by number of bytes
-  const auto lead = static_cast<unsigned char>(bytes[at]);
+  const auto lead = static_cast<unsigned char>(bytes[0]);
   if (lead < 0x80) return {lead, 1};
   const auto count = static_cast<std::size_t>(std::countl_one(lead));
-  if (count < 2 || count >= kSmallest.size() || bytes.size() - at < count) return {};
+  if (count < 2 || count >= kSmallest.size() || bytes.size() < count) return {};
   char32_t code = lead & (0x7FU >> count);
   for (std::size_t i = 1; i < count; ++i) {
-    const auto next = static_cast<unsigned char>(bytes[at + i]);
+    const auto next = static_cast<unsigned char>(bytes[i]);
     if ((next & 0xC0U) != 0x80U) return {};
     code = (code << 6U) | (next & 0x3FU);
   }
@@ -102,15 +107,9 @@ void appendAscii(std::basic_string<To>& to, std::basic_string_view<From> run) {
 std::string toUtf8(std::u16string_view text) {
   std::string bytes;
   bytes.reserve(text.size());
-  for (std::size_t at = 0; at < text.size();) {
-    if (const auto run = asciiRun(text, at); run > 0) {
-      appendAscii(bytes, text.substr(at, run));
-      at += run;
-      continue;
-    }
-    const auto character = firstCharacter(text.substr(at));
-    append(bytes, codeOf(character));
-    at += character.size();
+  while (!text.empty()) {
+    appendAscii(bytes, takeAscii(text));
+    if (!text.empty()) append(bytes, codeOf(takeCharacter(text)));
   }
   return bytes;
 }
@@ -120,10 +119,10 @@ std::u16string fromBytes(std::string_view bytes) {
 }
 
 bool isUtf8(std::string_view bytes) {
-  for (std::size_t at = asciiRun(bytes, 0); at < bytes.size(); at += asciiRun(bytes, at)) {
-    const auto character = characterAt(bytes, at);
+  for (takeAscii(bytes); !bytes.empty(); takeAscii(bytes)) {
+    const auto character = firstCharacter(bytes);
     if (character.bytes == 0) return false;
-    at += character.bytes;
+    bytes.remove_prefix(character.bytes);
   }
   return true;
 }
@@ -131,19 +130,13 @@ bool isUtf8(std::string_view bytes) {
 std::u16string fromUtf8(std::string_view bytes) {
   std::u16string text;
   text.reserve(bytes.size());
-  for (std::size_t at = 0; at < bytes.size();) {
-    if (const auto run = asciiRun(bytes, at); run > 0) {
-      appendAscii(text, bytes.substr(at, run));
-      at += run;
-      continue;
-    }
-    const auto character = characterAt(bytes, at);
-    if (character.bytes == 0) {
-      text += fromWindows1252(static_cast<unsigned char>(bytes[at++]));
-      continue;
-    }
-    append(text, character.code);
-    at += character.bytes;
+  while (!bytes.empty()) {
+    appendAscii(text, takeAscii(bytes));
+    if (bytes.empty()) break;
+    const auto character = firstCharacter(bytes);
+    const auto byte = static_cast<unsigned char>(bytes.front());
+    append(text, character.bytes > 0 ? character.code : fromWindows1252(byte));
+    bytes.remove_prefix(std::max<std::size_t>(character.bytes, 1));
   }
   return text;
 }
