@@ -3,14 +3,15 @@
 #include <exception>
 #include <utility>
 
+#include "platform/thread_record.h"
+
 namespace kvrnstep::windows {
 
 /// The exception that was thrown in a window procedure of this thread, if any. It must not pass
 /// through the system, which called the procedure, so it is kept until our own code has control
 /// again.
 inline std::exception_ptr& keptFailure() {
-  static thread_local std::exception_ptr kept;
-  return kept;
+  return platform::ofThisThread<std::exception_ptr>();
 }
 
 template <class Action>

@@ -9,11 +9,14 @@
 #include <array>
 #include <cstring>
 #include <memory>
+#include <thread>
 #include <vector>
 
 #include "kvrnstep/component.hpp"
 #include "kvrnstep/library.hpp"
+#include "kvrnstep/listwright.hpp"
 #include "program.h"
+#include "temporary_folder.h"
 
 namespace {
 
@@ -134,6 +137,31 @@ class OthersRegistry {
   static constexpr const wchar_t* kClass = L"{C333D121-DF97-4586-8A86-2D28E755030D}";
   HKEY root_ = nullptr;
 };
+
+void CALLBACK closeDialog(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/, DWORD /*time*/) {
+  ::PostMessageW(::FindWindowW(L"kvrnstep.window", nullptr), WM_CLOSE, 0, 0);
+}
+
+TEST(Unloading, LetsTheThreadEndThatHasShownADialog) {
+  const tests::TemporaryFolder folder;
+  const std::string steps = folder.native("");
+  const std::string settings = folder.native("steps.ini");
+  kvrnstep_dialog dialog = kDialogDefaults;
+  dialog.sPthStepFolder = steps.c_str();
+  dialog.s_IniPathAndName = settings.c_str();
+  for (int round = 0; round < 3; ++round) {
+    std::thread host([&dialog] {
+      const auto plugin = Listwright::load(hosts::pluginBesideProgram());
+      const UINT_PTR timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, closeDialog);
+      std::string list;
+      EXPECT_FALSE(plugin.ShowListwrightDialog(list, dialog));
+      ::KillTimer(nullptr, timer);
+      ::FreeLibrary(::GetModuleHandleW(L"kvrnstep.dll"));
+      EXPECT_EQ(::GetModuleHandleW(L"kvrnstep.dll"), nullptr);
+    });
+    host.join();
+  }
+}
 
 TEST_F(Registered, ForOneUserWhereAllAreOutOfReach) {
   const auto forAll = keysIn(HKEY_LOCAL_MACHINE);
