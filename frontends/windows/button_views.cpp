@@ -36,6 +36,8 @@ DWORD styleOf(const forms::Control& button) {
 
 ButtonView::ButtonView(WindowView& window, forms::Control& control) : ControlView(window, control) {
   create(WC_BUTTONW, styleOf(control));
+  // The system would click an option button that gets the keyboard.
+  ::SendMessageW(handle(), BM_SETDONTCLICK, TRUE, 0);
 }
 
 void ButtonView::commanded(int notification) {

@@ -200,7 +200,7 @@ void WindowView::enteredByKey() {
   if (forms::holdsText(control)) {
     forms::userEntered(static_cast<forms::TextControl&>(control), forms::Way::Tab);
   } else if (control.kind() == Kind::OptionButton) {
-    // Wine moves the focus without choosing the option.
+    // It has moved the focus without selecting the option.
     if (!static_cast<forms::OptionButton&>(control).value()) forms::userClicked(control);
   }
 }
@@ -303,6 +303,7 @@ void WindowView::setPosition(forms::PixelPoint position) {
 /// Tab goes from the front to the back, so the controls are stacked in its order. Those that can't
 /// be reached come last, so that they never cover others.
 void WindowView::setTabOrder(const std::vector<Control*>& order) {
+  if (const HWND held = ::GetFocus(); selectedFor(held) != held) ::SetFocus(selectedFor(held));
   std::vector<Control*> sorted = order;
   std::ranges::stable_sort(sorted, {}, [](const Control* control) {
     if (decorates(*control)) return 1;
@@ -320,6 +321,19 @@ void WindowView::setTabOrder(const std::vector<Control*>& order) {
                    SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     last = control;
   }
+}
+
+/// The selected option of the group that this one belongs to; any other window itself.
+HWND WindowView::selectedFor(HWND held) const {
+  const ControlView* view = viewAt(held);
+  if (view == nullptr || view->control().kind() != Kind::OptionButton) return held;
+  for (const auto& other : window().controls()) {
+    if (other->kind() == Kind::OptionButton && forms::takesFocus(*other) &&
+        other->container() == view->control().container()) {
+      return viewOf(*other).handle();
+    }
+  }
+  return held;
 }
 
 bool WindowView::holdsKeys(HWND control) const {
@@ -368,7 +382,7 @@ void WindowView::activated(bool active) {
     forms::userLeft(window());
     lastFocus_ = ::GetFocus();
   } else {
-    ::SetFocus(holdsKeys(lastFocus_) ? lastFocus_ : stopAfter(nullptr));
+    ::SetFocus(holdsKeys(lastFocus_) ? selectedFor(lastFocus_) : stopAfter(nullptr));
   }
 }
 

@@ -65,6 +65,7 @@ class WindowView final : public forms::ViewSync, public Receiver {
   bool pressed(const MSG& message);
   bool activatedBy(char16_t letter);
   [[nodiscard]] bool holdsKeys(HWND control) const;
+  [[nodiscard]] HWND selectedFor(HWND held) const;
   [[nodiscard]] HWND stopAfter(HWND before) const;
 
   void activated(bool active);

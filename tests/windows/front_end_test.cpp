@@ -3,6 +3,7 @@
 #include <array>
 #include <atomic>
 #include <functional>
+#include <set>
 #include <string>
 #include <thread>
 #include <vector>
@@ -146,6 +147,41 @@ TEST(WindowsKeyboard, ArrowKeysSelectAmongTheOptionsOfAGroup) {
                 press(VK_TAB, VK_SHIFT), expectFocus("option(1)")});
   EXPECT_EQ(clicks, 1);
   EXPECT_TRUE(window.as<forms::OptionButton>("option", 1).value());
+}
+
+/// As Windows does, and Wine does not: an option button that gets the keyboard is clicked unless
+/// BM_SETDONTCLICK has forbidden it.
+LRESULT CALLBACK clickFocused(int code, WPARAM wide, LPARAM longer) {
+  static std::set<HWND> forbidden;
+  const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(longer);
+  if (sent.message == BM_SETDONTCLICK) forbidden.insert(sent.hwnd);
+  if (sent.message == WM_SETFOCUS && !forbidden.contains(sent.hwnd) &&
+      (::SendMessageW(sent.hwnd, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0) {
+    ::SendMessageW(::GetParent(sent.hwnd), WM_COMMAND, MAKEWPARAM(0, BN_CLICKED),
+                   reinterpret_cast<LPARAM>(sent.hwnd));
+  }
+  return ::CallNextHookEx(nullptr, code, wide, longer);
+}
+
+TEST(WindowsKeyboard, GoesToTheOptionThatIsSelected) {
+  const HHOOK hook =
+      ::SetWindowsHookExW(WH_CALLWNDPROC, clickFocused, nullptr, ::GetCurrentThreadId());
+  TestWindow window;
+  auto& second = window.as<forms::OptionButton>("option", 1);
+  show(window, {[](WindowView& view) {
+                  view.window().setFocus(*view.window().find("option", 0));
+                  view.update();
+                },
+                [&](WindowView& view) {
+                  second.setValue(true);
+                  view.update();
+                },
+                expectFocus("option(1)"),
+                [&](WindowView& view) {
+                  ::SetFocus(view.viewOf(*view.window().find("option", 0)).handle());
+                  EXPECT_TRUE(second.value()) << "the keyboard alone selects nothing";
+                }});
+  ::UnhookWindowsHookEx(hook);
 }
 
 TEST(WindowsKeyboard, EnterMnemonicsAndShortcutsReachTheirControls) {
