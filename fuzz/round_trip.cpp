@@ -1,6 +1,8 @@
 // Readers and writers of all that is kept in files: whatever the bytes and the texts, what was
 // read, or is written, comes back.
 
+#include <fuzzer/FuzzedDataProvider.h>
+
 #include <array>
 
 #include "fuzz.h"
@@ -19,6 +21,41 @@ namespace {
 
 using namespace kvrnstep;
 using fuzz::check;
+
+/// Up to that many UTF-16 units of any kind, halves of surrogate pairs included. ASCII is as
+/// likely as all the rest.
+std::u16string anyText(FuzzedDataProvider& input, std::size_t most) {
+  if (input.ConsumeBool()) {
+    const std::string ascii = input.ConsumeRandomLengthString(most);
+    std::u16string text;
+    for (const char c : ascii) text += static_cast<char16_t>(static_cast<unsigned char>(c) & 0x7FU);
+    return text;
+  }
+  std::u16string text(input.ConsumeIntegralInRange<std::size_t>(0, most), u' ');
+  for (char16_t& unit : text) unit = input.ConsumeIntegral<char16_t>();
+  return text;
+}
+
+/// A setup with texts of up to that many units. Half of the setups hold the numbers that the
+/// dialog allows, the others any.
+generator::ListSettings anySettings(FuzzedDataProvider& input, std::size_t longestText) {
+  const bool inRange = input.ConsumeBool();
+  const auto number = [&](std::int16_t least, std::int16_t most) {
+    return inRange ? input.ConsumeIntegralInRange<std::int16_t>(least, most)
+                   : input.ConsumeIntegral<std::int16_t>();
+  };
+  generator::ListSettings settings;
+  settings.Selection = number(0, 3);
+  for (std::int16_t& option : settings.Option) option = number(0, 1);
+  settings.LineSpacing = number(0, 9);
+  settings.Start = number(1, 99);
+  settings.Count = number(1, 99);
+  for (std::u16string* text :
+       {&settings.Prefix, &settings.Suffix, &settings.Beginning, &settings.Ending}) {
+    *text = anyText(input, longestText);
+  }
+  return settings;
+}
 
 void encode(const std::u16string& text) {
   const std::string bytes = text::toBytes(text);
@@ -64,7 +101,7 @@ void stepFile(FuzzedDataProvider input, std::string_view bytes) {
             read.Beginning.size() + read.Ending.size() + longest,
         "a list stays small");
 
-  auto any = fuzz::anySettings(input, 64);
+  auto any = anySettings(input, 64);
   const std::string record = stepfiles::formatStepRecord(any);
   quoteAsRead(any.Beginning, any.Ending, any.Prefix, any.Suffix);
   check(stepfiles::parseStepRecord(record) == any, "any setup comes back");
@@ -72,7 +109,7 @@ void stepFile(FuzzedDataProvider input, std::string_view bytes) {
 
 void storedTexts(FuzzedDataProvider input, std::string_view bytes) {
   stepfiles::StoredTexts any;
-  for (std::u16string& text : any) text = fuzz::anyText(input, 64);
+  for (std::u16string& text : any) text = anyText(input, 64);
   for (stepfiles::StoredTexts texts : {any, stepfiles::parseStoredTexts(bytes)}) {
     const std::string written = stepfiles::formatStoredTexts(texts);
     for (std::u16string& text : texts) quoteAsRead(text);
@@ -81,7 +118,7 @@ void storedTexts(FuzzedDataProvider input, std::string_view bytes) {
 }
 
 void stepFileName(FuzzedDataProvider input) {
-  const std::u16string name = stepfiles::BuildStepFileName(fuzz::anySettings(input, 200));
+  const std::u16string name = stepfiles::BuildStepFileName(anySettings(input, 200));
   check(name.find_first_of(u"\"?`!.'<>;:\\/\r\n\t ") == std::u16string::npos,
         "a name holds nothing that a file name may not hold");
   const std::u16string fitting = stepfiles::fittingFileName(name);
@@ -121,7 +158,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string bytes(reinterpret_cast<const char*>(data), size);
   decode(bytes);
   FuzzedDataProvider texts(data, size);
-  encode(fuzz::anyText(texts, size));
+  encode(anyText(texts, size));
   list(bytes);
   stepFile(FuzzedDataProvider(data, size), bytes);
   storedTexts(FuzzedDataProvider(data, size), bytes);

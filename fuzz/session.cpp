@@ -32,7 +32,8 @@ class Reader {
   [[nodiscard]] driving::Value value(const std::string& target) const {
     driving::Value value;
     std::string reason;
-    check(stage_.read(target, value, reason) == driving::Outcome::Done, "a property can be read");
+    const auto outcome = stage_.read(target, value, reason);
+    check(outcome == driving::Outcome::Done, "a property can be read");
     return value;
   }
   [[nodiscard]] bool on(const std::string& target) const { return std::get<bool>(value(target)); }
@@ -115,8 +116,7 @@ void checkActions(const Reader& read) {
 
 // What must hold of the windows whenever they wait for their user.
 
-void checkMainDialog(driving::Stage& stage) {
-  const Reader read(stage);
+void checkMainDialog(const Reader& read) {
   checkNumbers(read);
   checkListingType(read);
   checkLayout(read);
@@ -124,8 +124,7 @@ void checkMainDialog(driving::Stage& stage) {
 }
 
 /// … and besides after something was typed into a numeric box, or its text deleted.
-void checkAfterTyping(driving::Stage& stage, std::string_view box) {
-  const Reader read(stage);
+void checkAfterTyping(const Reader& read, std::string_view box) {
   const bool insert = read.enabled("cmdCIC(0)");
   const bool panelShown = read.on("mnuOptions(4).checked") || read.on("mnuOptions(5).checked");
   if (box == "txtBStart" || box == "txtBEndAt") {
@@ -137,8 +136,7 @@ void checkAfterTyping(driving::Stage& stage, std::string_view box) {
   }
 }
 
-void checkStorageEditor(driving::Stage& stage) {
-  const Reader read(stage);
+void checkStorageEditor(const Reader& read) {
   for (int slot = 0; slot < 15; ++slot) {
     check(read.enabled(element("imgBE", slot)) == !read.text(element("txtHold", slot)).empty(),
           "only a text can be applied");
@@ -147,8 +145,7 @@ void checkStorageEditor(driving::Stage& stage) {
   check(read.number("frmStepBE.height") >= 4335, "the editor is no lower");
 }
 
-void checkAffixEditor(driving::Stage& stage) {
-  const Reader read(stage);
+void checkAffixEditor(const Reader& read) {
   const bool selected = read.number("lstEdit.index") >= 0;
   for (const char* button : {"cmdEdO", "cmdDelete", "cmdPatU", "cmdPatD"}) {
     check(read.enabled(button) == selected, "selection buttons need a selected entry");
@@ -274,7 +271,7 @@ class Session final : driving::Player {
     std::string reason;
     const bool done = stage_.perform(verb, rest, reason) == driving::Outcome::Done;
     const bool typed = done && (verb == "clear" || (verb == "type" && !rest.back().empty()));
-    if (typed && windows_.back() == "frmListwright") checkAfterTyping(stage_, target);
+    if (typed && windows_.back() == "frmListwright") checkAfterTyping(read_, target);
   }
 
   void assign(const Words& words) {
@@ -301,9 +298,9 @@ class Session final : driving::Player {
 
   void checkTopmost() {
     check(dialog_->LwOutputString().empty(), "an idle dialog holds no list");
-    if (windows_.back() == "frmListwright") checkMainDialog(stage_);
-    if (windows_.back() == "frmStepBE") checkStorageEditor(stage_);
-    if (windows_.back() == "frmStepPSEdit") checkAffixEditor(stage_);
+    if (windows_.back() == "frmListwright") checkMainDialog(read_);
+    if (windows_.back() == "frmStepBE") checkStorageEditor(read_);
+    if (windows_.back() == "frmStepPSEdit") checkAffixEditor(read_);
   }
 
   void happened(std::string_view what, const std::vector<driving::Value>& details) override {
@@ -332,6 +329,7 @@ class Session final : driving::Player {
   bool menuMode_ = false;
   headless::HeadlessToolkit toolkit_;
   driving::ScriptStage stage_{toolkit_, *this};
+  const Reader read_{stage_};
   dialogs::frmListwright* dialog_ = nullptr;
   std::vector<std::string> windows_;  ///< the open ones, the topmost last
   std::string lists_;                 ///< both list files as they were when a window opened

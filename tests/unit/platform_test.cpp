@@ -194,7 +194,7 @@ TEST(WithProfileValue, OddNamesAreFoundAgain) {
   }
 }
 
-TEST(ProfileFile, ReadsIntoABuffer) {
+TEST(ProfileFile, Reads) {
   const tests::TemporaryFolder folder;
   folder.put("ini", "[Sec]\nKey=" + std::string(300, 'v') + "\nNul=a\0b\nEmpty=\n"s);
   const auto read = [&](std::string_view key) {

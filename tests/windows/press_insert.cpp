@@ -1,53 +1,39 @@
 // A user of the dialog from outside: waits until some program shows it and clicks on Insert, by
-// the messages that a mouse would send to that button.
+// the messages that a mouse would send to that button. Whoever started this program limits its
+// time; no event tells of another program's windows under every system.
 
 #include <windows.h>
 
-#include <string>
+#include <string_view>
 
 namespace {
 
-std::wstring captionOf(HWND window) {
-  std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
-  text.resize(static_cast<std::size_t>(
-      ::GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-  std::erase(text, L'&');
-  return text;
-}
-
 BOOL CALLBACK takeInsert(HWND child, LPARAM found) {
-  const bool wanted = ::IsWindowVisible(child) != FALSE && captionOf(child) == L"Insert";
-  if (wanted) *reinterpret_cast<HWND*>(found) = child;
-  return wanted ? FALSE : TRUE;
+  wchar_t caption[16] = {};
+  ::GetWindowTextW(child, caption, 16);
+  if (::IsWindowVisible(child) == FALSE || std::wstring_view(caption) != L"&Insert") return TRUE;
+  *reinterpret_cast<HWND*>(found) = child;
+  return FALSE;
 }
 
 HWND insertButton() {
   const HWND dialog = ::FindWindowW(nullptr, L"Listwright");
   HWND button = nullptr;
-  if (dialog != nullptr && ::IsWindowVisible(dialog) != FALSE) {
-    ::EnumChildWindows(dialog, takeInsert, reinterpret_cast<LPARAM>(&button));
-  }
+  if (dialog != nullptr) ::EnumChildWindows(dialog, takeInsert, reinterpret_cast<LPARAM>(&button));
   return button;
-}
-
-/// Asks again and again until the condition holds; no event tells of another program's windows
-/// under every system. Whoever started this program limits its time.
-template <class Condition>
-void waitUntil(Condition condition) {
-  constexpr DWORD kBetween = 20;  // milliseconds
-  while (!condition()) ::Sleep(kBetween);
 }
 
 }  // namespace
 
 int main() {
+  constexpr DWORD kBetween = 20;  // milliseconds
   HWND button = nullptr;
-  waitUntil([&] { return (button = insertButton()) != nullptr; });
+  while ((button = insertButton()) == nullptr) ::Sleep(kBetween);
   RECT inside{};
   ::GetClientRect(button, &inside);
   const LPARAM middle = MAKELPARAM(inside.right / 2, inside.bottom / 2);
   ::PostMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON, middle);
   ::PostMessageW(button, WM_LBUTTONUP, 0, middle);
   // The next one to be started must not find this dialog any more.
-  waitUntil([&] { return ::IsWindow(button) == FALSE; });
+  while (::IsWindow(button) != FALSE) ::Sleep(kBetween);
 }

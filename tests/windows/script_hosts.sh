@@ -4,14 +4,10 @@
 # been taken out again the registry is what it was.
 set -u
 zip=$1 press_insert=$2
-tests=$(cd "$(dirname "$0")" && pwd)
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-cp "$tests/late_host.vbs" "$work"
-cd "$work" || exit 1
+source "$(dirname "$0")/../common.bash"
+cp "$tests/windows/late_host.vbs" .
 unzip -q "$zip"
 packed=$(basename "$zip" .zip)
-failed=0
 
 registry() {
   for root in HKEY_LOCAL_MACHINE HKEY_CURRENT_USER; do
@@ -36,7 +32,7 @@ $LAUNCHER cscript //nologo late_host.vbs dialog | tr -d '\r' >printed
 wait
 diff expected printed || failed=1
 for icon in icon-101.ico icon-102.ico icon-103.ico; do
-  cmp "$icon" "$tests/../../assets/icons/$icon" || failed=1
+  cmp "$icon" "$tests/../assets/icons/$icon" || failed=1
 done
 
 register /u
