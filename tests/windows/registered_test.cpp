@@ -233,57 +233,6 @@ TEST_F(Registered, TypeLibraryIsFoundByItsNumber) {
   }
 }
 
-/// A parameter as the library describes it: its type, "&" where it is passed by reference, its
-/// direction, and its default value.
-std::string described(const ELEMDESC& parameter) {
-  const USHORT flags = parameter.paramdesc.wParamFlags;
-  const bool reference = parameter.tdesc.vt == VT_PTR;
-  std::string text = std::to_string(reference ? parameter.tdesc.lptdesc->vt : parameter.tdesc.vt);
-  if (reference) text += '&';
-  if ((flags & PARAMFLAG_FIN) != 0) text += " in";
-  if ((flags & PARAMFLAG_FOUT) != 0) text += " out";
-  if ((flags & PARAMFLAG_FOPT) != 0) text += " opt";
-  if ((flags & PARAMFLAG_FHASDEFAULT) != 0) {
-    VARIANT value;
-    VariantInit(&value);
-    EXPECT_EQ(
-        ::VariantChangeType(&value, &parameter.paramdesc.pparamdescex->varDefaultValue, 0, VT_BSTR),
-        S_OK);
-    const std::wstring wide = taken(value.bstrVal);
-    text += " =" + std::string(wide.begin(), wide.end());
-  }
-  return text;
-}
-
-TEST_F(Registered, MembersAsTheLibraryDescribesThem) {
-  const auto listwright = create<_Listwright>(L"kvrnstep.Listwright", kInterfaceListwright);
-  const auto info = describe(*listwright);
-  FUNCDESC* show = nullptr;
-  for (UINT i = 0; SUCCEEDED(info->GetFuncDesc(i, &show)); ++i) {
-    if (show->memid == KVRNSTEP_SHOW_LISTWRIGHT_DIALOG) break;
-    info->ReleaseFuncDesc(show);
-  }
-  ASSERT_EQ(show->memid, KVRNSTEP_SHOW_LISTWRIGHT_DIALOG);
-  EXPECT_EQ(show->cParamsOpt, 6);
-  EXPECT_EQ(show->elemdescFunc.tdesc.vt, VT_BOOL);
-  // Behind the functions of IDispatch and that of the version.
-  EXPECT_EQ(show->oVft, 8 * static_cast<int>(sizeof(void*)));
-  std::string all;
-  for (SHORT i = 0; i < show->cParams; ++i) all += described(show->lprgelemdescParam[i]) + "|";
-  EXPECT_EQ(all,
-            "8& in out|2 in|11 in|11 in|8 in|8 in|8 in|8 in|8 in|3& in out opt =-2147483643|"
-            "3& in out opt =-2147483640|8& in out opt =|8& in out opt =|2& in out opt =9|"
-            "17& in out opt =4|");
-  info->ReleaseFuncDesc(show);
-
-  std::wstring name = L"requestprogramicon";
-  LPOLESTR pointer = name.data();
-  DISPID id = 0;
-  const auto icon = create<_cIcon>(L"kvrnstep.cIcon", kInterfaceIcon);
-  EXPECT_EQ(describe(*icon)->GetIDsOfNames(&pointer, 1, &id), S_OK);
-  EXPECT_EQ(id, KVRNSTEP_REQUEST_PROGRAM_ICON);
-}
-
 TEST_F(Registered, CarriesItsResources) {
   auto* module = static_cast<HMODULE>(library_);
   for (const int number : {101, 102, 103}) {
