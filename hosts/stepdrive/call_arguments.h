@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "component.h"
+#include "kvrnstep/fields.hpp"
 
 namespace stepdrive {
 
@@ -16,15 +16,11 @@ class CallArguments {
   /// @throws ScriptError when there is no optional parameter of that name
   void omit(std::u16string_view name);
 
-  /// Calls ShowListwrightDialog.
-  /// @param list takes its first argument when it has returned
-  /// @return its result
-  /// @throws std::runtime_error when the call fails
-  bool call(kvrnstep::_Listwright& listwright, std::u16string& list) const;
+  /// What the plug-in is called with; valid until the next change.
+  [[nodiscard]] kvrnstep_dialog dialog() const;
 
  private:
-  std::map<std::u16string, std::u16string, std::less<>> values_{{u"theLwOutputString", u""},
-                                                                {u"SEC_APP_NAME", u"Listwright"}};
+  std::map<std::u16string, std::string, std::less<>> given_{{u"SEC_APP_NAME", "Listwright"}};
 };
 
 }  // namespace stepdrive

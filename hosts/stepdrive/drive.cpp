@@ -28,12 +28,8 @@ std::optional<Value> wantedValue(const Value& read, const std::u16string& word) 
 
 }  // namespace
 
-Drive::Drive(const Component& plugin, std::istream& script) : plugin_(plugin), script_(script) {
-  plugin_.create(kvrnstep::kClassListwright, kvrnstep::kInterfaceListwright, listwright_);
-}
-
 bool Drive::open(const std::string& frontEnd, std::string& problem) {
-  const auto drive = reinterpret_cast<DriveFunction>(plugin_.symbol("kvrnstepDrive"));
+  const auto drive = reinterpret_cast<DriveFunction>(kvrnstep::symbolIn(library_, "kvrnstepDrive"));
   if (drive == nullptr) {
     problem = "the plug-in cannot be driven";
     return false;
@@ -77,7 +73,7 @@ void Drive::carryOut(const ScriptLine& line) {
   } else if (is("call", 0, 0)) {
     call();
   } else if (is("version", 0, 0)) {
-    printVersion();
+    print("version " + quoted(hosts::fromUtf8(plugin_.PlugNameVersion())));
   } else if (is("icon", 1, 1)) {
     printIcon(words[1]);
   } else if (is("context", 1, 1)) {
@@ -108,25 +104,15 @@ void Drive::carryOut(const ScriptLine& line) {
 }
 
 void Drive::call() {
-  std::u16string list;
-  const bool inserted = arguments_.call(*listwright_, list);
-  print(std::string("returned ") + (inserted ? "True " : "False ") + quoted(list));
-}
-
-void Drive::printVersion() {
-  Bstr version;
-  listwright_->PlugNameVersion(version.place());
-  print("version " + quoted(version.text()));
+  std::string list;
+  const bool inserted = plugin_.ShowListwrightDialog(list, arguments_.dialog());
+  print(std::string("returned ") + (inserted ? "True " : "False ") + quoted(hosts::fromUtf8(list)));
 }
 
 void Drive::printIcon(const std::u16string& number) {
-  Reference<kvrnstep::_cIcon> icons;
-  plugin_.create(kvrnstep::kClassIcon, kvrnstep::kInterfaceIcon, icons);
-  Bstr path;
   const auto which = hosts::numberOf<std::int16_t>(hosts::toUtf8(number));
   if (!which) throw ScriptError("icon wants a number");
-  icons->RequestProgramIcon(*which, path.place());
-  print("icon " + quoted(path.text()));
+  print("icon " + quoted(hosts::fromUtf8(plugin_.RequestProgramIcon(*which))));
 }
 
 Value Drive::read(const std::string& target) {

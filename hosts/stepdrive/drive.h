@@ -7,6 +7,7 @@
 
 #include "call_arguments.h"
 #include "kvrnstep/driving.hpp"
+#include "kvrnstep/listwright.hpp"
 #include "script.h"
 
 namespace stepdrive {
@@ -16,7 +17,12 @@ enum ExitStatus { Held = 0, Failed = 1, ScriptWrong = 2 };
 /// Follows one script: calls the plug-in, plays the user, and prints what happens.
 class Drive final : public kvrnstep::driving::Player {
  public:
-  Drive(const Component& plugin, std::istream& script);
+  /// @param plugin the library's path
+  /// @throws std::runtime_error with the loader's reason
+  Drive(const std::string& plugin, std::istream& script)
+      : library_(kvrnstep::openLibrary(plugin)),
+        plugin_(kvrnstep::Listwright::load(plugin)),
+        script_(script) {}
 
   /// Has the named front end serve the calls. False with the reason in `problem` if it cannot.
   bool open(const std::string& frontEnd, std::string& problem);
@@ -34,7 +40,6 @@ class Drive final : public kvrnstep::driving::Player {
   bool step();
   void carryOut(const ScriptLine& line);
   void call();
-  void printVersion();
   void printIcon(const std::u16string& number);
   void expect(int lineNumber, const std::string& target, const std::u16string& wanted);
   void userCommand(const ScriptLine& line);
@@ -42,8 +47,8 @@ class Drive final : public kvrnstep::driving::Player {
   void print(const std::string& line) const;
   void fail();
 
-  const Component& plugin_;
-  Reference<kvrnstep::_Listwright> listwright_;
+  void* library_;  ///< stays loaded to the end of the process
+  kvrnstep::Listwright plugin_;
   kvrnstep::driving::Stage* stage_ = nullptr;
   Script script_;
   CallArguments arguments_;

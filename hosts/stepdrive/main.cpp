@@ -17,8 +17,7 @@ struct Options {
 };
 
 int follow(const Options& options, std::istream& script) {
-  const stepdrive::Component plugin(options.plugin);
-  stepdrive::Drive drive(plugin, script);
+  stepdrive::Drive drive(options.plugin, script);
   std::string problem;
   if (!drive.open(options.frontEnd, problem)) throw std::runtime_error(problem);
   return drive.run();

@@ -37,6 +37,12 @@ class Listwright {
     return taken(function<decltype(kvrnstep_plug_name_version)>("kvrnstep_plug_name_version")());
   }
 
+  /// Writes icon 101, 102 or 103 as a file into the plug-in's folder; its full path, or nothing.
+  [[nodiscard]] std::string RequestProgramIcon(std::int32_t piIndex101to103) const {
+    return taken(function<decltype(kvrnstep_request_program_icon)>("kvrnstep_request_program_icon")(
+        piIndex101to103));
+  }
+
   /// Shows the dialog and returns when it has closed. Call it on the thread that owns the user
   /// interface.
   /// @param theLwOutputString the list after Insert, otherwise empty

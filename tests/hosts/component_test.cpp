@@ -151,7 +151,11 @@ class Component : public testing::Test {
   void* library_ = nullptr;
   GetClassObjectFunction getClassObject_ = nullptr;
   _Listwright* listwright_ = nullptr;
-  tests::User user_{tests::insertAtOnce};
+  std::function<void()> meanwhile_ = [] {};
+  tests::User user_{[this](tests::User& user) {
+    meanwhile_();
+    insertAtOnce(user);
+  }};
 };
 
 constexpr DISPID kShow = KVRNSTEP_SHOW_LISTWRIGHT_DIALOG;
@@ -308,6 +312,10 @@ TEST_F(Component, EarlyCallsLeaveWhatTheyOnlyRead) {
   BSTR folder = bstr(folder_(""));
   BSTR settings = bstr(folder_("steps.ini"));
   BSTR font = bstr(u"");
+  BSTR alert = bstr(u"alert");
+  BSTR finish = bstr(u"finish");
+  BSTR section = bstr(u"section");
+  BSTR second = bstr(u"second");
   BSTR settingsBefore = settings;
   BSTR fontBefore = font;
   LONG back = 0x123456;
@@ -316,14 +324,25 @@ TEST_F(Component, EarlyCallsLeaveWhatTheyOnlyRead) {
   std::uint8_t blanks = 1;
   VARIANT_BOOL result = VARIANT_FALSE;
   const auto show = [&](BSTR* list, VARIANT_BOOL* inserted, bool optional) {
-    return listwright_->ShowListwrightDialog(list, 2, 7, VARIANT_FALSE, nullptr, nullptr, folder,
-                                             nullptr, nullptr, optional ? &back : nullptr,
+    return listwright_->ShowListwrightDialog(list, 2, 7, VARIANT_TRUE, alert, finish, folder,
+                                             section, second, optional ? &back : nullptr,
                                              optional ? &fore : nullptr, &settings,
                                              optional ? &font : nullptr, optional ? &size : nullptr,
                                              optional ? &blanks : nullptr, inserted);
   };
+  std::vector<driving::Value> told;
+  meanwhile_ = [&] {
+    for (const char* name :
+         {"bolIsSoundAvailable", "swavAlertQ", "swavFinishQ", "SEC_APP_NAME", "SEC_APP_LWDR",
+          "l_EditorBColor", "l_EditorFColor", "s_EditorFont", "i_EditorSize", "bytSpcCount"}) {
+      told.push_back(user_.stage->contextField(name).value());
+    }
+  };
   EXPECT_EQ(show(&output, &result, true), S_OK);
   EXPECT_EQ(result, VARIANT_TRUE);
+  EXPECT_TRUE(
+      (told == std::vector<driving::Value>{true, u"alert", u"finish", u"section", u"second",
+                                           double{0x123456}, 7.0, u"Courier New", 12.0, 1.0}));
   EXPECT_EQ(textOf(output), u"   I. \r\n  II. \r\n III. \r\n");
   EXPECT_TRUE(settings == settingsBefore && textOf(settings) == folder_("steps.ini"));
   EXPECT_TRUE(font == fontBefore && textOf(font).empty());
@@ -333,7 +352,9 @@ TEST_F(Component, EarlyCallsLeaveWhatTheyOnlyRead) {
   EXPECT_EQ(show(nullptr, &result, true), E_POINTER);
   EXPECT_EQ(show(&output, nullptr, true), E_POINTER);
   EXPECT_EQ(listwright_->PlugNameVersion(nullptr), E_POINTER);
-  for (BSTR text : {output, folder, settings, font}) SysFreeString(text);
+  for (BSTR text : {output, folder, settings, font, alert, finish, section, second}) {
+    SysFreeString(text);
+  }
 }
 
 TEST_F(Component, IconsAreWrittenAsFiles) {
