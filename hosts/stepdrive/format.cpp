@@ -13,24 +13,20 @@ namespace stepdrive {
 
 namespace {
 
-template <class Number>
-std::string digitsOf(Number number) {
-  std::array<char, 64> digits{};
-  const auto [end, error] =
-      std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
-  return {digits.data(), end};
-}
-
 /// Places are worth no more digits than a window's own coordinates, which are of single precision.
 std::string decimal(double number) {
+  std::array<char, 64> digits{};
+  const auto write = [&](auto value) {
+    return std::to_chars(digits.begin(), digits.end(), value, std::chars_format::fixed).ptr;
+  };
   const bool whole = number == std::nearbyint(number);
-  return whole ? digitsOf(number) : digitsOf(static_cast<float>(number));
+  return {digits.begin(), whole ? write(number) : write(static_cast<float>(number))};
 }
 
 /// The escape for a character, or nothing where it is written as it is.
 std::string escapeOf(char16_t unit) {
   const auto* named = std::ranges::find(kEscapes, unit, &Escape::character);
-  if (named != kEscapes.end()) return {'\\', named->letter};
+  if (named != kEscapes.end()) return {'\\', static_cast<char>(named->letter)};
   if (unit >= 0x20 && (unit < 0x7F || unit >= 0xA0)) return {};
   std::array<char, 8> escape{};
   std::snprintf(escape.data(), escape.size(), "\\u%04X", static_cast<unsigned>(unit));

@@ -9,80 +9,65 @@ namespace stepdrive {
 
 namespace {
 
-bool isBlank(char c) {
-  return c == ' ' || c == '\t';
+constexpr std::u16string_view kBlanks = u" \t";
+
+/// Takes the next character off a quoted word.
+char16_t taken(std::u16string_view& rest) {
+  if (rest.empty()) throw ScriptError("a quoted word has no end");
+  const char16_t first = rest.front();
+  rest.remove_prefix(1);
+  return first;
 }
 
-/// Reads the words of one line.
-class Splitter {
- public:
-  explicit Splitter(const std::string& line) : line_(line) {}
-
-  std::vector<std::u16string> words() {
-    std::vector<std::u16string> result;
-    while (skipBlanks()) result.push_back(line_[at_] == '"' ? quotedWord() : bareWord());
-    return result;
+char16_t codeUnit(std::u16string_view& rest) {
+  constexpr std::size_t kDigits = 4;
+  const std::string digits = hosts::toUtf8(rest.substr(0, kDigits));
+  unsigned value = 0;
+  const auto [stop, error] =
+      std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
+  if (error != std::errc() || stop != digits.data() + kDigits) {
+    throw ScriptError("\\u wants four hexadecimal digits");
   }
+  rest.remove_prefix(kDigits);
+  return static_cast<char16_t>(value);
+}
 
- private:
-  bool skipBlanks() {
-    while (at_ < line_.size() && isBlank(line_[at_])) ++at_;
-    return at_ < line_.size();
+char16_t escaped(std::u16string_view& rest) {
+  const char16_t letter = taken(rest);
+  if (letter == u'u') return codeUnit(rest);
+  const auto* escape = std::ranges::find(kEscapes, letter, &Escape::letter);
+  if (escape != kEscapes.end()) return escape->character;
+  throw ScriptError("unknown escape \\" + hosts::toUtf8({&letter, 1}));
+}
+
+/// Takes a word off a line that begins with a quote.
+std::u16string quotedWord(std::u16string_view& rest) {
+  std::u16string word;
+  taken(rest);
+  for (char16_t next = taken(rest); next != u'"'; next = taken(rest)) {
+    word += next == u'\\' ? escaped(rest) : next;
   }
-
-  std::u16string bareWord() {
-    const std::size_t begin = at_;
-    while (at_ < line_.size() && !isBlank(line_[at_])) ++at_;
-    return hosts::fromUtf8(std::string_view(line_).substr(begin, at_ - begin));
+  if (!rest.empty() && kBlanks.find(rest.front()) == std::u16string_view::npos) {
+    throw ScriptError("a blank is missing behind a quoted word");
   }
-
-  std::u16string quotedWord() {
-    std::u16string word;
-    ++at_;
-    while (true) {
-      const std::size_t begin = at_;
-      while (at_ < line_.size() && line_[at_] != '"' && line_[at_] != '\\') ++at_;
-      word += hosts::fromUtf8(std::string_view(line_).substr(begin, at_ - begin));
-      if (at_ >= line_.size()) throw ScriptError("a quoted word has no end");
-      if (line_[at_++] == '"') break;
-      word += escape();
-    }
-    if (at_ < line_.size() && !isBlank(line_[at_])) {
-      throw ScriptError("a blank is missing behind a quoted word");
-    }
-    return word;
-  }
-
-  char16_t escape() {
-    if (at_ >= line_.size()) throw ScriptError("a quoted word has no end");
-    const char letter = line_[at_++];
-    if (letter == 'u') return codeUnit();
-    const auto* escape = std::ranges::find(kEscapes, letter, &Escape::letter);
-    if (escape != kEscapes.end()) return escape->character;
-    throw ScriptError(std::string("unknown escape \\") + letter);
-  }
-
-  char16_t codeUnit() {
-    constexpr std::size_t kDigits = 4;
-    unsigned value = 0;
-    const char* begin = line_.data() + at_;
-    const char* end = begin + std::min(kDigits, line_.size() - at_);
-    const auto [stop, error] = std::from_chars(begin, end, value, 16);
-    if (error != std::errc() || stop != begin + kDigits) {
-      throw ScriptError("\\u wants four hexadecimal digits");
-    }
-    at_ += kDigits;
-    return static_cast<char16_t>(value);
-  }
-
-  const std::string& line_;
-  std::size_t at_ = 0;
-};
+  return word;
+}
 
 }  // namespace
 
 std::vector<std::u16string> splitWords(const std::string& line) {
-  return Splitter(line).words();
+  const std::u16string text = hosts::fromUtf8(line);
+  std::vector<std::u16string> words;
+  for (std::u16string_view rest = text;;) {
+    rest.remove_prefix(std::min(rest.find_first_not_of(kBlanks), rest.size()));
+    if (rest.empty()) return words;
+    if (rest.front() == u'"') {
+      words.push_back(quotedWord(rest));
+    } else {
+      words.emplace_back(rest.substr(0, rest.find_first_of(kBlanks)));
+      rest.remove_prefix(words.back().size());
+    }
+  }
 }
 
 std::optional<ScriptLine> Script::next() {

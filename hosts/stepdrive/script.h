@@ -17,11 +17,11 @@ class ScriptError : public std::runtime_error {
 
 /// An escape in a quoted word: the letter behind the backslash, and what it stands for.
 struct Escape {
-  char letter;
+  char16_t letter;
   char16_t character;
 };
 inline constexpr auto kEscapes = std::to_array<Escape>(
-    {{'"', u'"'}, {'\\', u'\\'}, {'r', u'\r'}, {'n', u'\n'}, {'t', u'\t'}, {'b', u'\b'}});
+    {{u'"', u'"'}, {u'\\', u'\\'}, {u'r', u'\r'}, {u'n', u'\n'}, {u't', u'\t'}, {u'b', u'\b'}});
 
 /// A line of a script that holds a command.
 struct ScriptLine {

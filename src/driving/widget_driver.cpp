@@ -117,10 +117,8 @@ bool WidgetDriver::begin(const Gesture& gesture, const forms::ViewSync& view) {
       auto& box = gesture.on<TextControl>();
       return enter(box, {box.text().size(), 0}) && type(gesture.text, view);
     }
-    case What::Clear: {
-      auto& box = gesture.on<TextControl>();
-      return enter(box, {0, box.text().size()}) && type(kDelete, view);
-    }
+    case What::Clear:
+      return enter(*control, {0, gesture.on<TextControl>().text().size()}) && type(kDelete, view);
     case What::Select:
       return enter(*control, gesture.selection());
     case What::Press:

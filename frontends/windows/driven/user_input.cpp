@@ -1,7 +1,6 @@
 #include "user_input.h"
 
 #include <cstdlib>
-#include <vector>
 
 namespace kvrnstep::windows {
 
@@ -9,41 +8,22 @@ using forms::MouseButton;
 
 namespace {
 
-constexpr DWORD kKeyUp = KEYEVENTF_KEYUP;
-
-void send(std::vector<INPUT> inputs) {
-  ::SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+void send(INPUT input) {
+  ::SendInput(1, &input, sizeof input);
 }
 
-INPUT mouse(DWORD flags) {
-  INPUT input{};
-  input.type = INPUT_MOUSE;
-  input.mi.dwFlags = flags;
-  return input;
-}
-
-INPUT key(WORD code, DWORD flags) {
+/// Presses or releases a key, or types a character that the keyboard has no key for.
+void useKey(WORD code, WORD scanCode, DWORD flags) {
   INPUT input{};
   input.type = INPUT_KEYBOARD;
   input.ki.wVk = code;
-  input.ki.wScan = static_cast<WORD>(::MapVirtualKeyW(code, MAPVK_VK_TO_VSC));
+  input.ki.wScan = scanCode;
   input.ki.dwFlags = flags;
-  return input;
+  send(input);
 }
 
-/// A character that the keyboard has no key for.
-INPUT character(char16_t code, DWORD flags) {
-  INPUT input{};
-  input.type = INPUT_KEYBOARD;
-  input.ki.wScan = static_cast<WORD>(code);
-  input.ki.dwFlags = flags | KEYEVENTF_UNICODE;
-  return input;
-}
-
-/// The window, or a part of it, is what a click at this point of the screen meets.
-bool meets(HWND window, POINT onScreen) {
-  const HWND hit = ::WindowFromPoint(onScreen);
-  return hit == window || ::IsChild(window, hit) != FALSE;
+void useKey(WORD code, DWORD flags) {
+  useKey(code, static_cast<WORD>(::MapVirtualKeyW(code, MAPVK_VK_TO_VSC)), flags);
 }
 
 /// Far enough from the click before it not to make a double click with it.
@@ -87,10 +67,10 @@ bool clickAt(HWND window, POINT inside, MouseButton button, bool twice) {
   if (::IsWindowVisible(window) == FALSE || !meets(window, onScreen)) return false;
   moveMouse(onScreen);
   const bool right = button == MouseButton::Right;
-  std::vector<INPUT> inputs{mouse(right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN),
-                            mouse(right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP)};
-  if (twice) inputs.insert(inputs.end(), {inputs[0], inputs[1]});
-  send(std::move(inputs));
+  for (int presses = twice ? 2 : 1; presses > 0; --presses) {
+    useMouse(right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);
+    useMouse(right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP);
+  }
   return true;
 }
 
@@ -114,25 +94,27 @@ bool clickOn(HWND window) {
   return point && clickAt(window, *point);
 }
 
+bool meets(HWND window, POINT onScreen) {
+  const HWND hit = ::WindowFromPoint(onScreen);
+  return hit == window || ::IsChild(window, hit) != FALSE;
+}
+
 void moveMouse(POINT onScreen) {
   ::SetCursorPos(onScreen.x, onScreen.y);
 }
 
-void pressLeft() {
-  send({mouse(MOUSEEVENTF_LEFTDOWN)});
-}
-
-void releaseLeft() {
-  send({mouse(MOUSEEVENTF_LEFTUP)});
+void useMouse(DWORD flags) {
+  INPUT input{};
+  input.type = INPUT_MOUSE;
+  input.mi.dwFlags = flags;
+  send(input);
 }
 
 void pressKey(WORD code, WORD held) {
-  std::vector<INPUT> inputs{key(code, 0), key(code, kKeyUp)};
-  if (held != 0) {
-    inputs.insert(inputs.begin(), key(held, 0));
-    inputs.push_back(key(held, kKeyUp));
-  }
-  send(std::move(inputs));
+  if (held != 0) useKey(held, 0);
+  useKey(code, 0);
+  useKey(code, KEYEVENTF_KEYUP);
+  if (held != 0) useKey(held, KEYEVENTF_KEYUP);
 }
 
 void pressCharacter(char16_t code) {
@@ -143,7 +125,8 @@ void pressCharacter(char16_t code) {
   } else if (code >= u'0' && code <= u'9') {
     pressKey(static_cast<WORD>(code));
   } else {
-    send({character(code, 0), character(code, kKeyUp)});
+    useKey(0, static_cast<WORD>(code), KEYEVENTF_UNICODE);
+    useKey(0, static_cast<WORD>(code), KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
   }
 }
 

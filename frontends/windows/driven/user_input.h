@@ -18,9 +18,11 @@ bool clickAt(HWND window, POINT inside, forms::MouseButton button = forms::Mouse
 /// … at the middle of it, or of what is visible of it.
 bool clickOn(HWND window);
 
+/// The window, or a part of it, is what a click at this point of the screen meets.
+bool meets(HWND window, POINT onScreen);
 void moveMouse(POINT onScreen);
-void pressLeft();
-void releaseLeft();
+/// Presses or releases a button: MOUSEEVENTF_LEFTDOWN …
+void useMouse(DWORD flags);
 /// A point of the window's inside that the mouse can reach; nothing where something covers it.
 std::optional<POINT> reachablePoint(HWND window);
 

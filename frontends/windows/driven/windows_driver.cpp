@@ -1,8 +1,5 @@
 #include "windows_driver.h"
 
-#include <array>
-#include <string_view>
-
 #include "scale.h"
 #include "user_input.h"
 
@@ -56,16 +53,6 @@ POINT pointOf(HWND list, int entry) {
     ::SendMessageW(list, LB_SETTOPINDEX, static_cast<WPARAM>(entry), 0);
   }
   return middleOf(place());
-}
-
-BOOL CALLBACK takeDialog(HWND window, LPARAM found) {
-  constexpr std::wstring_view kDialogClass = L"#32770";
-  std::array<wchar_t, kDialogClass.size() + 2> name{};
-  ::GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-  const bool waits = ::IsWindowVisible(window) != FALSE && ::IsWindowEnabled(window) != FALSE;
-  if (!waits || name.data() != kDialogClass) return TRUE;
-  *reinterpret_cast<HWND*>(found) = window;
-  return FALSE;
 }
 
 HWND lineOf(HWND box) {
@@ -157,24 +144,38 @@ bool WindowsDriver::clickAt(const Spot& spot, MouseButton button, bool twice) {
     return windows::clickAt(static_cast<HWND>(spot.widget), point, button, twice);
   }
   moveMouse(point);
-  pressLeft();
-  releaseLeft();
+  useMouse(MOUSEEVENTF_LEFTDOWN);
+  useMouse(MOUSEEVENTF_LEFTUP);
   return true;
 }
 
 bool WindowsDriver::drag(const Spot& from, const Spot& to) {
+  const auto source = static_cast<HWND>(from.widget);
+  const auto target = static_cast<HWND>(to.widget);
   POINT start{from.x, from.y};
   POINT end{to.x, to.y};
-  ::ClientToScreen(static_cast<HWND>(from.widget), &start);
-  ::ClientToScreen(static_cast<HWND>(to.widget), &end);
+  ::ClientToScreen(source, &start);
+  ::ClientToScreen(target, &end);
+  if (!meets(source, start) || !meets(target, end)) return false;
   moveMouse(start);
-  pressLeft();
-  settle();
+  useMouse(MOUSEEVENTF_LEFTDOWN);
+  // What is dragged holds the mouse from the press to the release.
+  if (!waitForCapture(source, true)) return false;
   for (const POINT& point : {POINT{(start.x + end.x) / 2, (start.y + end.y) / 2}, end}) {
     moveMouse(point);
     settle();
   }
-  releaseLeft();
+  useMouse(MOUSEEVENTF_LEFTUP);
+  return waitForCapture(source, false);
+}
+
+bool WindowsDriver::waitForCapture(HWND widget, bool held) {
+  constexpr DWORD kPatience = 5000;  // milliseconds
+  constexpr DWORD kAllButTimers = QS_ALLINPUT & ~QS_TIMER;
+  for (settle(); (::GetCapture() == widget) != held; settle()) {
+    const DWORD came = ::MsgWaitForMultipleObjects(0, nullptr, FALSE, kPatience, kAllButTimers);
+    if (came == WAIT_TIMEOUT) return false;
+  }
   return true;
 }
 
@@ -220,10 +221,16 @@ void WindowsDriver::useFrame(const forms::Window& window, What what) {
 }
 
 void* WindowsDriver::openBox() {
-  HWND found = nullptr;
-  ::EnumThreadWindows(::GetCurrentThreadId(), takeDialog, reinterpret_cast<LPARAM>(&found));
-  if (found != nullptr) giveKeyboard(found);
-  return found;
+  const auto waits = [](HWND box) {
+    return ::GetWindowThreadProcessId(box, nullptr) == ::GetCurrentThreadId() &&
+           ::IsWindowVisible(box) != FALSE && ::IsWindowEnabled(box) != FALSE;
+  };
+  HWND box = nullptr;
+  do {
+    box = ::FindWindowExW(nullptr, box, L"#32770", nullptr);
+  } while (box != nullptr && !waits(box));
+  if (box != nullptr) giveKeyboard(box);
+  return box;
 }
 
 void WindowsDriver::enterLine(void* box) {

@@ -42,6 +42,8 @@ class WindowsDriver final : public driving::WidgetDriver, private Attendant {
     return viewOf(control.window())->viewOf(control);
   }
   [[nodiscard]] std::optional<Spot> spotOfEntry(const forms::Control& entry) const;
+  /// Deals with input until the widget holds the mouse, or no longer.
+  bool waitForCapture(HWND widget, bool held);
   bool setSize(WindowView& view, const driving::Gesture& gesture);
 
   WindowsToolkit native_{this};
