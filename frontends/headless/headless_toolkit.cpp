@@ -43,7 +43,7 @@ void replaceSelection(TextControl& box, std::u16string_view inserted) {
   }
 }
 
-/// Of the character that a text ends with: a line break and a pair of surrogates are one.
+/// The units of the last character of a text; a line break and a pair of surrogates count as one.
 std::size_t lengthOfLast(std::u16string_view text) {
   if (text.size() < 2) return text.size();
   const auto last = text.substr(text.size() - 2);

@@ -20,16 +20,16 @@ class Arguments {
   std::vector<const char*> pointers_;
 };
 
-/// Where the plug-in lies, seen from the running program's folder: "../lib" in a build tree,
+/// Where the plug-in is, seen from the running program's folder: "../lib" in a build tree,
 /// "../lib/listwright" where it is installed, and on Windows in that same folder.
 std::string pluginBesideProgram();
 
-/// Lets bytes go out as they are, and a terminal take them for UTF-8. A standard file that was
-/// closed stays useless: what is opened later does not get its number.
+/// Has bytes written as they are, and read as UTF-8 by a terminal. A standard file that is closed
+/// is replaced by one without content, so that no file that is opened later takes its number.
 void prepareOutput();
 
-/// Whether anybody gets what goes to the standard output. Nobody does where a desktop has started
-/// the program: there it goes nowhere, or to the system's log.
+/// Whether anybody reads the standard output. Nobody does where a desktop has started the program:
+/// there the output is discarded or goes to the system's log.
 bool outputIsRead();
 
 /// Whether a person reads the standard output.

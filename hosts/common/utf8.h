@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-/// Between the UTF-8 of files and command lines and the UTF-16 of the component. What neither can
-/// hold becomes U+FFFD.
+/// Between the UTF-8 of files and command lines and the UTF-16 of the component. What has no
+/// counterpart becomes U+FFFD.
 namespace hosts {
 
 namespace detail {
@@ -21,7 +21,7 @@ struct Decoded {
   char32_t point = U'\uFFFD';
   std::size_t length = 1;
 
-  /// Whether it stands for a byte that belongs to no character.
+  /// Whether it stands for a byte that is no part of a character.
   [[nodiscard]] bool broken() const { return point == U'\uFFFD' && length == 1; }
 };
 

@@ -155,7 +155,7 @@ void Drive::happened(std::string_view what, const std::vector<Value>& details) {
 void Drive::act() {
   constexpr int kMostClosings = 100;
   if (step()) return;
-  // A window that its close box does not close would hold the script for ever.
+  // Without a limit, a window that does not close would keep the program running for ever.
   if (++closings_ > kMostClosings) {
     std::fputs("stepdrive: a window cannot be closed\n", stderr);
     std::_Exit(ScriptWrong);

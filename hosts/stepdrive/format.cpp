@@ -13,7 +13,7 @@ namespace stepdrive {
 
 namespace {
 
-/// Places are worth no more digits than a window's own coordinates, which are of single precision.
+/// A number that is not whole has the digits of single precision, which is that of places.
 std::string decimal(double number) {
   std::array<char, 64> digits{};
   const auto write = [&](auto value) {

@@ -34,14 +34,14 @@ class Driver {
     return std::nullopt;
   }
 
-  // The stage tells of what is about to open: of a menu or a window, and of boxes …
+  // The stage says what is about to open (for a window or a pop-up menu: which one) …
   virtual void opens(Opened /*what*/, const forms::Window* /*window*/,
                      const forms::MenuEntry* /*menu*/) {}
-  /// … and that it has closed.
+  // … and when it has closed.
   virtual void closed() {}
 
  protected:
-  /// There is one before anything opens.
+  /// It has been set before anything opens.
   [[nodiscard]] Player& player() const { return *player_; }
 
  private:

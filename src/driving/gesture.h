@@ -15,7 +15,7 @@ struct Gesture {
     Click,
     DoubleClick,
     RightClick,
-    Type,    ///< puts the caret at the end of the box's text, types the characters one by one
+    Type,    ///< puts the caret at the end of the box's text and types the characters
     Clear,   ///< marks all of the box's text and presses Delete
     Select,  ///< marks part of the box's text
     Press,   ///< the shortcut of a menu entry
@@ -36,8 +36,8 @@ struct Gesture {
   forms::Window& window;
   forms::Control* control = nullptr;  ///< null: what is done is done to the window itself
   forms::Control* target = nullptr;   ///< where a control is dropped
-  std::optional<int> entry{};         ///< of a list; nothing is the list itself
-  std::u16string text{};              ///< that is typed
+  std::optional<int> entry{};         ///< of a list; nothing: the list itself
+  std::u16string text{};              ///< to be typed
   std::vector<double> numbers{};      ///< start and length of the marked part; left and top edge,
                                       ///< or width and height, in twips
 

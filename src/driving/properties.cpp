@@ -223,7 +223,7 @@ std::optional<Value> held(const plugin::HostContext& context, std::string_view f
 
 bool looksLike(const Control& control, std::string_view property, const Value& shown) {
   if (property == "caption" && control.kind() != Kind::Menu) {
-    // The mark of a mnemonic is drawn only where the control has it.
+    // Front ends leave the mark of a mnemonic out where the control has none.
     return shown == Value(std::u16string(forms::drawnCaption(control))) ||
            shown == Value(text::withoutMnemonic(control.caption()));
   }

@@ -22,8 +22,8 @@ std::optional<Value> held(const plugin::HostContext& context, std::string_view f
 template <class Thing>
 bool assign(Thing& thing, std::string_view property, const std::u16string& word);
 
-/// Whether what a front end shows of a property is how it shows what the control holds: some values
-/// look alike.
+/// Whether a front end that shows this shows what the control holds, because some values look
+/// alike.
 bool looksLike(const forms::Control& control, std::string_view property, const Value& shown);
 
 }  // namespace kvrnstep::driving

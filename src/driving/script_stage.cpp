@@ -124,7 +124,7 @@ void scrollToEntry(const Gesture& gesture) {
   if (top != list.topIndex()) forms::userScrolled(list, top);
 }
 
-/// Does what a script wants; it is told what is wrong with it.
+/// Calls `action` for a script. What it throws about the script becomes the reason.
 template <class Action>
 Outcome judged(std::string& reason, Action action) {
   try {
@@ -161,7 +161,7 @@ Outcome ScriptStage::perform(std::string_view name, const std::vector<std::u16st
     for (std::size_t i = 0; i < words.size(); ++i) addWord(gesture, verb.words[i], words[i]);
     if (verb.what == What::Press) gesture.control = entryWith(gesture.window, gesture.text);
     if (!inReach(gesture)) return false;
-    // Whatever cannot be dragged stays where it is.
+    // A user may try to drag anything, and nothing comes of it.
     if (gesture.what == What::Drag && !gesture.control->row().draggable) return true;
     scrollToEntry(gesture);
     return driver_.carryOut(gesture);
@@ -196,7 +196,7 @@ void ScriptStage::addWord(Gesture& gesture, char sort, const std::u16string& wor
 }
 
 bool ScriptStage::inReach(const Gesture& gesture) const {
-  // Everything else is out of reach as long as a pop-up menu is open.
+  // While a pop-up menu is open, everything else is out of reach.
   if (gesture.what == What::Escape) return popUp_ != nullptr;
   if (popUp_ != nullptr && gesture.what != What::Pick) return false;
   if (gesture.what == What::Minimize || gesture.what == What::Restore ||
@@ -213,7 +213,7 @@ bool ScriptStage::inReach(const Gesture& gesture) const {
   return !gesture.entry || (*gesture.entry >= 0 && *gesture.entry < entryCount(*gesture.control));
 }
 
-/// An open pop-up menu hides the menu bar from the mouse, and the other way round.
+/// While a pop-up menu is open only its entries can be picked, and otherwise only those of the bar.
 bool ScriptStage::isOffered(const MenuEntry& entry) const {
   const Control* menu = entry.container();
   if (menu == nullptr || entry.separator()) return false;

@@ -10,7 +10,7 @@
 
 namespace kvrnstep::driving {
 
-/// Hands out the calling thread's record of the call.
+/// The calling thread's host context.
 using ContextFunction = plugin::HostContext&();
 
 /// A toolkit that has a driver use what it shows. It carries out what a script says of the topmost
@@ -50,7 +50,7 @@ class ScriptStage final : public forms::Toolkit, public Stage {
     std::string_view property;
   };
 
-  // Where a script names what is not there these throw what is wrong with it.
+  // These throw WrongScript where a script names what is not there.
   [[nodiscard]] forms::Window& topmost() const;
   [[nodiscard]] forms::Control& named(std::string_view name) const;
   [[nodiscard]] Target targetOf(std::string_view text) const;

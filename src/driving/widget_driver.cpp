@@ -19,7 +19,7 @@ namespace {
 constexpr std::u16string_view kEnter = u"\r";
 constexpr std::u16string_view kEscape = u"\x1B";
 constexpr std::u16string_view kDelete = u"\x7F";
-/// So often a menu or a box is tried before the user gives it up.
+/// How often the user tries a menu or a box before giving it up.
 constexpr int kPatience = 300;
 
 }  // namespace
@@ -48,8 +48,8 @@ void WidgetDriver::act() {
     closing = useBox(turn, box);
   }
   turn.busy = false;
-  // The key may open a complaint, in which the user acts before this returns. A box that does not
-  // close has not noticed its key, as happens while it opens, and gets it again.
+  // A box that is still opening may miss its key, and gets it again with the next call. The key may
+  // open a complaint; the user then acts there before strike() returns.
   if (closing) strike(turn.leaves || ++turn.keys > kPatience ? kEscape : kEnter);
 }
 
@@ -202,7 +202,7 @@ void WidgetDriver::pickWanted() {
 
 void WidgetDriver::place(const Gesture& gesture, const forms::ViewSync& view) {
   if (!setPlace(gesture) || !view.open()) return;
-  // The screen knows whole pixels only; the rest is told of in the same way.
+  // The screen knows whole pixels only, so the exact place is told as a front end tells it.
   const double first = gesture.numbers[0];
   const double second = gesture.numbers[1];
   if (gesture.what == What::Move) {

@@ -30,7 +30,7 @@ class WidgetDriver : public Driver {
   void act();
 
   // What each system does.
-  /// Has act() called, or no longer.
+  /// Begins to call act(), or ends it.
   virtual void callAct(bool on) = 0;
   /// Null for a window that is not open.
   [[nodiscard]] virtual forms::ViewSync* viewOf(const forms::Window& window) const = 0;
@@ -52,7 +52,7 @@ class WidgetDriver : public Driver {
   /// its press leads to is there.
   virtual void strike(std::u16string_view character) = 0;
 
-  /// Moves or sizes a window in whole pixels. False: it did not come out as wanted.
+  /// Moves or sizes a window in whole pixels. False: it has another place or size now.
   virtual bool setPlace(const Gesture& gesture) = 0;
   /// Minimizes, restores or closes a window.
   virtual void useFrame(const forms::Window& window, Gesture::What what) = 0;
@@ -61,10 +61,11 @@ class WidgetDriver : public Driver {
   virtual void* openBox() = 0;
   /// Puts the keyboard into the line of a box, and marks its text.
   virtual void enterLine(void* box) = 0;
-  /// Presses the button of a complaint or a question that lets things take their course.
+  /// Presses Yes in a box that asks, and otherwise the box's first button.
   virtual void agree(void* box) = 0;
 
-  /// What a widget shows of a property that is not of a text or of scrolling.
+  /// What a widget shows of a property. What it shows of a text and how far it is scrolled is known
+  /// to its sync.
   [[nodiscard]] virtual std::optional<Value> seen(const forms::Control& control,
                                                   std::string_view property) const = 0;
 
@@ -75,9 +76,9 @@ class WidgetDriver : public Driver {
     const forms::Window* window;
     const forms::MenuEntry* menu;
     bool busy = false;    ///< the user is at work
-    bool leaves = false;  ///< … and has done the last thing
-    void* box = nullptr;  ///< the first one that opened
-    int keys = 0;         ///< pressed to close it
+    bool leaves = false;  ///< there is nothing left to do but to close it
+    void* box = nullptr;  ///< the box itself, to tell it from what it asks
+    int keys = 0;         ///< how many were pressed to close it
   };
 
   /// An entry that is to be picked from a menu of the menu bar.
@@ -101,7 +102,7 @@ class WidgetDriver : public Driver {
   void place(const Gesture& gesture, const forms::ViewSync& view);
 
   std::list<Turn> turns_;  ///< the innermost last
-  Pick* pick_ = nullptr;   ///< until its menu is there
+  Pick* pick_ = nullptr;   ///< null as soon as its entry has been clicked
 };
 
 }  // namespace kvrnstep::driving

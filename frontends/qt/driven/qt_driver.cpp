@@ -34,11 +34,11 @@ void waitForUser(QWidget& window) {
   if (!QTest::qWaitForWindowExposed(&window, kPatience) || window.isActiveWindow()) return;
   window.activateWindow();
   if (QTest::qWaitForWindowActive(&window, kShortPatience)) return;
-  // Without a window manager nobody hands the keyboard over.
+  // Without a window manager no window is made the active one.
   QApplication::setActiveWindow(&window);
 }
 
-/// Of what can be seen of a widget.
+/// The middle of what can be seen of a widget.
 QPoint middleOf(const QWidget& widget) {
   return widget.visibleRegion().boundingRect().center();
 }
@@ -95,7 +95,7 @@ void QtDriver::callAct(bool on) {
   looking_ = on;
 }
 
-/// A timer that has not returned is not called again, so each look has one of its own.
+/// Qt does not call a timer again before its slot has returned, so each look has its own timer.
 void QtDriver::look() {
   QTimer::singleShot(1, QCoreApplication::instance(), [this] {
     if (!looking_) return;
@@ -174,7 +174,7 @@ bool QtDriver::clickAt(const Spot& spot, MouseButton button, bool twice) {
   if (!meets(widget, point)) return false;
   QWindow* window = widget.window()->windowHandle();
   if (window == nullptr || !QTest::qWaitForWindowExposed(window, kPatience)) return false;
-  // Far enough from the click before it not to make a double click with it.
+  // Long enough after the click before it, so that the two are no double click.
   constexpr int kPause = 2 * QTest::mouseDoubleClickInterval;
   const auto pressed = button == MouseButton::Right ? Qt::RightButton : Qt::LeftButton;
   const QPoint inWindow = widget.mapTo(widget.window(), point);
@@ -244,7 +244,7 @@ void* QtDriver::openBox() {
 
 void QtDriver::enterLine(void* box) {
   auto& line = *static_cast<QDialog*>(box)->findChild<QLineEdit*>();
-  // Its proposals would take the key.
+  // The completer's list would take the key that closes the box.
   line.setCompleter(nullptr);
   line.setFocus();
   line.selectAll();

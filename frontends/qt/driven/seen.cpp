@@ -20,13 +20,13 @@ std::optional<Value> ofEntry(const QAction& action, std::string_view property) {
   if (property == "caption") return action.isSeparator() ? u"-" : fromQt(action.text());
   if (property == "visible") return action.isVisible();
   if (property == "checked") return action.isChecked();
-  // What cannot be seen counts as disabled, whatever it was set to.
+  // Qt disables an action that is not visible.
   if (property == "enabled" && action.isVisible()) return action.isEnabled();
   return std::nullopt;
 }
 
 std::optional<Value> ofAny(const QWidget& widget, std::string_view property) {
-  // isEnabled() would tell of the containers too.
+  // isEnabled() would also be false where only a container is disabled.
   if (property == "enabled") return !widget.testAttribute(Qt::WA_ForceDisabled);
   if (property == "visible") return !widget.isHidden();
   if (property == "tooltip") return fromQt(widget.toolTip());

@@ -110,7 +110,7 @@ std::optional<Value> WindowsDriver::seen(const forms::Control& control,
   const WindowView& view = *viewOf(control.window());
   if (control.kind() == Kind::Menu) return ofEntry(view, control, property);
   const ControlView& drawn = view.viewOf(control);
-  // What the parents are would count too if the system were asked in another way.
+  // IsWindowEnabled() and IsWindowVisible() would count the parents, too.
   const LONG_PTR style = ::GetWindowLongPtrW(drawn.handle(), GWL_STYLE);
   if (property == "enabled") return (style & WS_DISABLED) == 0;
   if (property == "visible") return (style & WS_VISIBLE) != 0;

@@ -8,7 +8,7 @@ namespace kvrnstep::windows {
 
 namespace {
 
-/// A timer without a window tells nothing of whose it is.
+/// A timer without a window does not say which object has set it.
 Ticker* theTicker = nullptr;
 
 }  // namespace

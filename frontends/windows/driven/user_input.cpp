@@ -26,7 +26,7 @@ void useKey(WORD code, DWORD flags) {
   useKey(code, static_cast<WORD>(::MapVirtualKeyW(code, MAPVK_VK_TO_VSC)), flags);
 }
 
-/// Far enough from the click before it not to make a double click with it.
+/// A point some pixels away from the click before it, so that the two are no double click.
 POINT awayFromLast(HWND window, POINT inside) {
   static POINT last{-1000, -1000};
   constexpr int kStep = 5;
@@ -77,7 +77,7 @@ bool clickAt(HWND window, POINT inside, MouseButton button, bool twice) {
 std::optional<POINT> reachablePoint(HWND window) {
   RECT room{};
   ::GetClientRect(window, &room);
-  // What of it lies inside its parents can be seen.
+  // Only what is inside of all its parents can be seen.
   for (HWND parent = ::GetParent(window); parent != nullptr; parent = ::GetParent(parent)) {
     if ((::GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) == 0) break;
     RECT around{};

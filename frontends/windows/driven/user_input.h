@@ -23,7 +23,8 @@ bool meets(HWND window, POINT onScreen);
 void moveMouse(POINT onScreen);
 /// Presses or releases a button: MOUSEEVENTF_LEFTDOWN …
 void useMouse(DWORD flags);
-/// A point of the window's inside that the mouse can reach; nothing where something covers it.
+/// A point of the window's inside that the mouse can reach; nothing where its parents leave nothing
+/// of it to be seen.
 std::optional<POINT> reachablePoint(HWND window);
 
 /// A key, with another one held down meanwhile or with none.
