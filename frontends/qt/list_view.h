@@ -9,7 +9,7 @@ namespace kvrnstep::qt {
 /// A list of entries of which one can be selected, with the left button only.
 class ListView : public ControlView {
  public:
-  ListView(WindowView& window, forms::ListBox& list);
+  ListView(WindowView& window, forms::ListBox& box);
 
   [[nodiscard]] QPoint menuPlace() const override;
 
