@@ -20,25 +20,23 @@ inline constexpr std::array<AffixKind, 2> kAffixKinds{{
     {u"Suffix_Step.dat", u"Edit Step - Suffixes", u"Suffixes"},
 }};
 
-/// The list file of one kind, behind the control that shows its entries.
+/// The list file of one kind and the control that shows its entries.
+template <class ListTarget>
 class AffixFile {
  public:
-  AffixFile(const plugin::HostContext& host, const AffixKind& kind)
-      : path_(text::inFolder(host.sPthStepFolder, kind.file)) {}
+  AffixFile(const plugin::HostContext& host, const AffixKind& kind, ListTarget& target)
+      : path_(text::inFolder(host.sPthStepFolder, kind.file)), target_(target) {}
 
-  template <class Control>
-  void load(Control& control) {
-    whole_ = storage::LoadSaveListFile(control, false, path_);
-  }
+  void load() { whole_ = storage::LoadSaveListFile(target_, false, path_); }
   /// Does nothing where the file was too large or could not be read, because the entries that the
   /// control does not have would be lost.
-  template <class Control>
-  void save(Control& control) {
-    if (whole_) storage::LoadSaveListFile(control, true, path_);
+  void save() {
+    if (whole_) storage::LoadSaveListFile(target_, true, path_);
   }
 
  private:
   std::u16string path_;
+  ListTarget& target_;
   bool whole_ = false;
 };
 

@@ -1,5 +1,7 @@
 #include "dialogs/frm_listwright.h"
 
+#include <utility>
+
 #include "generator/generator.h"
 
 namespace kvrnstep::dialogs {
@@ -12,6 +14,9 @@ namespace {
 enum Action : int { Insert = 0, Cancel = 1, Copy = 2, SaveAs = 3, Print = 4, Open = 5 };
 enum FileEntry : int { OpenFile = 0, SaveFile = 1, PrintFile = 3, Close = 5 };
 enum EditEntry : int { Prefixes = 0, Suffixes = 1, Beginnings = 3, Endings = 4 };
+/// The labels that do what an entry of the Edit menu does.
+constexpr std::array<std::pair<int, EditEntry>, 4> kLinks{
+    {{0, Prefixes}, {1, Suffixes}, {5, Beginnings}, {4, Endings}}};
 
 }  // namespace
 
@@ -21,7 +26,8 @@ frmListwright::frmListwright(forms::Toolkit& toolkit, const plugin::HostContext&
           *this, [this](bool valid) { SetActionsEnabled(valid); }, [this] { RefreshPreview(); }),
       stepFiles_(*this, [this](const std::u16string& path) { OpenaStepFile(path); }),
       panels_(*this, [this] { RefreshPreview(); }),
-      affixFiles_{AffixFile(host, kAffixKinds[0]), AffixFile(host, kAffixKinds[1])},
+      affixFiles_{AffixFile(host, kAffixKinds[0], cboPreSuf(0)),
+                  AffixFile(host, kAffixKinds[1], cboPreSuf(1))},
       actions_{&control<Control>("cmdCIC", Insert),     &control<Control>("cmdCIC", Copy),
                &control<Control>("mnuActions", Insert), &control<Control>("mnuActions", Copy),
                &control<Control>("mnuFiles", SaveFile), &control<Control>("mnuFiles", PrintFile)} {
@@ -32,8 +38,10 @@ frmListwright::frmListwright(forms::Toolkit& toolkit, const plugin::HostContext&
   onClick("mnuFiles", [this](int index) { mnuFiles_Click(index); });
   onClick("mnuEdits", [this](int index) { mnuEdits_Click(index); });
   onClick("mnuOptions", [this](int index) { mnuOptions_Click(index); });
-  for (Control* label : lblD.all()) {
-    label->onMouseUp = [this](int index, forms::MouseButton /*button*/) { lblD_MouseUp(index); };
+  for (const auto& [label, entry] : kLinks) {
+    control<Control>("lblD", label).onMouseUp = [this](int index, forms::MouseButton /*button*/) {
+      lblD_MouseUp(index);
+    };
   }
 }
 
@@ -60,12 +68,13 @@ void frmListwright::mnuOptions_Click(int index) {
 }
 
 void frmListwright::lblD_MouseUp(int index) {
-  // The labels that do what an entry of the Edit menu does.
-  constexpr std::array<std::pair<int, EditEntry>, 4> kLabels{
-      {{0, Prefixes}, {1, Suffixes}, {5, Beginnings}, {4, Endings}}};
-  for (const auto& [label, entry] : kLabels) {
+  for (const auto& [label, entry] : kLinks) {
     if (label == index) mnuEdits_Click(entry);
   }
+}
+
+void frmListwright::setLinkCursor(int resourceId) {
+  for (const auto& [label, entry] : kLinks) control<Control>("lblD", label).setCursor(resourceId);
 }
 
 void frmListwright::SetActionsEnabled(bool bolEnable) {
@@ -76,20 +85,20 @@ void frmListwright::SetActionsEnabled(bool bolEnable) {
 void frmListwright::cmdCIC_Click(int index) {
   switch (index) {
     case Insert:
-      insertList();
+      lwSelectionMade_ = true;
+      BuildStepList();
       if (insertCopies_ && lwSelectionMade_) toolkit().setClipboard(lwOutputString_);
       return unload();
     case Cancel:
-      lwSelectionMade_ = false;
-      lwOutputString_.clear();
       return unload();
     case Copy:
-      copyList();
+      toolkit().setClipboard(takeList());
       return unload();
     case SaveAs:
       return SaveStepFileAs();
     case Print:
-      return printList();
+      PrintStepList(takeList());
+      return fields_.numbers().putCountBack();
     case Open:
       if (panels_.anyShown()) OpenaStepFile(u"");
       return;
@@ -109,31 +118,14 @@ void frmListwright::BuildStepList() {
   lwSelectionMade_ = false;
 }
 
+std::u16string frmListwright::takeList() {
+  BuildStepList();
+  return std::exchange(lwOutputString_, {});
+}
+
 void frmListwright::RefreshPreview() {
   if (!panels_.anyShown()) return;
-  BuildStepList();
-  txtPreview.setText(lwOutputString_);
-  lwOutputString_.clear();
-  fields_.numbers().putCountBack();
-}
-
-void frmListwright::insertList() {
-  lwSelectionMade_ = true;
-  BuildStepList();
-}
-
-void frmListwright::copyList() {
-  insertList();
-  lwSelectionMade_ = false;
-  toolkit().setClipboard(lwOutputString_);
-  lwOutputString_.clear();
-}
-
-void frmListwright::printList() {
-  insertList();
-  lwSelectionMade_ = false;
-  PrintStepList(lwOutputString_);
-  lwOutputString_.clear();
+  txtPreview.setText(takeList());
   fields_.numbers().putCountBack();
 }
 

@@ -36,6 +36,7 @@ class frmListwright : public Dialog {
   void Form_Load();
   void Form_QueryUnload();
   void adoptEditorLook();
+  void setLinkCursor(int resourceId);
   [[nodiscard]] stepfiles::OpenDefaultsPlace openDefaultsPlace() const;
 
   // What the controls lead to.
@@ -47,12 +48,10 @@ class frmListwright : public Dialog {
   void lblD_MouseUp(int index);
 
   void SetActionsEnabled(bool bolEnable);
-  void insertList();
-  void copyList();
-  void printList();
-  void PrintStepList(const std::u16string& text);
   /// Makes the list, with the count that is in the End box.
   void BuildStepList();
+  [[nodiscard]] std::u16string takeList();
+  void PrintStepList(const std::u16string& text);
 
   void OpenaStepFile(const std::u16string& sAltStepFile);
   void SaveStepFileAs();
@@ -64,11 +63,10 @@ class frmListwright : public Dialog {
   ListFields fields_;
   StepFileList stepFiles_;
   Panels panels_;
-  std::array<AffixFile, kAffixKinds.size()> affixFiles_;
+  forms::ControlArray<forms::ComboBox, 2> cboPreSuf{*this, "cboPreSuf"};
+  std::array<AffixFile<forms::ComboBox>, 2> affixFiles_;
   /// What makes no sense without a list.
   std::array<forms::Control*, 6> actions_;
-  forms::ControlArray<forms::Control, 7> lblD{*this, "lblD"};
-  forms::ControlArray<forms::ComboBox, 2> cboPreSuf{*this, "cboPreSuf"};
   forms::TextBox& txtPreview = control<forms::TextBox>("txtPreview");
 
   std::int16_t lwStepStart_ = 0;

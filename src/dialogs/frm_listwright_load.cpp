@@ -9,16 +9,13 @@ namespace kvrnstep::dialogs {
 namespace {
 
 constexpr int kLinkCursor = 104;
-constexpr std::array kClickableLabels{0, 1, 4, 5};
 
 }  // namespace
 
 void frmListwright::Form_Load() {
   adoptEditorLook();
-  for (const int label : kClickableLabels) lblD(label).setCursor(kLinkCursor);
-  for (std::size_t i = 0; i < affixFiles_.size(); ++i) {
-    affixFiles_.at(i).load(cboPreSuf(static_cast<int>(i)));
-  }
+  setLinkCursor(kLinkCursor);
+  for (auto& file : affixFiles_) file.load();
   cboPreSuf(1).setText(readKey(u"Suffix", u"."));
   fields_.selectType(LwStepStart());
   if (openDefaultsOn(openDefaultsPlace())) ApplyOpenDefaults();
@@ -43,10 +40,8 @@ void frmListwright::Form_QueryUnload() {
   writeKey(u"EditorFont", txtPreview.font());
   writeKey(u"EditorSize", text::decimal(txtPreview.fontSize()));
   writeKey(u"SpcCount", text::decimal(std::int64_t{host().bytSpcCount}));
-  for (std::size_t i = 0; i < affixFiles_.size(); ++i) {
-    affixFiles_.at(i).save(cboPreSuf(static_cast<int>(i)));
-  }
-  for (const int label : kClickableLabels) lblD(label).setCursor(0);
+  for (auto& file : affixFiles_) file.save();
+  setLinkCursor(0);
   stepFiles_.clear();
   for (forms::ComboBox* box : cboPreSuf.all()) box->Clear();
   savePlace();
@@ -65,7 +60,7 @@ void frmListwright::editAffixes(int index) {
   const std::u16string text = cboPreSuf(index).text();
   editor.PivitWhat = static_cast<std::uint8_t>(index);
   editor.showModal(toolkit());
-  affixFiles_.at(static_cast<std::size_t>(index)).load(cboPreSuf(index));
+  affixFiles_.at(static_cast<std::size_t>(index)).load();
   cboPreSuf(index).setText(text);
 }
 

@@ -1,5 +1,6 @@
 #include "dialogs/frm_step_be.h"
 
+#include <algorithm>
 #include <array>
 
 #include "text/paths.h"
@@ -64,19 +65,18 @@ std::u16string frmStepBE::storageFile() const {
 }
 
 void frmStepBE::LoadOrSaveSlots(bool bolSave, const std::u16string& sFile) {
-  const auto slot = [](const TextBox& box) { return static_cast<std::size_t>(box.index()); };
   if (!bolSave) {
     const auto texts = stepfiles::readStoredTexts(sFile);
     storageRead_ = texts.has_value();
     if (!texts) return;
-    for (TextBox* box : txtHold.all()) box->setText(texts->at(slot(*box)));
+    for (int slot = 0; slot < txtHold.size(); ++slot) {
+      txtHold(slot).setText(texts->at(static_cast<std::size_t>(slot)));
+    }
     return;
   }
   stepfiles::StoredTexts texts;
-  for (TextBox* box : txtHold.all()) {
-    texts.at(slot(*box)) = box->text();
-    box->setText(u"");
-  }
+  std::ranges::transform(txtHold.all(), texts.begin(), &TextBox::text);
+  for (TextBox* box : txtHold.all()) box->setText(u"");
   // A file that could not be read must not be replaced by empty slots.
   if (storageRead_) stepfiles::writeStoredTexts(sFile, texts);
 }

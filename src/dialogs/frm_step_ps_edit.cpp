@@ -48,7 +48,7 @@ void frmStepPSEdit::Form_Load() {
     const AffixKind& kind = kAffixKinds.at(PivitWhat);
     setCaption(kind.caption);
     control<Control>("lblDum").setCaption(kind.heading);
-    file_.emplace(host(), kind).load(lstEdit);
+    file_.emplace(host(), kind, lstEdit).load();
   }
   enableSort();
   restorePlace();
@@ -64,7 +64,7 @@ void frmStepPSEdit::Form_QueryUnload() {
 }
 
 void frmStepPSEdit::cmdOK_Click() {
-  if (file_) file_->save(lstEdit);
+  if (file_) file_->save();
   unload();
 }
 

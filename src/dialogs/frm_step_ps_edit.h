@@ -39,7 +39,7 @@ class frmStepPSEdit : public Dialog {
   forms::ListBox& lstEdit = control<forms::ListBox>("lstEdit");
   forms::TextBox& txtAdd = control<forms::TextBox>("txtAdd");
   forms::ControlArray<forms::Control, 3> lblDrag{*this, "lblDrag"};
-  std::optional<AffixFile> file_;
+  std::optional<AffixFile<forms::ListBox>> file_;
 };
 
 extern const forms::WindowDesign frmStepPSEditDesign;

@@ -38,7 +38,7 @@ NumericFields::NumericFields(Dialog& dialog, std::function<void(bool)> enable,
   for (TextBox* box : {&txtBStart, &txtBEndAt, &txtLS}) {
     box->onKeyPress = [](int /*index*/, char16_t key) { return isDigitOrBackspace(key); };
     box->onKeyUp = [this, box](int /*index*/) {
-      box == &txtLS ? enableByLineSpacing() : enableByStartAndEnd();
+      enableActions(box == &txtLS ? lineSpacingValid() : startAndEndValid());
       RefreshPreview();
     };
   }
@@ -56,32 +56,29 @@ bool NumericFields::startAndEndValid() const {
   return text::leadingNumber(txtBEndAt.text()) > 0 && text::leadingNumber(txtBStart.text()) > 0;
 }
 
-bool NumericFields::enableByStartAndEnd() {
-  const bool valid = startAndEndValid();
-  SetActionsEnabled(valid);
-  return valid;
+bool NumericFields::lineSpacingValid() const {
+  return text::leadingNumber(txtLS.text()) >= 0;
 }
 
-bool NumericFields::enableByLineSpacing() {
-  const bool valid = text::leadingNumber(txtLS.text()) >= 0;
+bool NumericFields::enableActions(bool valid) {
   SetActionsEnabled(valid);
   return valid;
 }
 
 void NumericFields::txtBEndAt_Change() {
-  if (!enableByStartAndEnd()) return;
+  if (!enableActions(startAndEndValid())) return;
   follow(updBEndAt, txtBEndAt);
   if (updBEndAt.value() < updBStart.value()) updBStart.setValue(updBEndAt.value());
 }
 
 void NumericFields::txtBStart_Change() {
-  if (!enableByStartAndEnd()) return;
+  if (!enableActions(startAndEndValid())) return;
   follow(updBStart, txtBStart);
   if (updBStart.value() > updBEndAt.value()) updBEndAt.setValue(updBStart.value());
 }
 
 void NumericFields::txtLS_Change() {
-  if (enableByLineSpacing()) follow(updLS, txtLS);
+  if (enableActions(lineSpacingValid())) follow(updLS, txtLS);
 }
 
 void NumericFields::AskSpinnerValue(Spinner& spinner) {

@@ -37,9 +37,8 @@ class NumericFields {
   void txtBStart_Change();
   void txtBEndAt_Change();
   void txtLS_Change();
-  /// Whether the actions are enabled now.
-  bool enableByStartAndEnd();
-  bool enableByLineSpacing();
+  [[nodiscard]] bool lineSpacingValid() const;
+  bool enableActions(bool valid);
   void AskSpinnerValue(forms::Spinner& spinner);
 
   Dialog& dialog_;

@@ -15,7 +15,6 @@ constexpr double kPanelLeft = 4;
 constexpr double kFrameAlone = 2;
 constexpr double kFrameBesidePreview = 275;
 constexpr double kOutOfView = -10000;
-constexpr int kFirstButton = 3;  ///< of the array; the ones before belong to the options frame
 
 }  // namespace
 
@@ -65,16 +64,14 @@ void Panels::layOut() {
 }
 
 void Panels::showButtons(bool shown) {
-  for (int button = kFirstButton; button < cmdCIC.size(); ++button) {
-    cmdCIC(button).setVisible(shown);
-    cmdCIC(button).setEnabled(shown);
+  for (forms::Control* button : buttons_) {
+    button->setVisible(shown);
+    button->setEnabled(shown);
   }
 }
 
 void Panels::enableButtons(bool enabled) {
-  for (int button = kFirstButton; button < cmdCIC.size(); ++button) {
-    cmdCIC(button).setEnabled(enabled && preview_.checked());
-  }
+  for (forms::Control* button : buttons_) button->setEnabled(enabled && preview_.checked());
 }
 
 }  // namespace kvrnstep::dialogs

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -38,7 +39,9 @@ class Panels {
   forms::Control& fraStep = dialog_.control<forms::Control>("fraStep");
   forms::TextBox& txtPreview = dialog_.control<forms::TextBox>("txtPreview");
   forms::ListBox& lstStepf = dialog_.control<forms::ListBox>("lstStepf");
-  forms::ControlArray<forms::Control, 6> cmdCIC{dialog_, "cmdCIC"};
+  std::array<forms::Control*, 3> buttons_{&dialog_.control<forms::Control>("cmdCIC", 3),
+                                          &dialog_.control<forms::Control>("cmdCIC", 4),
+                                          &dialog_.control<forms::Control>("cmdCIC", 5)};
   bool bolPanelShown = false;
 };
 

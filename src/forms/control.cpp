@@ -68,24 +68,18 @@ Rect Control::shownPlace() const {
 
 bool Control::reachable() const {
   if (window_.unloaded()) return false;
-  if (kind() == Kind::Menu) return pickable();
   Rect inWindow = place_;
   for (const Control* control = this; control != nullptr; control = control->container_) {
-    if (!control->enabled_ || !control->visible_) return false;
+    // A pop-up menu is never visible in the menu bar, and yet its entries can be picked.
+    const bool holdsEntries =
+        control != this && control->kind() == Kind::Menu && control->container_ == nullptr;
+    if (!control->enabled_ || (!control->visible_ && !holdsEntries)) return false;
     if (control == this) continue;
     inWindow.left += control->place_.left;
     inWindow.top += control->place_.top;
   }
   const Rect inside{0, 0, window_.innerWidth(), window_.innerHeight()};
-  return common(inWindow, inside).area() > 0 && !covered();
-}
-
-bool Control::pickable() const {
-  // A pop-up menu is never visible in the menu bar, and yet its entries can be picked.
-  for (const Control* menu = container_; menu != nullptr; menu = menu->container_) {
-    if (!menu->enabled_ || (menu->container_ != nullptr && !menu->visible_)) return false;
-  }
-  return enabled_ && visible_;
+  return kind() == Kind::Menu || (common(inWindow, inside).area() > 0 && !covered());
 }
 
 bool Control::covered() const {

@@ -185,7 +185,6 @@ class Control {
 
  private:
   [[nodiscard]] bool covered() const;
-  [[nodiscard]] bool pickable() const;
 
   Window& window_;
   const ControlRow& row_;

@@ -16,11 +16,6 @@ int rounded(double value) {
   return static_cast<int>(std::lround(value));
 }
 
-/// What title, borders and menu bar take of the height, in twips.
-double aboveAndBelow(const Window& window) {
-  return Chrome::kTitleAndBorders + (window.hasMenuBar() ? Chrome::kMenuBar : 0);
-}
-
 /// Whether Tab may lead another way because of the change.
 bool rearranges(const Control& control, Property property) {
   return property == Property::Place || property == Property::Visible ||
@@ -75,8 +70,8 @@ PixelSize ViewSync::innerSize() const {
 PixelSize ViewSync::smallestInnerSize() const {
   const WindowDesign& design = window_.design();
   const auto inPixels = [&](double twips) { return rounded(twips / kTwipsPerPixel * scale_); };
-  return {inPixels(design.minimumWidth - Chrome::kSides),
-          inPixels(design.minimumHeight - aboveAndBelow(window_))};
+  return {inPixels(design.minimumWidth - window_.chrome().width),
+          inPixels(design.minimumHeight - window_.chrome().height)};
 }
 
 PixelSize ViewSync::frameSize() const {
@@ -155,8 +150,8 @@ void ViewSync::movedTo(PixelPoint position, bool byUser) {
 void ViewSync::resizedTo(PixelSize inner) {
   if (updating_ || !open_ || !window_.design().resizable || inner == innerSize()) return;
   const auto twips = [&](int pixels) { return pixels / scale_ * kTwipsPerPixel; };
-  userResized(window_, twips(inner.width) + Chrome::kSides,
-              twips(inner.height) + aboveAndBelow(window_));
+  userResized(window_, twips(inner.width) + window_.chrome().width,
+              twips(inner.height) + window_.chrome().height);
   // The handler may have made the window larger than the user did.
   if (open_) setInnerSize(innerSize());
 }

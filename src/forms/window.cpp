@@ -32,8 +32,6 @@ Window::Window(const WindowDesign& design)
   }
 }
 
-Window::~Window() = default;
-
 Control* Window::find(std::string_view name, int index) const {
   const auto found = std::ranges::find_if(controls_, [&](const auto& control) {
     return control->row().name == name && control->row().index == index;
@@ -82,13 +80,16 @@ bool Window::hasMenuBar() const {
   });
 }
 
+Size Window::chrome() const {
+  return {Chrome::kSides, Chrome::kTitleAndBorders + (hasMenuBar() ? Chrome::kMenuBar : 0)};
+}
+
 double Window::innerWidth() const {
-  return (place_.width - Chrome::kSides) / design_.twipsPerUnit;
+  return (place_.width - chrome().width) / design_.twipsPerUnit;
 }
 
 double Window::innerHeight() const {
-  const double menuBar = hasMenuBar() ? Chrome::kMenuBar : 0;
-  return (place_.height - Chrome::kTitleAndBorders - menuBar) / design_.twipsPerUnit;
+  return (place_.height - chrome().height) / design_.twipsPerUnit;
 }
 
 void Window::showModal(Toolkit& toolkit) {

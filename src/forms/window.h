@@ -50,7 +50,7 @@ using KeyCode = std::uint32_t;
 class Window {
  public:
   explicit Window(const WindowDesign& design);
-  virtual ~Window();
+  virtual ~Window() = default;
   Window(const Window&) = delete;
   Window& operator=(const Window&) = delete;
 
@@ -71,6 +71,8 @@ class Window {
   /// What the borders and the menu bar leave for the controls, in the window's scale.
   [[nodiscard]] double innerWidth() const;
   [[nodiscard]] double innerHeight() const;
+  /// What title bar, borders and menu bar take, in twips.
+  [[nodiscard]] Size chrome() const;
   [[nodiscard]] bool hasMenuBar() const;
 
   /// Loads the window, shows it modally and returns when it has been unloaded.
