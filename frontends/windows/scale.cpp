@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "forms/screen_place.h"
+#include "forms/view_sync.h"
 
 namespace kvrnstep::windows {
 

@@ -15,11 +15,8 @@ class ListFields {
   /// As for NumericFields; every change of a setting refreshes the preview.
   ListFields(Dialog& dialog, std::function<void(bool)> SetActionsEnabled,
              std::function<void()> RefreshPreview);
-  ListFields(const ListFields&) = delete;
-  ListFields& operator=(const ListFields&) = delete;
 
   [[nodiscard]] NumericFields& numbers() { return numbers_; }
-  [[nodiscard]] const NumericFields& numbers() const { return numbers_; }
 
   /// Does nothing where there is no such type.
   void selectType(std::int16_t type);

@@ -17,13 +17,10 @@ class NumericFields {
   /// @param RefreshPreview is called when the user has changed a number
   NumericFields(Dialog& dialog, std::function<void(bool)> SetActionsEnabled,
                 std::function<void()> RefreshPreview);
-  NumericFields(const NumericFields&) = delete;
-  NumericFields& operator=(const NumericFields&) = delete;
 
   [[nodiscard]] bool startAndEndValid() const;
 
-  /// Takes the number of the last step out of the End box, which is then empty until
-  /// putCountBack().
+  /// Takes the number of the last step out of the End box and empties it, until putCountBack().
   void takeCount();
   void putCountBack();
   [[nodiscard]] bool countGiven() const { return iStepCount != 0; }

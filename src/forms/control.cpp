@@ -198,12 +198,9 @@ void OptionButton::setValue(bool value) {
   changed(Property::Value);
   if (!value) return;
   for (const auto& other : window().controls()) {
-    if (other->kind() != Kind::OptionButton || other.get() == this ||
-        other->container() != container()) {
-      continue;
-    }
+    if (other->kind() != Kind::OptionButton || other->container() != container()) continue;
     auto& button = static_cast<OptionButton&>(*other);
-    if (std::exchange(button.value_, false)) button.changed(Property::Value);
+    if (&button != this) button.assign(button.value_, false, Property::Value);
   }
   if (onClick) onClick(index());
 }

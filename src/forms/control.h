@@ -233,7 +233,6 @@ class TextControl : public Control {
   TextSelection selection_;
 };
 
-/// Whether the control is a TextControl.
 [[nodiscard]] inline bool holdsText(const Control& control) {
   return control.kind() == Kind::TextBox || control.kind() == Kind::ComboBox;
 }
@@ -267,7 +266,6 @@ struct Entries {
   int top = 0;  ///< of a list box: the first one in view, as far as was asked for
 };
 
-/// A control with entries.
 template <class Base>
 class WithEntries : public Base {
  public:

@@ -70,7 +70,6 @@ class TextSync {
   /// What the widget really shows, as the control would hold it.
   [[nodiscard]] virtual std::u16string shownText() const = 0;
   [[nodiscard]] TextSelection shownSelection() const { return selectionIn(shownText()); }
-  /// Marks a part of the text in the widget.
   virtual void setSelection(TextSelection selection) = 0;
 
  protected:
@@ -108,7 +107,6 @@ class ControlSync {
   [[nodiscard]] Control& control() const { return control_; }
   void mark(Property property) { changes_.add(property); }
   void markAll() { changes_.addAll(); }
-  /// Brings the widget in line with what has changed.
   void applyChanges();
 
   /// Told once, of the control that the row names as its buddy.
@@ -148,11 +146,9 @@ class ControlSync {
   /// Of a menu entry; none of the other setters is called for it.
   virtual void setEntry(const DrawnEntry& /*entry*/) {}
 
-  /// The user has pressed the button, or clicked the mark.
   void userPressedButton();
-  /// The user has selected an entry of the list, or none.
+  /// −1 for none.
   void userSelectedEntry(int index);
-  /// The user may have scrolled the list.
   void userMayHaveScrolled();
 
  private:

@@ -1,6 +1,7 @@
 #include "forms/keyboard.h"
 
 #include <algorithm>
+#include <array>
 
 #include "forms/user_actions.h"
 #include "text/letter_case.h"
@@ -49,10 +50,9 @@ bool arrow(Control& focus, bool up) {
   return true;
 }
 
-bool ask(const Control& box) {
-  Control* spinner = leadingTo(box, Kind::Spinner);
-  if (spinner == nullptr) return false;
-  userReleasedMouse(*spinner, MouseButton::Right);
+bool rightClick(Control* control) {
+  if (control == nullptr || !control->onMouseUp) return false;
+  userReleasedMouse(*control, MouseButton::Right);
   return true;
 }
 
@@ -73,12 +73,6 @@ bool enter(Control& focus) {
     return clickMarked(focus.window(), &ControlRow::clickedByEnter);
   }
   return activate(focus);
-}
-
-bool openMenu(Control& focus) {
-  if (focus.kind() != Kind::ListBox || !focus.onMouseUp) return false;
-  userReleasedMouse(focus, MouseButton::Right);
-  return true;
 }
 
 /// Where in the caption the letter of the mnemonic is; npos where there is none.
@@ -129,9 +123,9 @@ bool userPressedCommandKey(Control& focus, CommandKey key) {
     case CommandKey::Down:
       return arrow(focus, key == CommandKey::Up);
     case CommandKey::Ask:
-      return ask(focus);
+      return rightClick(leadingTo(focus, Kind::Spinner));
     case CommandKey::Menu:
-      return openMenu(focus);
+      return focus.kind() == Kind::ListBox && rightClick(&focus);
   }
   return false;
 }
@@ -154,18 +148,12 @@ bool takesKeyboard(const Control& control) {
 }
 
 bool takesFocus(const Control& control) {
-  switch (control.kind()) {
-    case Kind::Button:
-    case Kind::CheckBox:
-    case Kind::ComboBox:
-    case Kind::TextBox:
-    case Kind::ListBox:
-      return true;
-    case Kind::OptionButton:
-      return static_cast<const OptionButton&>(control).value();
-    default:
-      return takesKeyboard(control);
+  constexpr std::array kAlways{Kind::Button, Kind::CheckBox, Kind::ComboBox, Kind::TextBox,
+                               Kind::ListBox};
+  if (control.kind() == Kind::OptionButton) {
+    return static_cast<const OptionButton&>(control).value();
   }
+  return std::ranges::count(kAlways, control.kind()) > 0 || takesKeyboard(control);
 }
 
 bool isLink(const Control& control) {

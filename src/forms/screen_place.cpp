@@ -1,7 +1,7 @@
-#include "forms/screen_place.h"
-
 #include <algorithm>
 #include <utility>
+
+#include "forms/view_sync.h"
 
 namespace kvrnstep::forms {
 

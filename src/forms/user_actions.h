@@ -12,7 +12,6 @@ namespace kvrnstep::forms {
 /// The left button, or the keyboard in its place: presses a button, toggles a check box, selects
 /// an option button, picks a menu entry, clicks an image.
 void userClicked(Control& control);
-/// A mouse button was released over a control.
 void userReleasedMouse(Control& control, MouseButton button);
 /// An entry of a list box was clicked; −1 is the empty space under the entries.
 void userClickedEntry(ListBox& list, int index);
@@ -20,11 +19,8 @@ void userClickedEntry(ListBox& list, int index);
 void userDoubleClickedEntry(ListBox& list, int index);
 /// The list was scrolled, and this entry is the first visible one.
 void userScrolled(ListBox& list, int topIndex);
-/// A control that can be dragged was dropped on another one of its window.
 void userDropped(const Control& source, Control& target);
-/// An entry was picked from the dropped-down list.
 void userChose(ComboBox& combo, int index);
-/// An arrow of a spinner was clicked.
 void userSpun(Spinner& spinner, bool up);
 
 /// How a user brings the keyboard to a box.

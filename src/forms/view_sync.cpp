@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "forms/keyboard.h"
-#include "forms/screen_place.h"
 #include "forms/user_actions.h"
 
 namespace kvrnstep::forms {

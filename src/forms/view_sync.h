@@ -3,6 +3,7 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -11,6 +12,14 @@
 #include "forms/window.h"
 
 namespace kvrnstep::forms {
+
+/// Where a window is shown whose stored place may be off the screens. It stays there if all of it
+/// can be seen. Otherwise it moves onto the screen that it is on or next to, no further than
+/// needed. If it is larger than that screen its right and its bottom are cut off, because the title
+/// bar and the menu bar are at the left and the top.
+/// @param wanted the outside of the window; all are in the same unit
+/// @param screens what each screen has for windows; without any, nothing is known
+Rect placeOnScreen(const Rect& wanted, std::span<const Rect> screens);
 
 /// Keeps what a front end shows of a window in line with it: knows what has changed, shows it when
 /// the user's action has been dealt with, in the one order in which that works, and turns sizes
@@ -27,7 +36,6 @@ class ViewSync {
   [[nodiscard]] bool open() const { return open_; }
   [[nodiscard]] PixelRect pixelPlace(const Control& control) const;
   [[nodiscard]] ControlSync& syncOf(const Control& control) const { return *views_.at(&control); }
-  /// Marks a property of all controls of a kind.
   void markKind(Kind kind, Property property);
 
   // What the window calls.
@@ -42,7 +50,6 @@ class ViewSync {
   virtual std::optional<int> findEntry(const ListBox& /*list*/, const std::u16string& /*text*/) {
     return std::nullopt;
   }
-  /// The window has been unloaded.
   void unloaded();
 
  protected:

@@ -86,7 +86,6 @@ class Window {
 
   /// What draws the window; null for nothing.
   void attach(ViewSync* view) { view_ = view; }
-  /// Shows what has changed.
   void update();
 
   std::function<void()> onLoad;

@@ -5,7 +5,7 @@
 
 #include "dialogs/frm_step_ps_edit.h"
 #include "dialogs/list_sort.h"
-#include "forms/screen_place.h"
+#include "forms/view_sync.h"
 #include "forms/user_actions.h"
 #include "headless_toolkit.h"
 
