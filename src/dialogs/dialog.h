@@ -8,6 +8,8 @@
 
 namespace kvrnstep::dialogs {
 
+inline constexpr int kLinkCursor = 104;  ///< resource id
+
 /// A window of the plug-in. It keeps keys in the settings file of the host, among them its place.
 class Dialog : public forms::Window {
  public:
@@ -19,7 +21,6 @@ class Dialog : public forms::Window {
          const plugin::HostContext& host, std::u16string_view placeKeys)
       : Window(design), toolkit_(toolkit), host_(host), placeKeys_(placeKeys) {}
 
-  /// Moves the window to the middle of the screen.
   void centre();
 
   [[nodiscard]] forms::Toolkit& toolkit() const { return toolkit_; }

@@ -39,7 +39,6 @@ class frmListwright : public Dialog {
   void setLinkCursor(int resourceId);
   [[nodiscard]] stepfiles::OpenDefaultsPlace openDefaultsPlace() const;
 
-  // What the controls lead to.
   void cmdCIC_Click(int index);
   void mnuActions_Click(int index) { cmdCIC_Click(index); }
   void mnuFiles_Click(int index);
@@ -65,7 +64,7 @@ class frmListwright : public Dialog {
   Panels panels_;
   forms::ControlArray<forms::ComboBox, 2> cboPreSuf{*this, "cboPreSuf"};
   std::array<AffixFile<forms::ComboBox>, 2> affixFiles_;
-  /// What makes no sense without a list.
+  /// Enabled only while there is a list to make.
   std::array<forms::Control*, 6> actions_;
   forms::TextBox& txtPreview = control<forms::TextBox>("txtPreview");
 

@@ -6,12 +6,6 @@
 // How the dialog opens and closes, and what it opens.
 namespace kvrnstep::dialogs {
 
-namespace {
-
-constexpr int kLinkCursor = 104;
-
-}  // namespace
-
 void frmListwright::Form_Load() {
   adoptEditorLook();
   setLinkCursor(kLinkCursor);

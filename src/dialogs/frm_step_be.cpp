@@ -13,7 +13,6 @@ using forms::TextBox;
 
 namespace {
 
-constexpr int kLinkCursor = 104;
 constexpr int kRows = 5;
 
 /// Places as shares of the inner width and height.
@@ -106,7 +105,7 @@ void frmStepBE::Form_Resize() {
 }
 
 void frmStepBE::keepMinimumSize() {
-  // Either assignment lays the window out anew.
+  // Each of them raises onResize again.
   if (place().height < design().minimumHeight) setHeight(design().minimumHeight);
   if (place().width < design().minimumWidth) setWidth(design().minimumWidth);
 }

@@ -10,8 +10,8 @@
 namespace kvrnstep::dialogs {
 
 /// The editor of the stored beginnings or endings: fifteen slots, each with a picture that applies
-/// its text. Set DoBegEnd, showModal(), then read IsBEBapplied. What stands in the slots is saved
-/// however the editor is closed.
+/// its text. Set DoBegEnd, showModal(), then read IsBEBapplied. The texts are saved however the
+/// editor is closed.
 class frmStepBE : public Dialog {
  public:
   frmStepBE(forms::Toolkit& toolkit, const plugin::HostContext& host);

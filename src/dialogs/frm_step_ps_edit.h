@@ -9,8 +9,8 @@
 
 namespace kvrnstep::dialogs {
 
-/// The editor of the list of favourite prefixes or suffixes. Set PivitWhat and showModal(); what
-/// comes of it is in the list file, and only OK writes that.
+/// The editor of the list of favourite prefixes or suffixes. Set PivitWhat, then showModal().
+/// Only OK writes the list file.
 class frmStepPSEdit : public Dialog {
  public:
   frmStepPSEdit(forms::Toolkit& toolkit, const plugin::HostContext& host);

@@ -25,7 +25,7 @@ class ListFields {
   /// The list as it goes into a step file: its numbers are those of the spinners.
   [[nodiscard]] generator::ListSettings settingsForFile() const;
   void show(const generator::ListSettings& settings);
-  /// What stands in for a step file that cannot be read.
+  /// What a step file that cannot be read leads to: no texts, no options, the least numbers.
   void showEmpty();
 
   [[nodiscard]] stepfiles::OpenDefaults openDefaults() const;

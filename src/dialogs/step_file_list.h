@@ -10,7 +10,6 @@ namespace kvrnstep::dialogs {
 /// The list of the step files in the step folder, with its pop-up menu.
 class StepFileList {
  public:
-  /// @param OpenaStepFile opens the file of that path
   StepFileList(Dialog& dialog, std::function<void(const std::u16string&)> OpenaStepFile);
 
   void FillStepFileList();

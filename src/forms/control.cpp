@@ -13,14 +13,14 @@ namespace kvrnstep::forms {
 
 namespace {
 
-/// No caret stands between CR and LF; it goes behind both.
+/// A caret between CR and LF moves behind both.
 std::size_t outOfLineBreak(std::u16string_view text, std::size_t position) {
   const bool within = position > 0 && position < text.size() && text[position - 1] == u'\r' &&
                       text[position] == u'\n';
   return within ? position + 1 : position;
 }
 
-/// Keeps no more than the first line of what went into a text, which ends at the caret.
+/// Keeps only the first line of what the user has put into a text, up to the caret.
 void dropFurtherLines(std::u16string_view before, std::u16string& text, TextSelection& caret) {
   const auto same = std::ranges::mismatch(before, text).in2 - text.begin();
   const std::size_t lineBreak = text.find_first_of(u"\r\n", static_cast<std::size_t>(same));
@@ -206,7 +206,7 @@ void OptionButton::setValue(bool value) {
 }
 
 void Spinner::setValue(std::int32_t value) {
-  // A value that has to be clamped comes from a box that must not go on showing it.
+  // Even if it becomes the old one when it is clamped, because the box shows another one.
   if (value != value_) putValue(value);
 }
 

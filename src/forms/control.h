@@ -220,7 +220,7 @@ class TextControl : public Control {
   [[nodiscard]] TextSelection selection() const { return selection_; }
   /// Parts outside the text are cut off; an end between CR and LF goes behind both.
   void setSelection(TextSelection selection);
-  /// Puts a text in the place of the marked part, or in at the caret, which then stands behind it.
+  /// Replaces the marked part, or inserts at the caret, which is behind the new text afterwards.
   void replaceSelection(std::u16string_view text);
 
   std::function<void(int index)> onChange;
@@ -308,8 +308,8 @@ class ListBox : public WithEntries<Control> {
   void InsertItem(int index, std::u16string text);
   /// Nothing is selected afterwards if it was the selected entry.
   void RemoveItem(int index);
-  /// Selects an entry, −1 for none, brings it into view and raises onClick, all when that changes
-  /// the selection.
+  /// Selects an entry, −1 for none. If that changes the selection the entry comes into view and
+  /// onClick is raised.
   void setIndex(int index);
   [[nodiscard]] int topIndex() const { return entries_.top; }
   /// Scrolls so that the entry is the first visible one, as far as the list reaches. Where there
@@ -360,10 +360,10 @@ class Spinner : public Control {
   using Control::Control;
 
   [[nodiscard]] std::int32_t value() const { return value_; }
-  /// A value outside the range becomes the nearest end of it, which then goes into the box even
-  /// if the spinner held it before.
+  /// A value outside the range becomes the nearest end of it, and goes into the box even if the
+  /// spinner held it before.
   void setValue(std::int32_t value);
-  /// Writes the value into the box even if the spinner holds it: the box may have been emptied.
+  /// Writes the value into the box even if the spinner holds it, because the box may be empty.
   void putValue(std::int32_t value);
 
   /// An arrow was clicked; raised after the value has changed, or could not change any further.

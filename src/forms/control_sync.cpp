@@ -157,7 +157,7 @@ void TextSync::userChangedText() {
 }
 
 void TextSync::userMovedCaret() {
-  // While a text is being replaced the caret is told of with the text.
+  // While a text is being replaced, userChangedText() tells of the caret, too.
   if (showing_ || box_.window().unloaded() || !showsText()) return;
   const TextSelection caret = selectionIn(box_.text());
   if (caret == box_.selection()) return;

@@ -12,7 +12,6 @@ namespace kvrnstep::forms {
 
 namespace {
 
-/// The first control of which the condition holds, or null.
 template <class Condition>
 Control* findIf(const Window& window, Condition condition) {
   const auto& all = window.controls();
@@ -102,11 +101,7 @@ bool inMenuBar(const Control& control) {
 
 /// "Text #" is "Text 3" for the third element of an array.
 std::u16string numbered(std::u16string_view name, int index) {
-  std::u16string result(name);
-  if (const std::size_t place = result.find(u'#'); place != std::u16string::npos) {
-    result.replace(place, 1, text::decimal(index + 1));
-  }
-  return result;
+  return text::ReplaceText(name, u"#", text::decimal(index + 1));
 }
 
 }  // namespace

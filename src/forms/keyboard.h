@@ -44,7 +44,7 @@ void userActivated(Control& control);
 /// the selected one.
 [[nodiscard]] bool takesFocus(const Control& control);
 
-/// A label that is clicked as a link is.
+/// A label that works as a link.
 [[nodiscard]] bool isLink(const Control& control);
 
 /// The visible controls of a window in the order in which Tab leads through them: those first whose
@@ -55,9 +55,8 @@ std::vector<Control*> tabOrder(const Window& window);
 /// set something with, of a group of option buttons the selected one. Null where there is none.
 Control* firstFocus(const Window& window);
 
-/// The letter, in upper case, that reaches the control together with Alt; 0 where it has none. The
-/// menu bar comes first and each letter has one owner: where a menu and a button want the same one
-/// it opens the menu.
+/// The letter, in upper case, that reaches the control together with Alt; 0 where it has none. Each
+/// letter has one owner: where a menu and a button want the same one, it opens the menu.
 [[nodiscard]] char16_t mnemonicOf(const Control& control);
 
 /// The caption with "&" before the letter that mnemonicOf() tells, and nowhere else.

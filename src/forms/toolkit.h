@@ -39,7 +39,7 @@ struct FileDialog {
   std::span<const FileFilter> filters;
   std::u16string name;                     ///< proposed file name, without folder
   std::u16string folder;                   ///< where the dialog begins
-  std::u16string_view defaultExtension{};  ///< goes behind a name that has none; without full stop
+  std::u16string_view defaultExtension{};  ///< added to a name that has none; without full stop
 };
 
 enum class SoundMode : std::uint8_t {

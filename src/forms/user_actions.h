@@ -51,7 +51,7 @@ void userSelected(TextControl& box, TextSelection selection);
 void userMoved(Window& window, double left, double top);
 void userResized(Window& window, double width, double height);
 void userMinimized(Window& window, bool minimized);
-/// The close box, or whatever stands for it.
+/// The window was closed, by its close box for example.
 void userClosed(Window& window);
 
 }  // namespace kvrnstep::forms

@@ -34,43 +34,37 @@ void ViewSync::makeViews() {
 }
 
 void ViewSync::showAll(double scale) {
-  scale_ = scale;
   changes_.addAll();
-  markAllControls();
-  update();
+  rescaledTo(scale);
 }
 
 void ViewSync::rescaledTo(double scale) {
   scale_ = scale;
   changes_.add(Property::Size);
-  markAllControls();
+  for (const auto& [control, view] : views_) view->markAll();
   update();
 }
 
-void ViewSync::markAllControls() {
-  for (const auto& [control, view] : views_) view->markAll();
-}
-
-int ViewSync::pixels(double units) const {
-  return rounded(units * window_.design().twipsPerUnit / kTwipsPerPixel * scale_);
+int ViewSync::pixels(double twips) const {
+  return rounded(twips / kTwipsPerPixel * scale_);
 }
 
 PixelRect ViewSync::pixelPlace(const Control& control) const {
   const Rect place = control.shownPlace();
-  const int left = pixels(place.left);
-  const int top = pixels(place.top);
-  return {left, top, pixels(place.right()) - left, pixels(place.bottom()) - top};
+  const double twips = window_.design().twipsPerUnit;
+  const int left = pixels(place.left * twips);
+  const int top = pixels(place.top * twips);
+  return {left, top, pixels(place.right() * twips) - left, pixels(place.bottom() * twips) - top};
 }
 
 PixelSize ViewSync::innerSize() const {
-  return {pixels(window_.innerWidth()), pixels(window_.innerHeight())};
+  return {pixels(window_.place().width - window_.chrome().width),
+          pixels(window_.place().height - window_.chrome().height)};
 }
 
 PixelSize ViewSync::smallestInnerSize() const {
-  const WindowDesign& design = window_.design();
-  const auto inPixels = [&](double twips) { return rounded(twips / kTwipsPerPixel * scale_); };
-  return {inPixels(design.minimumWidth - window_.chrome().width),
-          inPixels(design.minimumHeight - window_.chrome().height)};
+  return {pixels(window_.design().minimumWidth - window_.chrome().width),
+          pixels(window_.design().minimumHeight - window_.chrome().height)};
 }
 
 PixelSize ViewSync::frameSize() const {

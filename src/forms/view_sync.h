@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "forms/control_sync.h"
-#include "forms/window.h"
 
 namespace kvrnstep::forms {
 
@@ -95,8 +94,7 @@ class ViewSync {
   void recolored();
 
  private:
-  [[nodiscard]] int pixels(double units) const;
-  void markAllControls();
+  [[nodiscard]] int pixels(double twips) const;
   void applyWindow();
   void applyPosition();
   void arrange();

@@ -5,8 +5,8 @@
 
 #include "dialogs/frm_step_ps_edit.h"
 #include "dialogs/list_sort.h"
-#include "forms/view_sync.h"
 #include "forms/user_actions.h"
+#include "forms/view_sync.h"
 #include "headless_toolkit.h"
 
 namespace kvrnstep::dialogs {
