@@ -15,11 +15,10 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QToolButton>
 
-#include "kvrnstep/listwright.hpp"
+#include "qt_dialog.h"
 
 namespace {
 
@@ -56,25 +55,6 @@ class Opening : public QObject {
   QElapsedTimer timer_;
   qint64 nanoseconds_ = 0;
   bool painted_ = false;
-};
-
-/// The dialog of the plug-in, opened again and again.
-class Dialog {
- public:
-  void open() const {
-    std::string list;
-    const std::string settings = steps_ + "/steps.ini";
-    kvrnstep_dialog arguments = kvrnstep::kDialogDefaults;
-    arguments.sPthStepFolder = steps_.c_str();
-    arguments.SEC_APP_NAME = "Listwright";
-    arguments.s_IniPathAndName = settings.c_str();
-    plugin_.ShowListwrightDialog(list, arguments);
-  }
-
- private:
-  const kvrnstep::Listwright plugin_ = kvrnstep::Listwright::load(PLUGIN_LIBRARY);
-  const QTemporaryDir folder_;
-  const std::string steps_ = folder_.path().toStdString();
 };
 
 /// A widget of a bare dialog.
@@ -159,7 +139,7 @@ const Design& design() {
       found = {window.size(), static_cast<int>(window.findChildren<QWidget*>().size()),
                static_cast<int>(window.findChildren<QMenu*>().size()), partsOf(window)};
     };
-    const Dialog dialog;
+    const kvrnstep::bench::Dialog dialog;
     opening.measure([&] { dialog.open(); });
     return found;
   }();
@@ -178,7 +158,7 @@ void fill(QWidget& parent, const std::vector<Part>& parts) {
 
 void openDialog(benchmark::State& state) {
   design();  // the first call loads the front end
-  const Dialog dialog;
+  const kvrnstep::bench::Dialog dialog;
   Opening opening;
   for (auto _ : state) state.SetIterationTime(opening.measure([&] { dialog.open(); }));
 }

@@ -7,11 +7,10 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
-#include "kvrnstep/listwright.hpp"
+#include "qt_dialog.h"
 
 namespace {
 
@@ -27,9 +26,6 @@ QWidget* dialog() {
 /// Runs the work in the open dialog, with its preview shown, and closes it.
 template <class Work>
 void inDialog(Work work) {
-  const auto plugin = kvrnstep::Listwright::load(PLUGIN_LIBRARY);
-  const QTemporaryDir folder;
-  const std::string steps = folder.path().toStdString();
   QTimer::singleShot(0, [&] {
     for (QAction* action : dialog()->findChildren<QAction*>()) {
       if (action->text() == "Display Preview") action->trigger();
@@ -38,13 +34,7 @@ void inDialog(Work work) {
          *dialog()->findChild<QPlainTextEdit*>("txtPreview"));
     dialog()->close();
   });
-  std::string list;
-  const std::string settings = steps + "/steps.ini";
-  kvrnstep_dialog arguments = kvrnstep::kDialogDefaults;
-  arguments.sPthStepFolder = steps.c_str();
-  arguments.SEC_APP_NAME = "Listwright";
-  arguments.s_IniPathAndName = settings.c_str();
-  plugin.ShowListwrightDialog(list, arguments);
+  kvrnstep::bench::Dialog().open();
 }
 
 void typeIntoEndBox(benchmark::State& state) {

@@ -16,6 +16,18 @@ titled() { [[ "$(timeout 20 xdotool getwindowfocus getwindowname 2>/dev/null)" =
 keys() { timeout 60 xdotool key --clearmodifiers "$@"; }
 types() { timeout 60 xdotool type --clearmodifiers "$1"; }
 
+# begin COMMAND… — opens the dialog, to be closed by "ended STATUS".
+begin() {
+  "$@" >out 2>err &
+  command=$!
+  await titled Listwright
+}
+ended() {
+  wait "$command"
+  local status=$?
+  [ "$status" -eq "$1" ] || fail "status $status, not $1: $(cat err)"
+}
+
 openbox --sm-disable >/dev/null 2>&1 &
 # A window that opens while the window manager starts may be overlooked. It has started when it
 # does as it is told.

@@ -5,21 +5,13 @@ set -u
 bin=$(realpath "$1")
 source "$(dirname "$0")/desktop.bash"
 
-# begin COMMAND… — opens the dialog.
-begin() {
-  "$@" >out 2>err &
-  command=$!
-  await titled Listwright
-}
 # use STATUS KEY… — opens the dialog and presses the keys in it; then it ends with that status, and
 # has printed nothing unless it is 0.
 use() {
   begin "$bin/listwright"
   keys "${@:2}"
-  wait "$command"
-  local status=$?
-  [ "$status" -eq "$1" ] || fail "$*: status $status: $(cat err)"
-  [ "$status" -eq 0 ] || [ ! -s out ] || fail "$*: printed $(cat out)"
+  ended "$1"
+  [ "$1" -eq 0 ] || [ ! -s out ] || fail "$*: printed $(cat out)"
 }
 # keeps WHAT — whether the clipboard holds what is wanted
 keeps() { timeout 20 xclip -selection clipboard -o | cmp - wanted || fail "$1 is not on the clipboard"; }

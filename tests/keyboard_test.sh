@@ -14,19 +14,7 @@ times() {
 # windows COUNT — whether so many windows and menus are to be seen.
 windows() { [ "$(xdotool search --onlyvisible --class '^listwright$' | wc -l)" -eq "$1" ]; }
 
-# open — the dialog, to be closed by "closed STATUS".
-open() {
-  "$bin/listwright" >out 2>err &
-  command=$!
-  await titled Listwright
-}
-closed() {
-  wait "$command"
-  local status=$?
-  [ "$status" -eq "$1" ] || fail "status $status, not $1: $(cat err)"
-}
-
-open
+begin "$bin/listwright"
 # Roman numerals from 2 to 4: an arrow of the keyboard is an arrow of the spinner, and F4 asks.
 keys Down Down
 times 7 Tab
@@ -86,18 +74,18 @@ types mine
 keys Return
 await titled Listwright
 keys Escape
-closed 1
+ended 1
 
 # Shift+Tab leads from the kinds of list over the preview to the step files.
-open
+begin "$bin/listwright"
 times 5 shift+Tab
 keys Down Return alt+i
-closed 0
+ended 0
 printf 'To do:\n    No II  II. \n    No III III. \n    No IV  IV. \n' | cmp - out || fail "$(cat out)"
 [ -f data/listwright/mine.step ] || fail 'the list was not saved'
 
 # The menu key opens the menu of the step files, Shift+F10 too.
-open
+begin "$bin/listwright"
 times 5 shift+Tab
 keys Down shift+F10
 await windows 2
@@ -112,7 +100,7 @@ await windows 2
 keys Escape
 await windows 1
 keys ctrl+q
-closed 1
+ended 1
 
 printf 'No {STEP_R}\r\nStep\r\n' | cmp - data/listwright/Prefix_Step.dat || fail 'prefixes'
 printf ':\r\n)\r\n{STEP_L}=\r\n' | cmp - data/listwright/Suffix_Step.dat || fail 'suffixes'

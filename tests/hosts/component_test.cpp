@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <filesystem>
 #include <vector>
 
@@ -15,10 +14,12 @@
 #include "program.h"
 #include "temporary_folder.h"
 #include "user.h"
+#include "variant.h"
 
 namespace {
 
 using namespace kvrnstep;
+using tests::variant;
 
 BSTR bstr(std::u16string_view text) {
   return SysAllocStringLen(reinterpret_cast<const OLECHAR*>(text.data()),
@@ -46,14 +47,6 @@ void closeLibrary(void* library) {
 #endif
 }
 
-template <class T>
-VARIANT variant(VARTYPE type, const T& value) {
-  VARIANT made;
-  VariantInit(&made);
-  made.vt = type;
-  std::memcpy(&made.llVal, &value, sizeof value);
-  return made;
-}
 VARIANT empty(VARTYPE type = VT_EMPTY) {
   return variant(type, std::int64_t{0});
 }

@@ -3,22 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstring>
 #include <optional>
 
 #include "component/bstr.h"
+#include "variant.h"
 
 namespace kvrnstep::component {
 namespace {
 
-template <class T>
-VARIANT variant(VARTYPE type, const T& value) {
-  VARIANT made;
-  VariantInit(&made);
-  made.vt = type;
-  std::memcpy(&made.llVal, &value, sizeof value);
-  return made;
-}
+using tests::variant;
+
 VARIANT text(std::u16string_view value) {
   return variant(VT_BSTR, newBstr(value));
 }
