@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// Labels of lines, as bytes and without an end: z is followed by aa, bb and so on, zz by aaa.
+namespace kvrnstep::lines {
+
+/// Longer numbers fit no integer.
+inline constexpr std::size_t kMostDigits = 18;
+
+enum class Numerals : std::uint8_t { Decimal, Letters, Roman };
+
+/// How the labels of one list are written.
+struct LabelStyle {
+  Numerals numerals = Numerals::Decimal;
+  bool upperCase = false;  ///< of letters and Roman numerals
+  bool ordinal = false;    ///< 1st, 2nd …; of decimals
+  std::size_t digits = 0;  ///< filled up to with zeros; of decimals
+};
+
+/// Numbers of lines, one after the other.
+struct Sequence {
+  std::int64_t first = 1;
+  std::int64_t step = 1;
+
+  /// One that is too large or too small for a label is the largest or smallest there is.
+  [[nodiscard]] std::int64_t at(std::size_t index) const;
+};
+
+/// Whether there is such a label: decimals from 0 on, letters from 1 on, Roman numerals of 1 to
+/// 3999.
+bool labelExists(Numerals numerals, std::int64_t number);
+/// Says that a line cannot have its label.
+std::string whyNoLabel(Numerals numerals, std::int64_t number, std::size_t line);
+
+/// Characters of a label that exists, without those of an ordinal.
+std::size_t labelWidth(const LabelStyle& style, std::int64_t number);
+/// The widest of so many labels, at least one.
+std::size_t widestLabel(const LabelStyle& style, const Sequence& numbers, std::size_t count);
+
+/// Adds a label that exists to the text.
+void appendLabel(std::string& text, const LabelStyle& style, std::int64_t number);
+
+/// The number that a label stands for; -1 where it is none of the kind. Letters and Roman numerals
+/// may be small or capital, but not mixed.
+std::int64_t numberOf(Numerals numerals, std::string_view label);
+
+/// Characters of the label that the text begins with, the longest one of the style, with those of
+/// an ordinal; 0 for none.
+/// @param number what it stands for
+std::size_t findLabel(const LabelStyle& style, std::string_view text, std::int64_t& number);
+
+}  // namespace kvrnstep::lines
