@@ -23,6 +23,8 @@ inline constexpr kvrnstep_dialog kDialogDefaults{
 };
 inline constexpr kvrnstep_list kListDefaults{
     .size = sizeof(kvrnstep_list), .Start = 1, .Count = 3, .bytSpcCount = 4};
+inline constexpr kvrnstep_lines kLinesDefaults{
+    .size = sizeof(kvrnstep_lines), .start = -1, .step = 1, .bytSpcCount = 4};
 
 enum class ParameterType : std::uint8_t { Text, Boolean, Integer, Long, Byte };
 

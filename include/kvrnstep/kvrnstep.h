@@ -17,6 +17,7 @@
 #define KVRNSTEP_KVRNSTEP_H
 
 /* This header is C. NOLINTBEGIN(modernize-*) */
+#include <stddef.h>
 #include <stdint.h>
 
 #ifdef __cplusplus
@@ -31,7 +32,8 @@ extern "C" {
 #define KVRNSTEP_API
 #endif
 
-/* What the functions return. Negative results are failures; no text is handed out then. */
+/* What the functions return. Negative results are failures; no text is handed out then, but for
+ * KVRNSTEP_NO_LABEL. */
 enum {
   KVRNSTEP_CANCELLED = 0,     /* the dialog was closed in another way than by Insert */
   KVRNSTEP_INSERTED = 1,      /* the user inserted a list */
@@ -42,7 +44,8 @@ enum {
   KVRNSTEP_UNREADABLE = -3,   /* the file is missing, is no file, or is too large */
   KVRNSTEP_FOREIGN = -4,      /* the file is not a step file */
   KVRNSTEP_UNWRITABLE = -5,   /* the file cannot be written */
-  KVRNSTEP_FAILED = -6        /* out of memory or another resource of the system */
+  KVRNSTEP_FAILED = -6,       /* out of memory or another resource of the system */
+  KVRNSTEP_NO_LABEL = -7      /* a line cannot have its label; the text is one line that says why */
 };
 
 /* One use of the dialog. */
@@ -89,11 +92,30 @@ typedef struct kvrnstep_list {
   int32_t reserved; /* leave it as it is */
 } kvrnstep_list;
 
+/* How lines of a text are numbered. */
+typedef struct kvrnstep_lines {
+  uint32_t size;             /* set by kvrnstep_lines_init */
+  int32_t keep_start;        /* not 0: every list keeps the number that it begins with */
+  const kvrnstep_list* list; /* what labels look like; its Count is not read. Null: "1. " and so on
+                                where labels are put, all labels where they are looked for */
+  const char* step_file;     /* a step file that says so in its place, or null */
+  int64_t start;             /* number of the first line, or of the first list, from 0 on; -1: the
+                                Start of the list or step file, otherwise 1 */
+  int64_t step;              /* from one number to the next, not 0 */
+  int32_t pad;               /* numbers are filled up to so many digits with zeros, 0 to 255 */
+  int32_t bytSpcCount;       /* blanks in one indentation of a step file, 0 to 255 */
+  /* Takes the new text piece by piece, with `context`, and returns 0 to go on. Null: the text is
+   * handed out as a whole. It does not throw. */
+  int (*take)(void* context, const char* piece, size_t size);
+  void* context;
+} kvrnstep_lines;
+
 /* Fill a struct with defaults. `size` is its sizeof in the host. Later versions add fields at the
  * end only, in place of `reserved` first: a newer plug-in takes its defaults for the fields that an
  * older host lacks, an older plug-in ignores those that it does not know. */
 KVRNSTEP_API void kvrnstep_dialog_init(kvrnstep_dialog* dialog, uint32_t size);
 KVRNSTEP_API void kvrnstep_list_init(kvrnstep_list* list, uint32_t size);
+KVRNSTEP_API void kvrnstep_lines_init(kvrnstep_lines* lines, uint32_t size);
 
 /* Name, a tab, version. Null when memory is out. To be freed. */
 KVRNSTEP_API char* kvrnstep_plug_name_version(void);
@@ -119,6 +141,18 @@ KVRNSTEP_API int kvrnstep_generate_from_step_file(const char* path, int32_t bytS
 /* Writes the description of a list as a step file, in place of a file of that name: KVRNSTEP_DONE,
  * KVRNSTEP_UNWRITABLE … */
 KVRNSTEP_API int kvrnstep_save_step_file(const char* path, const kvrnstep_list* list);
+
+/* Number the lines of a text that is there, as docs/number-lines.md has it: put a label before
+ * every line that has text, set the labels of its lists right, take labels away again. The text is
+ * `size` bytes of any kind; all that is no label stays. KVRNSTEP_DONE, KVRNSTEP_NO_LABEL, or as
+ * with step files. `*result` is the new text, to be freed, and null where `take` gets it;
+ * `*result_size`, which may be null, is the number of its bytes. A zero byte is behind them. */
+KVRNSTEP_API int kvrnstep_number_lines(const kvrnstep_lines* lines, const char* text, size_t size,
+                                       char** result, size_t* result_size);
+KVRNSTEP_API int kvrnstep_renumber_lines(const kvrnstep_lines* lines, const char* text, size_t size,
+                                         char** result, size_t* result_size);
+KVRNSTEP_API int kvrnstep_unnumber_lines(const kvrnstep_lines* lines, const char* text, size_t size,
+                                         char** result, size_t* result_size);
 
 /* Writes icon 101 (32×32 and 16×16), 102 (16×16) or 103 (32×32) as a file into the plug-in's
  * folder; its full path, or null on failure. To be freed. */

@@ -11,15 +11,21 @@
 //     std::string list;
 //     if (listwright.ShowListwrightDialog(list, dialog)) insertAtCaret(list);
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "kvrnstep/fields.hpp"
 #include "kvrnstep/kvrnstep.h"
 #include "kvrnstep/library.hpp"
 
 namespace kvrnstep {
+
+/// What is done to the lines of a text.
+enum class LineChange : std::uint8_t { Number, Renumber, Unnumber };
 
 /// The loaded plug-in. Cheap to copy; the library stays loaded to the end of the process.
 class Listwright {
@@ -82,6 +88,23 @@ class Listwright {
   [[nodiscard]] int saveStepFile(const std::string& path, const kvrnstep_list& list) const {
     return function<decltype(kvrnstep_save_step_file)>("kvrnstep_save_step_file")(path.c_str(),
                                                                                   &list);
+  }
+
+  /// Changes the labels of the lines of a text.
+  /// @param changed the new text, unless `lines.take` gets it; after KVRNSTEP_NO_LABEL, why
+  /// @return KVRNSTEP_DONE, KVRNSTEP_NO_LABEL …
+  [[nodiscard]] int changeLines(LineChange change, const kvrnstep_lines& lines,
+                                std::string_view text, std::string& changed) const {
+    static constexpr std::array kNames{"kvrnstep_number_lines", "kvrnstep_renumber_lines",
+                                       "kvrnstep_unnumber_lines"};
+    const auto call =
+        function<decltype(kvrnstep_number_lines)>(kNames.at(static_cast<std::size_t>(change)));
+    char* bytes = nullptr;
+    std::size_t size = 0;
+    const int result = call(&lines, text.data(), text.size(), &bytes, &size);
+    if (bytes != nullptr) changed.assign(bytes, size);
+    function<decltype(kvrnstep_free)>("kvrnstep_free")(bytes);
+    return result;
   }
 
  private:

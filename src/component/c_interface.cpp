@@ -13,6 +13,7 @@
 #include "generator/generator.h"
 #include "kvrnstep/fields.hpp"
 #include "kvrnstep/kvrnstep.h"
+#include "lines/lines.h"
 #include "platform/files.h"
 #include "plugin/c_icon.h"
 #include "plugin/front_end.h"
@@ -28,6 +29,7 @@ namespace {
 // any value in it.
 static_assert(std::has_unique_object_representations_v<kvrnstep_dialog>);
 static_assert(std::has_unique_object_representations_v<kvrnstep_list>);
+static_assert(std::has_unique_object_representations_v<kvrnstep_lines>);
 
 /// The sizes of the shortest structs that are taken; a shorter one is a host's mistake.
 constexpr std::size_t least(const kvrnstep_dialog& /*dialog*/) {
@@ -35,6 +37,9 @@ constexpr std::size_t least(const kvrnstep_dialog& /*dialog*/) {
 }
 constexpr std::size_t least(const kvrnstep_list& /*list*/) {
   return offsetof(kvrnstep_list, IndentSpacing);
+}
+constexpr std::size_t least(const kvrnstep_lines& /*lines*/) {
+  return sizeof(kvrnstep_lines);
 }
 
 /// A struct as this version knows it, with the defaults in fields that its host does not know;
@@ -115,6 +120,64 @@ std::optional<Described> described(const kvrnstep_list* given) {
   return take.allFit ? std::optional(result) : std::nullopt;
 }
 
+/// The list that a step file describes.
+/// @return KVRNSTEP_DONE, or what is wrong with the file
+int readStepFile(const char* path, generator::ListSettings& settings) {
+  const auto bytes = platform::readFile(textOf(path), stepfiles::kLargestStepFile);
+  if (!bytes) return KVRNSTEP_UNREADABLE;
+  if (!stepfiles::isStepRecord(*bytes)) return KVRNSTEP_FOREIGN;
+  settings = stepfiles::withinRanges(stepfiles::parseStepRecord(*bytes));
+  return KVRNSTEP_DONE;
+}
+
+/// Fills in what the labels look like, and the number that they begin with.
+int readLabels(const kvrnstep_lines& given, lines::LineOptions& options) {
+  if (given.step_file != nullptr) {
+    if (!fits<std::uint8_t>(given.bytSpcCount)) return KVRNSTEP_BAD_ARGUMENT;
+    options.indentBlanks = static_cast<std::uint8_t>(given.bytSpcCount);
+    const int result = readStepFile(given.step_file, options.list.emplace());
+    if (result != KVRNSTEP_DONE) return result;
+  } else if (given.list != nullptr) {
+    const auto list = described(given.list);
+    if (!list) return KVRNSTEP_BAD_ARGUMENT;
+    options.list = list->settings;
+    options.indentBlanks = list->blanks;
+  }
+  options.start = given.start >= 0 ? given.start : options.list ? options.list->Start : 1;
+  return KVRNSTEP_DONE;
+}
+
+/// The host's `take` wants no more.
+struct NotTaken : std::exception {};
+
+/// @param changed the new text, unless `take` gets it, or why a label cannot be
+int changeLines(decltype(lines::number)& change, const kvrnstep_lines* given, std::string_view text,
+                std::string& changed) {
+  const auto settings = known(given, kLinesDefaults);
+  if (!settings || settings->start < -1 || settings->step == 0 ||
+      !fits<std::uint8_t>(settings->pad) || (text.data() == nullptr && !text.empty())) {
+    return KVRNSTEP_BAD_ARGUMENT;
+  }
+  lines::LineOptions options{.step = settings->step,
+                             .digits = static_cast<std::size_t>(settings->pad),
+                             .keepStart = settings->keep_start != 0};
+  const int result = readLabels(*settings, options);
+  if (result != KVRNSTEP_DONE) return result;
+  try {
+    change(text, options, [&](std::string_view piece) {
+      if (settings->take == nullptr) {
+        changed += piece;
+      } else if (settings->take(settings->context, piece.data(), piece.size()) != 0) {
+        throw NotTaken();
+      }
+    });
+  } catch (const lines::NoLabel& problem) {
+    changed = problem.what();
+    return KVRNSTEP_NO_LABEL;
+  }
+  return KVRNSTEP_DONE;
+}
+
 /// Nothing is thrown into a host.
 template <class Result, class Function>
 Result guarded(Result failure, Function function) noexcept {
@@ -138,6 +201,21 @@ int guardedList(char** handedOut, Function function) noexcept {
   });
 }
 
+/// Changes lines and hands the new text out, unless the host takes it piece by piece.
+int guardedLines(decltype(lines::number)& change, const kvrnstep_lines* given,
+                 std::string_view text, char** handedOut, size_t* size) noexcept {
+  if (handedOut == nullptr) return KVRNSTEP_BAD_ARGUMENT;
+  *handedOut = nullptr;
+  return guarded<int>(KVRNSTEP_FAILED, [&] {
+    std::string changed;
+    const int result = changeLines(change, given, text, changed);
+    if (size != nullptr) *size = changed.size();
+    const bool hasText = result == KVRNSTEP_DONE ? given->take == nullptr : !changed.empty();
+    if (hasText) *handedOut = copyOf(changed);
+    return hasText && *handedOut == nullptr ? KVRNSTEP_FAILED : result;
+  });
+}
+
 }  // namespace
 
 }  // namespace kvrnstep::component
@@ -153,6 +231,10 @@ void kvrnstep_dialog_init(kvrnstep_dialog* dialog, uint32_t size) {
 
 void kvrnstep_list_init(kvrnstep_list* list, uint32_t size) {
   initialise(list, size, kListDefaults);
+}
+
+void kvrnstep_lines_init(kvrnstep_lines* lines, uint32_t size) {
+  initialise(lines, size, kLinesDefaults);
 }
 
 char* kvrnstep_plug_name_version(void) {
@@ -193,14 +275,13 @@ int kvrnstep_generate(const kvrnstep_list* list, char** text) {
 }
 
 int kvrnstep_generate_from_step_file(const char* path, int32_t bytSpcCount, char** text) {
-  return guardedList(text, [&](std::u16string& generated) {
+  return guardedList(text, [&](std::u16string& generated) -> int {
     if (path == nullptr || !fits<std::uint8_t>(bytSpcCount)) return KVRNSTEP_BAD_ARGUMENT;
-    const auto bytes = platform::readFile(textOf(path), stepfiles::kLargestStepFile);
-    if (!bytes) return KVRNSTEP_UNREADABLE;
-    if (!stepfiles::isStepRecord(*bytes)) return KVRNSTEP_FOREIGN;
-    const auto settings = stepfiles::withinRanges(stepfiles::parseStepRecord(*bytes));
+    generator::ListSettings settings;
+    const int result = readStepFile(path, settings);
+    if (result != KVRNSTEP_DONE) return result;
     generated = generator::generateList(settings, static_cast<std::uint8_t>(bytSpcCount));
-    return KVRNSTEP_DONE;
+    return result;
   });
 }
 
@@ -211,6 +292,21 @@ int kvrnstep_save_step_file(const char* path, const kvrnstep_list* list) {
     return stepfiles::writeStepFile(textOf(path), given->settings) ? KVRNSTEP_DONE
                                                                    : KVRNSTEP_UNWRITABLE;
   });
+}
+
+int kvrnstep_number_lines(const kvrnstep_lines* lines, const char* text, size_t size, char** result,
+                          size_t* result_size) {
+  return guardedLines(kvrnstep::lines::number, lines, {text, size}, result, result_size);
+}
+
+int kvrnstep_renumber_lines(const kvrnstep_lines* lines, const char* text, size_t size,
+                            char** result, size_t* result_size) {
+  return guardedLines(kvrnstep::lines::renumber, lines, {text, size}, result, result_size);
+}
+
+int kvrnstep_unnumber_lines(const kvrnstep_lines* lines, const char* text, size_t size,
+                            char** result, size_t* result_size) {
+  return guardedLines(kvrnstep::lines::unnumber, lines, {text, size}, result, result_size);
 }
 
 char* kvrnstep_request_program_icon(int32_t piIndex101to103) {

@@ -60,6 +60,47 @@ static void keeps_step_files(const char* folder, const char* foreign) {
   EXPECT(kvrnstep_save_step_file(folder, &list) == KVRNSTEP_UNWRITABLE);
 }
 
+static int gather(void* context, const char* piece, size_t size) {
+  strncat(context, piece, size);
+  return 0;
+}
+
+static void numbers_lines(const char* folder) {
+  char path[1000], taken[100] = "";
+  kvrnstep_list list;
+  kvrnstep_lines lines;
+  char* text = NULL;
+  size_t size = 0;
+  kvrnstep_lines_init(&lines, sizeof lines);
+  EXPECT(kvrnstep_number_lines(&lines, "a\n\0b", 4, &text, &size) == KVRNSTEP_DONE);
+  EXPECT(size == 10 && memcmp(text, "1. a\n2. \0b", 11) == 0);
+  kvrnstep_free(text);
+  EXPECT(kvrnstep_renumber_lines(&lines, "2) a\r\n2) b", 10, &text, NULL) == KVRNSTEP_DONE);
+  EXPECT(is(text, "1) a\r\n2) b"));
+  EXPECT(kvrnstep_unnumber_lines(&lines, "2) a", 4, &text, NULL) == KVRNSTEP_DONE);
+  EXPECT(is(text, "a"));
+  kvrnstep_list_init(&list, sizeof list);
+  list.Selection = 2;
+  list.Start = 3999;
+  lines.list = &list;
+  EXPECT(kvrnstep_number_lines(&lines, "a\nb", 3, &text, NULL) == KVRNSTEP_NO_LABEL);
+  EXPECT(is(text, "line 2: there is no Roman numeral for 4000, they go from 1 to 3999"));
+  snprintf(path, sizeof path, "%s/c.step", folder);
+  list.Selection = 1;
+  list.Start = 2;
+  EXPECT(kvrnstep_save_step_file(path, &list) == KVRNSTEP_DONE);
+  lines.step_file = path;
+  lines.take = gather;
+  lines.context = taken;
+  EXPECT(kvrnstep_number_lines(&lines, "a\nb", 3, &text, &size) == KVRNSTEP_DONE);
+  EXPECT(text == NULL && strcmp(taken, "b. a\nc. b") == 0);
+  lines.step_file = folder;
+  EXPECT(kvrnstep_number_lines(&lines, "a", 1, &text, &size) == KVRNSTEP_UNREADABLE);
+  lines.step = 0;
+  EXPECT(kvrnstep_number_lines(&lines, "a", 1, &text, &size) == KVRNSTEP_BAD_ARGUMENT);
+  EXPECT(kvrnstep_number_lines(NULL, "a", 1, &text, &size) == KVRNSTEP_BAD_ARGUMENT);
+}
+
 /* Structs of hosts that were built against a longer, a shorter and no version of the header. */
 static void takes_structs_of_other_versions(void) {
   struct {
@@ -135,6 +176,7 @@ int main(int count, char** arguments) {
   kvrnstep_free(NULL);
   generates_lists();
   keeps_step_files(arguments[1], arguments[0]);
+  numbers_lines(arguments[1]);
   takes_structs_of_other_versions();
   says_why_it_shows_nothing();
   return failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
