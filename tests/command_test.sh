@@ -2,6 +2,7 @@
 # The listwright command without a window: command_test.sh LISTWRIGHT
 set -u
 listwright=$(realpath "$1")
+page=$(realpath "$(dirname "$0")/../docs/number-lines.md")
 source "$(dirname "$0")/common.bash"
 
 # check STATUS OUTPUT ERRORS ARGUMENTS… — output and errors with printf's escapes; errors must be
@@ -40,7 +41,7 @@ check 2 '' 'end takes exactly one value' --list --end 3 --end
 check 2 '' 'space takes no value' --list --end 3 --space=x
 check 2 '' 'numbered, alphabetical, roman and prefix-suffix' --list --end 3 --type Roman
 check 2 '' '--bogus; --help' --bogus
-check 2 '' '--prefix needs --list or --save' --prefix x
+check 2 '' '--prefix needs --list, --save or --number' --prefix x
 check 2 '' 'libkvrnstep' --plugin /nowhere/libkvrnstep.so --list --end 3
 
 # Step files.
@@ -73,6 +74,41 @@ check 2 '' 'a^Jb^[: No such file' $'a\nb\e'
 export listwright prefix=$'\t\r\e\xc2\x9b\x7f\xe9'
 script -qec '"$listwright" --crlf --list --end 1 --prefix "$prefix"' typed >/dev/null
 grep -qxF $'\t^M^[<U+009B>^?é1\r\r' typed || fail "on a terminal: $(cat -A typed)"
+
+# Lines. The page about them has a run of each example, with what it prints.
+PATH=$(dirname "$listwright"):$PATH
+awk '/^```console/ { ++n; next } /^```/ { text = 0; next } n && /^\$ / { text = 1 }
+  text { print > ("example-" n) }' "$page"
+examples=0
+for example in example-*; do
+  awk '/^\$ / { sub(/^\$ /, ""); script = 1; inside = 0 } script { print > (FILENAME ".sh") }
+    /<<END$/ { inside = 1 } script && (/^END$/ || !inside) { script = 0; next }
+    !script { print > (FILENAME ".wanted") }' "$example"
+  bash "./$example.sh" 2>&1 | cmp - "$example.wanted" || fail "$example of the page: $(cat "$example")"
+  examples=$((examples + 1))
+done
+[ "$examples" -ge 10 ] || fail "$examples examples"
+
+check 2 '' '--keep-start goes with --renumber' --number --keep-start
+check 2 '' '--step: any number but 0' --renumber --step 0
+check 2 '' '--end goes with lists' --number --end 3
+check 2 '' '--prefix goes without FILE' --number --prefix x abc
+check 2 '' '--pad needs --number' --list --end 3 --pad 2
+check 2 '' 'goes without another' --number --unnumber
+check 2 '' 'no/x: No such file' --number no/x
+# check has no text: here there is one.
+printf 'a\nb\n' | "$listwright" --number --type roman --start 3999 >out 2>err
+[ "$?:$(cat err)" = '1:listwright: line 2: there is no Roman numeral for 4000, they go from 1 to 3999' ] &&
+  [ ! -s out ] || fail "a label that cannot be: $(cat out err)"
+yes | head -n 100000 >many
+(trap '' PIPE; "$listwright" --number <many 2>err | head -n 1 >out; [ "${PIPESTATUS[0]}" -eq 0 ]) &&
+  [ ! -s err ] || fail "a pipe that closes early: $(cat err)"
+printf 'x\na\r\n\xff\e' | "$listwright" --number | cmp - <(printf '1. x\n2. a\r\n3. \xff\e') ||
+  fail 'bytes of a text'
+[ "$(read -r x <many; { read -r x; "$listwright" --number | tail -n 1; } <many)" = '99999. y' ] ||
+  fail 'the rest of a file'
+"$listwright" --number <many >/dev/full 2>err
+[ $? -eq 2 ] && grep -q 'cannot write' err || fail 'a full disk goes unnoticed'
 
 # A dialog that cannot be.
 touch file

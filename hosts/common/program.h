@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// What programs need of the system that they run on.
@@ -27,6 +28,11 @@ std::string pluginBesideProgram();
 /// Has bytes written as they are, and read as UTF-8 by a terminal. A standard file that is closed
 /// is replaced by one without content, so that no file that is opened later takes its number.
 void prepareOutput();
+
+/// Lets bytes come in as they are.
+/// @return all of standard input, where the system can show it as memory; otherwise it has to be
+/// read
+std::string_view prepareInput();
 
 /// Whether anybody reads the standard output. Nobody does where a desktop has started the program:
 /// there the output is discarded or goes to the system's log.

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "kvrnstep/list_options.hpp"
 #include "utf8.h"
 
 namespace listwright {
@@ -19,6 +20,16 @@ fs::path pathOf(const std::string& name) {
 std::string nameOf(const fs::path& path) {
   const std::u8string name = path.u8string();
   return {name.begin(), name.end()};
+}
+
+std::string whyUnreadable(const std::string& name, const std::string& stepFolder) {
+  std::error_code error;
+  const bool file = fs::is_regular_file(pathOf(name), error);
+  if (error == std::errc::no_such_file_or_directory && pathOf(name).is_relative()) {
+    return error.message() + ", nor in " + stepFolder;
+  }
+  if (error) return error.message();
+  return file ? "no permission, or too large for a step file" : "it is no file";
 }
 
 }  // namespace
@@ -43,14 +54,14 @@ std::string folderOf(const std::string& name) {
   return nameOf(fs::absolute(pathOf(name)).parent_path());
 }
 
-std::string whyUnreadable(const std::string& name, const std::string& stepFolder) {
-  std::error_code error;
-  const bool file = fs::is_regular_file(pathOf(name), error);
-  if (error == std::errc::no_such_file_or_directory && pathOf(name).is_relative()) {
-    return error.message() + ", nor in " + stepFolder;
+std::string whyNoStepFile(int result, const std::string& name, const std::string& stepFolder) {
+  if (result == KVRNSTEP_UNREADABLE) {
+    return "cannot read " + name + ": " + whyUnreadable(name, stepFolder);
   }
-  if (error) return error.message();
-  return file ? "no permission, or too large for a step file" : "it is no file";
+  if (result != KVRNSTEP_FOREIGN) return "a number is too large, or memory is out";
+  return name + " is no step file; one begins with a number from 0 to " +
+         std::to_string(kvrnstep::kListingTypes.size() - 1) +
+         ", four texts and three numbers, with commas between them";
 }
 
 std::string whyUnwritable(const std::string& name) {

@@ -16,8 +16,10 @@ void requireUtf8(const std::string& name);
 /// The full path of the folder that a file is in.
 std::string folderOf(const std::string& name);
 
-/// Why a file cannot be read as a step file, or written.
-std::string whyUnreadable(const std::string& name, const std::string& stepFolder);
+/// Why the plug-in made nothing of a step file.
+/// @param result what it returned
+std::string whyNoStepFile(int result, const std::string& name, const std::string& stepFolder);
+/// Why a file cannot be written.
 std::string whyUnwritable(const std::string& name);
 
 }  // namespace listwright

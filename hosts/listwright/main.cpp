@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "file_names.h"
+#include "lines.h"
 #include "options.h"
 #include "user_folders.h"
 
@@ -46,13 +47,7 @@ std::string listOf(const kvrnstep::Listwright& plugin, const std::string& name,
   std::string list;
   const int result = plugin.generateFromStepFile(file, options.described.bytSpcCount, list);
   if (result == KVRNSTEP_DONE) return list;
-  if (result == KVRNSTEP_FOREIGN) {
-    throw std::runtime_error(file + " is no step file; one begins with a number from 0 to " +
-                             std::to_string(kvrnstep::kListingTypes.size() - 1) +
-                             ", four texts and three numbers, with commas between them");
-  }
-  throw std::runtime_error("cannot read " + file + ": " +
-                           whyUnreadable(file, options.dialog.sPthStepFolder));
+  throw std::runtime_error(whyNoStepFile(result, file, options.dialog.sPthStepFolder));
 }
 
 /// Goes on after a file that cannot be read, as cat does, and fails at the end.
@@ -83,6 +78,7 @@ ExitStatus run(const hosts::Arguments& arguments) {
     std::puts(plugin.PlugNameVersion().c_str());
     return Printed;
   }
+  if (options->change) return changeLines(plugin, *options) ? Printed : NotInserted;
   if (!options->save.empty()) return save(plugin, *options);
   if (!options->files.empty()) return printFiles(plugin, *options);
   if (!options->list) return showDialog(plugin, *options);

@@ -15,13 +15,17 @@ namespace {
 constexpr const char* kDescription =
     "Builds a step list: numbered, lettered, Roman, or with a prefix and suffix only.\n"
     "It opens the dialog and prints the list that you insert. With --list it prints the list\n"
-    "that the options describe, with FILE the list that a step file describes, without a window.";
+    "that the options describe, with FILE the list that a step file describes, without a window.\n"
+    "With --number it puts labels before the lines of standard input, with --renumber it sets the\n"
+    "labels of lists in a text right, with --unnumber it takes labels away.";
 
 constexpr const char* kFooter =
     "A prefix and a suffix may hold {STEP_#}, {STEP_L} and {STEP_R}: the step as a number, as\n"
     "letters and as a Roman numeral.\n"
     "\n"
-    "Exit status: 0 a list was printed; 1 the dialog was closed without Insert; 2 an error.\n"
+    "Exit status: 0 a list or a text was printed; 1 the dialog was closed without Insert, or a "
+    "line\n"
+    "cannot have its label; 2 an error.\n"
     "\n"
     "Examples:\n"
     "  listwright --list --end 5 --suffix .              1. 2. 3. 4. 5., each on its line\n"
@@ -29,6 +33,8 @@ constexpr const char* kFooter =
     "  listwright --list --type prefix-suffix --end 3 --prefix 'Part {STEP_R}'\n"
     "  listwright --save abc.step --type alphabetical --end 3 --suffix ')'\n"
     "  listwright abc.step                               a) b) c), each on its line\n"
+    "  listwright --number --suffix ') ' <notes.txt      1) before the first line, and so on\n"
+    "  listwright --renumber <notes.txt                  1., 2., 3. after lines were moved\n"
     "  listwright --type alphabetical | wl-copy          build it in the dialog";
 
 /// The words of --type, separated by commas and, before the last, by `last`.
@@ -60,6 +66,7 @@ class CommandLine {
     app_.add_flag("--crlf", options_.format.crLf, "end lines with CR LF instead of LF");
     app_.add_flag("--exact", options_.format.exact, "no line end of its own behind the last line");
     app_.add_flag("-V,--version", options_.version, "print name and version");
+    describeLines();
     describeList();
     describeDialog();
   }
@@ -122,6 +129,40 @@ class CommandLine {
     return {options.rbegin(), options.rend()};
   }
 
+  void describeLines() {
+    using enum kvrnstep::LineChange;
+    addChange("--number", Number, "put a label before each line of standard input that has text");
+    addChange("--renumber", Renumber, "set the labels of the lists in standard input right");
+    addChange("--unnumber", Unnumber, "take labels away; undoes --number with the same options");
+    kvrnstep_lines& lines = options_.lines;
+    addWhole("--step", lines.step, "from one number to the next, not 0 (1)", kLines);
+    addNumber("--pad", lines.pad, 0, 255, "fill numbers with zeros to so many digits", kLines);
+    addFlag("--keep-start", lines.keep_start, "--renumber: lists keep their first number", kLines);
+  }
+
+  void addChange(const char* name, kvrnstep::LineChange change, const char* help) {
+    app_.add_flag_callback(
+            name,
+            [this, name, change] {
+              if (options_.change && *options_.change != change) {
+                throw CLI::ValidationError(name, "goes without another change of lines");
+              }
+              options_.change = change;
+            },
+            help)
+        ->group(kLines);
+  }
+
+  /// A number of any size.
+  void addWhole(const std::string& name, std::int64_t& target, const std::string& help,
+                const std::string& group) {
+    add(name, "NUMBER", help, group, [=, &target](const std::string& text) {
+      const auto number = hosts::numberOf<std::int64_t>(text);
+      if (!number) throw refusal(name, "a whole number is", text);
+      target = *number;
+    });
+  }
+
   void describeList() {
     kvrnstep_list& list = options_.described;
     add("--type", "TYPE", typeWords(" or ", " (default)"), kGeneral, [&](const std::string& word) {
@@ -135,8 +176,8 @@ class CommandLine {
     addNumber("--indent", list.bytSpcCount, 0, 255,
               "blanks in one indentation (4); indents the steps of --list and --save", kGeneral);
 
-    addNumber("--start", list.Start, 1, 99, "number of the first step (1)", kList);
-    addNumber("--end", list.Count, 1, 99, "number of the last step; needed", kList);
+    addWhole("--start", options_.lines.start, "number of the first step or line (1)", kList);
+    addNumber("--end", list.Count, 1, kLastStep, "number of the last step; needed", kList);
     addNumber("--line-spacing", list.LineSpacing, 0, 9, "blank lines between steps (0)", kList);
     addText("--prefix", list.Prefix, "text before each label", kList);
     addText("--suffix", list.Suffix, "text after each label", kList);
@@ -215,11 +256,54 @@ class CommandLine {
       }
     }
     const bool saves = app_.count("--save") > 0;
+    if (options_.change) return checkLines();
+    refuse(kLines, " needs --number, --renumber or --unnumber");
     if (options_.list || saves) return checkList(saves);
+    refuse(kList, " needs --list, --save or --number");
+  }
+
+  /// @throws std::runtime_error for an option of the group that was given
+  void refuse(const std::string& group, const char* why) const {
     for (const CLI::Option* option : app_.get_options()) {
-      if (option->get_group() == kList && option->count() > 0) {
-        throw std::runtime_error(option->get_name() + " needs --list or --save");
+      if (option->get_group() == group && option->count() > 0) {
+        throw std::runtime_error(option->get_name() + why);
       }
+    }
+  }
+
+  void checkLines() {
+    for (const char* name : {"--list", "--save", "--end", "--crlf", "--exact"}) {
+      if (app_.count(name) > 0) {
+        throw std::runtime_error(std::string(name) + " goes with lists, not with lines of a text");
+      }
+    }
+    kvrnstep_lines& lines = options_.lines;
+    if (app_.count("--start") > 0 && lines.start < 0)
+      throw std::runtime_error("--start: 0 is the least");
+    if (lines.step == 0) throw std::runtime_error("--step: any number but 0 is allowed");
+    if (lines.keep_start && options_.change == kvrnstep::LineChange::Number)
+      throw std::runtime_error("--keep-start goes with --renumber");
+    for (const CLI::Option* option : app_.get_options()) {
+      const bool describes = option->get_group() == kList || option->get_name() == "--type";
+      if (!describes || option->count() == 0 || option->get_name() == "--start") continue;
+      if (!options_.files.empty())
+        throw std::runtime_error(option->get_name() + " goes without FILE");
+      options_.describesLabels = true;
+    }
+    if (options_.files.size() > 1) throw std::runtime_error("one FILE describes the labels");
+    lines.bytSpcCount = options_.described.bytSpcCount;
+    if (options_.files.empty() && app_.count("--indent") > 0) options_.describesLabels = true;
+    followValues();
+  }
+
+  /// Options that others switch on.
+  void followValues() {
+    kvrnstep_list& list = options_.described;
+    if (list.bytSpcCount > 0 && app_.count("--indent") > 0) {
+      list.Indentation = 1;
+    }
+    if (app_.count("--beginning") + app_.count("--ending") > 0) {
+      list.AddBegEnd = 1;
     }
   }
 
@@ -230,6 +314,14 @@ class CommandLine {
                                " needs --end, the number of the last step: 1 to 99");
     }
     kvrnstep_list& list = options_.described;
+    const std::int64_t start = options_.lines.start;
+    if (app_.count("--start") > 0) {
+      if (start < 1 || start > kLastStep) {
+        throw std::runtime_error("--start: 1 to 99 is allowed, not \"" + std::to_string(start) +
+                                 '"');
+      }
+      list.Start = static_cast<std::int32_t>(start);
+    }
     if (list.Start > list.Count) {
       throw std::runtime_error("the last step comes before the first: --start " +
                                std::to_string(list.Start) + ", --end " +
@@ -238,16 +330,13 @@ class CommandLine {
     if (saves && !options_.save.ends_with(".step")) {
       throw std::runtime_error("--save: the name of a step file ends in .step");
     }
-    if (list.bytSpcCount > 0 && app_.count("--indent") > 0) {
-      list.Indentation = 1;
-    }
-    if (app_.count("--beginning") + app_.count("--ending") > 0) {
-      list.AddBegEnd = 1;
-    }
+    followValues();
   }
 
+  static constexpr int kLastStep = 99;
   inline static const std::string kGeneral = "Options";
-  inline static const std::string kList = "List (with --list or --save)";
+  inline static const std::string kLines = "Lines of standard input";
+  inline static const std::string kList = "List (with --list, --save or lines)";
   inline static const std::string kDialog = "Dialog";
 
   CLI::App app_;

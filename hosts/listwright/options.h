@@ -18,6 +18,9 @@ struct Options {
   std::string save;   ///< step file to write; empty: none
   std::vector<std::string> files;  ///< step files whose lists are printed
   PrintFormat format;
+  std::optional<kvrnstep::LineChange> change;  ///< what is done to the lines of standard input
+  kvrnstep_lines lines = kvrnstep::kLinesDefaults;
+  bool describesLabels = false;  ///< … with the labels of `described`
   bool version = false;
   kvrnstep_list described = kvrnstep::kListDefaults;
   kvrnstep_dialog dialog = kvrnstep::kDialogDefaults;  ///< type, indentation as `described` has it

@@ -1,6 +1,7 @@
 #include "program.h"
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -40,6 +41,19 @@ void prepareOutput() {
   int file = STDIN_FILENO;
   while (file >= STDIN_FILENO && file <= STDERR_FILENO) file = open("/dev/null", O_RDONLY);
   close(file);
+}
+
+std::string_view prepareInput() {
+  struct stat input {};
+  const off_t begin = lseek(STDIN_FILENO, 0, SEEK_CUR);
+  if (fstat(STDIN_FILENO, &input) != 0 || !S_ISREG(input.st_mode)) return {};
+  if (begin < 0 || begin >= input.st_size) return {};
+  const auto size = static_cast<std::size_t>(input.st_size);
+  const void* bytes = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, STDIN_FILENO, 0);
+  if (bytes == MAP_FAILED) return {};
+  lseek(STDIN_FILENO, 0, SEEK_END);
+  return std::string_view(static_cast<const char*>(bytes), size)
+      .substr(static_cast<std::size_t>(begin));
 }
 
 bool outputIsRead() {

@@ -42,6 +42,11 @@ void prepareOutput() {
   if (outputIsTerminal()) ::SetConsoleOutputCP(CP_UTF8);
 }
 
+std::string_view prepareInput() {
+  ::_setmode(::_fileno(stdin), _O_BINARY);
+  return {};
+}
+
 bool outputIsRead() {
   const HANDLE output = ::GetStdHandle(STD_OUTPUT_HANDLE);
   const DWORD type = ::GetFileType(output);
