@@ -170,12 +170,16 @@ class Relabelling {
     if (!decimal) plan.style.numerals = roman ? Numerals::Roman : Numerals::Letters;
     plan.style.upperCase = list.kind == LabelKind::Capital;
     plan.style.digits = search_.options.digits;
-    if (plan.style.digits == 0 && first.hasLeadingZero()) plan.style.digits = first.label.size();
     plan.numbers.step = search_.options.step;
     if (search_.options.keepStart) {
       plan.numbers.first = roman ? list.first.roman : list.first.plain;
     } else if (!hadFirst_ && (facts & IsSingle) == 0) {
       plan.numbers.first = search_.options.start;
+    }
+    // Zeros that the first label will not have would not be seen the next time.
+    const bool keepsZero = labelWidth({}, plan.numbers.first) < first.label.size();
+    if (plan.style.digits == 0 && first.hasLeadingZero() && keepsZero) {
+      plan.style.digits = first.label.size();
     }
     hadFirst_ = hadFirst_ || (facts & (IsList | IsSingle)) == IsList;
     if (nextAligned_ < aligned_.size() && aligned_[nextAligned_].number == list.number) {

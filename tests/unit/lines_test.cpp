@@ -104,6 +104,7 @@ TEST(RenumberLines, NumbersAsTheOptionsSay) {
           "5. a\n6. b\n\nx\n\nc) c\nd) d",
           {.keepStart = true}},
          {"zeros", "07. a\n1. b\n\nx\n\n1. c", "01. a\n02. b\n\nx\n\n1. c", {}},
+         {"no zero at first", "01. a\n2. b", "10. a\n9. b", {.start = 10, .step = -1}},
          {"more zeros", "1. a\nb) b\na) c", "001. a\na) b\nb) c", {.digits = 3}},
          {"aligned at the right", " 8. a\n 9. b\n11. c\n", " 1. a\n 2. b\n 3. c\n", {}},
          {"… and moved", "10. c\n 1. a\n 2. b\n", " 1. c\n 2. a\n 3. b\n", {}},
