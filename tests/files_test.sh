@@ -63,13 +63,12 @@ drive settings.ini lists 'click lblD(5)' 'type txtHold(0) x' close 'click lblD(1
 inserts 'settings and lists that are folders'
 [ -z "$(find lists -type f -size +0)" ] || fail 'lists that are folders were saved'
 
-# A list of more lines than are read stays whole.
+# Of a list of more lines than are read, the others stay behind those that were edited.
 seq 40000 | sed 's/$/\r/' >steps/Prefix_Step.dat
-cp steps/Prefix_Step.dat was.dat
 drive steps.ini steps 'choose cboPreSuf(0) 32000' 'show cboPreSuf(0).text' 'choose cboPreSuf(0) 0' \
   'menu mnuEdits(0)' 'click lstEdit 0' 'click cmdDelete' 'click cmdOK'
 grep -q '^cboPreSuf(0).text = "32001"$' out || fail 'a long list: not 32,001 lines'
-cmp -s steps/Prefix_Step.dat was.dat || fail 'a long list lost lines'
+seq 2 40000 | sed 's/$/\r/' | cmp steps/Prefix_Step.dat || fail 'a long list lost lines'
 
 # Anything at all under the name of a step file, and a long text.
 head -c 104857600 /dev/zero | tr '\0' '"' >steps/huge.step
@@ -94,6 +93,13 @@ printf '[Listwright]\nDisplay=Files\n' >steps.ini
 printf '[Mine]\nkept=1\n' >replacement.ini
 open_dialog || exit 1
 [ "$line" = "lstStepf.items = \"apart folder gone link $long real\"" ] || fail "listed: $line"
+# Two dialogs change a list.
+say 'menu mnuEdits(0)' 'type txtAdd mine' 'click cmdAdd' 'show lstEdit.items'
+hear 'lstEdit.items'
+drive other.ini steps 'menu mnuEdits(0)' 'type txtAdd theirs' 'click cmdAdd' 'click cmdOK'
+say 'click cmdOK' 'show cboPreSuf(0).items'
+hear 'cboPreSuf(0).items'
+[ "$line" = 'cboPreSuf(0).items = "mine theirs"' ] || fail "of two dialogs: $line"
 # Others change them.
 rm steps/gone.step steps/folder.step
 mkdir steps/folder.step

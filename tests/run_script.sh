@@ -5,7 +5,6 @@
 # too); where they are wanted also `errors` (the standard error of a wrong script), `before` (files
 # that are there when it starts) and `after` (files that must be there, byte for byte, when it has
 # ended). The script runs in a folder of its own; the step folder is "steps" by custom.
-# `after.windows` holds those files of `after` that Windows writes in its code page.
 #
 # LAUNCHER is what starts stepdrive where the system cannot: "wine".
 set -u
@@ -37,7 +36,6 @@ settings() {
 }
 [ ! -d "$folder/after" ] || cp -R "$folder/after" .
 if [[ $stepdrive = *.exe && -d after ]]; then
-  [ ! -d "$folder/after.windows" ] || cp -R "$folder/after.windows/." after
   find after run -name '*.ini' | while IFS= read -r file; do
     settings "$file" >said && mv said "$file"
   done

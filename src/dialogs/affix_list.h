@@ -25,19 +25,14 @@ template <class ListTarget>
 class AffixFile {
  public:
   AffixFile(const plugin::HostContext& host, const AffixKind& kind, ListTarget& target)
-      : path_(text::inFolder(host.sPthStepFolder, kind.file)), target_(target) {}
+      : file_(text::inFolder(host.sPthStepFolder, kind.file)), target_(target) {}
 
-  void load() { whole_ = storage::LoadSaveListFile(target_, false, path_); }
-  /// Does nothing where the file was too large or could not be read, because the entries that the
-  /// control does not have would be lost.
-  void save() {
-    if (whole_) storage::LoadSaveListFile(target_, true, path_);
-  }
+  void load() { storage::LoadSaveListFile(target_, false, file_); }
+  void save() { storage::LoadSaveListFile(target_, true, file_); }
 
  private:
-  std::u16string path_;
+  storage::ListFile file_;
   ListTarget& target_;
-  bool whole_ = false;
 };
 
 }  // namespace kvrnstep::dialogs

@@ -1,8 +1,10 @@
 #include "storage/list_file.h"
 
 #include <algorithm>
+#include <set>
 
 #include "storage/text_file.h"
+#include "text/codepage.h"
 
 namespace kvrnstep::storage {
 
@@ -19,6 +21,20 @@ std::string_view takeLine(std::string_view& bytes) {
   return line;
 }
 
+/// The entries without those of another list, each of which takes one of its equals away.
+ListEntries without(const ListEntries& entries, const ListEntries& others) {
+  std::multiset<std::u16string_view> taken(others.begin(), others.end());
+  ListEntries left;
+  for (const auto& entry : entries) {
+    if (const auto found = taken.find(entry); found != taken.end()) {
+      taken.erase(found);
+    } else {
+      left.push_back(entry);
+    }
+  }
+  return left;
+}
+
 }  // namespace
 
 LoadedList parseList(std::string_view bytes) {
@@ -30,14 +46,30 @@ LoadedList parseList(std::string_view bytes) {
   for (std::size_t line = 0; line < kMostListLines && !bytes.empty(); ++line) {
     if (const auto entry = takeLine(bytes); !entry.empty()) list.entries.push_back(decode(entry));
   }
-  list.whole = bytes.empty();
+  list.rest = decode(bytes);
   return list;
 }
 
-LoadedList readListFile(const std::u16string& path) {
-  if (!FileExists(path)) platform::createEmptyFile(path);
-  const auto bytes = platform::readFile(path);
-  return bytes ? parseList(*bytes) : LoadedList();
+const ListEntries& ListFile::load() {
+  if (!FileExists(path_)) platform::createEmptyFile(path_);
+  const auto bytes = platform::readFile(path_);
+  return loaded_ = bytes ? parseList(*bytes).entries : ListEntries();
+}
+
+void ListFile::save(const ListEntries& edited) {
+  if (edited == loaded_) return;
+  // Of a file that has gone nothing counts as deleted by others.
+  if (!FileExists(path_)) loaded_.clear();
+  const auto bytes = platform::readFile(path_);
+  if (!bytes && FileExists(path_)) return;
+  const auto [found, rest] = parseList(bytes.value_or(""));
+  const ListEntries kept = without(edited, without(loaded_, found));
+  const ListEntries added = without(without(found, loaded_), without(edited, loaded_));
+  std::u16string lines;
+  for (const auto* entries : {&kept, &added}) {
+    for (const auto& entry : *entries) lines += entry + u"\r\n";
+  }
+  platform::replaceFile(path_, text::toBytes(lines + rest));
 }
 
 }  // namespace kvrnstep::storage
