@@ -1,6 +1,8 @@
 # What the tests in bash share: source it first. It leaves the test in an empty folder, which goes
 # when the test ends, as do the programs that it has started. $tests is the folder of the tests.
 tests=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+# Programs of others (lintian, CUPS, xvfb-run) cannot bear blanks and accents in such a path.
+[[ ${TMPDIR:-} != *[^A-Za-z0-9/._-]* ]] || unset TMPDIR
 work=$(mktemp -d)
 trap 'kill $(jobs -p) 2>/dev/null; wait; chmod -R u+w "$work"; rm -rf "$work"' EXIT
 export TMPDIR=$work
