@@ -61,14 +61,15 @@ keys 3 alt+i
 wait "$command"
 printf '    2. \n    3. \n' | cmp - out || fail 'How many?: another list'
 
-# A host in Python, which a library with sanitizers does not trust by itself. The library writes an
-# icon into the folder in which it is.
+# The host in Python of docs/hosting.md, which a library with sanitizers does not trust by itself. The
+# library writes an icon into the folder in which it is.
+sed -n '/^```python/,/^```/{/^```/!p}' "$tests/../docs/hosting.md" >host.py
 mkdir lib
 cp "$bin"/../lib/{libkvrnstep.so,kvrnstep-qt.so} lib
 library=lib/libkvrnstep.so
 sanitizer=$(ldd "$library" | sed -n 's/.*libasan.* => \([^ ]*\).*/\1/p')
 begin env LD_PRELOAD="$sanitizer" ASAN_OPTIONS=detect_leaks=0 \
-  python3 "$tests/hosts/python_host.py" "$library" "$work"
+  python3 host.py "$library" "$work"
 keys alt+i
 wait "$command" || fail "Python: $(cat err)"
 printf "%s\n" Stepicon.ico "1 b'    I. \\r\\n   II. \\r\\n  III. \\r\\n'" | cmp - out ||
