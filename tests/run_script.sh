@@ -4,7 +4,8 @@
 # FOLDER holds `run.script` and `expected.txt` (what stepdrive must print, which tells the exit status
 # too); where they are wanted also `errors` (the standard error of a wrong script), `before` (files
 # that are there when it starts) and `after` (files that must be there, byte for byte, when it has
-# ended). The script runs in a folder of its own; the step folder is "steps" by custom.
+# ended). The script runs in a folder of its own, below two lines that name its step folder, "steps",
+# and its settings file, "steps.ini": the numbers of lines in messages count these, too.
 #
 # LAUNCHER is what starts stepdrive where the system cannot: "wine".
 set -u
@@ -15,8 +16,10 @@ export XDG_CONFIG_HOME=$work
 mkdir run
 [ ! -d "$folder/before" ] || cp -R "$folder/before/." run
 
+printf 'arg %s\n' 'sPthStepFolder steps' 's_IniPathAndName steps.ini' |
+  cat - "$folder/run.script" >script
 # shellcheck disable=SC2086 # a command with its arguments, or nothing
-(cd run && ${LAUNCHER:-} "$stepdrive" --frontend "$frontend" "$folder/run.script") \
+(cd run && ${LAUNCHER:-} "$stepdrive" --frontend "$frontend" ../script) \
   >output 2>errors </dev/null
 status=$?
 diff -u --label expected --label printed "$folder/expected.txt" output || failed=1
