@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <list>
 #include <vector>
 
 #include "kvrnstep/library.hpp"
@@ -56,9 +57,6 @@ VARIANT integer(std::int16_t number) {
 VARIANT real(double number) {
   return variant(VT_R8, number);
 }
-VARIANT text(std::u16string_view value) {
-  return variant(VT_BSTR, bstr(value));
-}
 VARIANT missing() {
   return variant(VT_ERROR, SCODE{DISP_E_PARAMNOTFOUND});
 }
@@ -85,6 +83,7 @@ class Component : public testing::Test {
     load();
   }
   void TearDown() override {
+    for (VARIANT& held : kept_) VariantClear(&held);
     release();
     closeLibrary(library_);
   }
@@ -101,6 +100,10 @@ class Component : public testing::Test {
     }
     listwright_ = nullptr;
   }
+
+  /// Cleared when the test ends, whatever it holds then.
+  VARIANT& kept(const VARIANT& held) { return kept_.emplace_back(held); }
+  VARIANT& text(std::u16string_view value) { return kept(variant(VT_BSTR, bstr(value))); }
 
   template <class Interface>
   Interface* create(const CLSID& classId, const IID& interfaceId) {
@@ -140,6 +143,7 @@ class Component : public testing::Test {
   }
 
   const tests::TemporaryFolder folder_;
+  std::list<VARIANT> kept_;
   std::string plugin_;
   void* library_ = nullptr;
   GetClassObjectFunction getClassObject_ = nullptr;
@@ -194,20 +198,17 @@ TEST_F(Component, MembersAreFoundByName) {
   EXPECT_EQ(listwright_->GetIDsOfNames(kIidUnknown, pointers.data(), 1, 0, ids.data()),
             DISP_E_UNKNOWNINTERFACE);
 
-  VARIANT version = empty();
+  VARIANT& version = kept(empty());
   EXPECT_EQ(invoke(*listwright_, KVRNSTEP_PLUG_NAME_VERSION, {}, &version).result, S_OK);
   EXPECT_EQ(textOf(version.bstrVal), u"kvrn Listwright\t2.0.0");
-  VariantClear(&version);
   EXPECT_EQ(invoke(*listwright_, KVRNSTEP_PLUG_NAME_VERSION, {}, nullptr).result, S_OK);
 }
 
 TEST_F(Component, LateCallsWriteTheListBack) {
   // A variable that held nothing, one that held a text, one that refers to a text, and a text.
-  BSTR own = bstr(u"before");
-  VARIANT nothing = empty();
-  VARIANT held = text(u"before");
+  BSTR& own = text(u"before").bstrVal;
   VARIANT refers = referenceTo(own);
-  for (VARIANT* output : {&nothing, &held, &refers}) {
+  for (VARIANT* output : {&kept(empty()), &text(u"before"), &refers}) {
     VARIANT result = empty();
     std::vector<VARIANT> given = arguments(*output);
     EXPECT_EQ(invoke(*listwright_, kShow, given, &result).result, S_OK);
@@ -217,15 +218,11 @@ TEST_F(Component, LateCallsWriteTheListBack) {
     given[0] = referenceTo(own);
     EXPECT_EQ(invoke(*listwright_, kShow, given, nullptr).result, S_OK);
     EXPECT_EQ(textOf(own), kList);
-    for (VARIANT& variant : given) VariantClear(&variant);
   }
-  VariantClear(&nothing);
-  VariantClear(&held);
-  SysFreeString(own);
 }
 
-TEST_F(Component, LateCallsTakeWhatCanBeRead) {
-  VARIANT output = empty();
+TEST_F(Component, LateCallsTakeArgumentsByPlaceAndByName) {
+  VARIANT& output = kept(empty());
   std::vector<VARIANT> given = arguments(output);
   given[1] = text(u" 2 ");
   given[2] = real(1.5);
@@ -235,19 +232,17 @@ TEST_F(Component, LateCallsTakeWhatCanBeRead) {
   given[14] = real(2.5);
   EXPECT_EQ(invoke(*listwright_, kShow, given, nullptr).result, S_OK);
   EXPECT_EQ(textOf(output.bstrVal), u"    I. \r\n   II. \r\n  III. \r\n");
-  VariantClear(&output);
-  // The same by names: the named ones come first, in any order.
-  std::vector<VARIANT> named{given[0], given[1],  given[2], given[3], given[4],
-                             given[5], given[11], given[6], given[8], given[7]};
+  // The named ones come first, in any order.
+  std::vector<VARIANT> named(given.begin(), given.begin() + 6);
+  for (const std::size_t place : {11U, 6U, 8U, 7U}) named.push_back(given[place]);
   EXPECT_EQ(invoke(*listwright_, kShow, named, nullptr, DISPATCH_METHOD, {7, 8, 6, 11}).result,
             S_OK);
   EXPECT_EQ(textOf(output.bstrVal), kList);
-  VariantClear(&output);
-  for (VARIANT& variant : given) VariantClear(&variant);
 }
 
 TEST_F(Component, WrongArgumentsAreNamedByTheirPlace) {
-  VARIANT output = text(u"kept");
+  const VARIANT& word = text(u"word");
+  VARIANT& output = text(u"kept");
   std::vector<VARIANT> given = arguments(output);
   const auto wrongAt = [&](std::size_t position, const VARIANT& argument) {
     std::vector<VARIANT> changed = given;
@@ -262,7 +257,6 @@ TEST_F(Component, WrongArgumentsAreNamedByTheirPlace) {
       EXPECT_EQ(wrongAt(i, missing()), (Outcome{DISP_E_PARAMNOTOPTIONAL, at(i)})) << i;
     }
   }
-  VARIANT word = text(u"word");
   for (const std::size_t i : {1U, 2U, 3U, 9U, 10U, 13U, 14U}) {
     EXPECT_EQ(wrongAt(i, word), (Outcome{DISP_E_TYPEMISMATCH, at(i)})) << i;
   }
@@ -295,33 +289,26 @@ TEST_F(Component, WrongArgumentsAreNamedByTheirPlace) {
 
   EXPECT_EQ(user_.opened, 0) << "none of these may show anything";
   EXPECT_EQ(textOf(output.bstrVal), u"kept");
-  VariantClear(&word);
-  VariantClear(&output);
-  for (VARIANT& variant : given) VariantClear(&variant);
 }
 
 TEST_F(Component, EarlyCallsLeaveWhatTheyOnlyRead) {
-  BSTR output = bstr(u"before");
-  BSTR folder = bstr(folder_(""));
-  BSTR settings = bstr(folder_("steps.ini"));
-  BSTR font = bstr(u"");
-  BSTR alert = bstr(u"alert");
-  BSTR finish = bstr(u"finish");
-  BSTR section = bstr(u"section");
-  BSTR second = bstr(u"second");
-  BSTR settingsBefore = settings;
-  BSTR fontBefore = font;
+  BSTR& output = text(u"before").bstrVal;
+  BSTR& settings = text(folder_("steps.ini")).bstrVal;
+  BSTR& font = text(u"").bstrVal;
+  const BSTR settingsBefore = settings;
+  const BSTR fontBefore = font;
   LONG back = 0x123456;
   LONG fore = 7;
   std::int16_t size = 12;
   std::uint8_t blanks = 1;
   VARIANT_BOOL result = VARIANT_FALSE;
   const auto show = [&](BSTR* list, VARIANT_BOOL* inserted, bool optional) {
-    return listwright_->ShowListwrightDialog(list, 2, 7, VARIANT_TRUE, alert, finish, folder,
-                                             section, second, optional ? &back : nullptr,
-                                             optional ? &fore : nullptr, &settings,
-                                             optional ? &font : nullptr, optional ? &size : nullptr,
-                                             optional ? &blanks : nullptr, inserted);
+    return listwright_->ShowListwrightDialog(
+        list, 2, 7, VARIANT_TRUE, text(u"alert").bstrVal, text(u"finish").bstrVal,
+        text(folder_("")).bstrVal, text(u"section").bstrVal, text(u"second").bstrVal,
+        optional ? &back : nullptr, optional ? &fore : nullptr, &settings,
+        optional ? &font : nullptr, optional ? &size : nullptr, optional ? &blanks : nullptr,
+        inserted);
   };
   std::vector<driving::Value> told;
   meanwhile_ = [&] {
@@ -345,21 +332,16 @@ TEST_F(Component, EarlyCallsLeaveWhatTheyOnlyRead) {
   EXPECT_EQ(show(nullptr, &result, true), E_POINTER);
   EXPECT_EQ(show(&output, nullptr, true), E_POINTER);
   EXPECT_EQ(listwright_->PlugNameVersion(nullptr), E_POINTER);
-  for (BSTR text : {output, folder, settings, font, alert, finish, section, second}) {
-    SysFreeString(text);
-  }
 }
 
 TEST_F(Component, IconsAreWrittenAsFiles) {
   auto* icons = create<_cIcon>(kClassIcon, kInterfaceIcon);
   const auto get = [&](const VARIANT& number) {
-    VARIANT path = empty();
+    VARIANT& path = kept(empty());
     EXPECT_EQ(
         invoke(*icons, KVRNSTEP_REQUEST_PROGRAM_ICON, {number}, &path, DISPATCH_PROPERTYGET).result,
         S_OK);
-    const std::u16string text = textOf(path.bstrVal);
-    VariantClear(&path);
-    return text;
+    return textOf(path.bstrVal);
   };
   const std::filesystem::path written = get(integer(102));
   EXPECT_EQ(written.filename(), "Stepicon.ico");
@@ -382,11 +364,7 @@ TEST_F(Component, CanBeUnloadedAndLoadedAgain) {
     closeLibrary(library_);
     ASSERT_FALSE(isLoaded(plugin_));
     load();
-    VARIANT output = empty();
-    std::vector<VARIANT> given = arguments(output);
-    EXPECT_EQ(invoke(*listwright_, kShow, given, nullptr).result, S_OK);
-    for (VARIANT& variant : given) VariantClear(&variant);
-    VariantClear(&output);
+    EXPECT_EQ(invoke(*listwright_, kShow, arguments(kept(empty())), nullptr).result, S_OK);
   }
 }
 
