@@ -14,33 +14,9 @@
 #include "text/codepage.h"
 #include "text/letter_case.h"
 #include "text/numbers.h"
-#include "text/paths.h"
 
 namespace kvrnstep::text {
 namespace {
-
-TEST(TrimBlanks, TakesBlanksAndNothingElse) {
-  EXPECT_EQ(trimBlanks(u"  a b  "), u"a b");
-  EXPECT_EQ(trimBlanks(u"a"), u"a");
-  EXPECT_EQ(trimBlanks(u"   "), u"");
-  EXPECT_EQ(trimBlanks(u""), u"");
-  EXPECT_EQ(trimBlanks(u" \ta\u00A0 "), u"\ta\u00A0");
-}
-
-TEST(ReplaceText, ReplacesFromLeftToRight) {
-  struct Case {
-    std::u16string_view text, find, with, result;
-  };
-  const Case cases[] = {
-      {u"a{#}b{#}", u"{#}", u"7", u"a7b7"}, {u"aaa", u"aa", u"b", u"ba"},  // no overlaps
-      {u"ab", u"a", u"aa", u"aab"},  // what was put in is not searched again
-      {u"aabb", u"ab", u"", u"ab"},  // nor what moved together
-      {u"Abc", u"a", u"x", u"Abc"},  // letter case matters
-      {u"abc", u"", u"x", u"abc"},          {u"", u"a", u"x", u""},
-      {u"ab", u"abc", u"x", u"ab"},         {u"abc", u"abc", u"", u""},
-  };
-  for (const auto& c : cases) EXPECT_EQ(ReplaceText(c.text, c.find, c.with), c.result);
-}
 
 TEST(Captions, AreReadWithoutMarks) {
   EXPECT_EQ(withoutMnemonic(u"&Save A&&B &"), u"Save A&B ");
@@ -58,14 +34,6 @@ TEST(LetterCase, OfWholeTexts) {
             u"{step_#} O'neil X-ray 2nd École\xA0next");
   EXPECT_TRUE(equalIgnoringCase(u"Éa Ñ", u"éA ñ"));
   EXPECT_FALSE(equalIgnoringCase(u"a", u"a "));
-}
-
-TEST(Paths, Separators) {
-  EXPECT_EQ(withoutTrailingSeparator(u"/a/b/"), u"/a/b");
-  EXPECT_EQ(withoutTrailingSeparator(u"C:\\a\\"), u"C:\\a");
-  EXPECT_EQ(withoutTrailingSeparator(u"a//"), u"a/");
-  EXPECT_EQ(withoutTrailingSeparator(u"C:"), u"C:");
-  EXPECT_EQ(withoutTrailingSeparator(u""), u"");
 }
 
 TEST(EqualIgnoringCase, KnowsTheLettersOfAsciiOnly) {
@@ -197,7 +165,8 @@ TEST(Numbers, OfAnyLength) {
   readAs(kInfinity, {u"1e400", u"1e99999999999999999999", u"9" + zeros + u"e-50"});
   readAs(-kInfinity, {u"-1e400"});
   readAs(1.7976931348623157e308, {u"1.7976931348623157e308"});
-  for (const std::u16string text : {u"1e400", u"-1e400", u"&H10", u"1\u00B2", u"\u00A05", u"1 2"}) {
+  for (const std::u16string text :
+       {u"1e400", u"-1e400", u"&H10", u"1\u00B2", u"\u00A05", u"\t5", u"1 2"}) {
     EXPECT_EQ(wholeTextNumber(text), std::nullopt) << testing::PrintToString(text);
   }
   EXPECT_EQ(wholeTextNumber(std::u16string(1, u'\0') + u"1"), std::nullopt);
@@ -245,14 +214,6 @@ TEST(Numbers, WritesDecimal) {
   EXPECT_EQ(decimal(10.0F / 3), u"3.333333");
   EXPECT_EQ(decimal(0.0001F), u"0.0001");
   EXPECT_EQ(decimal(1'234'567.0F), u"1234567");
-}
-
-// Window places are written and read again at every start.
-TEST(Numbers, WrittenPlacesReadBack) {
-  for (int quarter = -400'000; quarter <= 400'000; quarter += 7) {
-    const auto place = static_cast<float>(quarter) / 4;
-    ASSERT_EQ(wholeTextNumber(decimal(place)), static_cast<double>(place));
-  }
 }
 
 }  // namespace
