@@ -1,41 +1,22 @@
 #include "scenes.h"
 
-#include <random>
-
 #include "forms/user_actions.h"
-#include "storage/text_file.h"
 
 namespace kvrnstep::pictures {
 
-namespace {
-
-std::filesystem::path newFolder() {
-  const auto name = "listwright-pictures-" + std::to_string(std::random_device{}());
+Folder::Folder() {
   // The last part can be seen in the box that asks for a file.
-  auto folder = std::filesystem::temp_directory_path() / name / "Steps";
-  std::filesystem::create_directories(folder);
-  return folder;
-}
-
-}  // namespace
-
-Folder::Folder() : folder_(newFolder()) {
-  for (const char16_t* name : {u"Numbered list", u"Chapters in Roman numerals", u"Questions"}) {
-    write(std::u16string(name) + u".step", u"");
-  }
-  write(u"Prefix_Step.dat", u"Step\r\nChapter\r\nNo. {STEP_R}\r\n§\r\n");
-  write(u"Suffix_Step.dat", u".\r\n)\r\n:\r\n");
-  write(u"beginning_step.dat",
-        u"\"What to do when the alarm rings:\"\r\n\"\"\r\n\"Agenda\r\n======\"\r\n");
-}
-
-Folder::~Folder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(folder_.parent_path(), ignored);
-}
-
-void Folder::write(const std::u16string& name, const std::u16string& text) {
-  storage::WriteTextFile((folder_ / name).u16string(), text);
+  std::filesystem::create_directory(parent_.path("Steps"));
+  const std::pair<std::string, std::string> files[] = {
+      {"Numbered list.step", ""},
+      {"Chapters in Roman numerals.step", ""},
+      {"Questions.step", ""},
+      {"Prefix_Step.dat", "Step\r\nChapter\r\nNo. {STEP_R}\r\n\xC2\xA7\r\n"},
+      {"Suffix_Step.dat", ".\r\n)\r\n:\r\n"},
+      {"beginning_step.dat",
+       "\"What to do when the alarm rings:\"\r\n\"\"\r\n\"Agenda\r\n======\"\r\n"},
+  };
+  for (const auto& [name, bytes] : files) parent_.put("Steps/" + name, bytes);
 }
 
 void click(forms::Window& window, std::string_view name, int index) {

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "dialogs/frm_listwright.h"
 #include "forms/window.h"
+#include "temporary_folder.h"
 
 /// What there is to be seen of the plug-in, for programs that take pictures of it, whatever toolkit
 /// draws.
@@ -16,16 +16,11 @@ namespace kvrnstep::pictures {
 class Folder {
  public:
   Folder();
-  ~Folder();
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
 
-  [[nodiscard]] std::u16string path() const { return folder_.u16string(); }
+  [[nodiscard]] std::u16string path() const { return parent_("Steps"); }
 
  private:
-  void write(const std::u16string& name, const std::u16string& text);
-
-  std::filesystem::path folder_;
+  tests::TemporaryFolder parent_;
 };
 
 /// What a user does before the picture of what opens last is taken.
