@@ -1,5 +1,5 @@
-"""Uses the dialog as a screen reader does, through AT-SPI: walks all three windows, prints what a
-person would hear of each control, and presses Insert. accessibility_walk.py COMMAND
+"""Uses the dialog as a screen reader does, through AT-SPI: walks all three windows and presses
+Insert. accessibility_walk.py COMMAND
 
 Ends with 1 where a control has no name or no role, or is told of wrongly.
 """
@@ -28,9 +28,10 @@ WANTED = {
 problems = []
 
 
-def complain(text):
-    problems.append(text)
-    print("PROBLEM:", text)
+def expect(holds, problem):
+    if not holds:
+        problems.append(problem)
+        print("PROBLEM:", problem)
 
 
 def await_result(what, ask):
@@ -57,94 +58,69 @@ def walk(item):
         yield from walk(child)
 
 
+def has(item, state):
+    return item.get_state_set().contains(state)
+
+
 def find(root, name, role):
     return next((i for i in walk(root) if (i.get_name(), i.get_role_name()) == (name, role)), None)
 
 
-def is_shown(item):
-    return item.get_state_set().contains(Atspi.StateType.SHOWING)
-
-
 def window(title):
     frames = (frame for each in children(Atspi.get_desktop(0)) for frame in children(each))
-    return next((frame for frame in frames if frame.get_name() == title and is_shown(frame)), None)
+    return next((frame for frame in frames
+                 if frame.get_name() == title and has(frame, Atspi.StateType.SHOWING)), None)
 
 
-def press(item, what):
-    """Does the item's first action, or complains that it has none."""
-    if not item.get_n_actions() or not item.do_action(0):
-        complain(f"{what} cannot be pressed")
+def press(frame, name, role):
+    """Does the first action of a control."""
+    item = find(frame, name, role)
+    expect(item.get_n_actions() and item.do_action(0), f"the {role} {name} cannot be pressed")
 
 
-def is_part(item):
-    """What belongs to a control that has a name itself: a list that drops down, the grip."""
-    whole = item.get_parent().get_role_name()
-    return item.get_role_name() in PARTS or whole in ("combo box", "status bar")
-
-
-def inspect(frame):
+def inspect(title):
+    """Waits for a window and listens to what is in it."""
+    frame = await_result(title, lambda: window(title))
     heard = set()
     for item in walk(frame):
         name, role = item.get_name(), item.get_role_name()
-        heard.add((name, role))
-        if not is_part(item):
-            print(f"    {role:14} {name}")
-            if role in ("unknown", "invalid"):
-                complain(f"{name!r} has no role")
-            if not name:
-                complain(f"a {role} in {frame.get_name()!r} has no name")
-    for role, names in WANTED[frame.get_name()].items():
-        for name in names:
-            if (name, role) not in heard:
-                complain(f"the {role} {name} is missing in {frame.get_name()!r}")
-
-
-def open_and_inspect(title):
-    frame = await_result(title, lambda: window(title))
-    print(f"{title}:")
-    inspect(frame)
+        heard.add((role, name))
+        # What belongs to a control that has a name itself: a list that drops down, the grip.
+        whole = item.get_parent().get_role_name()
+        if role not in PARTS and whole not in ("combo box", "status bar"):
+            expect(role not in ("unknown", "invalid"), f"{name!r} has no role")
+            expect(name, f"a {role} in {title!r} has no name")
+    wanted = {(role, name) for role, names in WANTED[title].items() for name in names}
+    expect(wanted <= heard, f"missing in {title!r}: {wanted - heard} of {heard}")
     return frame
 
 
-def labels_of(item):
-    return [
-        relation.get_target(0).get_name()
-        for relation in item.get_relation_set()
-        if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY
-    ]
+def label_of(item):
+    return [relation.get_target(0).get_name() for relation in item.get_relation_set()
+            if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY]
 
 
-def main():
-    dialog = subprocess.Popen([sys.argv[1]], stdout=subprocess.PIPE, text=True)
-    frame = open_and_inspect("Listwright")
+dialog = subprocess.Popen([sys.argv[1]], stdout=subprocess.PIPE, text=True)
+main = inspect("Listwright")
+preview = find(main, "Preview", "text")
+expect(has(preview, Atspi.StateType.READ_ONLY) and not has(preview, Atspi.StateType.EDITABLE),
+       "the preview is not told of as text that is only read")
+for label, role in (("Start", "text"), ("Suffix", "combo box"), ("Ending", "text")):
+    expect(role in [item.get_role_name() for item in walk(main) if label in label_of(item)],
+           f"the label {label} does not belong to its box")
 
-    preview = find(frame, "Preview", "text")
-    states = preview.get_state_set()
-    if states.contains(Atspi.StateType.EDITABLE) or not states.contains(Atspi.StateType.READ_ONLY):
-        complain("the preview is not told of as text that is only read")
-    for label, role in (("Start", "text"), ("Suffix", "combo box"), ("Ending", "text")):
-        labelled = [item for item in walk(frame) if label in labels_of(item)]
-        if role not in (item.get_role_name() for item in labelled):
-            complain(f"the label {label} does not belong to its box")
+# The links open the editors, whose buttons close them.
+for link, title, button in (("Prefix", "Edit Step - Prefixes", "Cancel"),
+                            ("Beginning", "Beginning (Storage)", "OK")):
+    press(main, link, "link")
+    press(inspect(title), button, "push button")
+    await_result(f"{title} closed", lambda: window(title) is None)
 
-    # The links open the editors, whose buttons close them.
-    for link, title, button in (
-        ("Prefix", "Edit Step - Prefixes", "Cancel"),
-        ("Beginning", "Beginning (Storage)", "OK"),
-    ):
-        press(find(frame, link, "link"), link)
-        editor = open_and_inspect(title)
-        press(find(editor, button, "push button"), button)
-        await_result(f"{title} closed", lambda: window(title) is None)
-
-    press(find(frame, "Increase End", "push button"), "Increase End")
-    end = find(frame, "End", "text")
-    await_result("End 4", lambda: Atspi.Text.get_text(end, 0, -1) == "4")
-    press(find(frame, "Insert", "push button"), "Insert")
-    inserted, _ = dialog.communicate(timeout=PATIENCE)
-    if inserted != "    1. \n    2. \n    3. \n    4. \n" or dialog.returncode != 0:
-        complain(f"Insert: status {dialog.returncode}, list {inserted!r}")
-    return 1 if problems else 0
-
-
-sys.exit(main())
+press(main, "Increase End", "push button")
+end = find(main, "End", "text")
+await_result("End 4", lambda: Atspi.Text.get_text(end, 0, -1) == "4")
+press(main, "Insert", "push button")
+inserted, _ = dialog.communicate(timeout=PATIENCE)
+expect((inserted, dialog.returncode) == ("    1. \n    2. \n    3. \n    4. \n", 0),
+       f"Insert: status {dialog.returncode}, list {inserted!r}")
+sys.exit(1 if problems else 0)
