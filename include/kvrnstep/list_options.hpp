@@ -41,6 +41,10 @@ inline constexpr auto kListingTypes = std::to_array<ListingTypeRow>({
      u"PreSuf Files (PreSuf*.step)", u"PreSuf*.step"},
 });
 
+constexpr bool isListingType(int type) {
+  return type >= 0 && static_cast<std::size_t>(type) < kListingTypes.size();
+}
+
 /// The options, as their check boxes, their settings keys and the last columns of a step file are
 /// numbered.
 enum ListOption : std::uint8_t {
@@ -90,8 +94,7 @@ inline constexpr std::size_t kListOptionCount = kListOptions.size();
 /// Whether the option means something for lists of the type.
 constexpr bool appliesTo(const ListOptionRow& option, int type) {
   if (option.types == kEveryType) return true;
-  return type >= 0 && static_cast<std::size_t>(type) < kListingTypes.size() &&
-         (option.types >> static_cast<unsigned>(type) & 1U) != 0;
+  return isListingType(type) && (option.types >> static_cast<unsigned>(type) & 1U) != 0;
 }
 
 }  // namespace kvrnstep

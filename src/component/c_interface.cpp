@@ -14,7 +14,6 @@
 #include "kvrnstep/fields.hpp"
 #include "kvrnstep/kvrnstep.h"
 #include "lines/lines.h"
-#include "platform/files.h"
 #include "plugin/c_icon.h"
 #include "plugin/front_end.h"
 #include "plugin/listwright.h"
@@ -123,10 +122,11 @@ std::optional<Described> described(const kvrnstep_list* given) {
 /// The list that a step file describes.
 /// @return KVRNSTEP_DONE, or what is wrong with the file
 int readStepFile(const char* path, generator::ListSettings& settings) {
-  const auto bytes = platform::readFile(textOf(path), stepfiles::kLargestStepFile);
+  const auto bytes = stepfiles::readStepFile(textOf(path));
   if (!bytes) return KVRNSTEP_UNREADABLE;
-  if (!stepfiles::isStepRecord(*bytes)) return KVRNSTEP_FOREIGN;
-  settings = stepfiles::withinRanges(stepfiles::parseStepRecord(*bytes));
+  const auto read = stepfiles::parseStepRecord(*bytes);
+  if (!read || !isListingType(read->Selection)) return KVRNSTEP_FOREIGN;
+  settings = stepfiles::withinRanges(*read);
   return KVRNSTEP_DONE;
 }
 

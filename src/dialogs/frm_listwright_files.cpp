@@ -60,23 +60,21 @@ void frmListwright::OpenaStepFile(const std::u16string& sAltStepFile) {
     plugin::PlayAlertSound(toolkit(), host(), host().swavAlertQ, 0);
     return;
   }
-  if (const auto settings = stepfiles::readStepFile(path)) {
-    fields_.show(*settings);
-  } else {
-    fields_.showEmpty();
-  }
+  const auto bytes = stepfiles::readStepFile(path);
+  const auto settings = stepfiles::parseStepRecord(bytes.value_or(""));
+  if (settings) fields_.show(*settings);
+  if (!bytes) fields_.showEmpty();
   RefreshPreview();
   if (sAltStepFile.empty() && panels_.filesShown()) stepFiles_.selectNone();
 }
 
 void frmListwright::SaveStepFileAs() {
   const generator::ListSettings settings = fields_.settingsForFile();
-  const auto path = toolkit().ShowSaveDialog(
-      {.title = u"Save As",
-       .filters = kFiltersToSave,
-       .name = stepfiles::fittingFileName(stepfiles::BuildStepFileName(settings)),
-       .folder = host().sPthStepFolder,
-       .defaultExtension = u"step"});
+  const auto path = toolkit().ShowSaveDialog({.title = u"Save As",
+                                              .filters = kFiltersToSave,
+                                              .name = stepfiles::BuildStepFileName(settings),
+                                              .folder = host().sPthStepFolder,
+                                              .defaultExtension = u"step"});
   if (!path) return;
   if (path->ends_with(u"step")) {
     stepfiles::writeStepFile(*path, settings);

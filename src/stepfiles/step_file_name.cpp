@@ -1,6 +1,8 @@
 #include "stepfiles/step_file_name.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 
 #include "stepfiles/step_record.h"
 #include "text/characters.h"
@@ -16,13 +18,23 @@ namespace {
 
 constexpr std::u16string_view kRemoved = u"\"?`!.'<>;:\\/\r\n";
 
-std::u16string_view typeName(std::int16_t selection) {
-  const auto index = static_cast<std::size_t>(selection);
-  return index < kListingTypes.size() ? kListingTypes.at(index).fileName : std::u16string_view();
+/// What is removed or shrinks in each text, as in the whole name.
+std::u16string cleaned(std::u16string text) {
+  return CollapseRepeats(RemoveChars(std::move(text), kRemoved, u""), u'_');
 }
 
-bool endsInPair(std::u16string_view text) {
-  return text.size() > 1 && text::isSurrogatePair(text.substr(text.size() - 2));
+/// As many characters of the text as `room` bytes of UTF-8 hold.
+std::u16string_view fitting(std::u16string_view text, std::size_t room) {
+  std::u16string_view rest = text;
+  std::size_t length = 0;
+  while (!rest.empty()) {
+    const auto character = text::takeCharacter(rest);
+    const std::size_t bytes = text::toUtf8(character).size();
+    if (bytes > room) break;
+    room -= bytes;
+    length += character.size();
+  }
+  return text.substr(0, length);
 }
 
 void appendOptions(std::u16string& name, const ListSettings& settings) {
@@ -35,34 +47,38 @@ void appendOptions(std::u16string& name, const ListSettings& settings) {
   }
 }
 
-}  // namespace
-
-std::u16string BuildStepFileName(const ListSettings& settings) {
-  std::u16string name(typeName(settings.Selection));
-  for (const std::u16string* text :
-       {&settings.Beginning, &settings.Prefix, &settings.Suffix, &settings.Ending}) {
-    name += *text + u'_';
+/// The name with `room` bytes of UTF-8 for each of its texts.
+std::u16string nameOf(const ListSettings& settings, std::span<const std::u16string> texts,
+                      std::size_t room) {
+  std::u16string name;
+  if (isListingType(settings.Selection)) {
+    name = kListingTypes.at(static_cast<std::size_t>(settings.Selection)).fileName;
+  }
+  for (const std::u16string& text : texts) {
+    name += fitting(text, room);
+    name += u'_';
   }
   name += text::decimal(settings.LineSpacing) + u'_';
   if (settings.Selection != generator::PrefixSuffix) {
     name += text::decimal(settings.Start) + u'_' + text::decimal(settings.Count);
   }
   appendOptions(name, settings);
-  name = CollapseRepeats(RemoveChars(std::move(name), kRemoved, u""), u'_');
+  name = CollapseRepeats(std::move(name), u'_');
   // After the runs have shrunk: a blank beside an underscore becomes a second underscore.
   std::ranges::replace(name, u' ', u'_');
   return name;
 }
 
-std::u16string fittingFileName(std::u16string name) {
+}  // namespace
+
+std::u16string BuildStepFileName(const ListSettings& settings) {
   constexpr std::size_t kLongestName = 255;  // bytes of UTF-8, or less, on every system
-  const std::size_t room = kLongestName - kStepExtension.size();
-  // First what cannot fit in any case, because a text may be very long. If that cuts a pair, its
-  // first half is the next to go, since it takes three bytes alone.
-  name.resize(std::min(name.size(), room));
-  while (text::toUtf8(name).size() > room) {
-    name.resize(name.size() - (endsInPair(name) ? 2 : 1));
-  }
+  const std::size_t most = kLongestName - kStepExtension.size();
+  const std::array texts{cleaned(settings.Beginning), cleaned(settings.Prefix),
+                         cleaned(settings.Suffix), cleaned(settings.Ending)};
+  std::size_t room = most;
+  std::u16string name = nameOf(settings, texts, room);
+  while (text::toUtf8(name).size() > most) name = nameOf(settings, texts, --room);
   return name;
 }
 

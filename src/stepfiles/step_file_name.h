@@ -9,11 +9,9 @@
 namespace kvrnstep::stepfiles {
 
 /// The name that a setup is saved under, without folder and extension: the kind of list, its texts
-/// and numbers, then a code for each option.
+/// and numbers, then a code for each option. A name that would be too long for a file with its
+/// extension has its longest texts shortened, all to the same length.
 std::u16string BuildStepFileName(const generator::ListSettings& settings);
-
-/// The name, cut where need be so that a file system can hold it with its extension.
-std::u16string fittingFileName(std::u16string name);
 
 /// Every character of `chars` in the text replaced by `with`.
 std::u16string RemoveChars(std::u16string text, std::u16string_view chars,

@@ -30,24 +30,22 @@ std::string formatStepRecord(const ListSettings& settings) {
   return text::toBytes(record + u"\r\n");
 }
 
-ListSettings parseStepRecord(std::string_view bytes) {
+std::optional<ListSettings> parseStepRecord(std::string_view bytes) {
   const std::u16string text = text::fromBytes(bytes);
   FieldReader fields(text);
   ListSettings settings;
-  settings.Selection = fields.number().value_or(0);
+  const auto take = [&fields](std::int16_t& field) {
+    const auto number = fields.number();
+    field = number.value_or(0);
+    return number.has_value();
+  };
+  if (!take(settings.Selection)) return std::nullopt;
   for (const auto field : kTexts) settings.*field = fields.text();
-  for (const auto field : kNumbers) settings.*field = fields.number().value_or(0);
-  for (std::int16_t& option : settings.Option) option = fields.number().value_or(0);
+  for (const auto field : kNumbers) {
+    if (!take(settings.*field)) return std::nullopt;
+  }
+  for (std::int16_t& option : settings.Option) take(option);
   return settings;
-}
-
-bool isStepRecord(std::string_view bytes) {
-  const std::u16string text = text::fromBytes(bytes);
-  FieldReader fields(text);
-  const auto type = fields.number();
-  if (!type || *type < 0 || static_cast<std::size_t>(*type) >= kListingTypes.size()) return false;
-  for (std::size_t i = 0; i < kTexts.size(); ++i) fields.text();
-  return std::ranges::all_of(kNumbers, [&](auto) { return fields.number().has_value(); });
 }
 
 ListSettings withinRanges(ListSettings settings) {
@@ -57,14 +55,13 @@ ListSettings withinRanges(ListSettings settings) {
   return settings;
 }
 
-std::optional<ListSettings> readStepFile(const std::u16string& path) {
-  const auto bytes = platform::readFile(path, kLargestStepFile);
-  if (!bytes) return std::nullopt;
-  return parseStepRecord(*bytes);
+std::optional<std::string> readStepFile(const std::u16string& path) {
+  return platform::readFile(path, kLargestStepFile);
 }
 
 bool writeStepFile(const std::u16string& path, const ListSettings& settings) {
-  return platform::replaceFile(path, formatStepRecord(settings));
+  const std::string bytes = formatStepRecord(settings);
+  return bytes.size() <= kLargestStepFile && platform::replaceFile(path, bytes);
 }
 
 }  // namespace kvrnstep::stepfiles
