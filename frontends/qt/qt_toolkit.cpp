@@ -40,13 +40,10 @@ QWidget* QtToolkit::owner() {
 void QtToolkit::runModal(forms::Window& window) {
   const LocaleGuard locale;
   WindowView view(window, owner());
-  open_.push_back(&view);
-  window.attach(&view);
+  const forms::Attached attached(view, open_);
   view.show();
   if (attendant_ != nullptr) attendant_->windowOpened(view);
   view.waitUntilUnloaded();
-  window.attach(nullptr);
-  open_.pop_back();
 }
 
 void QtToolkit::bringToFront() {

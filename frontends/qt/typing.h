@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "forms/control_sync.h"
+#include "forms/guard.h"
 #include "forms/user_actions.h"
 
 namespace kvrnstep::qt {
@@ -22,6 +23,9 @@ class Typing : public Base, public forms::TextSync {
   }
 
  protected:
+  bool event(QEvent* event) override {
+    return forms::guarded([&] { return Base::event(event); });
+  }
   void focusInEvent(QFocusEvent* event) override {
     Base::focusInEvent(event);
     enteredByClick_ = event->reason() == Qt::MouseFocusReason;

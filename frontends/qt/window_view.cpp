@@ -7,6 +7,7 @@
 #include "button_views.h"
 #include "combo_view.h"
 #include "command_keys.h"
+#include "forms/guard.h"
 #include "forms/user_actions.h"
 #include "label_view.h"
 #include "list_view.h"
@@ -124,7 +125,8 @@ bool WindowView::eventFilter(QObject* watched, QEvent* event) {
   if (watched != topLevel_->focusWidget()) return false;
   if (event->type() == QEvent::KeyRelease) released(static_cast<const QKeyEvent&>(*event));
   ControlView* view = event->type() == QEvent::KeyPress ? viewOf(watched) : nullptr;
-  return view != nullptr && pressed(*view, static_cast<const QKeyEvent&>(*event));
+  if (view == nullptr) return false;
+  return forms::guarded([&] { return pressed(*view, static_cast<const QKeyEvent&>(*event)); });
 }
 
 bool WindowView::frameEvent(QEvent::Type type) {

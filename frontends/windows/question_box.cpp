@@ -2,7 +2,7 @@
 
 #include "box_font.h"
 #include "control_view.h"
-#include "guard.h"
+#include "forms/guard.h"
 #include "resources.h"
 #include "scale.h"
 #include "text/windows/wide.h"
@@ -50,13 +50,12 @@ std::optional<std::u16string> QuestionBox::ask(HWND owner) {
   empty.box.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
   const INT_PTR closedBy = ::DialogBoxIndirectParamW(thisModule(), &empty.box, owner, procedure,
                                                      reinterpret_cast<LPARAM>(this));
-  raiseKeptFailure();
   if (closedBy != IDOK) return std::nullopt;
   return answer_;
 }
 
 INT_PTR CALLBACK QuestionBox::procedure(HWND box, UINT message, WPARAM wide, LPARAM longer) {
-  return guarded([&]() -> INT_PTR {
+  return forms::guarded([&]() -> INT_PTR {
     if (message == WM_INITDIALOG) {
       ::SetWindowLongPtrW(box, DWLP_USER, longer);
       reinterpret_cast<QuestionBox*>(longer)->build(box);

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "guard.h"
+#include "forms/guard.h"
 #include "resources.h"
 
 namespace kvrnstep::windows {
@@ -57,7 +57,7 @@ LRESULT Receiver::received(UINT message, WPARAM wide, LPARAM longer) {
 
 LRESULT CALLBACK Receiver::procedure(HWND /*handle*/, UINT message, WPARAM wide, LPARAM longer,
                                      UINT_PTR /*id*/, DWORD_PTR receiver) {
-  return guarded(
+  return forms::guarded(
       [&] { return reinterpret_cast<Receiver*>(receiver)->received(message, wide, longer); });
 }
 

@@ -5,7 +5,6 @@
 #include "box_font.h"
 #include "file_box.h"
 #include "forms/user_actions.h"
-#include "guard.h"
 #include "native_look.h"
 #include "output.h"
 #include "question_box.h"
@@ -49,26 +48,6 @@ class Modality {
   std::vector<HWND> disabled_;
 };
 
-/// Attaches a view to its window as long as it lives.
-class Attached {
- public:
-  Attached(forms::Window& window, WindowView& view, std::vector<WindowView*>& open)
-      : window_(window), open_(open) {
-    window_.attach(&view);
-    open_.push_back(&view);
-  }
-  ~Attached() {
-    open_.pop_back();
-    window_.attach(nullptr);
-  }
-  Attached(const Attached&) = delete;
-  Attached& operator=(const Attached&) = delete;
-
- private:
-  forms::Window& window_;
-  std::vector<WindowView*>& open_;
-};
-
 double screenTwips(int metric) {
   return fromPixels(::GetSystemMetrics(metric), desktopDpi()) * kTwipsPerPixel;
 }
@@ -83,7 +62,7 @@ HWND WindowsToolkit::owner() {
 void WindowsToolkit::runModal(forms::Window& window) {
   const NativeLook look;
   WindowView view(window, owner());
-  const Attached attached(window, view, open_);
+  const forms::Attached attached(view, open_);
   const Modality modality(view.handle());
   view.show();
   waitUntilUnloaded(view);
@@ -119,7 +98,6 @@ bool WindowsToolkit::dealWithOne() {
     ::TranslateMessage(&message);
     ::DispatchMessageW(&message);
   }
-  raiseKeptFailure();
   return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "forms/guard.h"
 #include "generator/generator.h"
 
 namespace kvrnstep::dialogs {
@@ -85,14 +86,15 @@ void frmListwright::SetActionsEnabled(bool bolEnable) {
 void frmListwright::cmdCIC_Click(int index) {
   switch (index) {
     case Insert:
-      lwSelectionMade_ = true;
-      BuildStepList();
-      if (insertCopies_ && lwSelectionMade_) toolkit().setClipboard(lwOutputString_);
+      forms::guarded([this] {
+        lwSelectionMade_ = BuildStepList();
+        if (insertCopies_ && lwSelectionMade_) toolkit().setClipboard(lwOutputString_);
+      });
       return unload();
     case Cancel:
       return unload();
     case Copy:
-      toolkit().setClipboard(takeList());
+      forms::guarded([this] { toolkit().setClipboard(takeList()); });
       return unload();
     case SaveAs:
       return SaveStepFileAs();
@@ -107,15 +109,15 @@ void frmListwright::cmdCIC_Click(int index) {
   }
 }
 
-void frmListwright::BuildStepList() {
+bool frmListwright::BuildStepList() {
   fields_.numbers().takeCount();
   if (fields_.numbers().countGiven()) {
     lwOutputString_ = generator::generateList(fields_.settings(), host().bytSpcCount);
-    return;
+    return true;
   }
   toolkit().showMessage({forms::MessageIcon::Information, u"How many?",
                          u"You must enter a maximum count.\n\n1 to 99"});
-  lwSelectionMade_ = false;
+  return false;
 }
 
 std::u16string frmListwright::takeList() {
@@ -125,13 +127,13 @@ std::u16string frmListwright::takeList() {
 
 void frmListwright::RefreshPreview() {
   if (!panels_.anyShown()) return;
-  txtPreview.setText(takeList());
+  forms::guarded([this] { txtPreview.setText(takeList()); });
   fields_.numbers().putCountBack();
 }
 
 void frmListwright::PrintStepList(const std::u16string& text) {
   toolkit().setBusy(true);
-  toolkit().print(text);
+  forms::guarded([&] { toolkit().print(text); });
   toolkit().setBusy(false);
 }
 

@@ -47,8 +47,9 @@ class frmListwright : public Dialog {
   void lblD_MouseUp(int index);
 
   void SetActionsEnabled(bool bolEnable);
-  /// Makes the list, with the count that is in the End box.
-  void BuildStepList();
+  /// Makes the list, with the count that is in the End box. False: there is no count, and the user
+  /// has been told.
+  bool BuildStepList();
   [[nodiscard]] std::u16string takeList();
   void PrintStepList(const std::u16string& text);
 

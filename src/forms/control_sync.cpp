@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "forms/guard.h"
 #include "forms/keyboard.h"
 #include "forms/user_actions.h"
 #include "forms/view_sync.h"
@@ -32,9 +33,8 @@ PixelRect ControlSync::pixelPlace() const {
 
 void ControlSync::applyChanges() {
   if (!changes_.any() || applying_) return;
-  applying_ = true;
+  const Meanwhile applying(applying_);
   apply(std::exchange(changes_, Changes()));
-  applying_ = false;
 }
 
 void ControlSync::apply(const Changes& changes) {
@@ -137,23 +137,23 @@ void ControlSync::userMayHaveScrolled() {
 
 void TextSync::showText() {
   if (showsText()) return;
-  showing_ = true;
+  const Meanwhile showing(showing_);
   setText(box_.text());
-  showing_ = false;
 }
 
 void TextSync::showSelection() {
   if (shownSelection() == box_.selection()) return;
-  showing_ = true;
+  const Meanwhile showing(showing_);
   setSelection(box_.selection());
-  showing_ = false;
 }
 
 void TextSync::userChangedText() {
   if (showing_) return;
-  std::u16string text = editedText();
-  const TextSelection caret = selectionIn(text);
-  userEdited(box_, std::move(text), caret);
+  guarded([this] {
+    std::u16string text = editedText();
+    const TextSelection caret = selectionIn(text);
+    userEdited(box_, std::move(text), caret);
+  });
 }
 
 void TextSync::userMovedCaret() {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "forms/guard.h"
 #include "forms/keyboard.h"
 #include "forms/user_actions.h"
 
@@ -90,13 +91,12 @@ void ViewSync::changed(Property property) {
 
 void ViewSync::update() {
   if (!open_ || updating_) return;
-  updating_ = true;
+  const Meanwhile updating(updating_);
   updateBegins();
   for (const auto& control : window_.controls()) syncOf(*control).applyChanges();
   applyWindow();
   if (std::exchange(arrangementChanged_, false)) arrange();
   giveKeyboard(std::exchange(focus_, nullptr));
-  updating_ = false;
 }
 
 void ViewSync::applyWindow() {
@@ -155,7 +155,7 @@ void ViewSync::minimizedTo(bool minimized) {
 
 void ViewSync::recolored() {
   for (const auto& [control, view] : views_) view->mark(Property::Colors);
-  update();
+  guarded([this] { update(); });
 }
 
 }  // namespace kvrnstep::forms

@@ -110,6 +110,27 @@ class ViewSync {
   bool open_ = true;
 };
 
+/// Has the window tell the view of its changes, and keeps the view among the open ones, for as long
+/// as this lives.
+template <class View>
+class Attached {
+ public:
+  Attached(View& view, std::vector<View*>& open) : window_(view.window()), open_(open) {
+    open_.push_back(&view);
+    window_.attach(&view);
+  }
+  ~Attached() {
+    window_.attach(nullptr);
+    open_.pop_back();
+  }
+  Attached(const Attached&) = delete;
+  Attached& operator=(const Attached&) = delete;
+
+ private:
+  Window& window_;
+  std::vector<View*>& open_;
+};
+
 template <class View, class Of, class WindowView>
 std::unique_ptr<ControlSync> makeView(WindowView& window, Control& control) {
   return std::make_unique<View>(window, static_cast<Of&>(control));

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "forms/guard.h"
 #include "forms/toolkit.h"
 #include "forms/view_sync.h"
 
@@ -99,7 +100,8 @@ void Window::showModal(Toolkit& toolkit) {
 
 void Window::unload() {
   if (std::exchange(unloading_, true)) return;
-  if (onQueryUnload) onQueryUnload();
+  // Whatever fails, the window closes.
+  if (onQueryUnload) guarded(onQueryUnload);
   unloaded_ = true;
   if (view_ != nullptr) view_->unloaded();
 }

@@ -4,15 +4,39 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <limits>
+#include <new>
 #include <thread>
 
 #include "kvrnstep/listwright.hpp"
 #include "program.h"
+
+namespace {
+
+constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
+std::size_t largestObject = kNoLimit;
+
+}  // namespace
+
+/// Memory of the whole process, which runs out for large objects.
+void* operator new(std::size_t size) {
+  void* memory = size > largestObject ? nullptr : std::malloc(size);
+  if (memory == nullptr) throw std::bad_alloc();
+  return memory;
+}
+void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete(void* memory, std::size_t /*size*/) noexcept {
+  std::free(memory);
+}
 
 namespace {
 
@@ -85,6 +109,23 @@ TEST_F(QtHost, IsShownTheOpenDialogWhenItCallsAgain) {
     std::thread([this] { EXPECT_THROW(show(), std::runtime_error); }).join();
     QTest::keyClick(&dialog, Qt::Key_Q, Qt::ControlModifier);
   });
+}
+
+TEST_F(QtHost, LivesWhenMemoryRunsOut) {
+  call(nullptr, [] {
+    QWidget& dialog = *front();
+    constexpr int kLong = 60000;
+    dialog.findChild<QPlainTextEdit*>("txtBegin")->setPlainText(QString(kLong, u'x'));
+    largestObject = kLong;
+    auto* end = dialog.findChild<QWidget*>("txtBEndAt");
+    end->setFocus();
+    QTest::keyClick(end, Qt::Key_1);
+    EXPECT_TRUE(dialog.isVisible()) << "the preview stays as it was, and that is all";
+    QTest::mouseClick(dialog.findChild<QWidget*>("cmdCIC(0)"), Qt::LeftButton);
+    EXPECT_EQ(front(), nullptr);
+    largestObject = kNoLimit;
+  });
+  call(nullptr, [] { QTest::keyClick(front(), Qt::Key_Q, Qt::ControlModifier); });
 }
 
 /// A key in one of the dialog's boxes.

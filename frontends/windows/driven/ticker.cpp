@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "guard.h"
+#include "forms/guard.h"
 
 namespace kvrnstep::windows {
 
@@ -25,10 +25,7 @@ Ticker::~Ticker() {
 
 void CALLBACK Ticker::tick(HWND /*window*/, UINT /*message*/, UINT_PTR /*id*/, DWORD /*time*/) {
   if (theTicker == nullptr) return;
-  guarded([] {
-    theTicker->action_();
-    return 0;
-  });
+  forms::guarded([] { theTicker->action_(); });
 }
 
 }  // namespace kvrnstep::windows
