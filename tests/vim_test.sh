@@ -32,11 +32,36 @@ check 'the dialog is told' 'a\n' '--exact\n--indent\n255\n--type\nroman\n' '' "$
   'let g:listwright_options = ["--type", "roman"]' '%Listwright'
 cp -r "$source/hosts/vim/doc" .
 check 'completion, help' 'a\n' '50%% é.step\nshort.step\n' '' 'helptags doc' \
-  'let names = getcompletion("1,2Lis my {STEP_#} | 5", "cmdline")' \
-  'call setline(1, names + getcompletion("Listwright s", "cmdline"))'
+  'let names = getcompletion("1,2Listwright my {STEP_#} | 5", "cmdline")' \
+  'call setline(1, names + getcompletion("ListwrightNumber! s", "cmdline"))'
+check 'at the depth of the line' '\t ab\n' '\t a1)\n\t 2)b\n' '' 'normal! $' \
+  'Listwright short'
+
+# Once(command): does it, takes it back at once, does it again; the cursor is where it was put.
+once='function! Once(command)
+let [&undolevels, text] = [&undolevels, getline(1, "$")]
+execute a:command
+let cursor = getcurpos()
+silent undo
+call assert_equal(text, getline(1, "$"))
+silent redo
+call setpos(".", cursor)
+endfunction'
+check 'numbered, moved, set right, taken away' 'At:\n\nx\n y\nz\n\nBe\n' \
+  'At:\n\nz\nx\n y!?:\n\nBe\n1. z\n2. x\n 1. y!?\n' '' "$once" 'normal! 4G$' \
+  'call Once("ListwrightNumber")' 'normal! a!' '5move 2' 'normal! 5G$' \
+  'call Once("ListwrightRenumber")' 'normal! a?' 'let seen = getline(3, 5)' \
+  'call Once("ListwrightUnnumber")' 'normal! a:' 'call append("$", seen + v:errors)'
+check 'the lines of a range' '1. a\n2. b\n\n7. c\n9. d\r\n' '1. a\n2. b\n\nDear é:\n  1.c\n  2.d\r\n' '' \
+  'set sw=2' '4,$ListwrightRenumber' "4,\$ListwrightNumber! ~/$long"
+check 'going on' 'h) a\ni) b\n   9. c\n\n\nd\ne\n' 'h) a\ni) b\n   9. c\n   10. x\n\nj) d\nk) e\n' '' \
+  '6,7ListwrightContinue' 'execute "normal! 4GA\<Cmd>ListwrightContinue\<CR>x"'
+check 'only where there is something' 'a\n\n' 'a\n\n' 'listwright: nothing to change here listwright: there is no label above' \
+  '2ListwrightNumber' 'ListwrightContinue'
 
 STATUS=1
-check 'the dialog is closed' 'a\n' 'a\n' '' "$args" '%Listwright'
+check 'the dialog is closed, no such label' 'a\n' 'a\n' 'listwright: 1st 2nd' "$args" '%Listwright' \
+  '%ListwrightNumber'
 STATUS=3
 check 'the command fails' 'a\n' 'a\n' 'listwright: 1st 2nd' "$args" '%Listwright'
 check 'no command' 'a\n' 'a\n' 'listwright: cannot run "none", see :help g:listwright_command' \

@@ -1,4 +1,4 @@
-" Runs the listwright command and puts the list that it prints into the buffer.
+" Runs the listwright command and puts the list, or the lines, that it prints into the buffer.
 
 let s:cpo = &cpo
 set cpo&vim
@@ -6,20 +6,50 @@ set cpo&vim
 " Inserts the list of {file}, or what the user builds in the dialog where {file} is empty: at the
 " cursor without an address, below line {last} with one, in place of {first} to {last} with two.
 function! listwright#Insert(addresses, first, last, file) abort
+  call s:Edit(function('s:List', [a:file]), a:addresses, a:first, a:last)
+endfunction
+
+" Puts labels before the lines from {first} to {last}, or those of the paragraph where there are no
+" {addresses}: the labels of the step file {file}, or else "1. " and so on. With {again} the labels
+" that are there go first.
+function! listwright#Number(addresses, first, last, again, file) abort
+  let [first, last] = a:addresses > 0 ? [a:first, a:last] : s:Paragraph()
+  call s:EditLines(function('s:Numbered', [a:again, a:file]), first, last)
+endfunction
+
+" Sets the labels from {first} to {last} right, or takes them away, as {option} says. Without
+" {addresses} the command sees the whole buffer, because only then it knows what is code and where
+" lists begin, but only the lines around the cursor change.
+function! listwright#Relabel(option, addresses, first, last) abort
+  if a:addresses > 0
+    call s:EditLines(function('s:Filter', [[a:option]]), a:first, a:last)
+  else
+    let [first, last] = s:Lists()
+    call s:EditLines({lines -> s:Filter([a:option], getline(1, '$'))[first - 1 : last - 1]},
+      \ first, last)
+  endif
+endfunction
+
+" Puts labels before the lines from {first} to {last} that go on behind the last one above.
+function! listwright#Continue(first, last) abort
+  call s:EditLines(function('s:Continued', [a:first]), a:first, a:last)
+endfunction
+
+" Puts the lines that {Made} makes into the buffer, as listwright#Insert() does, or says why not.
+function! s:Edit(Made, addresses, first, last) abort
   if !&modifiable
     return s:Say('ErrorMsg', ["E21: Cannot make changes, 'modifiable' is off"])
   endif
   let buffer = bufnr('%')
-  let indent = ['--indent', min([shiftwidth(), 255])]
   try
-    let list = s:Run(indent + (a:file ==# '' ? s:DialogOptions() : s:StepFile(a:file)))
+    let lines = a:Made()
     if bufnr('%') != buffer
       throw "listwright: another buffer has taken this one's place"
     endif
-    if !empty(list)
+    if !empty(lines)
       " Vim's warning about a 'readonly' buffer would name our functions.
       let v:warningmsg = ''
-      silent call s:Put(list, a:addresses, a:first, a:last)
+      silent call s:Put(lines, a:addresses, a:first, a:last)
       call s:Say('WarningMsg', split(v:warningmsg, '\n'))
     endif
   catch /^listwright: /
@@ -29,11 +59,31 @@ function! listwright#Insert(addresses, first, last, file) abort
   endtry
 endfunction
 
+" Puts what {Changed} makes of the lines from {first} to {last} in their place. The cursor stays on
+" its character.
+function! s:EditLines(Changed, first, last) abort
+  let [number, total] = [line('.'), line('$')]
+  let behind = len(getline('.')) - col('.')
+  call s:Edit(function('s:Differing', [a:Changed, getline(a:first, a:last)]), 2, a:first, a:last)
+  if line('$') == total
+    call cursor(number, max([len(getline(number)) - behind, 1]))
+  endif
+endfunction
+
+function! s:Differing(Changed, lines) abort
+  let changed = a:Changed(a:lines)
+  if changed ==# a:lines
+    throw 'listwright: nothing to change here'
+  endif
+  " An empty line would be taken for the end of the one before.
+  return changed + ['']
+endfunction
+
 " Step files that begin with what is typed, in the folder that is typed; for a bare name also those
 " in the step folder. {lead} is only the typed text's last word.
 function! listwright#Complete(lead, line, position) abort
   let before = strpart(a:line, 0, a:position)
-  let typed = s:Unescaped(matchstr(before, '\CL\%[istwright]\s\+\zs.*'))
+  let typed = s:Unescaped(matchstr(before, '\CL\a*!\=\s\+\zs.*'))
   let folder = matchstr(typed, '.*/')
   let found = s:StepFilesIn(folder ==# '' ? '.' : fnamemodify(folder, ':p'))
   if folder ==# ''
@@ -85,9 +135,101 @@ function! s:DialogOptions() abort
   return options
 endfunction
 
-" The lines that the command prints, the last one empty where the text ends with a line break;
-" none when the dialog was closed without Insert. Throws what the command says when it fails.
-function! s:Run(arguments) abort
+" The paragraph around the cursor: its lines, up to lines without text.
+function! s:Paragraph() abort
+  let [first, last] = [line('.'), line('.')]
+  while getline(first) =~# '\S' && getline(first - 1) =~# '\S'
+    let first -= 1
+  endwhile
+  while getline(last) =~# '\S' && getline(last + 1) =~# '\S'
+    let last += 1
+  endwhile
+  return [first, last]
+endfunction
+
+" The lines around the cursor, up to a heading, or to text that is not indented and stands behind a
+" blank line. Lists go no further, so those at the cursor are whole.
+function! s:Lists() abort
+  let [first, last] = [line('.'), line('.')]
+  while first > 1 && !s:EndsLists(first)
+    let first -= 1
+  endwhile
+  while last < line('$') && !s:EndsLists(last + 1)
+    let last += 1
+  endwhile
+  return [first, last]
+endfunction
+
+function! s:EndsLists(number) abort
+  let line = getline(a:number)
+  return line =~# '^#\+\s' || line =~# '^\S' && line !~# s:label && getline(a:number - 1) !~# '\S'
+endfunction
+
+" What stands before an item's text. Of words only those that can be a label.
+let s:label = '^\s*\%(\d\+\|\(\a\)\1*\|[ivxlcdm]\+\|[IVXLCDM]\+\)[.):]\%(\s\+\|$\)'
+
+" The last line before line {number} with a label that is no further in than {depth}, or 0.
+function! s:LabelAbove(number, depth) abort
+  let number = a:number - 1
+  while number > 0 && (getline(number) !~# s:label || indent(number) > a:depth)
+    let number -= 1
+  endwhile
+  return number
+endfunction
+
+" The {lines}, which begin at line {first}, with labels that go on behind the last one above, at its
+" depth; of an empty line at any depth. They get that label, which the command then sets right, with
+" the item before it where that is what tells an i that is a letter.
+function! s:Continued(first, lines) abort
+  let above = s:LabelAbove(a:first, a:lines[0] ==# '' ? v:numbermax : indent(a:first))
+  let label = substitute(matchstr(getline(above), s:label), '\S$', '& ', '')
+  let lines = map(copy(a:lines),
+    \ 'v:val =~# "\\S" || len(a:lines) == 1 ? label . trim(v:val, " \t", 1) : v:val')
+  let before = s:LabelAbove(above, indent(above))
+  for known in above == 0 ? [] : [[getline(before), getline(above)], [getline(above)]]
+    let changed = s:Filter(['--renumber', '--keep-start'], known + lines)
+    let labelled = remove(changed, len(known), -1)
+    if changed[-1] ==# getline(above) && labelled !=# lines
+      return labelled
+    endif
+  endfor
+  throw 'listwright: there is no label above'
+endfunction
+
+" The {lines} with labels.
+function! s:Numbered(again, file, lines) abort
+  let options = a:file ==# '' ? [] : s:Indent() + s:StepFile(a:file)
+  return s:Filter(['--number'] + options, a:again ? s:Filter(['--unnumber'], a:lines) : a:lines)
+endfunction
+
+" What the command makes of the {lines}.
+function! s:Filter(options, lines) abort
+  let input = tempname()
+  try
+    call writefile(map(copy(a:lines), 'iconv(v:val, &encoding, "utf-8")'), input)
+    let lines = s:Run(a:options, input)
+  finally
+    call delete(input)
+  endtry
+  " The text ends with a line break.
+  return map(lines[: -2], 'iconv(v:val, "utf-8", &encoding)')
+endfunction
+
+" The lines of the list that a step file or the dialog makes, the last one empty where the list ends
+" with a line break; none when the dialog was closed without Insert.
+function! s:List(file) abort
+  let options = s:Indent() + (a:file ==# '' ? s:DialogOptions() : s:StepFile(a:file))
+  let text = iconv(join(s:Run(['--exact'] + options, ''), "\n"), 'utf-8', &encoding)
+  return text ==# '' ? [] : split(text, '\r\n\|\r\|\n', 1)
+endfunction
+
+function! s:Indent() abort
+  return ['--indent', min([shiftwidth(), 255])]
+endfunction
+
+" What the command prints, which reads the file {input}, if there is one. Throws what it says when
+" it fails; only a dialog that is closed without Insert just prints nothing.
+function! s:Run(arguments, input) abort
   let command = get(g:, 'listwright_command', 'listwright')
   if command =~# '^\~'
     let command = fnamemodify(command, ':p')
@@ -99,12 +241,12 @@ function! s:Run(arguments) abort
   let errors = tempname()
   try
     " Run by sh, not by the user's 'shell', whose quoting may differ; messages go to another file.
-    let redirect = 'out=$1 err=$2; shift 2; exec "$@" </dev/null >"$out" 2>"$err"'
-    let status = s:Wait(['sh', '-c', redirect, 'sh', output, errors, command, '--exact'] + a:arguments)
+    let redirect = 'in=$1 out=$2 err=$3; shift 3; exec "$@" <"$in" >"$out" 2>"$err"'
+    let input = a:input ==# '' ? '/dev/null' : a:input
+    let status = s:Wait(['sh', '-c', redirect, 'sh', input, output, errors, command] + a:arguments)
     if status == 0
-      let text = iconv(join(readfile(output, 'b'), "\n"), 'utf-8', &encoding)
-      return text ==# '' ? [] : split(text, '\r\n\|\r\|\n', 1)
-    elseif status == 1
+      return readfile(output, 'b')
+    elseif status == 1 && a:input ==# ''
       return []
     endif
     let said = join(filter(readfile(errors), 'v:val =~# "\\S"'), "\n")
@@ -143,7 +285,8 @@ function! s:Wait(program) abort
   return job_info(job).exitval
 endfunction
 
-" Lines that stay are set, not replaced, so that marks and signs stay with them.
+" Lines that stay are set, not replaced, so that marks and signs stay with them. At the cursor of an
+" indented line all lines are as far in as that one.
 function! s:Put(list, addresses, first, last) abort
   let lines = copy(a:list)
   let column = 0
@@ -153,6 +296,9 @@ function! s:Put(list, addresses, first, last) abort
     let column = col('.') - 1
     let behind = strpart(getline('.'), column)
     let lines[0] = strpart(getline('.'), 0, column) . lines[0]
+    let depth = matchstr(strpart(getline('.'), 0, column), '^\s*')
+    let last = len(lines) - 1
+    call map(lines, 'v:key > 0 && v:val . (v:key == last ? behind : "") !=# "" ? depth . v:val : v:val')
   else
     let from = a:addresses == 1 ? a:last + 1 : a:first
     let to = a:last
