@@ -140,6 +140,9 @@ void profile(FuzzedDataProvider input) {
   const std::string bytes = input.ConsumeRemainingBytesAsString();
   const std::string written = platform::withProfileValue(bytes, section, key, value);
   if (!platform::isProfileName(section, key)) return check(written == bytes, "no name, no change");
+  check(platform::withProfileValue(written, section, key, "") ==
+            platform::withProfileValue(bytes, section, key, ""),
+        "whatever the value, the rest of the file is the same");
   if (value.find_first_of(" \t\r\n\"'") != std::string::npos) return;
   check(platform::profileValue(written, section, key) == value, "a value comes back");
   check(platform::withProfileValue(written, section, key, value) == written, "and is there once");

@@ -35,15 +35,20 @@ std::optional<std::string_view> profileValue(std::string_view bytes, std::string
 
 /// The bytes of a file with a key set. An existing key changes behind its "="; a new one follows
 /// the last line of its section that is not blank; a new section goes to the end of the file.
-/// Every other byte stays, and a last line without line end stays without. The value is written as
-/// it is, so only the first line of a value with line breaks can be read again. Names that
-/// `isProfileName` refuses change nothing.
+/// Every other byte stays, and a last line without line end stays without. Of a value with line
+/// breaks only the first line is written, because the others would become lines of the file. Names
+/// that `isProfileName` refuses change nothing.
 std::string withProfileValue(std::string_view bytes, std::string_view section, std::string_view key,
                              std::string_view value);
 
 /// Whether a section and a key of these names can be read back: neither holds a line break, and
 /// the key holds no "=" and begins with neither "[" nor ";".
 bool isProfileName(std::string_view section, std::string_view key);
+
+/// The part of a value that is written: up to its first line break.
+inline std::string_view firstLine(std::string_view value) {
+  return value.substr(0, value.find_first_of("\r\n"));
+}
 
 /// The system's own functions. Nothing where it has none, or where they cannot be given this path
 /// or would change these texts: then the rules above hold.

@@ -147,6 +147,7 @@ std::string withProfileValue(std::string_view bytes, std::string_view section, s
                              std::string_view value) {
   if (!isProfileName(section, key)) return std::string(bytes);
   const auto name = trimBlanksAndTabs(key);
+  value = firstLine(value);
   const auto found = search(bytes, section, name);
   std::string result(bytes);
   if (const auto old = found.afterSign) {

@@ -161,7 +161,8 @@ TEST_F(Settings, KeysComeBack) {
   EXPECT_EQ(store(u" é€😀 "), u"é€😀");
   EXPECT_EQ(store(u"\"a\""), u"a");
   EXPECT_EQ(store(u"a\0b"s), u"a");
-  EXPECT_EQ(store(u"first\r\nsecond"), u"first");
+  EXPECT_EQ(store(u"first\r\n[Other]\nPrefix=x"), u"first");
+  EXPECT_EQ(folder.get("ini"), text::toBytes(u"[Größe]\r\nPrefix=first\r\n"));
   modSecns::WriteIniKey(u"S\0x"s, u"K\0y"s, u"v\0z"s, folder("short"));
   EXPECT_EQ(folder.get("short"), "[S]\r\nK=v\r\n");
 }
