@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,18 +19,32 @@ std::optional<std::string> readFile(const std::u16string& path,
 /// Makes the file hold exactly these bytes, creating it if need be. Whatever happens, the whole old
 /// content or the whole new one is there, because a temporary file in the same folder takes the
 /// place of the target. Links are followed; the target keeps its permissions and, where the system
-/// allows it, its owner. A file that holds the bytes already is not touched.
+/// allows it, its owner, group, access control list and extended attributes; nobody gains a right
+/// to read it. A file that holds the bytes already is not touched. A file in a folder that takes no
+/// new ones is written in place, its former bytes kept elsewhere until that is done.
+/// Temporary files of processes that are gone are removed from the folder.
 /// False, and nothing has changed, when the target is no regular file or may not be written, or
-/// when its folder is missing or takes no new files. A file without any write permission counts as
-/// not writable, even for root.
+/// when its folder is missing or takes no file that is not there yet. A file without any write
+/// permission counts as not writable, even for root.
 bool replaceFile(const std::u16string& path, std::string_view bytes);
+
+/// As `replaceFile`, but false if something of that name is there.
+bool saveNewFile(const std::u16string& path, std::string_view bytes);
+
+/// Replaces what a file holds by what `change` makes of it, of nothing for a file that is missing.
+/// Meanwhile no other caller changes a file of that folder, where the system locks folders. If
+/// others change the file nevertheless, their content is changed in turn.
+/// False, and nothing has changed, when the file is there and cannot be read, or cannot be
+/// replaced.
+bool changeFile(const std::u16string& path,
+                const std::function<std::string(std::string_view bytes)>& change);
 
 /// Creates an empty file; one that is there already keeps its content. False when it can neither be
 /// created nor opened for writing.
 bool createEmptyFile(const std::u16string& path);
 
-/// Whether the path names a file, folder or anything else; false for a link that leads nowhere.
-/// True also when the system does not tell, because what may be there must not be written over.
+/// Whether the path names a file, folder or anything else; false for a link that leads nowhere, and
+/// whenever the system does not tell.
 bool pathExists(const std::u16string& path);
 
 /// Creates one folder in a folder that exists. False when that fails or the path is in use.

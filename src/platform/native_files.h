@@ -64,7 +64,11 @@ class File {
   [[nodiscard]] std::optional<std::size_t> read(char* bytes, std::size_t most) const;
   /// Writes the first of the bytes and returns how many; 0 when the system cannot write.
   [[nodiscard]] std::size_t write(std::string_view bytes) const;
-  /// Gives this file the owner and the permissions of the one that it is about to replace.
+  /// Drops what is behind the first `size` bytes.
+  [[nodiscard]] bool cutTo(std::uint64_t size) const;
+  /// Gives this file the owner, the permissions and the attributes of the one that it is about to
+  /// replace, as far as the system allows it. At no moment does it give anybody a right that the
+  /// other file does not.
   [[nodiscard]] bool takeAfter(const Path& other) const;
   /// Waits until the bytes are on the disk.
   [[nodiscard]] bool sync() const;
@@ -81,21 +85,34 @@ class File {
 File openToRead(const Path& path);
 /// Opens a file for writing and creates it if need be; what it holds stays.
 File openOrCreate(const Path& path);
+enum class Creation { kDone, kNameTaken, kFolderRefuses, kFailed };
 /// Creates a file, which must not be there yet.
 /// @param forUsAlone nobody else may read it until `takeAfter`
-/// @param taken set to whether the name is in use
-File createNew(const Path& path, bool forUsAlone, bool& taken);
+/// @param result set to what came of it
+File createNew(const Path& path, bool forUsAlone, Creation& result);
 
 /// Gives a file another name, in place of whatever file has that name, in one step.
 bool rename(const Path& from, const Path& to);
 /// A folder is no file.
 bool remove(const Path& path);
 
-/// The names of the files in a folder, links to files included, in no order. None when it cannot
-/// be read.
-std::vector<Path> filesIn(const Path& folder);
+/// The names of the files in a folder that begin like this, links to files included, in no order.
+/// None when it cannot be read.
+std::vector<Path> filesIn(const Path& folder, const Path& start = {});
 
 /// The number of this process.
 std::uint32_t processNumber();
+
+/// Deletes a file that `createNew` made for this user in a process that is gone. Nothing happens
+/// to any other file, nor while some process has this number or has the file open.
+void removeLeftover(const Path& path, std::uint32_t process);
+
+/// A folder in which only this user reads, with its separator; it stays when the process ends.
+/// Empty when there is none.
+Path privateFolder();
+
+/// Waits until no other caller has the lock of this folder. The result has it until it is closed,
+/// and is not open where folders have no locks or another caller keeps it for two seconds.
+File lockFolder(const Path& folder);
 
 }  // namespace kvrnstep::platform::native

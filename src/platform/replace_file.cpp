@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <atomic>
 
 #include "platform/files.h"
@@ -8,23 +9,55 @@ namespace kvrnstep::platform {
 
 namespace {
 
+using native::Creation;
 using native::File;
 using native::Path;
 using native::Target;
 
-/// Creates a temporary file in the folder of the target. Its name does not contain the target's,
-/// which may be as long as the system allows. A name that is in use already is skipped.
-File createBeside(const Path& target, bool forUsAlone) {
+/// Whether a save may go on, asked when everything is ready for it.
+using MayGoOn = std::function<bool()>;
+
+/// What the names of temporary files begin with. The number of the process and one of its own
+/// follow.
+const Path& temporaryStart() {
+  static const Path start = native::pathOf(u".kvrnstep-");
+  return start;
+}
+
+/// Creates a temporary file in a folder. Its name does not contain the target's, which may be as
+/// long as the system allows. A name that is in use already is skipped.
+File createTemporary(const Path& folder, const Path& nameStart, bool forUsAlone, Creation& result) {
   constexpr int kMostAttempts = 1000;
   static std::atomic<unsigned> counter{0};
-  const Path start = native::folderPart(target) +
-                     native::pathOf(u".kvrnstep-" + text::decimal(native::processNumber()) + u'-');
+  const Path start =
+      folder + nameStart + native::pathOf(text::decimal(native::processNumber()) + u'-');
   for (int attempt = 1;; ++attempt) {
-    bool taken = false;
     Path path = start;
     path += native::pathOf(text::decimal(counter++));
-    File file = native::createNew(path, forUsAlone, taken);
-    if (!taken || attempt == kMostAttempts) return file;
+    File file = native::createNew(path, forUsAlone, result);
+    if (result != Creation::kNameTaken || attempt == kMostAttempts) return file;
+  }
+}
+
+/// The number of the process that gave a temporary file this name; nothing for names of others.
+std::optional<std::uint32_t> processInName(const Path& name) {
+  std::uint32_t process = 0;
+  std::size_t numbers = 1;
+  bool digitBefore = false;
+  for (const auto c : name.substr(temporaryStart().size())) {
+    const bool digit = c >= '0' && c <= '9';
+    if (!digit && (c != '-' || !digitBefore)) return std::nullopt;
+    if (!digit) ++numbers;
+    if (digit && numbers == 1) process = 10 * process + static_cast<std::uint32_t>(c - '0');
+    digitBefore = digit;
+  }
+  return digitBefore && numbers == 2 ? std::optional(process) : std::nullopt;
+}
+
+/// Deletes what processes left that were killed while they saved.
+void removeLeftovers(const Path& folder) {
+  for (const Path& name : native::filesIn(folder, temporaryStart())) {
+    if (const auto process = processInName(name)) native::removeLeftover(folder + name, *process);
   }
 }
 
@@ -37,14 +70,50 @@ bool writeAll(const File& file, std::string_view bytes) {
   return true;
 }
 
+bool overwrite(const Path& target, std::string_view bytes) {
+  File file = native::openOrCreate(target);
+  return writeAll(file, bytes) && file.cutTo(bytes.size()) && file.sync() && file.close();
+}
+
+/// Writes into the target itself. Its former bytes are in a file of their own meanwhile, which
+/// stays if the process ends in between or they cannot be put back.
+bool saveInPlace(const Path& target, const std::string& former, std::string_view bytes,
+                 const MayGoOn& mayGoOn) {
+  const Path folder = native::privateFolder();
+  if (folder.empty()) return false;
+  Creation result{};
+  File kept = createTemporary(folder, native::pathOf(u"kept-"), true, result);
+  if (!kept.open()) return false;
+  const bool safe = writeAll(kept, former) && kept.sync() && kept.close() && mayGoOn();
+  const bool saved = safe && overwrite(target, bytes);
+  const bool whole = saved || !safe || overwrite(target, former);
+  kept.close();
+  if (whole) native::remove(kept.path());
+  return saved;
+}
+
 /// Puts a new file in the place of the target, if there is one. The bytes must be on the disk
 /// before the file is renamed, because a power failure could leave an empty target otherwise.
-bool save(const Path& target, bool isThere, std::string_view bytes) {
+bool save(const std::u16string& path, std::string_view bytes, const MayGoOn& mayGoOn) {
+  const Path named = native::pathOf(path);
+  const auto target = named.empty() ? std::nullopt : native::withoutLinks(named);
+  const Target found = target ? native::targetAt(*target) : Target::kOther;
+  if (found == Target::kOther) return false;
+  const bool isThere = found == Target::kWritableFile;
+  if (isThere && readFile(path, bytes.size()) == bytes) return true;
+
+  const Path folder = native::folderPart(*target);
+  removeLeftovers(folder);
   // The target's permissions come later, so until then nobody else may read the new file.
-  File file = createBeside(target, isThere);
+  Creation result{};
+  File file = createTemporary(folder, temporaryStart(), isThere, result);
+  if (result == Creation::kFolderRefuses && isThere) {
+    const auto former = readFile(path);
+    return former && saveInPlace(*target, *former, bytes, mayGoOn);
+  }
   if (!file.open()) return false;
-  if (writeAll(file, bytes) && (!isThere || file.takeAfter(target)) && file.sync() &&
-      file.close() && native::rename(file.path(), target)) {
+  if (writeAll(file, bytes) && (!isThere || file.takeAfter(*target)) && file.sync() &&
+      file.close() && mayGoOn() && native::rename(file.path(), *target)) {
     return true;
   }
   file.close();
@@ -52,16 +121,43 @@ bool save(const Path& target, bool isThere, std::string_view bytes) {
   return false;
 }
 
+bool nothingIsAt(const std::u16string& path) {
+  const auto target = native::withoutLinks(native::pathOf(path));
+  return target && native::targetAt(*target) == Target::kNothing;
+}
+
 }  // namespace
 
 bool replaceFile(const std::u16string& path, std::string_view bytes) {
-  const Path named = native::pathOf(path);
-  const auto target = named.empty() ? std::nullopt : native::withoutLinks(named);
-  const Target found = target ? native::targetAt(*target) : Target::kOther;
-  if (found == Target::kOther) return false;
-  const bool isThere = found == Target::kWritableFile;
-  if (isThere && readFile(path, bytes.size()) == bytes) return true;
-  return save(*target, isThere, bytes);
+  return save(path, bytes, [] { return true; });
+}
+
+bool saveNewFile(const std::u16string& path, std::string_view bytes) {
+  return save(path, bytes, [&path] { return nothingIsAt(path); });
+}
+
+bool changeFile(const std::u16string& path,
+                const std::function<std::string(std::string_view bytes)>& change) {
+  constexpr int kMostAttempts = 20;
+  // A file that is there and cannot be read is not replaced by what is to be changed of it.
+  const auto read = [&path] {
+    auto bytes = readFile(path);
+    if (!bytes && nothingIsAt(path)) return std::optional<std::string>("");
+    return bytes;
+  };
+  const auto target = native::withoutLinks(native::pathOf(path));
+  if (!target) return false;
+  const File lock = native::lockFolder(native::folderPart(*target));
+  for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
+    const auto before = read();
+    if (!before) return false;
+    bool asBefore = true;
+    const std::string changed = change(*before);
+    if (changed == *before) return true;
+    if (save(path, changed, [&] { return asBefore = read() == before; })) return true;
+    if (asBefore) return false;
+  }
+  return false;
 }
 
 }  // namespace kvrnstep::platform

@@ -2,15 +2,21 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <climits>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <ctime>
 #include <memory>
+#include <thread>
 
 #include "platform/files.h"
 #include "text/codepage.h"
@@ -18,10 +24,8 @@
 namespace kvrnstep::platform {
 
 bool pathExists(const std::u16string& path) {
-  constexpr std::array kNothingThere{ENOENT, ENOTDIR, ELOOP, ENAMETOOLONG, EACCES};
   struct stat state {};
-  return ::stat(native::pathOf(path).c_str(), &state) == 0 ||
-         std::ranges::find(kNothingThere, errno) == kNothingThere.end();
+  return ::stat(native::pathOf(path).c_str(), &state) == 0;
 }
 
 bool createFolder(const std::u16string& path) {
@@ -69,6 +73,42 @@ bool isFile(DIR& folder, const dirent& entry) {
   struct stat state {};
   return ::fstatat(::dirfd(&folder), &entry.d_name[0], &state, 0) == 0 && S_ISREG(state.st_mode);
 }
+
+/// The folder of a name alone is the working folder.
+const char* openable(const Path& folder) {
+  return folder.empty() ? "." : folder.c_str();
+}
+
+/// While it lives, a write beyond the largest size that a file may have fails, and no signal ends
+/// the process. How the host deals with the signal stays as it is.
+class NoFileSizeSignal {
+ public:
+  NoFileSizeSignal() {
+    ::sigemptyset(&signal_);
+    ::sigaddset(&signal_, SIGXFSZ);
+    wasPending_ = isPending();
+    ::pthread_sigmask(SIG_BLOCK, &signal_, &before_);
+  }
+  ~NoFileSizeSignal() {
+    const int error = errno;
+    constexpr timespec kNow{};
+    if (!wasPending_ && isPending()) ::sigtimedwait(&signal_, nullptr, &kNow);
+    ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+    errno = error;
+  }
+  NoFileSizeSignal(const NoFileSizeSignal&) = delete;
+  NoFileSizeSignal& operator=(const NoFileSizeSignal&) = delete;
+
+ private:
+  static bool isPending() {
+    sigset_t pending;
+    return ::sigpending(&pending) == 0 && ::sigismember(&pending, SIGXFSZ) == 1;
+  }
+
+  sigset_t signal_{};
+  sigset_t before_{};
+  bool wasPending_ = false;
+};
 
 }  // namespace
 
@@ -119,22 +159,14 @@ std::optional<std::size_t> File::read(char* bytes, std::size_t most) const {
 }
 
 std::size_t File::write(std::string_view bytes) const {
+  const NoFileSizeSignal noSignal;
   const auto count =
       completed([&] { return ::write(system(handle_), bytes.data(), bytes.size()); });
   return static_cast<std::size_t>(std::max<ssize_t>(count, 0));
 }
 
-/// A set-user-id bit is copied only together with the owner, because it would otherwise let
-/// everybody run the file as somebody else.
-bool File::takeAfter(const Path& other) const {
-  constexpr mode_t kPermissions = 0777;
-  constexpr mode_t kAllModeBits = 07777;
-  struct stat state {};
-  if (::stat(other.c_str(), &state) != 0) return false;
-  const bool sameGroup = ::fchown(system(handle_), static_cast<uid_t>(-1), state.st_gid) == 0;
-  const bool sameOwner = ::fchown(system(handle_), state.st_uid, static_cast<gid_t>(-1)) == 0;
-  const mode_t bits = sameGroup && sameOwner ? kAllModeBits : kPermissions;
-  return ::fchmod(system(handle_), state.st_mode & bits) == 0;
+bool File::cutTo(std::uint64_t size) const {
+  return ::ftruncate(system(handle_), static_cast<off_t>(size)) == 0;
 }
 
 bool File::sync() const {
@@ -154,9 +186,15 @@ File openOrCreate(const Path& path) {
   return openFile(path, O_WRONLY | O_CREAT, 0666);
 }
 
-File createNew(const Path& path, bool forUsAlone, bool& taken) {
+/// The lock tells processes that see each other's files, but not each other's numbers, that
+/// somebody still writes it.
+File createNew(const Path& path, bool forUsAlone, Creation& result) {
   File file = openFile(path, O_WRONLY | O_CREAT | O_EXCL, forUsAlone ? 0600 : 0666);
-  taken = !file.open() && errno == EEXIST;
+  result = file.open()                         ? Creation::kDone
+           : errno == EEXIST                   ? Creation::kNameTaken
+           : errno == EACCES || errno == EPERM ? Creation::kFolderRefuses
+                                               : Creation::kFailed;
+  if (file.open()) ::flock(system(file.handle()), LOCK_EX | LOCK_NB);
   return file;
 }
 
@@ -168,18 +206,60 @@ bool remove(const Path& path) {
   return ::unlink(path.c_str()) == 0;
 }
 
-std::vector<Path> filesIn(const Path& folder) {
+std::vector<Path> filesIn(const Path& folder, const Path& start) {
   std::vector<Path> names;
-  const std::unique_ptr<DIR, CloseFolder> opened(::opendir(folder.c_str()));
+  const std::unique_ptr<DIR, CloseFolder> opened(::opendir(openable(folder)));
   if (!opened) return names;
   while (const dirent* entry = ::readdir(opened.get())) {
-    if (isFile(*opened, *entry)) names.emplace_back(&entry->d_name[0]);
+    Path name = &entry->d_name[0];
+    if (name.starts_with(start) && isFile(*opened, *entry)) names.push_back(std::move(name));
   }
   return names;
 }
 
 std::uint32_t processNumber() {
   return static_cast<std::uint32_t>(::getpid());
+}
+
+void removeLeftover(const Path& path, std::uint32_t process) {
+  if (::kill(static_cast<pid_t>(process), 0) == 0 || errno != ESRCH) return;
+  const File file = openFile(path, O_RDONLY | O_NOFOLLOW);
+  struct stat state {};
+  const int handle = system(file.handle());
+  const bool ours =
+      ::fstat(handle, &state) == 0 && S_ISREG(state.st_mode) && state.st_uid == ::geteuid();
+  if (ours && ::flock(handle, LOCK_EX | LOCK_NB) == 0) remove(path);
+}
+
+/// The surroundings of a program with the rights of another user are not to be trusted.
+Path privateFolder() {
+  const char* state = ::secure_getenv("XDG_STATE_HOME");
+  const char* home = ::secure_getenv("HOME");
+  Path folder;
+  if (state != nullptr && *state == '/') {
+    folder = state;
+  } else if (home != nullptr && *home == '/') {
+    folder = Path(home) + "/.local/state";
+  } else {
+    return {};
+  }
+  folder += "/listwright/";
+  for (auto end = folder.find('/', 1); end != Path::npos; end = folder.find('/', end + 1)) {
+    ::mkdir(folder.substr(0, end).c_str(), 0700);
+  }
+  return folder;
+}
+
+File lockFolder(const Path& folder) {
+  constexpr auto kLongest = std::chrono::seconds(2);
+  constexpr auto kPause = std::chrono::microseconds(200);
+  const auto until = std::chrono::steady_clock::now() + kLongest;
+  File file = openFile(openable(folder), O_RDONLY | O_DIRECTORY);
+  while (file.open() && ::flock(system(file.handle()), LOCK_EX | LOCK_NB) != 0) {
+    if (errno != EWOULDBLOCK || std::chrono::steady_clock::now() > until) file.close();
+    std::this_thread::sleep_for(kPause);
+  }
+  return file;
 }
 
 }  // namespace native

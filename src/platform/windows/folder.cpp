@@ -47,10 +47,11 @@ std::vector<Path> listedBySystem(const Path& folder) {
 }
 
 /// The files that a search finds.
-std::vector<Path> found(const Path& folder) {
+std::vector<Path> found(const Path& folder, const Path& start) {
   std::vector<Path> names;
   WIN32_FIND_DATAW file;
-  const Path all = text::withoutTrailingSeparator(folder) + u"\\*";
+  const Path at = folder.empty() ? folder : text::withoutTrailingSeparator(folder) + u'\\';
+  const Path all = at + start + u'*';
   const HANDLE first = ::FindFirstFileW(wide(all), &file);
   if (first == INVALID_HANDLE_VALUE) return names;
   const std::unique_ptr<void, decltype(&::FindClose)> search(first, ::FindClose);
@@ -63,9 +64,10 @@ std::vector<Path> found(const Path& folder) {
 
 }  // namespace
 
-std::vector<Path> filesIn(const Path& folder) {
+std::vector<Path> filesIn(const Path& folder, const Path& start) {
+  if (!start.empty()) return found(folder, start);
   auto names = listedBySystem(GetShortPath(folder));
-  return names.empty() ? found(folder) : names;
+  return names.empty() ? found(folder, {}) : names;
 }
 
 }  // namespace kvrnstep::platform::native

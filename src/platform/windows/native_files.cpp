@@ -114,6 +114,13 @@ std::size_t File::write(std::string_view bytes) const {
   return done != FALSE ? count : 0;
 }
 
+bool File::cutTo(std::uint64_t size) const {
+  LARGE_INTEGER end{};
+  end.QuadPart = static_cast<LONGLONG>(size);
+  return ::SetFilePointerEx(system(handle_), end, nullptr, FILE_BEGIN) != FALSE &&
+         ::SetEndOfFile(system(handle_)) != FALSE;
+}
+
 /// Rights that can't be passed on stay as the folder has given them.
 bool File::takeAfter(const Path& other) const {
   constexpr SECURITY_INFORMATION kRights = DACL_SECURITY_INFORMATION;
@@ -144,9 +151,13 @@ File openOrCreate(const Path& path) {
 }
 
 /// It is not shared, so nobody else reads it until it is closed, whether that was asked for or not.
-File createNew(const Path& path, bool /*forUsAlone*/, bool& taken) {
+File createNew(const Path& path, bool /*forUsAlone*/, Creation& result) {
   File file = openFile(path, GENERIC_WRITE, CREATE_NEW, false);
-  taken = !file.open() && ::GetLastError() == ERROR_FILE_EXISTS;
+  const DWORD error = file.open() ? ERROR_SUCCESS : ::GetLastError();
+  result = error == ERROR_SUCCESS         ? Creation::kDone
+           : error == ERROR_FILE_EXISTS   ? Creation::kNameTaken
+           : error == ERROR_ACCESS_DENIED ? Creation::kFolderRefuses
+                                          : Creation::kFailed;
   return file;
 }
 
@@ -163,6 +174,25 @@ bool remove(const Path& path) {
 
 std::uint32_t processNumber() {
   return ::GetCurrentProcessId();
+}
+
+/// A file that is still being written is not shared, so it cannot be deleted.
+void removeLeftover(const Path& path, std::uint32_t process) {
+  const HANDLE living = ::OpenProcess(SYNCHRONIZE, FALSE, process);
+  const bool gone = living == nullptr && ::GetLastError() == ERROR_INVALID_PARAMETER;
+  if (living != nullptr) ::CloseHandle(living);
+  if (gone) remove(path);
+}
+
+Path privateFolder() {
+  Path folder(MAX_PATH + 1, u'\0');
+  folder.resize(::GetTempPathW(static_cast<DWORD>(folder.size()), wide(folder.data())));
+  return folder;
+}
+
+/// The system locks no folders. Its own functions for settings lock the file.
+File lockFolder(const Path& folder) {
+  return {folder, reinterpret_cast<std::intptr_t>(INVALID_HANDLE_VALUE)};
 }
 
 }  // namespace native
