@@ -2,17 +2,12 @@
 
 #include <optional>
 
-#include "storage/settings_store.h"
 #include "text/numbers.h"
 
 namespace kvrnstep::dialogs {
 
 std::u16string Dialog::readKey(std::u16string_view key, std::u16string_view fallback) const {
   return modSecns::ReadIniKey(host_.SEC_APP_NAME, key, fallback, host_.s_IniPathAndName);
-}
-
-void Dialog::writeKey(std::u16string_view key, std::u16string_view value) const {
-  modSecns::WriteIniKey(host_.SEC_APP_NAME, key, value, host_.s_IniPathAndName);
 }
 
 void Dialog::centre() {
@@ -30,13 +25,19 @@ void Dialog::restorePlace() {
   restore(u"_WT", &Window::setWidth, place().width / 2);
 }
 
-void Dialog::savePlace() const {
-  if (minimized()) return;
-  save(u"_LT", place().left);
-  save(u"_TT", place().top);
-  if (!design().resizable) return;
-  save(u"_HT", place().height);
-  save(u"_WT", place().width);
+void Dialog::saveKeys(modSecns::IniKeys keys) const {
+  const auto add = [&](const char16_t* edge, double twips) {
+    keys.emplace_back(placeKeys_ + edge, text::decimal(static_cast<float>(twips)));
+  };
+  if (!minimized()) {
+    add(u"_LT", place().left);
+    add(u"_TT", place().top);
+  }
+  if (!minimized() && design().resizable) {
+    add(u"_HT", place().height);
+    add(u"_WT", place().width);
+  }
+  modSecns::WriteIniKeys(host_.SEC_APP_NAME, keys, host_.s_IniPathAndName);
 }
 
 void Dialog::restore(std::u16string_view edge, void (Window::*set)(double), double fallback) {
@@ -44,10 +45,6 @@ void Dialog::restore(std::u16string_view edge, void (Window::*set)(double), doub
       readKey(placeKeys_ + std::u16string(edge), text::decimal(static_cast<float>(fallback))));
   const auto twips = number ? text::roundToInt32(*number) : std::nullopt;
   if (twips) (this->*set)(*twips);
-}
-
-void Dialog::save(std::u16string_view edge, double twips) const {
-  writeKey(placeKeys_ + std::u16string(edge), text::decimal(static_cast<float>(twips)));
 }
 
 }  // namespace kvrnstep::dialogs

@@ -5,6 +5,7 @@
 
 #include "forms/toolkit.h"
 #include "plugin/host_context.h"
+#include "storage/settings_store.h"
 
 namespace kvrnstep::dialogs {
 
@@ -28,18 +29,16 @@ class Dialog : public forms::Window {
 
  protected:
   [[nodiscard]] std::u16string readKey(std::u16string_view key, std::u16string_view fallback) const;
-  void writeKey(std::u16string_view key, std::u16string_view value) const;
 
   /// Moves the window to where it was when it was last closed, the first time to the middle of the
   /// screen. One that the user can size gets its last size too, half of its own the first time. An
   /// edge whose key holds no number stays as it is.
   void restorePlace();
-  /// Nothing is kept of a window that is minimized.
-  void savePlace() const;
+  /// Keeps these keys and the place in one write. Of a window that is minimized no place is kept.
+  void saveKeys(modSecns::IniKeys keys = {}) const;
 
  private:
   void restore(std::u16string_view edge, void (Window::*set)(double), double fallback);
-  void save(std::u16string_view edge, double twips) const;
 
   forms::Toolkit& toolkit_;
   const plugin::HostContext& host_;

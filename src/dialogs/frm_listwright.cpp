@@ -63,7 +63,7 @@ void frmListwright::mnuOptions_Click(int index) {
   enum Entry { SetDefaults = 0, ClearDefaults = 1, ReopenDefaults = 2, Files = 4, Preview = 5 };
   if (index == Files) return panels_.toggleFiles();
   if (index == Preview) return panels_.togglePreview();
-  if (index == SetDefaults) writeOpenDefaults(openDefaultsPlace(), fields_.openDefaults());
+  if (index == SetDefaults) return writeOpenDefaults(openDefaultsPlace(), fields_.openDefaults());
   if (index == ReopenDefaults) ApplyOpenDefaults();
   if (index <= ReopenDefaults) switchOpenDefaults(openDefaultsPlace(), index != ClearDefaults);
 }

@@ -30,15 +30,14 @@ void frmListwright::adoptEditorLook() {
 }
 
 void frmListwright::Form_QueryUnload() {
-  writeKey(u"Display", panels_.display());
-  writeKey(u"EditorFont", txtPreview.font());
-  writeKey(u"EditorSize", text::decimal(txtPreview.fontSize()));
-  writeKey(u"SpcCount", text::decimal(std::int64_t{host().bytSpcCount}));
   for (auto& file : affixFiles_) file.save();
   setLinkCursor(0);
   stepFiles_.clear();
   for (forms::ComboBox* box : cboPreSuf.all()) box->Clear();
-  savePlace();
+  saveKeys({{u"Display", panels_.display()},
+            {u"EditorFont", txtPreview.font()},
+            {u"EditorSize", text::decimal(txtPreview.fontSize())},
+            {u"SpcCount", text::decimal(std::int64_t{host().bytSpcCount})}});
 }
 
 stepfiles::OpenDefaultsPlace frmListwright::openDefaultsPlace() const {

@@ -56,7 +56,7 @@ void frmStepBE::Form_QueryUnload() {
     image->setCursor(0);
   }
   LoadOrSaveSlots(true, storageFile());
-  savePlace();
+  saveKeys();
 }
 
 std::u16string frmStepBE::storageFile() const {

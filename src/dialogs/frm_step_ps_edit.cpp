@@ -60,7 +60,7 @@ void frmStepPSEdit::Form_QueryUnload() {
     label->setCursor(0);
   }
   lstEdit.Clear();
-  savePlace();
+  saveKeys();
 }
 
 void frmStepPSEdit::cmdOK_Click() {

@@ -1,20 +1,11 @@
 #include "platform/profile.h"
 
+#include <algorithm>
+#include <span>
+
 #include "platform/files.h"
 
 namespace kvrnstep::platform {
-
-namespace {
-
-/// What the file holds; an empty text if there is no file yet. Nothing for a file that cannot be
-/// read, because a write would destroy it.
-std::optional<std::string> bytesToChange(const std::u16string& file) {
-  auto bytes = readFile(file);
-  if (!bytes && !pathExists(file)) return std::string();
-  return bytes;
-}
-
-}  // namespace
 
 std::string getPrivateProfileString(std::string_view section, std::string_view key,
                                     std::string_view defaultValue, const std::u16string& file) {
@@ -27,14 +18,26 @@ std::string getPrivateProfileString(std::string_view section, std::string_view k
   return std::string(found.substr(0, found.find('\0')));
 }
 
-bool writePrivateProfileString(std::string_view section, std::string_view key,
-                               std::string_view value, const std::u16string& file) {
-  if (!isProfileName(section, key)) return false;
-  if (const auto done = native::writeProfileString(section, key, value, file)) return *done;
-  const auto bytes = bytesToChange(file);
-  if (!bytes) return false;
-  const std::string changed = withProfileValue(*bytes, section, key, value);
-  return changed == *bytes || replaceFile(file, changed);
+bool writePrivateProfileStrings(std::string_view section, const std::vector<ProfileKey>& keys,
+                                const std::u16string& file) {
+  const auto isRight = [&](const ProfileKey& key) { return isProfileName(section, key.name); };
+  if (!std::ranges::all_of(keys, isRight)) return false;
+  bool done = true;
+  for (std::span rest(keys); !rest.empty();) {
+    const auto some = rest.first(std::min(rest.size(), native::kKeysAtOnce));
+    rest = rest.subspan(some.size());
+    const ProfileKey& first = some.front();
+    const auto bySystem = native::writeProfileString(section, first.name, first.value, file);
+    const auto withSome = [&](std::string_view bytes) {
+      std::string changed(bytes);
+      for (const auto& [name, value] : some) {
+        changed = withProfileValue(changed, section, name, value);
+      }
+      return changed;
+    };
+    done = (bySystem ? *bySystem : changeFile(file, withSome)) && done;
+  }
+  return done;
 }
 
 }  // namespace kvrnstep::platform

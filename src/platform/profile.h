@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// The system's profile functions, for files of the layout
 ///
@@ -22,11 +23,17 @@ namespace kvrnstep::platform {
 std::string getPrivateProfileString(std::string_view section, std::string_view key,
                                     std::string_view defaultValue, const std::u16string& file);
 
-/// Writes a key as WritePrivateProfileStringA does, as one replacement of the file.
-/// @return false, and the file is unchanged, when it could not be written or `isProfileName` says
-///         no
-bool writePrivateProfileString(std::string_view section, std::string_view key,
-                               std::string_view value, const std::u16string& file);
+struct ProfileKey {
+  std::string name;
+  std::string value;
+};
+
+/// Writes keys as WritePrivateProfileStringA does, one after the other. Where the system has no
+/// such function they are one change of the file, during which nobody else makes one by this
+/// function.
+/// @return false when one could not be written or `isProfileName` says no to any
+bool writePrivateProfileStrings(std::string_view section, const std::vector<ProfileKey>& keys,
+                                const std::u16string& file);
 
 /// The value of a key in the bytes of a file, NULs included; a part of `bytes`. Nothing when the
 /// section or the key is missing.
@@ -55,11 +62,13 @@ inline std::string_view firstLine(std::string_view value) {
 namespace native {
 
 #ifdef _WIN32
+inline constexpr std::size_t kKeysAtOnce = 1;
 std::optional<std::string> profileString(std::string_view section, std::string_view key,
                                          std::string_view defaultValue, const std::u16string& file);
 std::optional<bool> writeProfileString(std::string_view section, std::string_view key,
                                        std::string_view value, const std::u16string& file);
 #else
+inline constexpr auto kKeysAtOnce = static_cast<std::size_t>(-1);
 inline std::optional<std::string> profileString(auto&&... /*all*/) {
   return std::nullopt;
 }

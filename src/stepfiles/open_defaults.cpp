@@ -11,13 +11,11 @@ namespace kvrnstep::stepfiles {
 
 namespace {
 
+constexpr std::u16string_view kSwitch = u"UseDefault";
+
 std::u16string read(const OpenDefaultsPlace& place, std::u16string_view key,
                     std::u16string_view fallback) {
   return modSecns::ReadIniKey(place.section, key, fallback, place.settingsFile);
-}
-
-void write(const OpenDefaultsPlace& place, std::u16string_view key, std::u16string_view value) {
-  modSecns::WriteIniKey(place.section, key, value, place.settingsFile);
 }
 
 std::optional<std::int16_t> number(std::u16string_view value) {
@@ -48,28 +46,32 @@ OpenDefaults readOpenDefaults(const OpenDefaultsPlace& place) {
 }
 
 void writeOpenDefaults(const OpenDefaultsPlace& place, const OpenDefaults& defaults) {
-  if (defaults.Selection) write(place, u"Selection", text::decimal(*defaults.Selection));
+  modSecns::IniKeys keys;
+  if (defaults.Selection) keys.emplace_back(u"Selection", text::decimal(*defaults.Selection));
   for (std::size_t i = 0; i < defaults.Option.size(); ++i) {
-    if (const auto option = defaults.Option.at(i))
-      write(place, optionKey(i), text::decimal(*option));
+    if (const auto option = defaults.Option.at(i)) {
+      keys.emplace_back(optionKey(i), text::decimal(*option));
+    }
   }
   for (std::size_t i = 0; i < kTypedDefaults.size(); ++i) {
     const TypedDefault& row = kTypedDefaults.at(i);
     const std::u16string& typed = defaults.typed.at(i);
     if (row.file.empty()) {
-      write(place, row.key, typed);
+      keys.emplace_back(row.key, typed);
     } else {
       storage::WriteTextFile(text::inFolder(place.stepFolder, row.file), typed);
     }
   }
+  keys.emplace_back(kSwitch, u"1");
+  modSecns::WriteIniKeys(place.section, keys, place.settingsFile);
 }
 
 bool openDefaultsOn(const OpenDefaultsPlace& place) {
-  return read(place, u"UseDefault", u"0") != u"0";
+  return read(place, kSwitch, u"0") != u"0";
 }
 
 void switchOpenDefaults(const OpenDefaultsPlace& place, bool on) {
-  write(place, u"UseDefault", on ? u"1" : u"0");
+  modSecns::WriteIniKey(place.section, kSwitch, on ? u"1" : u"0", place.settingsFile);
 }
 
 }  // namespace kvrnstep::stepfiles

@@ -45,7 +45,7 @@ struct OpenDefaultsPlace {
 /// What is not stored is as in the dialog's design.
 OpenDefaults readOpenDefaults(const OpenDefaultsPlace& place);
 
-/// Empty fields are not written.
+/// Stores them and switches them on. Empty fields are not written.
 void writeOpenDefaults(const OpenDefaultsPlace& place, const OpenDefaults& defaults);
 
 /// The key "UseDefault": on unless it is exactly "0".

@@ -33,8 +33,14 @@ std::u16string ReadIniKey(std::u16string_view sSection, std::u16string_view sKey
 
 void WriteIniKey(std::u16string_view sSection, std::u16string_view sKey, std::u16string_view sValue,
                  const std::u16string& sIniFile) {
-  platform::writePrivateProfileString(argument(sSection), argument(sKey), argument(sValue),
-                                      sIniFile);
+  WriteIniKeys(sSection, {{std::u16string(sKey), std::u16string(sValue)}}, sIniFile);
+}
+
+void WriteIniKeys(std::u16string_view sSection, const IniKeys& keys,
+                  const std::u16string& sIniFile) {
+  std::vector<platform::ProfileKey> bytes;
+  for (const auto& [key, value] : keys) bytes.push_back({argument(key), argument(value)});
+  platform::writePrivateProfileStrings(argument(sSection), bytes, sIniFile);
 }
 
 }  // namespace kvrnstep::modSecns

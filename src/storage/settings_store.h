@@ -2,6 +2,8 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 /// The settings of the plug-in, kept as keys of the settings file that the host names. Nothing is
 /// cached: every call reads or writes the file.
@@ -13,8 +15,14 @@ namespace kvrnstep::modSecns {
 std::u16string ReadIniKey(std::u16string_view sSection, std::u16string_view sKey,
                           std::u16string_view sDefault, const std::u16string& sIniFile);
 
-/// Stores a value, creating file, section and key as needed. Texts end at their first NUL. A
-/// write that fails is lost and leaves the file as it was.
+/// Keys and their values.
+using IniKeys = std::vector<std::pair<std::u16string, std::u16string>>;
+
+/// Stores values, creating file, section and keys as needed, all at once where that is possible: so
+/// neither another dialog nor a host finds some of them only. Texts end at their first NUL, values
+/// at their first line break. A write that fails is lost and leaves the file as it was.
+void WriteIniKeys(std::u16string_view sSection, const IniKeys& keys,
+                  const std::u16string& sIniFile);
 void WriteIniKey(std::u16string_view sSection, std::u16string_view sKey, std::u16string_view sValue,
                  const std::u16string& sIniFile);
 

@@ -19,7 +19,9 @@
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 typedef void (*Function)(void);
@@ -100,6 +102,12 @@ WRAP(int, rename, (const char* from, const char* to), below(from), -1, (from, to
 WRAP(int, unlink, (const char* path), below(path), -1, (path))
 WRAP(int, fchown, (int file, uid_t user, gid_t group), isWatched(file), -1, (file, user, group))
 WRAP(int, fchmod, (int file, mode_t mode), isWatched(file), -1, (file, mode))
+WRAP(int, flock, (int file, int how), isWatched(file), -1, (file, how))
+WRAP(ssize_t, getxattr, (const char* path, const char* name, void* value, size_t size), below(path),
+     -1, (path, name, value, size))
+WRAP(ssize_t, listxattr, (const char* path, char* names, size_t size), below(path), -1,
+     (path, names, size))
+WRAP(int, fremovexattr, (int file, const char* name), isWatched(file), -1, (file, name))
 WRAP(struct dirent*, readdir, (DIR * folder), isWatched(dirfd(folder)), NULL, (folder))
 
 DIR* opendir(const char* path) {

@@ -210,17 +210,17 @@ TEST(ProfileFile, Reads) {
 
 TEST(ProfileFile, IsWrittenOrLeftAlone) {
   const tests::TemporaryFolder folder;
-  EXPECT_TRUE(writePrivateProfileString("Sec", "Key", "1", folder("ini")));
-  EXPECT_TRUE(writePrivateProfileString("Sec", "Key", std::string(300, 'v'), folder("ini")));
+  EXPECT_TRUE(writePrivateProfileStrings("Sec", {{"Key", "1"}}, folder("ini")));
+  EXPECT_TRUE(writePrivateProfileStrings("Sec", {{"Key", std::string(300, 'v')}}, folder("ini")));
   EXPECT_EQ(folder.get("ini"), "[Sec]\r\nKey=" + std::string(300, 'v') + "\r\n");
   for (const auto* name : {"ini", "other"}) {
-    EXPECT_FALSE(writePrivateProfileString("Sec", "K=y", "1", folder(name)));
+    EXPECT_FALSE(writePrivateProfileStrings("Sec", {{"K=y", "1"}}, folder(name)));
   }
   for (const auto* name : {"missing/ini", ""}) {
-    EXPECT_FALSE(writePrivateProfileString("Sec", "Key", "1", folder(name)));
+    EXPECT_FALSE(writePrivateProfileStrings("Sec", {{"Key", "1"}}, folder(name)));
   }
   folder.setMode("ini", 0444);
-  EXPECT_FALSE(writePrivateProfileString("Sec", "Key", "2", folder("ini")));
+  EXPECT_FALSE(writePrivateProfileStrings("Sec", {{"Key", "2"}}, folder("ini")));
   folder.setMode("ini", 0644);
   EXPECT_EQ(folder.names(), std::set<std::string>{"ini"});
 }

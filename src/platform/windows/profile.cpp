@@ -59,7 +59,8 @@ std::optional<bool> writeProfileString(std::string_view section, std::string_vie
   if (!path) return std::nullopt;
   if (targetAt(pathOf(file)) == Target::kOther) return false;
   return ::WritePrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(),
-                                      std::string(firstLine(value)).c_str(), path->c_str()) != FALSE;
+                                      std::string(firstLine(value)).c_str(),
+                                      path->c_str()) != FALSE;
 }
 
 }  // namespace kvrnstep::platform::native

@@ -4,10 +4,16 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
+#include <csignal>
+#include <cstdlib>
 #include <exception>
 #include <functional>
+#include <future>
+#include <tuple>
+#include <vector>
 
 #include "platform/files.h"
 #include "platform/module.h"
@@ -21,9 +27,10 @@ namespace {
 using Names = std::set<std::string>;
 
 /// Runs the work in a process of its own. Whether it ended well there.
-bool inOtherProcess(const std::function<bool()>& work) {
+bool inOtherProcess(const std::function<bool()>& work, pid_t* number = nullptr) {
   const pid_t child = ::fork();
   if (child == 0) ::_exit(work() ? 0 : 1);
+  if (number != nullptr) *number = child;
   int status = -1;
   ::waitpid(child, &status, 0);
   return status == 0;
@@ -122,8 +129,9 @@ TEST_F(PosixFiles, KeepTheirPermissions) {
   // Settings that cannot be read are not replaced by one key.
   folder.setMode("", 0777);
   folder.setMode("file", 0222);
-  EXPECT_FALSE(
-      asOrdinaryUser([&] { return writePrivateProfileString("Sec", "Key", "2", folder("file")); }));
+  EXPECT_FALSE(asOrdinaryUser([&] {
+    return writePrivateProfileStrings("Sec", {{"Key", "2"}}, folder("file"));
+  }));
 }
 
 TEST_F(PosixFiles, KeepTheirOwnerWhereAllowed) {
@@ -139,13 +147,16 @@ TEST_F(PosixFiles, KeepTheirOwnerWhereAllowed) {
   ASSERT_EQ(::stat(folder.native("file").c_str(), &state), 0);
   EXPECT_TRUE(state.st_uid == 12345 && state.st_gid == 23456 && folder.mode("file") == 04640);
 
-  // The rights of the owner, and of the group, do not pass to somebody else.
+  // The rights of the owner do not pass to somebody else. Where the group is another one, it and
+  // everybody have what both had.
   folder.setMode("", 0777);
-  for (const gid_t group : {gid_t{0}, gid_t{kNobody}}) {
-    own(0, group, 06777);
+  for (const auto& [group, before, after] :
+       {std::tuple{0U, 06777U, 0777U}, std::tuple{0U, 0676U, 0666U}, std::tuple{0U, 0626U, 0622U},
+        std::tuple{kNobody, 06676U, 0676U}}) {
+    own(0, group, before);
     ASSERT_TRUE(asOrdinaryUser([&] { return replaceFile(folder("file"), "new"); }));
     EXPECT_EQ(folder.get("file"), "new");
-    EXPECT_EQ(folder.mode("file"), 0777U);
+    EXPECT_EQ(folder.mode("file"), after);
   }
   own(0, 0, 0644);
   EXPECT_FALSE(asOrdinaryUser([&] { return replaceFile(folder("file"), "new"); }));
@@ -153,38 +164,123 @@ TEST_F(PosixFiles, KeepTheirOwnerWhereAllowed) {
   EXPECT_EQ(folder.names(), Names{"file"});
 }
 
-TEST_F(PosixFiles, StayInAFolderThatTakesNone) {
+TEST_F(PosixFiles, KeepTheirAttributes) {
+  constexpr const char* kList = "system.posix_acl_access";
+  // For the owner, user 65534, the group, the mask and everybody.
+  const auto list = [](char group) {
+    std::string bytes("\2\0\0\0", 4);
+    for (const auto& [tag, rights] : {std::pair{1, 6}, {2, 6}, {4, int{group}}, {16, 6}, {32, 0}}) {
+      bytes += {static_cast<char>(tag), 0, static_cast<char>(rights), 0};
+      bytes += tag == 2 ? std::string("\xFE\xFF\0\0", 4) : "\xFF\xFF\xFF\xFF";
+    }
+    return bytes;
+  };
+  const auto set = [this](const char* name, const char* which, const std::string& bytes) {
+    return ::setxattr(folder.native(name).c_str(), which, bytes.data(), bytes.size(), 0) == 0;
+  };
+  const auto get = [this](const char* name, const char* which) {
+    std::string bytes(100, 0);
+    const auto size = ::getxattr(folder.native(name).c_str(), which, bytes.data(), bytes.size());
+    return size < 0 ? "" : bytes.substr(0, static_cast<std::size_t>(size));
+  };
+  for (const auto* name : {"plain", "listed"}) folder.put(name, "old");
+  folder.setMode("plain", 0660);
+  folder.setMode("", 0777);
+  if (!set("listed", kList, list(4)) || !set("listed", "user.kept", "v")) GTEST_SKIP();
+  // What new files there get is not for those that take the place of others.
+  ASSERT_TRUE(set("", "system.posix_acl_default", list(6)));
+  for (const auto* name : {"plain", "listed"}) ASSERT_TRUE(replaceFile(folder(name), "new"));
+  EXPECT_EQ(get("plain", kList), "");
+  EXPECT_EQ(folder.mode("plain"), 0660U);
+  EXPECT_EQ(get("listed", kList), list(4));
+  EXPECT_EQ(get("listed", "user.kept"), "v");
+  if (::geteuid() != 0) return;
+  ASSERT_TRUE(asOrdinaryUser([&] { return replaceFile(folder("listed"), "newer"); }));
+  EXPECT_EQ(get("listed", kList), list(0)) << "the group is another one";
+  EXPECT_EQ(get("listed", "user.kept"), "v");
+}
+
+/// From now on the process cannot make a file longer than three bytes.
+void limitFiles() {
+  constexpr rlimit kThreeBytes{3, 3};
+  ::setrlimit(RLIMIT_FSIZE, &kThreeBytes);
+}
+
+TEST_F(PosixFiles, AreWrittenInPlaceInAFolderThatTakesNone) {
+  const tests::TemporaryFolder state;
+  state.setMode("", 0777);
   folder.put("file", "old");
   folder.setMode("file", 0666);
   folder.setMode("", 0555);
-  EXPECT_FALSE(asOrdinaryUser(
-      [&] { return replaceFile(folder("file"), "new") || replaceFile(folder("other"), "new"); }));
+  const auto replace = [&](const char* name, const char* bytes) {
+    ::setenv("XDG_STATE_HOME", state.native("").c_str(), 1);
+    return replaceFile(folder(name), bytes);
+  };
+  EXPECT_TRUE(asOrdinaryUser([&] {
+    limitFiles();
+    return !replace("file", "longer") && folder.get("file") == "old";
+  }));
+  EXPECT_TRUE(asOrdinaryUser([&] { return replace("file", "longer") && replace("file", "new"); }));
+  EXPECT_FALSE(asOrdinaryUser([&] { return replace("other", "new"); }));
   folder.setMode("", 0755);
+  EXPECT_EQ(folder.get("file"), "new");
+  EXPECT_EQ(folder.names(), Names{"file"});
+  EXPECT_TRUE(std::filesystem::is_empty(state.path("listwright")));
+}
+
+TEST_F(PosixFiles, TooLongOnesEndNoProcess) {
+  folder.put("file", "old");
+  EXPECT_TRUE(inOtherProcess([&] {
+    limitFiles();
+    sigset_t pending;
+    const bool refused =
+        !replaceFile(folder("file"), "longer") && !replaceFile(folder("a"), "long");
+    return refused && ::sigpending(&pending) == 0 && ::sigismember(&pending, SIGXFSZ) == 0;
+  }));
   EXPECT_EQ(folder.get("file"), "old");
   EXPECT_EQ(folder.names(), Names{"file"});
 }
 
 TEST_F(PosixFiles, ThatAKilledProcessLeaves) {
-  folder.put("file", "old");
-  folder.setMode("file", 0644);
-  // The system kills who writes more than it may.
-  EXPECT_FALSE(inOtherProcess([&] {
-    constexpr rlimit kThreeBytes{3, 3};
-    ::setrlimit(RLIMIT_FSIZE, &kThreeBytes);
-    return replaceFile(folder("file"), "longer");
-  }));
+  pid_t gone = 0;
+  ASSERT_TRUE(inOtherProcess([] { return true; }, &gone));
+  const std::string start = ".kvrnstep-" + std::to_string(gone);
+  const Names others{"file",      ".kvrnstep-1-0", ".kvrnstep-",  start,
+                     start + "-", start + "-x",    start + "-0-0"};
+  for (const auto& name : others) folder.put(name, "");
+  folder.put(start + "-12", "left");
+  link("file", (start + "-1").c_str());
+  EXPECT_TRUE(replaceFile(folder("file"), "new"));
   Names left = folder.names();
-  left.erase("file");
-  ASSERT_EQ(left.size(), 1U);
-  EXPECT_EQ(folder.mode(*left.begin()), 0600U) << "nobody else may read what is being written";
-  EXPECT_EQ(folder.get("file"), "old");
-  // They are in nobody's way.
+  EXPECT_EQ(left.erase(start + "-1"), 1U);
+  EXPECT_EQ(left, others);
+  // Names that are taken are in nobody's way.
   EXPECT_TRUE(inOtherProcess([&] {
-    const std::string start = ".kvrnstep-" + std::to_string(::getpid()) + "-";
-    for (int i = 0; i < 50; ++i) folder.put(start + std::to_string(i), "left");
-    return replaceFile(folder("file"), "new") && folder.names().size() == 52;
+    for (int i = 0; i < 50; ++i) {
+      folder.put(".kvrnstep-" + std::to_string(::getpid()) + "-" + std::to_string(i), "left");
+    }
+    return replaceFile(folder("file"), "newer") && folder.names().size() == others.size() + 51;
   }));
-  EXPECT_EQ(folder.get("file"), "new");
+  EXPECT_EQ(folder.get("file"), "newer");
+}
+
+TEST_F(PosixFiles, OfSettingsLoseNoKeyWhereSeveralWrite) {
+  const auto write = [this](const std::string& who) {
+    int lost = 0;
+    for (int round = 0; round < 50; ++round) {
+      const std::string value = std::to_string(round);
+      writePrivateProfileStrings("Sec", {{who, value}, {"Of" + who, value}}, folder("ini"));
+      for (const auto& key : {who, "Of" + who}) {
+        lost += getPrivateProfileString("Sec", key, "", folder("ini")) == value ? 0 : 1;
+      }
+    }
+    return lost;
+  };
+  std::vector<std::future<int>> writers;
+  for (const auto* who : {"Dialog", "Other", "Host"}) {
+    writers.push_back(std::async(std::launch::async, write, who));
+  }
+  for (auto& writer : writers) EXPECT_EQ(writer.get(), 0);
 }
 
 TEST(Module, FolderIsThatOfTheLoadedFileWhateverTheWorkingFolder) {

@@ -96,7 +96,7 @@ TEST_F(FileText, SettingsFilesOfEveryName) {
   const std::u16string longName(200, u'n');
   for (const auto& name : {std::u16string(u"steps.ini"), std::u16string(u".\\\u4E00.ini"),
                            folder(std::string(150, 'm')) + longName.substr(0, 50)}) {
-    EXPECT_TRUE(writePrivateProfileString("Sec", "K", "v\x81\xE9", name));
+    EXPECT_TRUE(writePrivateProfileStrings("Sec", {{"K", "v\x81\xE9"}}, name));
     EXPECT_EQ(getPrivateProfileString("sec", "k", "", name), "v\x81\xE9");
   }
   EXPECT_EQ(folder.names().size(), 3U);
