@@ -33,13 +33,14 @@ constexpr std::u16string_view kViolation = u"File name extension violation occur
 
 /// A path with the extension ".step" in place of another one: the plain name, or the first one
 /// with a number behind it that is not in use.
-std::u16string replacementPath(const std::u16string& path) {
+/// @param inUse set to whether all of them are
+std::u16string replacementPath(const std::u16string& path, bool& inUse) {
   constexpr int kMostNumbers = 32000;
   const std::u16string base =
       PathPart(path, PathMode::FolderSeparated) + PathPart(path, PathMode::BaseName);
   std::u16string replacement = base;
   replacement += stepfiles::kStepExtension;
-  for (int n = 0; storage::PathExists(replacement) && n <= kMostNumbers;) {
+  for (int n = 0; (inUse = storage::PathExists(replacement)) && n <= kMostNumbers;) {
     replacement = base + text::decimal(++n);
     replacement += stepfiles::kStepExtension;
   }
@@ -87,12 +88,14 @@ void frmListwright::SaveStepFileAs() {
 }
 
 void frmListwright::saveUnderStepExtension(const std::u16string& path) {
-  const std::u16string replacement = replacementPath(path);
+  bool inUse = false;
+  const std::u16string replacement = replacementPath(path, inUse);
   std::u16string text(kViolation);
   text += u"\n\n" + PathPart(path, PathMode::FileName) + u"\n\nWill be changed to:\n\n" +
           PathPart(replacement, PathMode::FileName);
   toolkit().showMessage({forms::MessageIcon::Exclamation, std::u16string(kViolation), text});
-  stepfiles::writeStepFile(replacement, fields_.settingsForFile());
+  // What the system does not tell about counts as not there, and must not be lost by that.
+  stepfiles::writeStepFile(replacement, fields_.settingsForFile(), !inUse);
 }
 
 }  // namespace kvrnstep::dialogs

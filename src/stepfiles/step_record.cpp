@@ -59,9 +59,10 @@ std::optional<std::string> readStepFile(const std::u16string& path) {
   return platform::readFile(path, kLargestStepFile);
 }
 
-bool writeStepFile(const std::u16string& path, const ListSettings& settings) {
+bool writeStepFile(const std::u16string& path, const ListSettings& settings, bool isNew) {
   const std::string bytes = formatStepRecord(settings);
-  return bytes.size() <= kLargestStepFile && platform::replaceFile(path, bytes);
+  const auto write = isNew ? platform::saveNewFile : platform::replaceFile;
+  return bytes.size() <= kLargestStepFile && write(path, bytes);
 }
 
 }  // namespace kvrnstep::stepfiles

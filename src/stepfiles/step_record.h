@@ -34,6 +34,8 @@ std::optional<std::string> readStepFile(const std::u16string& path);
 
 /// Writes a step file in place of what the path names. False when it cannot be written or would be
 /// too large.
-bool writeStepFile(const std::u16string& path, const generator::ListSettings& settings);
+/// @param isNew writes nothing if something has that name
+bool writeStepFile(const std::u16string& path, const generator::ListSettings& settings,
+                   bool isNew = false);
 
 }  // namespace kvrnstep::stepfiles

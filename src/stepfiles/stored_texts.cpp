@@ -25,10 +25,7 @@ StoredTexts parseStoredTexts(std::string_view bytes) {
 }
 
 std::optional<StoredTexts> readStoredTexts(const std::u16string& path) {
-  if (!storage::FileExists(path)) {
-    platform::createEmptyFile(path);
-    return StoredTexts();
-  }
+  if (!storage::FileExists(path)) platform::createEmptyFile(path);
   const auto bytes = platform::readFile(path);
   if (!bytes) return std::nullopt;
   return parseStoredTexts(*bytes);

@@ -24,8 +24,7 @@ std::string formatStoredTexts(const StoredTexts& texts);
 /// The texts in the bytes of such a file; further records are not read, missing ones are empty.
 StoredTexts parseStoredTexts(std::string_view bytes);
 
-/// Reads the file, which is created empty when it is missing and can be created. Nothing when it
-/// is there and cannot be read.
+/// Reads the file, which is created empty when it is missing. Nothing when it cannot be read.
 std::optional<StoredTexts> readStoredTexts(const std::u16string& path);
 
 /// Replaces the file. False when it cannot be written; it is then unchanged.
