@@ -146,7 +146,7 @@ mv was steps
 # An ordinary user in a folder that is only to be read.
 [ "$(id -u)" -ne 0 ] || as_user='setpriv --reuid=65534 --regid=65534 --clear-groups'
 chmod 755 "$work"
-chmod a-w steps .
+chmod -R a-w .
 before=$(sum)
 if ${as_user:-} test -x "$stepdrive" -a -x "$work"; then
   # shellcheck disable=SC2086 # words
@@ -160,7 +160,7 @@ if ${as_user:-} test -x "$stepdrive" -a -x "$work"; then
 else
   echo 'an ordinary user cannot run stepdrive here'
 fi
-chmod u+w steps .
+chmod -R u+w .
 unchanged 'a folder to be read only was changed'
 
 # A disk with no room: no file takes more than 1 KiB, and all that are saved need more.

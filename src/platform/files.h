@@ -31,13 +31,15 @@ bool replaceFile(const std::u16string& path, std::string_view bytes);
 /// As `replaceFile`, but false if something of that name is there.
 bool saveNewFile(const std::u16string& path, std::string_view bytes);
 
-/// Replaces what a file holds by what `change` makes of it, of nothing for a file that is missing.
+/// What a file is to hold, by what it holds; nothing for a file that is missing.
+using Change = std::function<std::string(std::optional<std::string_view> bytes)>;
+
+/// Replaces what a file holds by what `change` makes of it, which can be asked more than once.
 /// Meanwhile no other caller changes a file of that folder, where the system locks folders. If
 /// others change the file nevertheless, their content is changed in turn.
 /// False, and nothing has changed, when the file is there and cannot be read, or cannot be
 /// replaced.
-bool changeFile(const std::u16string& path,
-                const std::function<std::string(std::string_view bytes)>& change);
+bool changeFile(const std::u16string& path, const Change& change);
 
 /// Creates an empty file; one that is there already keeps its content. False when it can neither be
 /// created nor opened for writing.

@@ -28,8 +28,8 @@ bool writePrivateProfileStrings(std::string_view section, const std::vector<Prof
     rest = rest.subspan(some.size());
     const ProfileKey& first = some.front();
     const auto bySystem = native::writeProfileString(section, first.name, first.value, file);
-    const auto withSome = [&](std::string_view bytes) {
-      std::string changed(bytes);
+    const auto withSome = [&](std::optional<std::string_view> bytes) {
+      std::string changed(bytes.value_or(""));
       for (const auto& [name, value] : some) {
         changed = withProfileValue(changed, section, name, value);
       }

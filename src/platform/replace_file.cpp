@@ -136,25 +136,22 @@ bool saveNewFile(const std::u16string& path, std::string_view bytes) {
   return save(path, bytes, [&path] { return nothingIsAt(path); });
 }
 
-bool changeFile(const std::u16string& path,
-                const std::function<std::string(std::string_view bytes)>& change) {
+bool changeFile(const std::u16string& path, const Change& change) {
   constexpr int kMostAttempts = 20;
-  // A file that is there and cannot be read is not replaced by what is to be changed of it.
-  const auto read = [&path] {
-    auto bytes = readFile(path);
-    if (!bytes && nothingIsAt(path)) return std::optional<std::string>("");
-    return bytes;
-  };
   const auto target = native::withoutLinks(native::pathOf(path));
   if (!target) return false;
   const File lock = native::lockFolder(native::folderPart(*target));
   for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
-    const auto before = read();
-    if (!before) return false;
+    const auto before = readFile(path);
+    // A file that is there and cannot be read is not replaced by what is to be changed of it.
+    if (!before && !nothingIsAt(path)) return false;
+    const std::string changed = change(before);
+    if (changed == before) return true;
     bool asBefore = true;
-    const std::string changed = change(*before);
-    if (changed == *before) return true;
-    if (save(path, changed, [&] { return asBefore = read() == before; })) return true;
+    const auto mayGoOn = [&] {
+      return asBefore = readFile(path) == before && (before || nothingIsAt(path));
+    };
+    if (save(path, changed, mayGoOn)) return true;
     if (asBefore) return false;
   }
   return false;

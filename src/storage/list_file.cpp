@@ -58,18 +58,18 @@ const ListEntries& ListFile::load() {
 
 void ListFile::save(const ListEntries& edited) {
   if (edited == loaded_) return;
-  // Of a file that has gone nothing counts as deleted by others.
-  if (!FileExists(path_)) loaded_.clear();
-  const auto bytes = platform::readFile(path_);
-  if (!bytes && FileExists(path_)) return;
-  const auto [found, rest] = parseList(bytes.value_or(""));
-  const ListEntries kept = without(edited, without(loaded_, found));
-  const ListEntries added = without(without(found, loaded_), without(edited, loaded_));
-  std::u16string lines;
-  for (const auto* entries : {&kept, &added}) {
-    for (const auto& entry : *entries) lines += entry + u"\r\n";
-  }
-  platform::replaceFile(path_, text::toBytes(lines + rest));
+  platform::changeFile(path_, [&](std::optional<std::string_view> bytes) {
+    // Of a file that has gone nothing counts as deleted by others.
+    if (!bytes) loaded_.clear();
+    const auto [found, rest] = parseList(bytes.value_or(""));
+    const ListEntries kept = without(edited, without(loaded_, found));
+    const ListEntries added = without(without(found, loaded_), without(edited, loaded_));
+    std::u16string lines;
+    for (const auto* entries : {&kept, &added}) {
+      for (const auto& entry : *entries) lines += entry + u"\r\n";
+    }
+    return text::toBytes(lines + rest);
+  });
 }
 
 }  // namespace kvrnstep::storage
