@@ -18,6 +18,10 @@
 namespace kvrnstep::text {
 namespace {
 
+TEST(TrimBlanks, LeavesNothingOfBlanksAlone) {
+  EXPECT_EQ(trimBlanks(u"   "), u"");
+}
+
 TEST(Captions, AreReadWithoutMarks) {
   EXPECT_EQ(withoutMnemonic(u"&Save A&&B &"), u"Save A&B ");
   EXPECT_EQ(joined({u"a", u"", u"b"}), u"a  b");
