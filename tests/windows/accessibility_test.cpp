@@ -9,7 +9,7 @@
 #include <string>
 #include <tuple>
 
-#include "../pictures/scenes.h"
+#include "../../tools/pictures/scenes.h"
 #include "forms/user_actions.h"
 #include "windows_toolkit.h"
 

@@ -16,7 +16,7 @@
 
 #include "driven/ticker.h"
 #include "forms/user_actions.h"
-#include "pictures/scenes.h"
+#include "scenes.h"
 #include "windows_toolkit.h"
 
 using namespace kvrnstep;
