@@ -26,6 +26,12 @@ TEST(Sort, ByCodeUnits) {
   QuickSortStrings(part, 1, 2);
   QuickSortStrings(part, 3, 0);
   EXPECT_EQ(part, (Items{u"d", u"b", u"c", u"a"}));
+
+  forms::Window window(frmStepPSEditDesign);
+  auto& list = static_cast<forms::ListBox&>(*window.find("lstEdit", -1));
+  for (const auto* entry : {u"c", u"b", u"a"}) list.AddItem(entry);
+  SortList(list);
+  EXPECT_EQ(list.entries().items, (Items{u"a", u"b", u"c"}));
 }
 
 TEST(ScreenPlace, IsNearAndOnTheScreens) {

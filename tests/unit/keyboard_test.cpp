@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <set>
 
 #include "dialogs/frm_listwright.h"
@@ -74,6 +75,78 @@ TEST(Keyboard, AReleaseCountsInTheBoxThatSawThePress) {
   userPressedKey(*window.find("optNA", 0), '5');
   for (const KeyCode key : {'3', '4', '5'}) EXPECT_FALSE(userReleasedKey(window, key));
   EXPECT_EQ(released, "end end start ");
+}
+
+constexpr auto kUsed = std::to_array<ControlRow>({
+    {.kind = Kind::OptionButton, .name = "off", .place = {0, 0, 40, 10}, .tab = 1},
+    {.kind = Kind::CheckBox, .name = "check", .place = {100, 0, 40, 10}},
+    {.kind = Kind::ListBox, .name = "list", .place = {50, 10, 40, 30}},
+    {.kind = Kind::TextBox, .name = "lines", .place = {0, 60, 40, 20}, .multiLine = true},
+    {.kind = Kind::Button,
+     .name = "ok",
+     .place = {0, 90, 40, 20},
+     .caption = u"R&&D",
+     .clickedByEnter = true},
+    {.kind = Kind::Label, .name = "label", .place = {0, 120, 20, 10}, .buddy = "number"},
+    {.kind = Kind::TextBox, .name = "number", .place = {30, 120, 20, 10}, .tab = 2},
+    {.kind = Kind::Spinner,
+     .name = "spin",
+     .place = {60, 120, 10, 10},
+     .enabled = false,
+     .buddy = "number",
+     .maximum = 9},
+    {.kind = Kind::Frame, .name = "hidden", .place = {0, 0, 300, 300}, .visible = false},
+});
+constexpr WindowDesign kUse{.name = "Use",
+                            .caption = u"",
+                            .place = {0, 0, 6000, 6000},
+                            .twipsPerUnit = 15,
+                            .controls = kUsed};
+
+class Use : public testing::Test {
+ protected:
+  template <class T>
+  T& the(std::string_view name) {
+    return static_cast<T&>(*window.find(name, -1));
+  }
+  Window window{kUse};
+};
+
+TEST_F(Use, AListKeepsItsSelectionWhileItChanges) {
+  auto& list = the<ListBox>("list");
+  for (const auto* entry : {u"a", u"b", u"c", u"d"}) list.AddItem(entry);
+  list.setTopIndex(3);
+  EXPECT_TRUE(userPressedCommandKey(list, CommandKey::Down));
+  EXPECT_EQ(list.entries().selected, list.firstInView()) << "an arrow begins with what is seen";
+  list.setIndex(2);
+  list.InsertItem(2, u"new");
+  EXPECT_EQ(list.entries().selected, 3);
+  list.RemoveItem(0);
+  userClickedEntry(list, -1);
+  EXPECT_EQ(list.entries().selected, 2) << "a click beside the entries is none";
+  list.setTopIndex(3);
+  list.RemoveItem(3);
+  EXPECT_EQ(list.topIndex(), 2);
+}
+
+TEST_F(Use, ControlsTakeWhatIsMeantForThem) {
+  userClicked(the<CheckBox>("check"));
+  EXPECT_EQ(the<CheckBox>("check").value(), 1) << "a hidden frame covers nothing";
+  the<CheckBox>("check").setValue(2);
+  userClicked(the<CheckBox>("check"));
+  EXPECT_EQ(the<CheckBox>("check").value(), 1) << "grey becomes checked";
+  userSpun(the<Spinner>("spin"), true);
+  EXPECT_EQ(the<Spinner>("spin").value(), 0) << "it is disabled";
+  the<Control>("ok").onClick = [](int /*index*/) { FAIL() << "Enter is the box's"; };
+  EXPECT_FALSE(userPressedCommandKey(the<TextBox>("lines"), CommandKey::Enter));
+  EXPECT_EQ(mnemonicOf(the<Control>("ok")), 0);
+}
+
+TEST_F(Use, TabGoesByTurnThenByLine) {
+  std::string order;
+  for (const Control* control : tabOrder(window)) order += control->scriptName() + ' ';
+  EXPECT_EQ(order, "off label number check list lines ok spin ");
+  EXPECT_EQ(firstFocus(window), &the<Control>("number")) << "an option that is off takes no focus";
 }
 
 }  // namespace

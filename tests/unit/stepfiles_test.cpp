@@ -52,6 +52,8 @@ TEST(StepRecord, TakesWhatOthersWrite) {
   EXPECT_EQ(large.Prefix, u"open");
   EXPECT_EQ(large.LineSpacing, -32768);
   EXPECT_EQ(large.Start, 32767);
+  EXPECT_EQ(withinRanges({.Start = 50, .Count = 9}), (ListSettings{.Start = 9, .Count = 9}));
+  EXPECT_EQ(withinRanges({.Start = 0, .Count = 0}), (ListSettings{.Start = 1, .Count = 1}));
 }
 
 TEST(StepFile, IsReadAndWrittenWhole) {
@@ -148,6 +150,10 @@ TEST(StoredTexts, OneRecordEach) {
   // What others may write: without quotes, two a line, empty lines, cut off, from Windows.
   const StoredTexts odd = parseStoredTexts("one, \"t,wo\" x\n\n\"\"\r\rf\xE9ur\r\n\"five\r\nof");
   EXPECT_EQ(odd, (StoredTexts{u"one", u"t,wo", u"", u"féur", u"five\r\nof"}));
+  // What cannot be read is not empty, because a save would write over it.
+  TemporaryFolder folder;
+  platform::createFolder(folder("texts.dat"));
+  EXPECT_FALSE(readStoredTexts(folder("texts.dat")));
 }
 
 }  // namespace
