@@ -206,6 +206,12 @@ TEST_F(Registered, TypeLibraryIsFoundByItsNumber) {
   ITypeLib* found = nullptr;
   ASSERT_EQ(::LoadRegTypeLib(kLibrary, 5, 0, 1033, &found), S_OK);
   const Owned<ITypeLib> library(found);
+  TLIBATTR* attributes = nullptr;
+  ASSERT_EQ(library->GetLibAttr(&attributes), S_OK);
+  EXPECT_EQ(attributes->wMajorVerNum, 5);
+  EXPECT_EQ(attributes->wMinorVerNum, 0);
+  EXPECT_EQ(attributes->lcid, 1033U);
+  library->ReleaseTLibAttr(attributes);
   BSTR name = nullptr;
   library->GetDocumentation(-1, &name, nullptr, nullptr, nullptr);
   EXPECT_EQ(taken(name), L"kvrnstep");
