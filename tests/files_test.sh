@@ -171,7 +171,7 @@ printf '\r\n' >steps/end_my_step.dat
 printf '[Mine]\nmuch=%s\n' "$much" >>steps.ini
 before=$(sum)
 # shellcheck disable=SC2016 # for the shell that it starts
-open_dialog bash -c 'trap "" XFSZ; ulimit -f 1; exec "$@"' limited && {
+open_dialog bash -c 'ulimit -f 1; exec "$@"' limited && {
   expect_begin 'dblclick lstStepf 3' "$much"
   say 'answer real.step' 'menu mnuFiles(1)' 'menu mnuEdits(0)' 'type txtAdd x' 'click cmdAdd' \
     'click cmdOK' 'menu mnuEdits(3)' 'type txtHold(0) x' close 'menu mnuOptions(0)' \

@@ -91,6 +91,22 @@ TEST_F(Files, AreLeftAloneWhereTheyMayNotBeReplaced) {
   folder.setMode("file", 0644);
 }
 
+TEST_F(Files, AreChangedAnewWhereOthersChangedThemMeanwhile) {
+  const auto change = [this](const char* name, const char* by) {
+    return changeFile(folder(name), [&](std::optional<std::string_view> bytes) {
+      if (bytes != "theirs") folder.put(name, by);
+      return std::string(bytes.value_or("none")) + " and ours";
+    });
+  };
+  folder.put("file", "old");
+  for (const auto* name : {"file", "new"}) {
+    EXPECT_TRUE(change(name, "theirs"));
+    EXPECT_EQ(folder.get(name), "theirs and ours");
+    EXPECT_FALSE(saveNewFile(folder(name), "x"));
+  }
+  EXPECT_EQ(folder.names(), (Names{"file", "new"}));
+}
+
 TEST(ProfileValue, FindsKeys) {
   struct Case {
     std::string bytes;

@@ -47,7 +47,8 @@ std::optional<std::string> attribute(const Path& path, const char* name) {
 void copyAttributes(const Path& from, int file) {
   const auto names = filledBy(
       [&](char* bytes, std::size_t size) { return ::listxattr(from.c_str(), bytes, size); });
-  for (std::string_view rest = names.value_or(""); !rest.empty();) {
+  if (!names) return;
+  for (std::string_view rest = *names; !rest.empty();) {
     const std::string name(rest.substr(0, rest.find('\0')));
     rest.remove_prefix(name.size() + 1);
     const auto value = name.starts_with("system.") ? std::nullopt : attribute(from, name.c_str());
