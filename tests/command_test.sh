@@ -63,6 +63,14 @@ check 2 '' 'needs a name' --save= --end 3
 check 2 '' '--save needs --end' --save abc.step
 check 2 '' 'FILE goes without' --list --end 3 abc.step
 
+# Limits.
+long=$(printf '%0120000d' 0)
+check 2 '' 'longer than 16 MiB' --list --end 99 --prefix "$long" --suffix "$long"
+printf '0,"","","%s","%s",0,1,99\n' "$long" "$long" >long.step
+truncate -s 1048577 large.step
+check 2 '' 'long.step: the list is longer than 16 MiB' long
+check 2 '' 'it is larger than 1 MiB' large
+
 # Names that are not UTF-8, and what would command a terminal.
 sum=$(find . | sort)
 for arguments in "--save é.step --end 3" --settings=é --step-folder=é é; do

@@ -80,6 +80,11 @@ drive steps.ini steps 'menu mnuOptions(4)' 'show lstStepf.items' 'dblclick lstSt
 grep -q '^lstStepf.items = "huge lines"$' out || fail "odd step files: $(head -n 3 out)"
 grep -q "^returned True \"${long}x1\"$" out || fail "odd step files: $(tail -n 1 out)"
 
+printf '0,"","","%0500000d","",0,1,99\n' 0 >steps/much.step
+drive steps.ini steps 'dblclick lstStepf 2'
+grep -q '^message information "How long?".*16 MiB' out && grep -q '^returned False ""$' out ||
+  fail "a list of 50 MB: $(cut -c 1-200 out)"
+
 # Listed: files and links to files.
 rm -rf ./*
 long=$(printf 'n%.0s' $(seq 250))

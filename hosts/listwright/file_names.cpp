@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "kvrnstep/list_options.hpp"
+#include "kvrnstep/listwright.hpp"
 #include "utf8.h"
 
 namespace listwright {
@@ -29,7 +30,11 @@ std::string whyUnreadable(const std::string& name, const std::string& stepFolder
     return error.message() + ", nor in " + stepFolder;
   }
   if (error) return error.message();
-  return file ? "no permission, or too large for a step file" : "it is no file";
+  if (!file) return "it is no file";
+  const bool tooLarge = fs::file_size(pathOf(name), error) > KVRNSTEP_LARGEST_STEP_FILE;
+  return tooLarge
+             ? "it is larger than " + kvrnstep::Listwright::mebibytes(KVRNSTEP_LARGEST_STEP_FILE)
+             : "no permission";
 }
 
 }  // namespace
@@ -58,6 +63,7 @@ std::string whyNoStepFile(int result, const std::string& name, const std::string
   if (result == KVRNSTEP_UNREADABLE) {
     return "cannot read " + name + ": " + whyUnreadable(name, stepFolder);
   }
+  if (result == KVRNSTEP_TOO_LONG) return name + ": " + kvrnstep::Listwright::tooLong();
   if (result != KVRNSTEP_FOREIGN) return "a number is too large, or memory is out";
   return name + " is no step file; one begins with a number from 0 to " +
          std::to_string(kvrnstep::kListingTypes.size() - 1) +
@@ -66,7 +72,7 @@ std::string whyNoStepFile(int result, const std::string& name, const std::string
 
 std::string whyUnwritable(const std::string& name) {
   std::error_code error;
-  return fs::is_directory(pathOf(folderOf(name)), error) ? "no permission, or no room"
+  return fs::is_directory(pathOf(folderOf(name)), error) ? "no permission, no room or too large"
                                                          : "there is no such folder";
 }
 

@@ -43,10 +43,15 @@ enum {
   KVRNSTEP_NO_DISPLAY = -2,   /* no front end, or no display that answers */
   KVRNSTEP_UNREADABLE = -3,   /* the file is missing, is no file, or is too large */
   KVRNSTEP_FOREIGN = -4,      /* the file is not a step file */
-  KVRNSTEP_UNWRITABLE = -5,   /* the file cannot be written */
+  KVRNSTEP_UNWRITABLE = -5,   /* the file cannot be written, or would be too large */
   KVRNSTEP_FAILED = -6,       /* out of memory or another resource of the system */
-  KVRNSTEP_NO_LABEL = -7      /* a line cannot have its label; the text is one line that says why */
+  KVRNSTEP_NO_LABEL = -7,     /* a line cannot have its label; the text is one line that says why */
+  KVRNSTEP_TOO_LONG = -8      /* the list would be too long */
 };
+
+/* Limits: bytes of a step file, and characters of a list, where one outside of the Basic
+ * Multilingual Plane counts twice. */
+enum { KVRNSTEP_LARGEST_STEP_FILE = 1 << 20, KVRNSTEP_LONGEST_LIST = 1 << 24 };
 
 /* One use of the dialog. */
 typedef struct kvrnstep_dialog {

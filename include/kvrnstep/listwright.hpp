@@ -64,7 +64,7 @@ class Listwright {
   }
 
   /// The list as text, without any window.
-  /// @throws std::runtime_error for numbers that a list cannot have
+  /// @throws std::runtime_error for numbers that a list cannot have, and where it is too long
   [[nodiscard]] std::string generateList(const kvrnstep_list& list) const {
     char* text = nullptr;
     const int result = function<decltype(kvrnstep_generate)>("kvrnstep_generate")(&list, &text);
@@ -88,6 +88,14 @@ class Listwright {
   [[nodiscard]] int saveStepFile(const std::string& path, const kvrnstep_list& list) const {
     return function<decltype(kvrnstep_save_step_file)>("kvrnstep_save_step_file")(path.c_str(),
                                                                                   &list);
+  }
+
+  /// What is wrong after KVRNSTEP_TOO_LONG.
+  [[nodiscard]] static std::string tooLong() {
+    return "the list is longer than " + mebibytes(KVRNSTEP_LONGEST_LIST);
+  }
+  [[nodiscard]] static std::string mebibytes(std::size_t bytes) {
+    return std::to_string(bytes >> 20U) + " MiB";
   }
 
   /// Changes the labels of the lines of a text.
@@ -127,6 +135,7 @@ class Listwright {
 
   [[nodiscard]] std::string problem(int result) const {
     if (result == KVRNSTEP_BAD_ARGUMENT) return "an argument is out of range";
+    if (result == KVRNSTEP_TOO_LONG) return tooLong();
     if (result != KVRNSTEP_NO_DISPLAY) return "out of memory";
     char* reason = nullptr;
     function<decltype(kvrnstep_can_show_dialog)>("kvrnstep_can_show_dialog")(&reason);

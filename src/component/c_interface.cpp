@@ -130,6 +130,13 @@ int readStepFile(const char* path, generator::ListSettings& settings) {
   return KVRNSTEP_DONE;
 }
 
+int generate(const generator::ListSettings& settings, std::size_t blanks, std::u16string& list) {
+  auto generated = generator::generateList(settings, blanks);
+  if (!generated) return KVRNSTEP_TOO_LONG;
+  list = *std::move(generated);
+  return KVRNSTEP_DONE;
+}
+
 /// Fills in what the labels look like, and the number that they begin with.
 int readLabels(const kvrnstep_lines& given, lines::LineOptions& options) {
   if (given.step_file != nullptr) {
@@ -266,11 +273,10 @@ int kvrnstep_can_show_dialog(char** problem) {
 }
 
 int kvrnstep_generate(const kvrnstep_list* list, char** text) {
-  return guardedList(text, [&](std::u16string& generated) {
+  return guardedList(text, [&](std::u16string& generated) -> int {
     const auto given = described(list);
     if (!given) return KVRNSTEP_BAD_ARGUMENT;
-    generated = generator::generateList(given->settings, given->blanks);
-    return KVRNSTEP_DONE;
+    return generate(given->settings, given->blanks, generated);
   });
 }
 
@@ -280,8 +286,7 @@ int kvrnstep_generate_from_step_file(const char* path, int32_t bytSpcCount, char
     generator::ListSettings settings;
     const int result = readStepFile(path, settings);
     if (result != KVRNSTEP_DONE) return result;
-    generated = generator::generateList(settings, static_cast<std::uint8_t>(bytSpcCount));
-    return result;
+    return generate(settings, static_cast<std::uint8_t>(bytSpcCount), generated);
   });
 }
 

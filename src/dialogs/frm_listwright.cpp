@@ -109,25 +109,30 @@ void frmListwright::cmdCIC_Click(int index) {
   }
 }
 
-bool frmListwright::BuildStepList() {
+bool frmListwright::BuildStepList(bool forPreview) {
   fields_.numbers().takeCount();
-  if (fields_.numbers().countGiven()) {
-    lwOutputString_ = generator::generateList(fields_.settings(), host().bytSpcCount);
-    return true;
+  if (!fields_.numbers().countGiven()) {
+    toolkit().showMessage({forms::MessageIcon::Information, u"How many?",
+                           u"You must enter a maximum count.\n\n1 to 99"});
+    return false;
   }
-  toolkit().showMessage({forms::MessageIcon::Information, u"How many?",
-                         u"You must enter a maximum count.\n\n1 to 99"});
-  return false;
+  auto list = generator::generateList(fields_.settings(), host().bytSpcCount);
+  if (!list && !forPreview) {
+    toolkit().showMessage({forms::MessageIcon::Information, u"How long?",
+                           u"The list is too long.\n\n16 MiB at most"});
+  }
+  if (list) lwOutputString_ = *std::move(list);
+  return list.has_value();
 }
 
-std::u16string frmListwright::takeList() {
-  BuildStepList();
+std::u16string frmListwright::takeList(bool forPreview) {
+  BuildStepList(forPreview);
   return std::exchange(lwOutputString_, {});
 }
 
 void frmListwright::RefreshPreview() {
   if (!panels_.anyShown()) return;
-  forms::guarded([this] { txtPreview.setText(takeList()); });
+  forms::guarded([this] { txtPreview.setText(takeList(true)); });
   fields_.numbers().putCountBack();
 }
 

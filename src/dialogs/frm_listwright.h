@@ -47,10 +47,11 @@ class frmListwright : public Dialog {
   void lblD_MouseUp(int index);
 
   void SetActionsEnabled(bool bolEnable);
-  /// Makes the list, with the count that is in the End box. False: there is no count, and the user
-  /// has been told.
-  bool BuildStepList();
-  [[nodiscard]] std::u16string takeList();
+  /// Makes the list, with the count that is in the End box. False: there is none, and the user has
+  /// been told why.
+  /// @param forPreview says nothing of a list that is too long, because there is one for each key
+  bool BuildStepList(bool forPreview = false);
+  [[nodiscard]] std::u16string takeList(bool forPreview = false);
   void PrintStepList(const std::u16string& text);
 
   void OpenaStepFile(const std::u16string& sAltStepFile);

@@ -71,7 +71,7 @@ std::u16string BuildLineSpacing(std::u16string_view vSeparator, int iLines,
   return spacing;
 }
 
-std::u16string generateList(const ListSettings& settings, std::size_t indentBlanks) {
+std::optional<std::u16string> generateList(const ListSettings& settings, std::size_t indentBlanks) {
   const std::u16string indent(settings.on(Indentation) ? indentBlanks : 0, u' ');
   const bool fillSpacing = settings.on(IndentSpacing);
   const std::u16string spacing = BuildLineSpacing(u"\r\n", settings.LineSpacing,
@@ -84,7 +84,8 @@ std::u16string generateList(const ListSettings& settings, std::size_t indentBlan
 
   std::u16string list;
   if (settings.on(AddBegEnd)) list = settings.Beginning;
-  for (int step = settings.Start; step <= settings.Count; ++step) {
+  for (int step = settings.Start; step <= settings.Count && list.size() <= KVRNSTEP_LONGEST_LIST;
+       ++step) {
     list += indent;
     addAffix(list, prefix, step);
     if (numeral != nullptr) addLabel(list, settings, numeral, width, step);
@@ -92,6 +93,7 @@ std::u16string generateList(const ListSettings& settings, std::size_t indentBlan
     if (step < settings.Count || fillSpacing) list += spacing;
   }
   if (settings.on(AddBegEnd)) list += settings.Ending;
+  if (list.size() > KVRNSTEP_LONGEST_LIST) return std::nullopt;
   return list;
 }
 

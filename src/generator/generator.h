@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,8 +14,9 @@ namespace kvrnstep::generator {
 std::u16string BuildLineSpacing(std::u16string_view vSeparator, int iLines,
                                 std::u16string_view sFill);
 
-/// The list that the record describes, with CR LF line breaks.
+/// The list that the record describes, with CR LF line breaks. Nothing where it would have more
+/// than KVRNSTEP_LONGEST_LIST UTF-16 units.
 /// @param indentBlanks blanks in one indentation, 0 to 255
-std::u16string generateList(const ListSettings& settings, std::size_t indentBlanks);
+std::optional<std::u16string> generateList(const ListSettings& settings, std::size_t indentBlanks);
 
 }  // namespace kvrnstep::generator

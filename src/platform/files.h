@@ -11,10 +11,12 @@
 /// system takes bytes, it gets them as UTF-8. A path with a NUL in it names nothing.
 namespace kvrnstep::platform {
 
+/// Larger files are neither read nor written.
+inline constexpr std::size_t kLargestFile = std::size_t{1} << 24U;
+
 /// The content of a regular file. Nothing for a folder, a device, a file that cannot be read, or
 /// one of more than `largest` bytes.
-std::optional<std::string> readFile(const std::u16string& path,
-                                    std::size_t largest = static_cast<std::size_t>(-1));
+std::optional<std::string> readFile(const std::u16string& path, std::size_t largest = kLargestFile);
 
 /// Makes the file hold exactly these bytes, creating it if need be. Whatever happens, the whole old
 /// content or the whole new one is there, because a temporary file in the same folder takes the
@@ -23,9 +25,9 @@ std::optional<std::string> readFile(const std::u16string& path,
 /// to read it. A file that holds the bytes already is not touched. A file in a folder that takes no
 /// new ones is written in place, its former bytes kept elsewhere until that is done.
 /// Temporary files of processes that are gone are removed from the folder.
-/// False, and nothing has changed, when the target is no regular file or may not be written, or
-/// when its folder is missing or takes no file that is not there yet. A file without any write
-/// permission counts as not writable, even for root.
+/// False, and nothing has changed, when there are too many bytes, when the target is no regular
+/// file or may not be written, or when its folder is missing or takes no file that is not there
+/// yet. A file without any write permission counts as not writable, even for root.
 bool replaceFile(const std::u16string& path, std::string_view bytes);
 
 /// As `replaceFile`, but false if something of that name is there.

@@ -95,6 +95,7 @@ bool saveInPlace(const Path& target, const std::string& former, std::string_view
 /// Puts a new file in the place of the target, if there is one. The bytes must be on the disk
 /// before the file is renamed, because a power failure could leave an empty target otherwise.
 bool save(const std::u16string& path, std::string_view bytes, const MayGoOn& mayGoOn) {
+  if (bytes.size() > kLargestFile) return false;
   const Path named = native::pathOf(path);
   const auto target = named.empty() ? std::nullopt : native::withoutLinks(named);
   const Target found = target ? native::targetAt(*target) : Target::kOther;

@@ -11,7 +11,7 @@
 namespace kvrnstep::stepfiles {
 
 /// A larger file is neither read nor written.
-inline constexpr std::size_t kLargestStepFile = std::size_t{1} << 20U;
+inline constexpr std::size_t kLargestStepFile = KVRNSTEP_LARGEST_STEP_FILE;
 
 /// Marks the files of the step folder that hold a setup; letter case counts.
 inline constexpr std::u16string_view kStepExtension = u".step";

@@ -60,10 +60,10 @@ void ListFile::save(const ListEntries& edited) {
   if (edited == loaded_) return;
   platform::changeFile(path_, [&](std::optional<std::string_view> bytes) {
     // Of a file that has gone nothing counts as deleted by others.
-    if (!bytes) loaded_.clear();
+    const ListEntries before = bytes ? loaded_ : ListEntries();
     const auto [found, rest] = parseList(bytes.value_or(""));
-    const ListEntries kept = without(edited, without(loaded_, found));
-    const ListEntries added = without(without(found, loaded_), without(edited, loaded_));
+    const ListEntries kept = without(edited, without(before, found));
+    const ListEntries added = without(without(found, before), without(edited, before));
     std::u16string lines;
     for (const auto* entries : {&kept, &added}) {
       for (const auto& entry : *entries) lines += entry + u"\r\n";

@@ -17,7 +17,18 @@ using Texts = std::vector<std::pair<int, std::u16string>>;
 
 /// The list in one line, with bars for its line breaks.
 std::u16string listOf(const ListSettings& settings) {
-  return text::ReplaceText(generateList(settings, 2), u"\r\n", u"|");
+  return text::ReplaceText(generateList(settings, 2).value(), u"\r\n", u"|");
+}
+
+TEST(Generator, HasALimit) {
+  ListSettings settings{.Prefix = std::u16string(KVRNSTEP_LONGEST_LIST / 2, u'p'),
+                        .Suffix = u"s",
+                        .Count = 1,
+                        .Beginning = std::u16string(KVRNSTEP_LONGEST_LIST / 2 - 2, u'b')};
+  settings.Option[AddBegEnd] = 1;
+  EXPECT_EQ(generateList(settings, 0).value().size(), KVRNSTEP_LONGEST_LIST);
+  settings.Ending = u"e";
+  EXPECT_FALSE(generateList(settings, 0));
 }
 
 TEST(Generator, Layout) {

@@ -21,6 +21,11 @@ TEST_F(Files, AreReadWhole) {
   EXPECT_EQ(readFile(folder("file")), "a\0\r\n\xFF"s);
   EXPECT_EQ(readFile(folder("file"), 5), "a\0\r\n\xFF"s);
   EXPECT_EQ(readFile(folder("file"), 4), std::nullopt);
+  EXPECT_TRUE(replaceFile(folder("large"), std::string(kLargestFile, 'x')) &&
+              readFile(folder("large")));
+  EXPECT_FALSE(replaceFile(folder("large"), std::string(kLargestFile + 1, 'x')));
+  std::filesystem::resize_file(folder.path("large"), kLargestFile + 1);
+  EXPECT_FALSE(readFile(folder("large")));
   EXPECT_EQ(readFile(folder("empty")), "");
   for (const auto& none : {folder("missing"), folder(""), folder("file") + u'\0' + u"x", u""s}) {
     EXPECT_EQ(readFile(none), std::nullopt);
