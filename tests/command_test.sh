@@ -10,7 +10,7 @@ source "$(dirname "$0")/common.bash"
 check() {
   local status=$1 output=$2 errors=$3 got
   shift 3
-  "$listwright" "$@" >out 2>err </dev/null
+  timeout 20 "$listwright" "$@" >out 2>err </dev/null
   got=$?
   printf "$output" >wanted
   if [ "$got" -ne "$status" ] || ! cmp -s out wanted ||
@@ -124,7 +124,24 @@ unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM
 check 2 '' 'cannot make the folder file' --step-folder file
 check 2 '' 'cannot make the folder' --step-folder steps --settings file/steps.ini
 check 2 '' '' --step-folder steps --settings steps.ini
-DISPLAY=:4711 check 2 '' '' --step-folder steps --settings steps.ini
+dialog=(--step-folder steps --settings steps.ini)
+DISPLAY=:4711 check 2 '' '' "${dialog[@]}"
+QT_QPA_PLATFORM='linuxfb;eglfs:x=1' check 2 '' 'QT_QPA_PLATFORM' "${dialog[@]}"
+# A server that takes clients and says nothing.
+python3 -c 'if True:
+  import socket, signal
+  silent = socket.socket(socket.AF_UNIX)
+  silent.bind("silent")
+  silent.listen(100)
+  signal.pause()' &
+await test -S silent
+DISPLAY=$work/silent WAYLAND_DISPLAY=$work/silent check 2 '' 'one that answers' "${dialog[@]}"
+if [ -e "$(dirname "$listwright")/../lib/kvrnstep-qt-driven.so" ]; then
+  printf 'call\nclick cmdCIC(1)\n' >script
+  DBUS_SESSION_BUS_ADDRESS=unix:path=$work/silent QT_QPA_PLATFORM=offscreen timeout 20 \
+    "$(dirname "$listwright")/stepdrive" --frontend qt script >out 2>err ||
+    fail "a silent bus: $(cat out err)"
+fi
 
 # A list that cannot be written.
 "$listwright" --list --end 3 >/dev/full 2>err

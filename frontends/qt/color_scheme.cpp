@@ -3,7 +3,6 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QSettings>
 #include <QStandardPaths>
@@ -12,13 +11,6 @@
 namespace kvrnstep::qt {
 
 namespace {
-
-/// Qt would start a bus of its own where there is none.
-bool sessionHasBus() {
-  if (qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")) return true;
-  const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-  return !folder.isEmpty() && QFileInfo::exists(folder + "/bus");
-}
 
 constexpr const char* kPortal = "org.freedesktop.portal.Desktop";
 constexpr const char* kPortalPath = "/org/freedesktop/portal/desktop";
@@ -35,13 +27,13 @@ std::optional<bool> darkByPortal() {
   constexpr int kMilliseconds = 200;
   constexpr unsigned kPrefersDark = 1;
   constexpr unsigned kPrefersLight = 2;
-  if (!sessionHasBus()) return std::nullopt;
+  const QDBusConnection bus = QDBusConnection::sessionBus();
+  if (!bus.isConnected()) return std::nullopt;
   QDBusMessage question = QDBusMessage::createMethodCall(kPortal, kPortalPath, kSettings, "Read");
   question << "org.freedesktop.appearance"
            << "color-scheme";
   question.setAutoStartService(false);
-  const QDBusMessage answer =
-      QDBusConnection::sessionBus().call(question, QDBus::Block, kMilliseconds);
+  const QDBusMessage answer = bus.call(question, QDBus::Block, kMilliseconds);
   if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty()) {
     return std::nullopt;
   }
@@ -81,7 +73,6 @@ bool desktopIsDark() {
 }
 
 void ringWhenDesktopChanges(QTimer& bell) {
-  if (!sessionHasBus()) return;
   QDBusConnection::sessionBus().connect(kPortal, kPortalPath, kSettings, "SettingChanged", &bell,
                                         SLOT(start()));
 }

@@ -1,8 +1,6 @@
 #include "display.h"
 
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
+#include <sys/auxv.h>
 #include <xcb/xcb.h>
 
 #include <QByteArray>
@@ -10,8 +8,11 @@
 #include <QFileInfo>
 #include <QStringList>
 #include <algorithm>
-#include <iterator>
-#include <string_view>
+#include <array>
+#include <future>
+#include <thread>
+
+#include "server_answers.h"
 
 namespace kvrnstep::qt {
 
@@ -22,11 +23,23 @@ constexpr const char* kNoDisplay =
 
 using Connection = std::shared_ptr<xcb_connection_t>;
 
-/// Null where no X server answers.
+/// Null where no X server answers, or one that has no such screen.
 Connection connectX() {
+  int screen = 0;
+  Connection connection(xcb_connect(nullptr, &screen), xcb_disconnect);
+  if (xcb_connection_has_error(connection.get()) != 0) return nullptr;
+  const auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection.get()));
+  return screen < screens.rem ? connection : nullptr;
+}
+
+/// Asks on another thread, because the library waits for an answer as long as none comes. A thread
+/// whose server says nothing is left to wait.
+Connection connectXInTime() {
   if (qEnvironmentVariableIsEmpty("DISPLAY")) return nullptr;
-  Connection connection(xcb_connect(nullptr, nullptr), xcb_disconnect);
-  return xcb_connection_has_error(connection.get()) == 0 ? connection : nullptr;
+  std::promise<Connection> promise;
+  auto answer = promise.get_future();
+  std::thread([promise = std::move(promise)]() mutable { promise.set_value(connectX()); }).detach();
+  return answer.wait_for(kPatience) == std::future_status::ready ? answer.get() : nullptr;
 }
 
 /// Path of the compositor's socket; empty where nothing names one.
@@ -37,20 +50,12 @@ QByteArray waylandSocketPath() {
   return folder.isEmpty() ? QByteArray() : folder + '/' + name;
 }
 
-bool displayAnswersWayland() {
-  const QByteArray path = waylandSocketPath();
-  sockaddr_un address{};
-  if (path.isEmpty() || static_cast<std::size_t>(path.size()) >= sizeof address.sun_path) {
-    return false;
-  }
-  address.sun_family = AF_UNIX;
-  std::copy(path.begin(), path.end(), std::begin(address.sun_path));
-  const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (socket < 0) return false;
-  const bool answers =
-      connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-  close(socket);
-  return answers;
+bool waylandAnswers() {
+  // A request to the display, object 1: its message 0, which is 12 bytes long, asks for an event
+  // from a new object 2.
+  constexpr std::array<std::uint32_t, 3> kSync{1, 12U << 16U, 2};
+  return serverAnswers(waylandSocketPath(),
+                       {reinterpret_cast<const char*>(kSync.data()), sizeof kSync});
 }
 
 bool pluginInstalled(const QString& platform) {
@@ -63,34 +68,33 @@ bool pluginInstalled(const QString& platform) {
   });
 }
 
-/// The display of that platform; nothing where it does not answer.
-std::optional<Display> displayOf(const QString& platform) {
-  if (!pluginInstalled(platform)) return std::nullopt;
-  Display display{platform.toStdString(), nullptr};
+/// The display of a platform that is named with its options, "offscreen:option=value"; nothing
+/// where it does not answer.
+std::optional<Display> displayOf(const QString& named) {
+  // The others, which draw on a bare screen, end the process where they find none.
+  static const QStringList kKnown{"xcb", "wayland", "wayland-egl", "offscreen", "minimal", "vnc"};
+  const QString platform = named.section(':', 0, 0);
+  if (!kKnown.contains(platform) || !pluginInstalled(platform)) return std::nullopt;
+  Display display{named.toStdString(), nullptr};
   if (platform == "xcb") {
-    display.connection = connectX();
+    display.connection = connectXInTime();
     if (display.connection == nullptr) return std::nullopt;
-  } else if (platform.startsWith("wayland") && !displayAnswersWayland()) {
+  } else if (platform.startsWith("wayland") && !waylandAnswers()) {
     return std::nullopt;
   }
   return display;
 }
 
-/// The platforms that QT_QPA_PLATFORM names, "offscreen:option=value;xcb", without their options.
-QStringList wantedPlatforms() {
-  QStringList names;
-  const auto wanted = qEnvironmentVariable("QT_QPA_PLATFORM").split(';', Qt::SkipEmptyParts);
-  for (const QString& platform : wanted) names << platform.section(':', 0, 0);
-  return names;
-}
-
 }  // namespace
 
 std::optional<Display> findDisplay(std::string& problem) {
-  const QStringList wanted = wantedPlatforms();
+  if (::getauxval(AT_SECURE) != 0) {
+    problem = "no dialog: Qt is not started with the rights of another user";
+    return std::nullopt;
+  }
+  const auto wanted = qEnvironmentVariable("QT_QPA_PLATFORM").split(';', Qt::SkipEmptyParts);
   for (const QString& platform : wanted) {
-    // Qt reads the variable itself, with the platform's options.
-    if (auto display = displayOf(platform)) return Display{"", display->connection};
+    if (auto display = displayOf(platform)) return display;
   }
   if (!wanted.isEmpty()) {
     problem = "no display: the Qt platform \"" + wanted.join(';').toStdString() +

@@ -13,6 +13,7 @@
 #include "display.h"
 #include "locale_guard.h"
 #include "looks.h"
+#include "server_answers.h"
 
 namespace kvrnstep::qt {
 
@@ -32,8 +33,20 @@ class HiddenVariables {
       qunsetenv(name);
     }
   }
+  /// Has Qt find no session bus. It looks for one once, and would wait for a silent one.
+  void hideBus() {
+    constexpr const char* kBus = "DBUS_SESSION_BUS_ADDRESS";
+    values_.emplace_back(kBus, qgetenv(kBus));
+    qputenv(kBus, "unix:path=/dev/null");
+  }
   ~HiddenVariables() {
-    for (const auto& [name, value] : values_) qputenv(name, value);
+    for (const auto& [name, value] : values_) {
+      if (value.isNull()) {
+        qunsetenv(name);
+      } else {
+        qputenv(name, value);
+      }
+    }
   }
   HiddenVariables(const HiddenVariables&) = delete;
   HiddenVariables& operator=(const HiddenVariables&) = delete;
@@ -66,7 +79,8 @@ void createApplication(const std::string& platform) {
   static int count = platform.empty() ? 1 : 3;
 
   const LocaleGuard locale;
-  const HiddenVariables hidden;
+  HiddenVariables hidden;
+  if (!sessionBusAnswers()) hidden.hideBus();
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   // Without this Qt loads the theme plug-in of the desktop that it finds itself on, and with it
   // that desktop's own toolkit.
