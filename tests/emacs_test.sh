@@ -36,8 +36,30 @@ check 'typing meanwhile' 'ab\n' 'y|ax--exact\n--indent\n4\né\nb\n' '' "$args" \
 check 'killed meanwhile' 'a\n' '--exact\n--indent\n4\na\n' 'The buffer is gone; the list is in the kill ring' \
   "$args" '(with-temp-buffer' "$open" ')' "$await" '(insert (current-kill 0))'
 
+check 'at the depth of the line' '\t ab\n' '\t a1)\n\t 2)b\n' '' '(goto-char 4)' \
+  '(listwright-insert-step-file "~/data/listwright/short.step")'
+
+# (once COMMAND) does it, takes it back at once, does it again.
+once='(buffer-enable-undo) (defun once (command) (undo-boundary) (let ((text (buffer-string)))
+  (call-interactively command) (undo-boundary) (let ((new (buffer-string)) (here (point)))
+  (primitive-undo 1 (cdr buffer-undo-list)) (unless (equal (buffer-string) text) (insert "kept"))
+  (erase-buffer) (insert new) (goto-char here))))'
+check 'numbered, moved, set right, taken away' 'At:\n\nx\n y\nz\n\nBe\n' \
+  'At:\n\nz\nx\n y!?:\n\nBe\n1. z\n2. x\n 1. y!?\n' '' "$once" '(search-forward "y")' \
+  "(once 'listwright-number)" '(insert "!") (search-forward "z") (kill-whole-line)' \
+  '(goto-char 6) (insert (current-kill 0)) (search-forward "!")' "(once 'listwright-renumber)" \
+  '(insert "?") (setq seen (buffer-substring 6 (line-beginning-position 2)))' \
+  "(once 'listwright-unnumber)" '(insert ":") (goto-char (point-max)) (insert seen)'
+check 'the lines of a region' '1. a\n2. b\n\n7. c\n9. d' '1. a\n2. b\n\nDear é:\n    1.1. c\n    2.2. d' '' \
+  '(listwright-renumber 12 18)' "(listwright-number 12 18 \"$long\")"
+check 'going on' 'h) a\ni) b\n   9. c\n\n\nd\ne\n' 'h) a\ni) b\n   9. c\n   10. x\n\nj) d\nk) e\n' '' \
+  '(listwright-continue 21 25) (goto-char 19)' "(call-interactively 'listwright-continue)" '(insert "x")'
+check 'only where there is something' 'a\n' 'a\n' 'nothing none' \
+  '(condition-case nil (listwright-renumber) (user-error (message "nothing")))' \
+  '(condition-case nil (listwright-continue 1 2) (user-error (message "none")))'
+
 STATUS=1
-check 'the dialog is closed' 'a\n' 'a\n' '' "$args" '(listwright 1 3)'
+check 'the dialog is closed, no such label' 'a\n' 'a\n' '1st 2nd' "$args" '(listwright 1 3)' '(listwright-number 1 3)'
 STATUS=3
 check 'the command fails' 'a\n' 'a\n' '1st 2nd 1st 2nd' "$args" "$open" "$await" '(listwright 1 3)'
 check 'no command' 'a\n' 'a\n' 'Cannot run ‘none’; see the option ‘listwright-command’' \

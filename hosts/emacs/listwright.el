@@ -15,7 +15,12 @@
 ;; `M-x listwright-insert-step-file' inserts the list of a step file, which the dialog keeps,
 ;; without a window.
 ;;
-;; Both run the command `listwright'; see `listwright-command' if it is not on your path.
+;; `M-x listwright-number' puts labels before the lines of the region or the paragraph,
+;; `M-x listwright-renumber' sets the labels of lists right after lines were moved,
+;; `M-x listwright-unnumber' takes them away, and `M-x listwright-continue' goes on behind the last
+;; label above point.
+;;
+;; All run the command `listwright'; see `listwright-command' if it is not on your path.
 
 ;;; Code:
 
@@ -100,14 +105,14 @@ its font by itself."
     (unless command
       (user-error "Cannot run `%s'; see the option `listwright-command'" listwright-command))
     (mapcar (lambda (argument) (encode-coding-string argument coding))
-            (append (list command "--exact") arguments))))
+            (cons command arguments))))
 
-(defun listwright--result (status output errors)
-  "The list that the command printed, nil if it was told to insert none.
+(defun listwright--result (status output errors dialog)
+  "What the command printed, nil if the user closed its DIALOG.
 STATUS is how it ended, OUTPUT what it printed, ERRORS the file of its
 messages.  Signal a `user-error' with these if it failed."
-  (cond ((eql status 0) (replace-regexp-in-string "\r\n?" "\n" output))
-        ((not (eql status 1))
+  (cond ((eql status 0) output)
+        ((not (and dialog (eql status 1)))
          (let ((said (with-temp-buffer
                        (let ((coding-system-for-read 'utf-8))
                          (insert-file-contents errors))
@@ -116,18 +121,19 @@ messages.  Signal a `user-error' with these if it failed."
                                 (format "The command listwright ended with status %s" status)
                               said))))))
 
-(defun listwright--run (arguments)
-  "The list that the command prints when run with ARGUMENTS, or nil.
-Wait for it."
+(defun listwright--run (arguments &optional input)
+  "What the command prints when run with ARGUMENTS, or nil.
+Without the text INPUT it may be a dialog that is closed.  Wait for it."
   (let ((command (listwright--command arguments))
         (errors (make-temp-file "listwright"))
         (default-directory temporary-file-directory)
-        (coding-system-for-read 'utf-8-unix))
+        (coding-system-for-read 'utf-8-unix)
+        (coding-system-for-write 'utf-8-unix))
     (unwind-protect
         (with-temp-buffer
-          (let ((status (apply #'call-process (car command) nil (list t errors) nil
-                               (cdr command))))
-            (listwright--result status (buffer-string) errors)))
+          (let ((status (apply #'call-process-region (or input "") nil (car command) nil
+                               (list t errors) nil (cdr command))))
+            (listwright--result status (buffer-string) errors (not input))))
       (delete-file errors))))
 
 (defun listwright--start (arguments insert)
@@ -153,11 +159,22 @@ Return at once.  What fails later is shown in the echo area."
                                     (process-exit-status process)
                                     (with-current-buffer (process-buffer process)
                                       (buffer-string))
-                                    errors)))
+                                    errors t)))
                          (when list (funcall insert list)))
                      (error (message "%s" (error-message-string failure))))
                  (delete-file errors)
                  (kill-buffer (process-buffer process)))))))))
+
+(defun listwright--indented (list start end)
+  "LIST with all lines as far in as the one of START, which END may follow."
+  (save-excursion
+    (goto-char start)
+    (forward-line 0)
+    (skip-chars-forward " \t" start)
+    (let ((depth (buffer-substring-no-properties (line-beginning-position) (point))))
+      (goto-char (max start end))
+      (concat (replace-regexp-in-string "\n\\([^\n]\\)" (concat "\n" depth "\\1") list)
+              (and (string-suffix-p "\n" list) (not (eolp)) depth)))))
 
 (defun listwright--replace (start end list)
   "Put LIST in place of the text between the markers START and END.
@@ -166,6 +183,7 @@ Point goes behind LIST, and the mark before it, where point was there."
   ;; Whole lines stay whole lines.
   (when (and (< start end) (eq (char-before end) ?\n) (not (string-suffix-p "\n" list)))
     (setq list (concat list "\n")))
+  (setq list (listwright--indented list start end))
   (atomic-change-group
     ;; START lies behind END where text was typed at point meanwhile.
     (when (< start end) (delete-region start end))
@@ -192,6 +210,7 @@ the list cannot go there any more, it stays in the kill ring."
   (let* ((start (copy-marker (or start (point)) t))
          (end (copy-marker (or end start))))
     (lambda (list)
+      (setq list (replace-regexp-in-string "\r\n?" "\n" list))
       (unless (string-empty-p list)
         (condition-case failure
             (with-current-buffer (or (marker-buffer start) (error "The buffer is gone"))
@@ -202,6 +221,17 @@ the list cannot go there any more, it stays in the kill ring."
            (user-error "%s; the list is in the kill ring" (error-message-string failure)))))
       (set-marker start nil)
       (set-marker end nil))))
+
+(defun listwright--read-step-file (prompt)
+  "Ask for a step file with PROMPT."
+  (let ((folder (listwright--folder)))
+    (read-file-name prompt (and (file-directory-p folder) folder) nil t nil
+                    (lambda (name)
+                      (or (string-suffix-p ".step" name t) (file-directory-p name))))))
+
+(defun listwright--step-file-arguments (file)
+  "Arguments of the command for lists of the step file FILE."
+  (list "--indent" (number-to-string (listwright--indentation)) (expand-file-name file)))
 
 (defun listwright--region ()
   "The active region as a list of its ends, or nil."
@@ -218,7 +248,7 @@ batch Emacs waits for it.  Closing the dialog without Insert changes nothing."
   (when (process-live-p listwright--dialog)
     (user-error "The Listwright dialog is open already"))
   (let ((insert (listwright--inserter start end))
-        (arguments (listwright--dialog-arguments)))
+        (arguments (cons "--exact" (listwright--dialog-arguments))))
     (if (not noninteractive)
         (listwright--start arguments insert)
       (let ((list (listwright--run arguments)))
@@ -230,18 +260,176 @@ batch Emacs waits for it.  Closing the dialog without Insert changes nothing."
 If the region is active, the list takes its place; from Lisp, that of the
 text from START to END."
   (interactive
-   (let ((region (listwright--region))
-         (folder (listwright--folder)))
-     (cons (read-file-name "Insert the list of step file: "
-                           (and (file-directory-p folder) folder) nil t nil
-                           (lambda (name)
-                             (or (string-suffix-p ".step" name t) (file-directory-p name))))
-           region)))
+   (let ((region (listwright--region)))
+     (cons (listwright--read-step-file "Insert the list of step file: ") region)))
   (let ((insert (listwright--inserter start end)))
     (funcall insert
-             (or (listwright--run (list "--indent" (number-to-string (listwright--indentation))
-                                        (expand-file-name file)))
-                 ""))))
+             (or (listwright--run (cons "--exact" (listwright--step-file-arguments file))) ""))))
+
+(defconst listwright--label
+  "[ \t]*\\(?:[0-9]+\\|\\([a-zA-Z]\\)\\1*\\|[ivxlcdm]+\\|[IVXLCDM]+\\)[.):]\\(?:[ \t]+\\|$\\)"
+  "What is before an item's text.  Of words only those that can be a label.")
+
+(defun listwright--ends-lists-p ()
+  "Whether lists end before the line at point.
+It is a heading, or text behind a blank line that is neither indented nor
+an item."
+  (let ((case-fold-search nil))
+    (or (looking-at "#+[ \t]")
+        (and (looking-at "[^ \t\n]")
+             (not (looking-at listwright--label))
+             (save-excursion (or (/= (forward-line -1) 0) (looking-at "[ \t]*$")))))))
+
+(defun listwright--lists ()
+  "The lines around point as a list of their ends, so far that its lists are whole."
+  (save-excursion
+    (forward-line 0)
+    (list (save-excursion
+            (while (not (or (bobp) (listwright--ends-lists-p))) (forward-line -1))
+            (point))
+          (progn
+            (forward-line 1)
+            (while (not (or (eobp) (listwright--ends-lists-p))) (forward-line 1))
+            (point)))))
+
+(defun listwright--paragraph ()
+  "The paragraph around point as a list of its ends, which are blank lines."
+  (save-excursion
+    (forward-line 0)
+    (if (looking-at "[ \t]*$")
+        (list (point) (point))
+      (list (save-excursion
+              (if (re-search-backward "^[ \t]*$" nil t) (line-beginning-position 2) (point-min)))
+            (if (re-search-forward "^[ \t]*$" nil t) (match-beginning 0) (point-max))))))
+
+(defun listwright--filter (arguments lines)
+  "Run the command with ARGUMENTS over LINES; return the lines that it prints."
+  (let ((text (listwright--run arguments (concat (string-join lines "\n") "\n"))))
+    (split-string (string-remove-suffix "\n" text) "\n")))
+
+(defun listwright--set-line (line)
+  "Make the line at point LINE.  What ends alike stays, and markers in it."
+  (let* ((old (buffer-substring-no-properties (point) (line-end-position)))
+         (ends (list (length old) (length line))))
+    (while (and (> (apply #'min ends) 0)
+                (eq (aref old (1- (car ends))) (aref line (1- (cadr ends)))))
+      (setq ends (mapcar #'1- ends)))
+    (delete-region (point) (+ (point) (car ends)))
+    (insert (substring line 0 (cadr ends)))))
+
+(defun listwright--edit-lines (start end change)
+  "Replace the lines from START to END by the result of CHANGE.
+They are whole lines, and CHANGE is called at the first one with a list of
+them.  Point stays on its character."
+  (barf-if-buffer-read-only)
+  (let* ((behind (- (line-end-position) (point)))
+         (end (save-excursion
+                (goto-char end)
+                (if (and (bolp) (> end start)) (1- end) (line-end-position))))
+         (start (save-excursion (goto-char start) (line-beginning-position)))
+         (old (split-string (buffer-substring-no-properties start end) "\n"))
+         (new (save-excursion (goto-char start) (funcall change old))))
+    (when (equal old new) (user-error "Nothing to change here"))
+    (atomic-change-group
+      (if (/= (length old) (length new))
+          (save-excursion
+            (goto-char start)
+            (delete-region start end)
+            (insert (string-join new "\n")))
+        (save-excursion
+          (goto-char start)
+          (dolist (line new)
+            (listwright--set-line line)
+            (forward-line)))
+        (goto-char (max (line-beginning-position) (- (line-end-position) behind)))))))
+
+;;;###autoload
+(defun listwright-number (start end &optional file)
+  "Put labels before the lines of the region or the paragraph.
+Lines without text get none.  The labels are \"1. \" and so on; with a prefix
+argument, those of a step file that you are asked for.  From Lisp, number the
+lines from START to END with the labels of FILE."
+  (interactive
+   (append (or (listwright--region) (listwright--paragraph))
+           (and current-prefix-arg
+                (list (listwright--read-step-file "Number with the labels of step file: ")))))
+  (let ((arguments (and file (listwright--step-file-arguments file))))
+    (listwright--edit-lines start end (lambda (lines)
+                                        (listwright--filter (cons "--number" arguments) lines)))))
+
+(defun listwright--relabel (option start end)
+  "Run the command with OPTION over the lines from START to END.
+Without START these are the lists around point, and the command sees the
+whole buffer, because only then it knows what is code and where lists begin."
+  (if start
+      (listwright--edit-lines start end (lambda (lines) (listwright--filter (list option) lines)))
+    (apply #'listwright--edit-lines
+           (append (listwright--lists)
+                   (list (lambda (lines)
+                           (let* ((first (count-lines (point-min) (point)))
+                                  (all (split-string (buffer-substring-no-properties
+                                                      (point-min) (point-max))
+                                                     "\n")))
+                             (seq-subseq (listwright--filter (list option) all)
+                                         first (+ first (length lines))))))))))
+
+;;;###autoload
+(defun listwright-renumber (&optional start end)
+  "Set the labels of the lists in the region, or of those around point, right.
+Lists in the region begin at 1.  From Lisp, those from START to END."
+  (interactive (listwright--region))
+  (listwright--relabel "--renumber" start end))
+
+;;;###autoload
+(defun listwright-unnumber (&optional start end)
+  "Take the labels of the lists in the region, or of those around point, away.
+From Lisp, of those from START to END."
+  (interactive (listwright--region))
+  (listwright--relabel "--unnumber" start end))
+
+(defun listwright--label-above (depth)
+  "Go to the last line before point with a label no further in than DEPTH.
+Return it, or nil without one."
+  (let ((case-fold-search nil) found)
+    (while (and (not found) (zerop (forward-line -1)))
+      (setq found (and (looking-at listwright--label) (<= (current-indentation) depth))))
+    (and found (buffer-substring-no-properties (point) (line-end-position)))))
+
+(defun listwright--continued (lines)
+  "LINES at point with labels that go on behind the last one above.
+They get that label, which the command then sets right, with the item before
+it where that is what tells an i that is a letter."
+  (save-excursion
+    (let* ((above (listwright--label-above (if (string-empty-p (car lines))
+                                               most-positive-fixnum
+                                             (current-indentation))))
+           (label (and above (string-match listwright--label above) (match-string 0 above)))
+           (before (and above (listwright--label-above (current-indentation))))
+           (labelled (mapcar (lambda (line)
+                               (if (and (cdr lines) (string-match-p "\\`[ \t]*\\'" line))
+                                   line
+                                 (concat label (and label (string-match-p "[^ \t]\\'" label) " ")
+                                         (string-trim-left line "[ \t]+"))))
+                             lines)))
+      (or (and above
+               (seq-some (lambda (known)
+                           (let ((changed (listwright--filter '("--renumber" "--keep-start")
+                                                              (append known labelled)))
+                                 (count (length known)))
+                             (and (equal (nth (1- count) changed) above)
+                                  (not (equal (nthcdr count changed) labelled))
+                                  (nthcdr count changed))))
+                         (list (delq nil (list before above)) (list above))))
+          (user-error "There is no label above")))))
+
+;;;###autoload
+(defun listwright-continue (start end)
+  "Put the label that follows the last one above before the current line.
+If the region is active, put labels before its lines; from Lisp, before those
+from START to END.  They are as far in as the label above.  One that is
+further in than the line does not count, unless the line is empty."
+  (interactive (or (listwright--region) (list (point) (point))))
+  (listwright--edit-lines start end #'listwright--continued))
 
 (provide 'listwright)
 
