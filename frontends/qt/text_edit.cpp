@@ -72,7 +72,13 @@ forms::TextSelection TextEdit::selectionIn(const std::u16string& text) const {
 }
 
 void TextEdit::setText(const std::u16string& text) {
+  // Qt wraps a line in minutes that is as long as a step file may be, because it looks at all of it
+  // for each part.
+  constexpr std::size_t kMostWrapped = std::size_t{1} << 16U;
+  const bool wraps = !box().row().horizontalScroll && text.size() <= kMostWrapped;
+  if (!wraps) setLineWrapMode(NoWrap);
   setPlainText(widgetLines(text));
+  if (wraps) setLineWrapMode(WidgetWidth);
 }
 
 void TextEdit::setSelection(forms::TextSelection selection) {
