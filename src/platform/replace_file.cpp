@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <atomic>
 
 #include "platform/files.h"
@@ -41,17 +40,17 @@ File createTemporary(const Path& folder, const Path& nameStart, bool forUsAlone,
 
 /// The number of the process that gave a temporary file this name; nothing for names of others.
 std::optional<std::uint32_t> processInName(const Path& name) {
-  std::uint32_t process = 0;
-  std::size_t numbers = 1;
-  bool digitBefore = false;
-  for (const auto c : name.substr(temporaryStart().size())) {
-    const bool digit = c >= '0' && c <= '9';
-    if (!digit && (c != '-' || !digitBefore)) return std::nullopt;
-    if (!digit) ++numbers;
-    if (digit && numbers == 1) process = 10 * process + static_cast<std::uint32_t>(c - '0');
-    digitBefore = digit;
-  }
-  return digitBefore && numbers == 2 ? std::optional(process) : std::nullopt;
+  const std::u16string numbers = native::textOf(name.substr(temporaryStart().size()));
+  const auto sign = numbers.find(u'-');
+  if (sign == std::u16string::npos) return std::nullopt;
+  const auto number = [](const std::u16string& digits) -> std::optional<std::uint32_t> {
+    const bool only = digits.find_first_not_of(u"0123456789") == std::u16string::npos;
+    const auto value = only ? text::wholeTextNumber(digits) : std::nullopt;
+    const auto whole = value ? text::roundToInt32(*value) : std::nullopt;
+    if (!whole) return std::nullopt;
+    return static_cast<std::uint32_t>(*whole);
+  };
+  return number(numbers.substr(sign + 1)) ? number(numbers.substr(0, sign)) : std::nullopt;
 }
 
 /// Deletes what processes left that were killed while they saved.

@@ -86,7 +86,6 @@ class NoFileSizeSignal {
   NoFileSizeSignal() {
     ::sigemptyset(&signal_);
     ::sigaddset(&signal_, SIGXFSZ);
-    wasPending_ = isPending();
     ::pthread_sigmask(SIG_BLOCK, &signal_, &before_);
   }
   ~NoFileSizeSignal() {
@@ -107,7 +106,7 @@ class NoFileSizeSignal {
 
   sigset_t signal_{};
   sigset_t before_{};
-  bool wasPending_ = false;
+  bool wasPending_ = isPending();
 };
 
 }  // namespace
