@@ -1,6 +1,7 @@
 #include "storage/list_file.h"
 
 #include <algorithm>
+#include <optional>
 #include <set>
 
 #include "storage/text_file.h"
@@ -33,6 +34,26 @@ ListEntries without(const ListEntries& entries, const ListEntries& others) {
     }
   }
   return left;
+}
+
+/// Nothing for a text with other characters than Windows-1252 has.
+std::optional<std::string> toWindows1252(std::u16string_view text) {
+  constexpr unsigned kBytes = 256;
+  std::string bytes;
+  for (const char16_t c : text) {
+    unsigned byte = std::min<unsigned>(c, 0x80);
+    while (byte < kBytes && text::fromWindows1252(static_cast<unsigned char>(byte)) != c) ++byte;
+    if (byte == kBytes) return std::nullopt;
+    bytes += static_cast<char>(byte);
+  }
+  return bytes;
+}
+
+/// The bytes of a file in place of others: in Windows-1252 if those are, so that its lines stay
+/// byte for byte, and if the text can be read back from it.
+std::string encoded(const std::u16string& text, std::string_view former) {
+  const auto bytes = text::isUtf8(former) ? std::nullopt : toWindows1252(text);
+  return bytes && text::fromBytes(*bytes) == text ? *bytes : text::toBytes(text);
 }
 
 }  // namespace
@@ -68,7 +89,7 @@ void ListFile::save(const ListEntries& edited) {
     for (const auto* entries : {&kept, &added}) {
       for (const auto& entry : *entries) lines += entry + u"\r\n";
     }
-    return text::toBytes(lines + rest);
+    return encoded(lines + rest, bytes.value_or(""));
   });
 }
 

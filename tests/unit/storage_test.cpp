@@ -89,6 +89,7 @@ TEST_F(ListFile, IsChangedAsTheDialogsChangeIt) {
       {"A\r\nA\r\nB", {u"A", u"B"}, "A\r\nA\r\nA\r\nB", "A\r\nB\r\nA\r\n"},
       {"A\r\nB", {u"A", u"B", u"C"}, std::nullopt, "A\r\nB\r\nC\r\n"},
       {full + "\n\r\xC3\xA9", {u"B"}, full + "\n\r\xC3\xA9", "B\r\n\n\r" + e},
+      {full + "\xE9\x80\xC3\xA9", {u"é"}, full + "\xE9\x80\xC3\xA9", "\xE9\r\n\xE9\x80\xC3\xA9"},
       {full + "\r\xE9", {u"Ω"}, full + "\r\xE9", "\xCE\xA9\r\n\r\xC3\xA9"},
   };
   for (const auto& c : cases) {
