@@ -1,5 +1,7 @@
 // Numbers for the lines of any text: put in, set right, taken away.
 
+#include <fuzzer/FuzzedDataProvider.h>
+
 #include "fuzz.h"
 #include "line_laws.h"
 
