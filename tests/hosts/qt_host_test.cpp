@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -59,6 +60,8 @@ QWidget* front() {
 }
 
 class QtHost : public testing::Test {
+  std::string program_ = "host";
+
  protected:
   QtHost() {
     std::filesystem::create_directory(folder_);
@@ -95,6 +98,10 @@ class QtHost : public testing::Test {
     QApplication::exec();
   }
 
+  // Each test has an application of its own, because a host may make and destroy several.
+  int argc_ = 1;
+  std::array<char*, 2> argv_{program_.data(), nullptr};
+  const QApplication application_{argc_, argv_.data()};
   const std::string folder_ =
       (std::filesystem::temp_directory_path() / ("qt-host-" + std::to_string(::getpid()))).string();
   const kvrnstep::Listwright plugin_ = kvrnstep::Listwright::load(hosts::pluginBesideProgram());
@@ -180,9 +187,3 @@ TEST_F(QtHost, HasTheDialogCloseWhateverHappens) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
-  const QApplication application(argc, argv);
-  return RUN_ALL_TESTS();
-}
