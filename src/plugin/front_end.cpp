@@ -1,5 +1,7 @@
 #include "plugin/front_end.h"
 
+#include <atomic>
+
 #include "platform/module.h"
 #include "plugin/plugin_folder.h"
 #include "text/text.h"
@@ -8,8 +10,8 @@ namespace kvrnstep::plugin {
 
 namespace {
 
-/// Null as long as people use the plug-in.
-forms::Toolkit* driven = nullptr;
+/// Null as long as people use the plug-in. Any thread may ask.
+std::atomic<forms::Toolkit*> driven = nullptr;
 
 }  // namespace
 
@@ -23,7 +25,8 @@ void* loadedSymbol(const std::string& name, const char* symbol, std::string& pro
 }
 
 forms::Toolkit* frontEnd(std::string& problem) {
-  return driven != nullptr ? driven : toolkitForPeople(problem);
+  forms::Toolkit* const ofScript = driven;
+  return ofScript != nullptr ? ofScript : toolkitForPeople(problem);
 }
 
 void useFrontEnd(forms::Toolkit& toolkit) {
