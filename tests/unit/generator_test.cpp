@@ -21,13 +21,9 @@ std::u16string listOf(const ListSettings& settings) {
 }
 
 TEST(Generator, HasALimit) {
-  ListSettings settings{.Prefix = std::u16string(KVRNSTEP_LONGEST_LIST / 2, u'p'),
-                        .Suffix = u"s",
-                        .Count = 1,
-                        .Beginning = std::u16string(KVRNSTEP_LONGEST_LIST / 2 - 2, u'b')};
-  settings.Option[AddBegEnd] = 1;
+  ListSettings settings{.Prefix = std::u16string(KVRNSTEP_LONGEST_LIST / 2 - 2, u'p'), .Count = 2};
   EXPECT_EQ(generateList(settings, 0).value().size(), KVRNSTEP_LONGEST_LIST);
-  settings.Ending = u"e";
+  settings.Prefix += u'p';
   EXPECT_FALSE(generateList(settings, 0));
 }
 
