@@ -22,8 +22,9 @@ start() {
   printf '%s\n' '[geany]' 'editor_font=Liberation Mono 13' 'pref_editor_tab_width=2' \
     '[plugins]' 'load_plugins=true' "active_plugins=$plugins/listwright.so;" \
     >config/geany/geany.conf
-  printf '[listwright]\nstep_list=<Primary><Alt>l\nroman_list=<Primary><Alt>r\n' \
-    >config/geany/keybindings.conf
+  printf '%s\n' '[listwright]' 'step_list=<Primary><Alt>l' 'roman_list=<Primary><Alt>r' \
+    'number_lines=<Primary><Alt>1' 'unnumber_lists=<Primary><Alt>3' \
+    'continue_list=<Primary><Alt>4' >config/geany/keybindings.conf
   printf '[styling]\ndefault=0xf0e0d0;0x203040;false;false\n' \
     >config/geany/filedefs/filetypes.common
   printf 'one\ntwo\n' >lf.txt
@@ -65,12 +66,12 @@ maps=/proc/$(xdotool getwindowpid "$window")/maps
 grep -q listwright.so "$maps" || fail 'the plug-in is not there'
 ! grep -q -e libkvrnstep -e Qt6 "$maps" || fail 'the library is there before the first dialog'
 
-# At the caret, through the menu; in place of the selection, undone at once; not at all.
-keys Down
+# At the caret of an indented line, through the menu; in place of the selection, undone at once; not at all.
+keys Down Tab
 dialog alt+t l n
 close alt+i
-saved lf.txt "one\n${numbers}two\n"
-keys ctrl+z ctrl+Home shift+End
+saved lf.txt "one\n\t${numbers//\\n/\\n\\t}two\n"
+keys ctrl+z ctrl+z ctrl+Home shift+End
 dialog ctrl+alt+r
 close alt+i
 saved lf.txt "$romans\ntwo\n"
@@ -79,6 +80,24 @@ saved lf.txt 'one\ntwo\n'
 dialog ctrl+alt+l
 close ctrl+q
 titled 'lf.txt *' || fail 'the document was changed'
+
+# Lines are numbered, moved, set right and lose their labels, and each change is taken back at once.
+keys ctrl+Home ctrl+alt+1 x
+saved lf.txt '1. xone\n2. two\n'
+keys ctrl+z ctrl+z
+saved lf.txt 'one\ntwo\n'
+keys ctrl+y ctrl+Home shift+Down ctrl+x ctrl+End ctrl+v alt+t l e
+saved lf.txt '1. two\n2. one\n'
+keys ctrl+z
+saved lf.txt '2. two\n1. one\n'
+keys ctrl+y ctrl+End ctrl+alt+4 x
+saved lf.txt '1. two\n2. one\n3. x\n'
+keys ctrl+a ctrl+alt+3
+saved lf.txt 'two\none\nx\n'
+keys ctrl+z
+saved lf.txt '1. two\n2. one\n3. x\n'
+keys ctrl+z ctrl+z ctrl+z ctrl+z ctrl+z ctrl+z
+saved lf.txt 'one\ntwo\n'
 
 # Geany takes nothing while the dialog is open, but runs on: another instance has it open a
 # document. The list still goes where it was asked for.

@@ -64,6 +64,10 @@ const Library* loadLibrary(char** problem) {
   if (!resolve(opened, "kvrnstep_dialog_init", &library.dialog_init) ||
       !resolve(opened, "kvrnstep_show_dialog", &library.show_dialog) ||
       !resolve(opened, "kvrnstep_can_show_dialog", &library.can_show_dialog) ||
+      !resolve(opened, "kvrnstep_lines_init", &library.lines_init) ||
+      !resolve(opened, "kvrnstep_number_lines", &library.number_lines) ||
+      !resolve(opened, "kvrnstep_renumber_lines", &library.renumber_lines) ||
+      !resolve(opened, "kvrnstep_unnumber_lines", &library.unnumber_lines) ||
       !resolve(opened, "kvrnstep_free", &library.free)) {
     *problem = g_strdup(dlerror());
     dlclose(opened);

@@ -2,6 +2,7 @@
 
 #include <gmodule.h>
 
+#include "lines.h"
 #include "step_list.h"
 
 typedef struct Command {
@@ -10,25 +11,38 @@ typedef struct Command {
   const char* keyLabel;
 } Command;
 
-// The dialog as the open defaults have it, then one entry for each listing type in its order.
+// The dialog as the open defaults have it, one entry for each listing type in its order, then the
+// changes of lines in theirs.
 static const Command commands[] = {
     {"_Step List…", "step_list", "Insert a step list"},
     {"_Numbered…", "numbered_list", "Insert a numbered list"},
     {"_Alphabetical…", "alphabetical_list", "Insert an alphabetical list"},
     {"_Roman Numeral…", "roman_list", "Insert a Roman numeral list"},
     {"_Prefix And/Or Suffix…", "prefix_suffix_list", "Insert a prefix and/or suffix list"},
+    {"Nu_mber Lines", "number_lines", "Number lines"},
+    {"R_enumber Lists", "renumber_lists", "Renumber lists"},
+    {"_Unnumber Lists", "unnumber_lists", "Take labels of lists away"},
+    {"_Continue List", "continue_list", "Continue the list above"},
 };
+enum { FirstLineChange = 5 };
 
 static GtkWidget* menu;
 
+static void run(GeanyPlugin* plugin, int command) {
+  if (command < FirstLineChange) {
+    insertStepList(plugin->geany_data, command - 1);
+  } else {
+    changeLines((LineChange)(command - FirstLineChange));
+  }
+}
+
 static void onActivate(GtkMenuItem* item, gpointer plugin) {
-  insertStepList(((GeanyPlugin*)plugin)->geany_data,
-                 GPOINTER_TO_INT(g_object_get_data(G_OBJECT(item), "type")));
+  run(plugin, GPOINTER_TO_INT(g_object_get_data(G_OBJECT(item), "command")));
 }
 
 static gboolean onKey(GeanyKeyGroup* group, guint key, gpointer plugin) {
   (void)group;
-  insertStepList(((GeanyPlugin*)plugin)->geany_data, (int)key - 1);
+  run(plugin, (int)key);
   return TRUE;
 }
 
@@ -42,8 +56,10 @@ static gboolean start(GeanyPlugin* plugin, gpointer unused) {
   for (guint i = 0; i < G_N_ELEMENTS(commands); ++i) {
     const Command* command = &commands[i];
     GtkWidget* item = gtk_menu_item_new_with_mnemonic(command->caption);
-    g_object_set_data(G_OBJECT(item), "type", GINT_TO_POINTER((int)i - 1));
+    g_object_set_data(G_OBJECT(item), "command", GINT_TO_POINTER((int)i));
     g_signal_connect(item, "activate", G_CALLBACK(onActivate), plugin);
+    if (i == FirstLineChange)
+      gtk_menu_shell_append(GTK_MENU_SHELL(entries), gtk_separator_menu_item_new());
     gtk_menu_shell_append(GTK_MENU_SHELL(entries), item);
     // No keys are set, because those that Geany leaves free belong to the user.
     keybindings_set_item_full(keys, i, 0, 0, command->keyName, command->keyLabel, item, NULL, NULL,

@@ -1,27 +1,14 @@
 #include "step_list.h"
 
+#include <string.h>
+
+#include "document.h"
 #include "library.h"
 
 // Geany's events run while the dialog is open: a screen reader can ask for another dialog in spite
 // of the grab, and Geany can be told to end.
 static const Library* dialogOpenIn = NULL;
 static gboolean documentsAreGone = FALSE;
-
-static void say(const char* problem) {
-  ui_set_statusbar(TRUE, "Listwright: %s", problem);
-}
-
-/// The current document; null, and the user is told, where it takes no text.
-static GeanyDocument* writableDocument(void) {
-  GeanyDocument* document = document_get_current();
-  if (document == NULL) {
-    say("no document is open");
-  } else if (document->readonly) {
-    say("the document is read-only");
-    document = NULL;
-  }
-  return document;
-}
 
 /// Listwright's folder below one of the user's, the same for every editor; null, and the user is
 /// told, where it cannot be made. To be freed.
@@ -52,18 +39,36 @@ static int32_t defaultColor(GeanyDocument* document, unsigned int message) {
   return (int32_t)scintilla_send_message(document->editor->sci, message, STYLE_DEFAULT, 0);
 }
 
-/// The list with the line ends of the document. To be freed.
-static char* withLineEndsOf(GeanyDocument* document, const char* list) {
+/// The blanks of the selection's first line. To be freed.
+static char* depthOf(ScintillaObject* sci) {
+  const int start = sci_get_selection_start(sci);
+  const int line = sci_get_line_from_position(sci, start);
+  char* text = textBetween(sci, sci_get_position_from_line(sci, line), start);
+  text[strspn(text, " \t")] = '\0';
+  return text;
+}
+
+/// The list with the line ends of the document, all lines as far in as the selection's first one.
+/// To be freed.
+static char* fitted(GeanyDocument* document, const char* list) {
+  ScintillaObject* sci = document->editor->sci;
+  const int end = sci_get_selection_end(sci);
+  const gboolean textFollows =
+      end < sci_get_line_end_position(sci, sci_get_line_from_position(sci, end));
   const char* lineEnd = editor_get_eol_char(document->editor);
+  char* depth = depthOf(sci);
   GString* text = g_string_new(NULL);
   for (const char* next = list; *next != '\0'; ++next) {
     if (*next == '\r' && next[1] == '\n') ++next;
     if (*next == '\r' || *next == '\n') {
       g_string_append(text, lineEnd);
+      if (next[1] == '\0' ? textFollows : strchr("\r\n", next[1]) == NULL)
+        g_string_append(text, depth);
     } else {
       g_string_append_c(text, *next);
     }
   }
+  g_free(depth);
   return g_string_free(text, FALSE);
 }
 
@@ -71,7 +76,7 @@ static char* withLineEndsOf(GeanyDocument* document, const char* list) {
 static void replaceSelection(const GeanyData* data, GeanyDocument* document, const char* list) {
   gtk_notebook_set_current_page(GTK_NOTEBOOK(data->main_widgets->notebook),
                                 document_get_notebook_page(document));
-  char* text = withLineEndsOf(document, list);
+  char* text = fitted(document, list);
   sci_replace_sel(document->editor->sci, text);
   g_free(text);
 }
