@@ -311,11 +311,12 @@ an item."
   "Make the line at point LINE.  What ends alike stays, and markers in it."
   (let* ((old (buffer-substring-no-properties (point) (line-end-position)))
          (ends (list (length old) (length line))))
-    (while (and (> (apply #'min ends) 0)
-                (eq (aref old (1- (car ends))) (aref line (1- (cadr ends)))))
-      (setq ends (mapcar #'1- ends)))
-    (delete-region (point) (+ (point) (car ends)))
-    (insert (substring line 0 (cadr ends)))))
+    (unless (equal old line)
+      (while (and (> (apply #'min ends) 0)
+                  (eq (aref old (1- (car ends))) (aref line (1- (cadr ends)))))
+        (setq ends (mapcar #'1- ends)))
+      (delete-region (point) (+ (point) (car ends)))
+      (insert (substring line 0 (cadr ends))))))
 
 (defun listwright--edit-lines (start end change)
   "Replace the lines from START to END by the result of CHANGE.
