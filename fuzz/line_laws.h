@@ -90,6 +90,7 @@ inline std::optional<std::string> changed(decltype(lines::number)& change, std::
 /// The text without what `renumber` may change: blanks and a label at the beginning of each line.
 inline std::string withoutLabels(std::string_view text) {
   std::string rest;
+  if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
   while (!text.empty()) {
     std::string_view line = text.substr(0, std::min(text.find('\n'), text.size() - 1) + 1);
     text.remove_prefix(line.size());

@@ -34,7 +34,8 @@ inline TextLine lineAt(std::string_view text, std::size_t begin) {
   line.begin = begin;
   line.end = std::min(text.find('\n', begin), text.size());
   line.next = std::min(line.end + 1, text.size());
-  if (line.end > begin && text[line.end - 1] == '\r') --line.end;
+  // A CR alone is no line end, not even as the last character.
+  if (line.next > line.end && line.end > begin && text[line.end - 1] == '\r') --line.end;
   line.text = behindBlanks(text.substr(0, line.end), begin);
   line.hasText = hasText(text.substr(line.text, line.end - line.text));
   return line;
