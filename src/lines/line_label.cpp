@@ -34,6 +34,12 @@ std::string_view withoutLeadingBlanks(std::string_view text) {
   return text.substr(behindBlanks(text, 0));
 }
 
+bool isWordAt(std::string_view text, std::size_t place) {
+  constexpr std::string_view kWord =
+      "0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
+  return place < text.size() && kWord.find(text[place]) != std::string_view::npos;
+}
+
 }  // namespace
 
 LineLabel::LineLabel(const generator::ListSettings& settings, std::size_t digits)
@@ -131,6 +137,10 @@ std::optional<FoundLabel> LineLabel::find(std::string_view line) const {
       return std::nullopt;
     }
     if (!isLast && !findNumber(piece, line, found)) return std::nullopt;
+    // A macro at the label's end would take letters of a word.
+    if (isLast && visible == 0 && isWordAt(line, found.end)) {
+      return std::nullopt;
+    }
   }
   return found;
 }
