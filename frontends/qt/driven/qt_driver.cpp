@@ -10,6 +10,7 @@
 #include <QStyleOptionComboBox>
 #include <QTest>
 #include <QTimer>
+#include <utility>
 
 #include "menu_view.h"
 #include "spinner_view.h"
@@ -91,13 +92,16 @@ Qt::Key keyOf(char16_t character) {
 }  // namespace
 
 void QtDriver::callAct(bool on) {
-  if (on && !looking_) look();
   looking_ = on;
+  if (on) look();
 }
 
-/// Qt does not call a timer again before its slot has returned, so each look has its own timer.
+/// Qt does not call a timer again before its slot has returned, so each look has its own timer; one
+/// of them runs.
 void QtDriver::look() {
+  if (std::exchange(lookIsDue_, true)) return;
   QTimer::singleShot(1, QCoreApplication::instance(), [this] {
+    lookIsDue_ = false;
     if (!looking_) return;
     look();
     act();

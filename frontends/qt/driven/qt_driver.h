@@ -44,7 +44,8 @@ class QtDriver final : public driving::WidgetDriver {
   void look();
 
   QtToolkit native_;
-  bool looking_ = false;
+  bool looking_ = false;    ///< the player acts
+  bool lookIsDue_ = false;  ///< a timer runs
 };
 
 }  // namespace kvrnstep::qt
