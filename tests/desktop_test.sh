@@ -72,7 +72,7 @@ begin env LD_PRELOAD="$sanitizer" ASAN_OPTIONS=detect_leaks=0 \
   python3 host.py "$library" "$work"
 keys alt+i
 wait "$command" || fail "Python: $(cat err)"
-printf "%s\n" Stepicon.ico "1 b'    I. \\r\\n   II. \\r\\n  III. \\r\\n'" | cmp - out ||
+printf "%s\n" Stepicon.ico "1 b'    I. \\r\\n   II. \\r\\n  III. \\r\\n'" "b'1. one\\n2. two\\n'" | cmp - out ||
   fail "Python: $(cat out)"
 
 # Windows that another program destroys, one tied to the other.
