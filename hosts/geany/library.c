@@ -4,6 +4,8 @@
 #include <glib.h>
 #include <stdlib.h>
 
+#include "document.h"
+
 #define LIBRARY_NAME "libkvrnstep.so.2"
 
 static Library library;
@@ -49,7 +51,7 @@ static gboolean resolve(void* module, const char* name, void* function) {
   return *(void**)function != NULL;
 }
 
-const Library* loadLibrary(char** problem) {
+static const Library* load(char** problem) {
   static void* module;
   if (module != NULL) return &library;
 
@@ -75,4 +77,12 @@ const Library* loadLibrary(char** problem) {
   }
   module = opened;
   return &library;
+}
+
+const Library* loadLibrary(void) {
+  char* problem = NULL;
+  const Library* loaded = load(&problem);
+  if (loaded == NULL) say(problem);
+  g_free(problem);
+  return loaded;
 }

@@ -14,6 +14,6 @@ typedef struct Library {
   __typeof__(&kvrnstep_free) free;
 } Library;
 
-/// The library, which the first call loads until Geany ends. Null if that fails; `*problem` then
-/// says why in one line, to be freed by g_free.
-const Library* loadLibrary(char** problem);
+/// The library, which the first call loads until Geany ends. Null, and the user is told why, if
+/// that fails.
+const Library* loadLibrary(void);

@@ -244,13 +244,8 @@ static void continueList(ScintillaObject* sci, const Library* library, Span span
 void changeLines(LineChange change) {
   GeanyDocument* document = writableDocument();
   if (document == NULL) return;
-  char* problem = NULL;
-  const Library* library = loadLibrary(&problem);
-  if (library == NULL) {
-    say(problem);
-    g_free(problem);
-    return;
-  }
+  const Library* library = loadLibrary();
+  if (library == NULL) return;
   ScintillaObject* sci = document->editor->sci;
   const gboolean selected = sci_has_selection(sci);
   const Span span = selectedLines(sci);

@@ -159,13 +159,8 @@ void insertStepList(const GeanyData* data, int type) {
   }
   GeanyDocument* document = writableDocument();
   if (document == NULL) return;
-  char* problem = NULL;
-  const Library* library = loadLibrary(&problem);
-  if (library == NULL) {
-    say(problem);
-    g_free(problem);
-    return;
-  }
+  const Library* library = loadLibrary();
+  if (library == NULL) return;
 
   dialogOpenIn = library;
   documentsAreGone = FALSE;
