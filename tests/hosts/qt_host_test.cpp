@@ -27,8 +27,11 @@ std::size_t largestObject = kNoLimit;
 }  // namespace
 
 /// Memory of the whole process, which runs out for large objects.
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+  return size > largestObject ? nullptr : std::malloc(size);
+}
 void* operator new(std::size_t size) {
-  void* memory = size > largestObject ? nullptr : std::malloc(size);
+  void* memory = ::operator new(size, std::nothrow);
   if (memory == nullptr) throw std::bad_alloc();
   return memory;
 }
