@@ -9,7 +9,8 @@ extern "C" {
 /// has it. Font, margins, orientation and copies are the queue's and the user's settings.
 ///
 /// `text` is UTF-8 with CR LF line ends, `length` its size in bytes. False: no printer, no
-/// scheduler, or one that does not take the job; nothing stays in the queue, nothing is shown.
+/// scheduler, or one that does not take the job within six seconds; nothing stays in the queue,
+/// nothing is shown.
 bool kvrnstepPrint(const char* text, std::size_t length);
 
 /// Starts a sound and returns at once; what cannot be played is silent.

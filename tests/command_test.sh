@@ -127,14 +127,7 @@ check 2 '' '' --step-folder steps --settings steps.ini
 dialog=(--step-folder steps --settings steps.ini)
 DISPLAY=:4711 check 2 '' '' "${dialog[@]}"
 QT_QPA_PLATFORM='linuxfb;eglfs:x=1' check 2 '' 'QT_QPA_PLATFORM' "${dialog[@]}"
-# A server that takes clients and says nothing.
-python3 -c 'if True:
-  import socket, signal
-  silent = socket.socket(socket.AF_UNIX)
-  silent.bind("silent")
-  silent.listen(100)
-  signal.pause()' &
-await test -S silent
+serve_badly silent
 DISPLAY=$work/silent WAYLAND_DISPLAY=$work/silent check 2 '' 'one that answers' "${dialog[@]}"
 if [ -e "$(dirname "$listwright")/../lib/kvrnstep-qt-driven.so" ]; then
   printf 'call\nclick cmdCIC(1)\n' >script

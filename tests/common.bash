@@ -34,3 +34,23 @@ await() {
   done
   return 0
 }
+
+# serve_badly SOCKET [TEXT] — a server that takes clients and only sends them that text every now and
+# then. "clients SOCKET NUMBER" tells whether there have been so many.
+serve_badly() {
+  python3 -c 'if True:
+    import select, socket, sys
+    server = socket.socket(socket.AF_UNIX)
+    server.bind(sys.argv[1])
+    server.listen(100)
+    clients = []
+    while True:
+      if select.select([server], [], [], 0.2)[0]:
+        clients.append(server.accept()[0])
+        print(len(clients), flush=True)
+      for client in clients:
+        try: client.send(sys.argv[2].encode())
+        except OSError: pass' "$1" "${2:-}" >"$1.clients" &
+  await test -S "$1"
+}
+clients() { [ "$(wc -l <"$1.clients")" -ge "$2" ]; }

@@ -123,7 +123,7 @@ depends=$(dpkg-deb -f packed/listwright_*.deb Depends)
 if [ -e unpacked/usr/lib/listwright/kvrnstep-qt.so ] && [[ $depends != *libqt6widgets6* ]]; then
   fail "listwright goes without Qt"
 fi
-for optional in cups multimedia sndfile qt6test geany gtk; do
+for optional in cups pulse sndfile qt6test geany gtk; do
   [[ $depends != *$optional* ]] || fail "listwright cannot be installed without $optional"
 done
 

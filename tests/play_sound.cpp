@@ -1,10 +1,7 @@
-// play_sound MODULE [--keep]: plays what standard input names line by line, MODE:FILE, and ends
-// with it. It runs no events, as a host does whose own toolkit is another one.
+// play_sound MODULE: plays what standard input names line by line, MODE:FILE, and ends with it.
 #include <dlfcn.h>
 
-#include <QApplication>
 #include <cstdio>
-#include <cstdlib>
 #include <iostream>
 #include <string>
 
@@ -12,7 +9,6 @@ int main(int argc, char** argv) {
   using PlaySound = void(const char* path, int giveWay);
 
   if (argc < 2) return 2;
-  const QApplication application(argc, argv);
   void* module = dlopen(argv[1], RTLD_NOW | RTLD_LOCAL);
   if (module == nullptr) {
     std::fprintf(stderr, "%s\n", dlerror());
@@ -25,7 +21,5 @@ int main(int argc, char** argv) {
     if (line.size() < 3) return 2;
     play(line.c_str() + 2, line[0] - '0');
   }
-  // The plug-in keeps its application; a Qt host deletes its own.
-  if (argc > 2) std::exit(0);
   return 0;
 }

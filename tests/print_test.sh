@@ -131,6 +131,8 @@ wait "$scheduler"
 [ ! -e socket ] || fail 'the socket stays'
 refused 'no scheduler'
 refused 'no scheduler on the network' CUPS_SERVER=localhost:9
+serve_badly drips x
+refused 'a scheduler that never gets to the end' CUPS_SERVER="$work/drips"
 
 [ "$failed" -eq 0 ] || tail -n 40 error_log
 exit "$failed"

@@ -1,12 +1,12 @@
 #include <cups/cups.h>
-#include <pthread.h>
 
-#include <csignal>
+#include <chrono>
+#include <future>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <thread>
 
+#include "services/own_thread.h"
 #include "services/services.h"
 
 namespace {
@@ -18,6 +18,10 @@ constexpr int kConnectMilliseconds = 2000;
 
 /// The system may start the scheduler only when it is called, so its first answer can take a while.
 constexpr double kAnswerSeconds = 5.0;
+
+/// For everything, because a scheduler may send a byte now and then.
+using Clock = std::chrono::steady_clock;
+constexpr auto kLongest = std::chrono::seconds(6);
 
 struct Release {
   void operator()(http_t* connection) const { httpClose(connection); }
@@ -56,7 +60,7 @@ bool sent(http_t* connection, cups_dest_t* printer, cups_dinfo_t* abilities, int
          cupsFinishDestDocument(connection, printer, abilities) < IPP_STATUS_REDIRECTION_OTHER_SITE;
 }
 
-bool printed(const std::string& document) {
+bool printed(const std::string& document, Clock::time_point deadline) {
   // libcups would ask for one on the terminal of the host.
   const cups_password_cb2_t noPassword = [](const char*, http_t*, const char*, const char*,
                                             void*) -> const char* { return nullptr; };
@@ -66,7 +70,9 @@ bool printed(const std::string& document) {
   const Owned<cups_dest_t> printer(cupsGetNamedDest(connection.get(), nullptr, nullptr));
   if (printer == nullptr) return false;
   const Owned<cups_dinfo_t> abilities(cupsCopyDestInfo(connection.get(), printer.get()));
-  if (abilities == nullptr) return false;
+  // Whoever waits for this does so until then.
+  const auto inTime = [deadline] { return Clock::now() < deadline; };
+  if (abilities == nullptr || !inTime()) return false;
 
   int job = 0;
   // The printer's options are those that the user saved for it.
@@ -74,33 +80,11 @@ bool printed(const std::string& document) {
       cupsCreateDestJob(connection.get(), printer.get(), abilities.get(), &job, kTitle,
                         printer->num_options, printer->options);
   if (created >= IPP_STATUS_REDIRECTION_OTHER_SITE || job <= 0) return false;
-  if (sent(connection.get(), printer.get(), abilities.get(), job, document)) return true;
+  if (inTime() && sent(connection.get(), printer.get(), abilities.get(), job, document))
+    return true;
   // Without its document the job would hold up the queue.
   cupsCancelDestJob(connection.get(), printer.get(), job);
   return false;
-}
-
-/// As long as it exists, neither this thread nor those that it starts get signals.
-class SignalsKeptOff {
- public:
-  SignalsKeptOff() {
-    sigset_t all;
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before_);
-  }
-  ~SignalsKeptOff() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-  SignalsKeptOff(const SignalsKeptOff&) = delete;
-  SignalsKeptOff& operator=(const SignalsKeptOff&) = delete;
-
- private:
-  sigset_t before_{};
-};
-
-/// The host's signal handlers expect the host's threads.
-template <class Work>
-std::thread startedWithoutSignals(Work work) {
-  const SignalsKeptOff keptOff;
-  return std::thread(work);
 }
 
 }  // namespace
@@ -110,10 +94,12 @@ std::thread startedWithoutSignals(Work work) {
 /// whole process ignore SIGPIPE. That is left so, because the host's own use of it may rely on it.
 extern "C" [[gnu::visibility("default")]] bool kvrnstepPrint(const char* text, std::size_t length) {
   try {
-    const std::string document = documentOf({text, length});
-    bool done = false;
-    startedWithoutSignals([&] { done = printed(document); }).join();
-    return done;
+    const auto deadline = Clock::now() + kLongest;
+    std::packaged_task<bool()> task(
+        [document = documentOf({text, length}), deadline] { return printed(document, deadline); });
+    std::future<bool> done = task.get_future();
+    kvrnstep::services::startOwnThread(std::move(task));
+    return done.wait_until(deadline) == std::future_status::ready && done.get();
   } catch (...) {
     return false;
   }

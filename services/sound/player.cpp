@@ -1,172 +1,145 @@
-#include <QAbstractEventDispatcher>
-#include <QAudioDevice>
-#include <QAudioSink>
-#include <QBuffer>
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QMediaDevices>
-#include <QThread>
-#include <QTimer>
+#include <fcntl.h>
+#include <pulse/simple.h>
+#include <sndfile.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <chrono>
-#include <condition_variable>
-#include <cstdlib>
 #include <deque>
 #include <exception>
 #include <memory>
 #include <mutex>
 #include <string>
 #include <utility>
+#include <vector>
 
+#include "services/own_thread.h"
 #include "services/services.h"
-#include "sound_file.h"
 
 namespace {
 
 using namespace std::chrono_literals;
-using kvrnstep::sound::SoundFile;
+using Clock = std::chrono::steady_clock;
 
-constexpr auto kTick = 20ms;
-constexpr auto kBuffer = 200ms;
-constexpr auto kSettle = 100ms;
-/// A server that does not answer must not keep the process from ending.
-constexpr auto kLongestStop = 2s;
+/// What is written at once, and how much of it the server holds.
+constexpr auto kPiece = 20ms;
+constexpr pa_usec_t kHeld = std::chrono::microseconds(200ms).count();
+/// A sound that comes later than this tells nobody anything any more.
+constexpr auto kLatest = 2s;
+
+struct Close {
+  void operator()(SNDFILE* file) const { sf_close(file); }
+  void operator()(pa_simple* stream) const { pa_simple_free(stream); }
+};
+template <class Type>
+using Owned = std::unique_ptr<Type, Close>;
+
+/// Null for what is missing, is no regular file, or holds no sound.
+Owned<SNDFILE> openSound(const std::string& path, SF_INFO& info) {
+  // A pipe must not make anybody wait.
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (descriptor < 0) return nullptr;
+  struct stat status {};
+  if (fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
+    ::close(descriptor);
+    return nullptr;
+  }
+  Owned<SNDFILE> file(sf_open_fd(descriptor, SFM_READ, &info, SF_TRUE));
+  return info.frames > 0 ? std::move(file) : nullptr;
+}
+
+/// Null where no server takes a sound of this kind.
+Owned<pa_simple> openStream(const SF_INFO& info) {
+  if (info.channels > int{PA_CHANNELS_MAX}) return nullptr;
+  const pa_sample_spec format{PA_SAMPLE_FLOAT32NE, static_cast<std::uint32_t>(info.samplerate),
+                              static_cast<std::uint8_t>(info.channels)};
+  if (pa_sample_spec_valid(&format) == 0) return nullptr;
+  constexpr auto kUsual = static_cast<std::uint32_t>(-1);
+  const pa_buffer_attr held{kUsual, static_cast<std::uint32_t>(pa_usec_to_bytes(kHeld, &format)),
+                            kUsual, kUsual, kUsual};
+  return Owned<pa_simple>(pa_simple_new(nullptr, "Listwright", PA_STREAM_PLAYBACK, nullptr, "Alert",
+                                        &format, nullptr, &held, nullptr));
+}
 
 struct Request {
   std::string path;
   bool giveWay = false;  ///< plays nothing while another sound plays
+  Clock::time_point asked = Clock::now();
 };
 
-/// Plays one sound at a time on a thread of its own. So nobody waits for the sound server, and a
-/// sound is heard to its end when the thread that asked for it runs no events any more.
-class Player : public QThread {
+/// Plays one sound at a time on a thread of its own, which runs while there is something to play.
+class Player {
  public:
   void play(Request request);
-  /// Ends what is playing and the thread; a later sound starts it again.
-  void stop();
-
- protected:
-  void run() override;
 
  private:
+  void run();
   void playToEnd(const Request& request);
   bool isReplaced();
 
   std::mutex mutex_;
-  std::condition_variable changed_;
   std::deque<Request> requests_;
-  bool stopping_ = false;
+  bool running_ = false;
 };
 
-/// The one player of the process.
-Player& thePlayer();
-
-thread_local bool isPlayerThread = false;
-QtMessageHandler othersHandler = nullptr;
-
-/// What goes wrong with a sound is silent; everybody else's messages go on.
-void dropOwnMessages(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-  if (!isPlayerThread && othersHandler != nullptr) othersHandler(type, context, message);
-}
-
-void stopThePlayer() {
-  thePlayer().stop();
-}
-
-/// The connection to the sound server is an object that Qt makes when it is first used and
-/// destroys when the process ends. The player has to stop before, and handlers run in reverse
-/// order.
-void stopBeforeConnectionEnds(const QAudioDevice& device) {
-  static const bool done = [&device] {
-    // Without a format a sink does not get further than making the connection.
-    QBuffer nothing;
-    nothing.open(QIODevice::ReadOnly);
-    QAudioSink(device, {}).start(&nothing);
-    return std::atexit(stopThePlayer) == 0;
-  }();
-  static_cast<void>(done);
-}
-
-Player& thePlayer() {
-  // Never deleted: it is stopped before the process ends.
-  static auto* const player = [] {
-    othersHandler = qInstallMessageHandler(dropOwnMessages);
-    // For a process that ends while the thread makes its connection.
-    std::atexit(stopThePlayer);
-    return std::make_unique<Player>().release();
-  }();
-  return *player;
-}
-
 void Player::play(Request request) {
-  {
-    const std::lock_guard lock(mutex_);
-    stopping_ = false;
-    requests_.push_back(std::move(request));
-  }
-  changed_.notify_one();
-  if (isRunning()) return;
-  qAddPostRoutine(stopThePlayer);
-  start();
-}
-
-void Player::stop() {
-  {
-    const std::lock_guard lock(mutex_);
-    stopping_ = true;
-    requests_.clear();
-  }
-  changed_.notify_one();
-  wait(QDeadlineTimer(kLongestStop));
+  const std::lock_guard lock(mutex_);
+  if (!request.giveWay) requests_.clear();
+  requests_.push_back(std::move(request));
+  if (running_) return;
+  kvrnstep::services::startOwnThread([this] { run(); });
+  running_ = true;
 }
 
 void Player::run() {
-  isPlayerThread = true;
   std::unique_lock lock(mutex_);
-  while (true) {
-    changed_.wait(lock, [this] { return stopping_ || !requests_.empty(); });
-    if (stopping_) return;
+  while (!requests_.empty()) {
     const Request request = std::move(requests_.front());
     requests_.pop_front();
     lock.unlock();
-    playToEnd(request);
+    try {
+      playToEnd(request);
+    } catch (const std::exception&) {
+      // Without memory for it there is no sound.
+    }
     lock.lock();
-    // The server tells what has changed when a sound has ended, and Qt's connection to it must not
-    // be destroyed while it listens. Nobody can ask it whether it does.
-    if (stopping_) msleep(kSettle.count());
   }
+  running_ = false;
 }
 
 void Player::playToEnd(const Request& request) {
-  SoundFile sound(request.path);
-  if (!sound.isSound()) return;
-  // The connection notices here that the server has gone, or is there again.
-  while (eventDispatcher()->processEvents(QEventLoop::AllEvents)) {
-  }
-  const QAudioDevice device = QMediaDevices::defaultAudioOutput();
-  if (device.isNull()) return;
-  stopBeforeConnectionEnds(device);
+  SF_INFO info{};
+  const auto sound = openSound(request.path, info);
+  if (sound == nullptr) return;
+  const auto stream = openStream(info);
+  if (stream == nullptr || Clock::now() - request.asked > kLatest) return;
 
-  QAudioSink sink(device, sound.format());
-  sink.setBufferSize(sound.format().bytesForDuration(std::chrono::microseconds(kBuffer).count()));
-  sink.start(&sound);
-  // A sink is idle when all has been written, not when all has been heard. The silence that has
-  // been written by then has pushed the sound out of the server.
-  sound.setTail(2 * sink.bufferSize());
-
-  QTimer tick;
-  tick.start(kTick);
-  while (sink.state() != QAudio::StoppedState &&
-         !(sink.state() == QAudio::IdleState && sound.atEnd()) && !isReplaced()) {
-    eventDispatcher()->processEvents(QEventLoop::WaitForMoreEvents);
+  const auto frames = static_cast<sf_count_t>(info.samplerate * kPiece / 1s + 1);
+  std::vector<float> samples(static_cast<std::size_t>(frames * info.channels));
+  while (!isReplaced()) {
+    const sf_count_t count = sf_readf_float(sound.get(), samples.data(), frames);
+    if (count > 0) {
+      const auto size = static_cast<std::size_t>(count * info.channels) * sizeof(float);
+      if (pa_simple_write(stream.get(), samples.data(), size, nullptr) == 0) continue;
+    }
+    pa_simple_drain(stream.get(), nullptr);
+    isReplaced();
+    return;
   }
-  // A sink that ends while it plays would go on feeding a stream that has gone.
-  sink.stop();
 }
 
+/// Forgets what gives way to the sound that is playing.
 bool Player::isReplaced() {
   const std::lock_guard lock(mutex_);
   while (!requests_.empty() && requests_.front().giveWay) requests_.pop_front();
-  return stopping_ || !requests_.empty();
+  return !requests_.empty();
+}
+
+/// The one player of the process. It is never deleted, because its thread may wait for a server
+/// when the process ends.
+Player& thePlayer() {
+  static auto* const player = std::make_unique<Player>().release();
+  return *player;
 }
 
 }  // namespace
