@@ -50,11 +50,9 @@ void frmListwright::ApplyOpenDefaults() {
 
 void frmListwright::editAffixes(int index) {
   frmStepPSEdit editor(toolkit(), host());
-  const std::u16string text = cboPreSuf(index).text();
   editor.PivitWhat = static_cast<std::uint8_t>(index);
   editor.showModal(toolkit());
   affixFiles_.at(static_cast<std::size_t>(index)).load();
-  cboPreSuf(index).setText(text);
 }
 
 void frmListwright::editStoredTexts(std::uint8_t kind, forms::TextBox& target) {
