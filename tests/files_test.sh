@@ -63,6 +63,11 @@ drive settings.ini lists 'click lblD(5)' 'type txtHold(0) x' close 'click lblD(1
 inserts 'settings and lists that are folders'
 [ -z "$(find lists -type f -size +0)" ] || fail 'lists that are folders were saved'
 
+# Storage that is too large to be read is not written over.
+truncate -s 17M steps/beginning_step.dat
+drive steps.ini steps 'click lblD(5)' 'type txtHold(0) x' close
+[ "$(stat -c %s steps/beginning_step.dat)" -gt 9999 ] || fail 'storage that was not read was saved'
+
 # Of a list of more lines than are read, the others stay behind those that were edited.
 seq 40000 | sed 's/$/\r/' >steps/Prefix_Step.dat
 drive steps.ini steps 'choose cboPreSuf(0) 32000' 'show cboPreSuf(0).text' 'choose cboPreSuf(0) 0' \

@@ -169,7 +169,7 @@ TEST_F(Component, HandsOutItsClassesAndNothingElse) {
   EXPECT_EQ(factory->CreateInstance(listwright_, kIidUnknown, &object), CLASS_E_NOAGGREGATION);
   EXPECT_EQ(factory->CreateInstance(nullptr, kInterfaceListwright, &object), E_NOINTERFACE);
   EXPECT_EQ(object, nullptr);
-  factory->Release();
+  EXPECT_EQ(factory->Release(), 1U) << "it counts among what keeps the library";
 
   void* one = nullptr;
   void* other = nullptr;
@@ -228,10 +228,12 @@ TEST_F(Component, LateCallsTakeArgumentsByPlaceAndByName) {
   given[2] = real(1.5);
   given[3] = text(u"true");
   given[9] = real(-2147483643.0);
+  given[11] = text(u"");
   given[13] = text(u"10.5");
   given[14] = real(2.5);
   EXPECT_EQ(invoke(*listwright_, kShow, given, nullptr).result, S_OK);
   EXPECT_EQ(textOf(output.bstrVal), u"    I. \r\n   II. \r\n  III. \r\n");
+  EXPECT_TRUE(exists(folder_.path("steps.ini"))) << "in the plug-in's folder";
   // The named ones come first, in any order.
   std::vector<VARIANT> named(given.begin(), given.begin() + 6);
   for (const std::size_t place : {11U, 6U, 8U, 7U}) named.push_back(given[place]);
@@ -329,6 +331,9 @@ TEST_F(Component, EarlyCallsLeaveWhatTheyOnlyRead) {
   EXPECT_TRUE(back == 0x123456 && fore == 7 && size == 12 && blanks == 1);
   EXPECT_EQ(show(&output, &result, false), S_OK);
   EXPECT_EQ(textOf(output), kList);
+  meanwhile_ = [&] { user_.perform("click", u"cmdCIC(2)"); };
+  EXPECT_EQ(show(&output, &result, false), S_OK);
+  EXPECT_TRUE(result == VARIANT_FALSE && textOf(output).empty()) << "Copy hands out nothing";
   EXPECT_EQ(show(nullptr, &result, true), E_POINTER);
   EXPECT_EQ(show(&output, nullptr, true), E_POINTER);
   EXPECT_EQ(listwright_->PlugNameVersion(nullptr), E_POINTER);
@@ -343,6 +348,9 @@ TEST_F(Component, IconsAreWrittenAsFiles) {
         S_OK);
     return textOf(path.bstrVal);
   };
+  create_directory(folder_.path("Stepicon.ico"));
+  EXPECT_EQ(get(integer(102)), u"") << "a folder is in its place";
+  remove(folder_.path("Stepicon.ico"));
   const std::filesystem::path written = get(integer(102));
   EXPECT_EQ(written.filename(), "Stepicon.ico");
   const auto small = std::filesystem::file_size(written);

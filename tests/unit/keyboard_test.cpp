@@ -96,6 +96,7 @@ constexpr auto kUsed = std::to_array<ControlRow>({
      .buddy = "number",
      .maximum = 9},
     {.kind = Kind::Frame, .name = "hidden", .place = {0, 0, 300, 300}, .visible = false},
+    {.kind = Kind::Menu, .name = "popup", .visible = false},
 });
 constexpr WindowDesign kUse{.name = "Use",
                             .caption = u"",
@@ -140,6 +141,7 @@ TEST_F(Use, ControlsTakeWhatIsMeantForThem) {
   the<Control>("ok").onClick = [](int /*index*/) { FAIL() << "Enter is the box's"; };
   EXPECT_FALSE(userPressedCommandKey(the<TextBox>("lines"), CommandKey::Enter));
   EXPECT_EQ(mnemonicOf(the<Control>("ok")), 0);
+  EXPECT_FALSE(window.hasMenuBar()) << "a menu that pops up is not in it";
 }
 
 TEST_F(Use, TabGoesByTurnThenByLine) {

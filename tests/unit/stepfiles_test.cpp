@@ -95,12 +95,12 @@ TEST(StepFileName, TellsTheSetup) {
 
   // The longest texts give way: 255 bytes with the extension, no half characters.
   const std::u16string much(300, u'é');
+  const std::u16string faces = u"😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀";
   for (const auto& [settings, name] : std::initializer_list<Case>{
            {{.Prefix = u"(", .Suffix = u")", .Beginning = much},
             u"Numb_" + much.substr(0, 109) + u"_(_)_0_1_3-IS-I-RA-BE-SS-AO"},
-           {{.Prefix = much, .Suffix = u"1234567890", .Beginning = much.substr(0, 58)},
-            u"Numb_" + much.substr(0, 52) + u'_' + much.substr(0, 52) +
-                u"_1234567890_0_1_3-IS-I-RA-BE-SS-AO"},
+           {{.Prefix = much, .Suffix = u"1234567890", .Beginning = u"aa" + faces + faces},
+            u"Numb_aa" + faces + u'_' + much.substr(0, 52) + u"_1234567890_0_1_3-IS-I-RA-BE-SS-AO"},
            {{.Beginning = std::u16string(std::size_t{1} << 20U, u'_'), .Ending = u"a_"},
             u"Numb_a_0_1_3-IS-I-RA-BE-SS-AO"}}) {
     EXPECT_EQ(BuildStepFileName(settings), name);

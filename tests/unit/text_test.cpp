@@ -84,6 +84,7 @@ TEST(CodePage, BytesOfWindows) {
 TEST(CodePage, AnythingButUtf8IsOfWindowsAsAWhole) {
   // The first character alone would be UTF-8.
   EXPECT_EQ(fromBytes("\xC3\xA9 \xE9"), u"Ã© é");
+  EXPECT_EQ(fromUtf8("\xC3\xA9 \x80"), u"é €") << "where it must be UTF-8, byte for byte";
 
   const std::string notUtf8[] = {
       "\x80",              // a following byte first

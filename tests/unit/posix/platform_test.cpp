@@ -118,6 +118,8 @@ TEST_F(PosixFiles, KeepTheirPermissions) {
   const mode_t before = ::umask(027);
   EXPECT_TRUE(replaceFile(folder("new"), "x"));
   EXPECT_EQ(folder.mode("new"), 0640U);
+  EXPECT_TRUE(createFolder(folder("made")));
+  EXPECT_EQ(folder.mode("made"), 0750U);
   folder.put("file", "old");
   for (const unsigned bits : {0600U, 0666U, 0755U, 0222U, 0420U, 02664U}) {
     if (::geteuid() != 0 && (bits & 0200U) == 0) continue;
