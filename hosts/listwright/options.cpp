@@ -134,9 +134,12 @@ class CommandLine {
     addChange("--number", Number, "put a label before each line of standard input that has text");
     addChange("--renumber", Renumber, "set the labels of the lists in standard input right");
     addChange("--unnumber", Unnumber, "take labels away; undoes --number with the same options");
+    addChange("--continue", Continue,
+              "put labels before the lines from --line on that go on behind the last one above");
     kvrnstep_lines& lines = options_.lines;
     addWhole("--step", lines.step, "from one number to the next, not 0 (1)", kLines);
     addNumber("--pad", lines.pad, 0, 255, "fill numbers with zeros to so many digits", kLines);
+    addWhole("--line", lines.line, "only the lists, or the paragraph, around this line", kLines);
     addFlag("--keep-start", lines.keep_start, "--renumber: lists keep their first number", kLines);
   }
 
@@ -257,7 +260,7 @@ class CommandLine {
     }
     const bool saves = app_.count("--save") > 0;
     if (options_.change) return checkLines();
-    refuse(kLines, " needs --number, --renumber or --unnumber");
+    refuse(kLines, " needs --number, --renumber, --unnumber or --continue");
     if (options_.list || saves) return checkList(saves);
     refuse(kList, " needs --list, --save or --number");
   }
@@ -281,6 +284,10 @@ class CommandLine {
     if (app_.count("--start") > 0 && lines.start < 0)
       throw std::runtime_error("--start: 0 is the least");
     if (lines.step == 0) throw std::runtime_error("--step: any number but 0 is allowed");
+    if (app_.count("--line") > 0 && lines.line < 1)
+      throw std::runtime_error("--line: 1 is the least");
+    if (options_.change == kvrnstep::LineChange::Continue && lines.line == 0)
+      throw std::runtime_error("--continue needs --line, the first line that gets a label");
     if (lines.keep_start && options_.change == kvrnstep::LineChange::Number)
       throw std::runtime_error("--keep-start goes with --renumber");
     for (const CLI::Option* option : app_.get_options()) {

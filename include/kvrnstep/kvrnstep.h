@@ -113,6 +113,8 @@ typedef struct kvrnstep_lines {
    * handed out as a whole. It does not throw. */
   int (*take)(void* context, const char* piece, size_t size);
   void* context;
+  int64_t line; /* 0: all lines. From 1 on: only its paragraph is numbered, only the lists around it
+                   are renumbered or unnumbered; the first line that continues a list */
 } kvrnstep_lines;
 
 /* Fill a struct with defaults. `size` is its sizeof in the host. Later versions add fields at the
@@ -157,6 +159,12 @@ KVRNSTEP_API int kvrnstep_number_lines(const kvrnstep_lines* lines, const char* 
 KVRNSTEP_API int kvrnstep_renumber_lines(const kvrnstep_lines* lines, const char* text, size_t size,
                                          char** result, size_t* result_size);
 KVRNSTEP_API int kvrnstep_unnumber_lines(const kvrnstep_lines* lines, const char* text, size_t size,
+                                         char** result, size_t* result_size);
+
+/* Continue a list: put labels before the lines from `line` to the text's end, which go on behind
+ * the last label above. The same otherwise; KVRNSTEP_NO_LABEL also where there is no label above.
+ */
+KVRNSTEP_API int kvrnstep_continue_lines(const kvrnstep_lines* lines, const char* text, size_t size,
                                          char** result, size_t* result_size);
 
 /* Writes icon 101 (32×32 and 16×16), 102 (16×16) or 103 (32×32) as a file into the plug-in's

@@ -25,7 +25,7 @@
 namespace kvrnstep {
 
 /// What is done to the lines of a text.
-enum class LineChange : std::uint8_t { Number, Renumber, Unnumber };
+enum class LineChange : std::uint8_t { Number, Renumber, Unnumber, Continue };
 
 /// The loaded plug-in. Cheap to copy; the library stays loaded to the end of the process.
 class Listwright {
@@ -104,7 +104,7 @@ class Listwright {
   [[nodiscard]] int changeLines(LineChange change, const kvrnstep_lines& lines,
                                 std::string_view text, std::string& changed) const {
     static constexpr std::array kNames{"kvrnstep_number_lines", "kvrnstep_renumber_lines",
-                                       "kvrnstep_unnumber_lines"};
+                                       "kvrnstep_unnumber_lines", "kvrnstep_continue_lines"};
     const auto call =
         function<decltype(kvrnstep_number_lines)>(kNames.at(static_cast<std::size_t>(change)));
     char* bytes = nullptr;

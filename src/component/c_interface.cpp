@@ -38,7 +38,7 @@ constexpr std::size_t least(const kvrnstep_list& /*list*/) {
   return offsetof(kvrnstep_list, IndentSpacing);
 }
 constexpr std::size_t least(const kvrnstep_lines& /*lines*/) {
-  return sizeof(kvrnstep_lines);
+  return offsetof(kvrnstep_lines, line);
 }
 
 /// A struct as this version knows it, with the defaults in fields that its host does not know;
@@ -162,12 +162,14 @@ int changeLines(decltype(lines::number)& change, const kvrnstep_lines* given, st
                 std::string& changed) {
   const auto settings = known(given, kLinesDefaults);
   if (!settings || settings->start < -1 || settings->step == 0 ||
+      settings->line < (&change == lines::continueList ? 1 : 0) ||
       !fits<std::uint8_t>(settings->pad) || (text.data() == nullptr && !text.empty())) {
     return KVRNSTEP_BAD_ARGUMENT;
   }
   lines::LineOptions options{.step = settings->step,
                              .digits = static_cast<std::size_t>(settings->pad),
-                             .keepStart = settings->keep_start != 0};
+                             .keepStart = settings->keep_start != 0,
+                             .line = static_cast<std::size_t>(settings->line)};
   const int result = readLabels(*settings, options);
   if (result != KVRNSTEP_DONE) return result;
   try {
@@ -312,6 +314,11 @@ int kvrnstep_renumber_lines(const kvrnstep_lines* lines, const char* text, size_
 int kvrnstep_unnumber_lines(const kvrnstep_lines* lines, const char* text, size_t size,
                             char** result, size_t* result_size) {
   return guardedLines(kvrnstep::lines::unnumber, lines, {text, size}, result, result_size);
+}
+
+int kvrnstep_continue_lines(const kvrnstep_lines* lines, const char* text, size_t size,
+                            char** result, size_t* result_size) {
+  return guardedLines(kvrnstep::lines::continueList, lines, {text, size}, result, result_size);
 }
 
 char* kvrnstep_request_program_icon(int32_t piIndex101to103) {

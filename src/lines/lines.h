@@ -23,6 +23,10 @@ struct LineOptions {
   std::int64_t step = 1;         ///< from one number to the next; not 0
   std::size_t digits = 0;        ///< decimal numbers are filled up to them with zeros
   bool keepStart = false;        ///< renumber: every list begins where it does
+  /// From 1 on: only what is around that line changes. `number`: its paragraph; otherwise the lists
+  /// up to where all lists end. One behind the last is the text's end.
+  std::size_t line = 0;
+  std::size_t linesAbove = 0;  ///< what messages count lines from
 };
 
 /// Takes the new text, block by block.
@@ -44,6 +48,11 @@ void renumber(std::string_view text, const LineOptions& options, const Write& wr
 /// Takes labels away: undoes `number` with the same options exactly, and takes the labels of the
 /// lists that `renumber` would find from any other text.
 void unnumber(std::string_view text, const LineOptions& options, const Write& write);
+
+/// Puts labels before the lines from `line` to the text's end that go on behind the last label
+/// above which is no further in, and come at its depth. From an empty line any label counts.
+/// @throws NoLabel before anything is written, also where there is no label above
+void continueList(std::string_view text, const LineOptions& options, const Write& write);
 
 /// Takes away what `number` with the same options has put in.
 /// @return false, and nothing is written, where the text is not as `number` makes it

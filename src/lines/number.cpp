@@ -3,6 +3,7 @@
 
 #include "lines/line_label.h"
 #include "lines/lines.h"
+#include "lines/part.h"
 #include "lines/rewriter.h"
 #include "lines/text_lines.h"
 #include "text/codepage.h"
@@ -75,12 +76,11 @@ class Numbering {
       to_ = std::max(from_, text.size() - std::min(ending_.size(), text.size()));
     }
     const auto exists = [&](std::size_t index) { return !label_.missing(numbers_.at(index)); };
-    if (!exists(0) || !exists(text.size()) || label_.rightAligned()) lookAhead();
+    if (!exists(0) || !exists(text.size()) || label_.rightAligned()) lookAhead(options.linesAbove);
   }
 
   /// Counts the lines, since the widest label depends on all of them.
-  void lookAhead() {
-    std::size_t lineNumber = 0;
+  void lookAhead(std::size_t lineNumber) {
     std::size_t count = 0;
     for (TextLine line{.next = from_}; line.next < to_;) {
       line = lineAt(lines(), line.next);
@@ -153,6 +153,8 @@ class Numbering {
 }  // namespace
 
 void number(std::string_view text, const LineOptions& options, const Write& write) {
+  if (options.line > 0)
+    return changePart(paragraphAround(text, options), number, text, options, write);
   const std::size_t mark = byteOrderMark(text);
   Numbering numbering(text.substr(mark), options, Numbering::PutIn);
   if (!numbering.problem().empty()) throw NoLabel(numbering.problem());

@@ -1,6 +1,7 @@
 #include "lines/outline.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kvrnstep::lines {
 
@@ -48,24 +49,23 @@ const List& Outline::item(const Item& item) {
   return list;
 }
 
-void Outline::heading(std::size_t depth) {
-  endAt(depth);
-  behindBlankLine_ = false;
-}
-
-void Outline::bullet(std::size_t depth) {
-  endAt(depth + 1);
-  otherText(depth);
-}
-
-void Outline::code(std::size_t depth) {
-  for (List& list : open_) list.separated = list.separated || list.depth() >= depth;
-  behindBlankLine_ = false;
-}
-
-void Outline::otherText(std::size_t depth) {
-  if (behindBlankLine_) endAt(depth);
-  behindBlankLine_ = false;
+void Outline::other(const LineReader& line) {
+  const bool behindBlankLine = std::exchange(behindBlankLine_, line.kind() == LineKind::Blank);
+  switch (line.kind()) {
+    case LineKind::Heading:
+      return endAt(line.depth());
+    case LineKind::Bullet:
+      endAt(line.depth() + 1);
+      [[fallthrough]];
+    case LineKind::Text:
+      if (behindBlankLine) endAt(line.depth());
+      return;
+    case LineKind::Fence:
+      for (List& list : open_) list.separated = list.separated || list.depth() >= line.depth();
+      return;
+    default:
+      return;
+  }
 }
 
 std::size_t Outline::listOf(const Item& item) const {

@@ -8,6 +8,7 @@
 
 #include "lines/item.h"
 #include "lines/labels.h"
+#include "lines/line_reader.h"
 
 namespace kvrnstep::lines {
 
@@ -57,12 +58,10 @@ class Outline {
       : rules_(rules), ended_(std::move(ended)) {}
 
   // What the text holds, line by line.
+  /// @return the list that it is of
   const List& item(const Item& item);
-  void blankLine() { behindBlankLine_ = true; }
-  void heading(std::size_t depth);
-  void bullet(std::size_t depth);
-  void code(std::size_t depth);
-  void otherText(std::size_t depth);
+  /// A line that is no item.
+  void other(const LineReader& line);
   void endOfText() { endFrom(0); }
 
   /// How many lists there are around the one of the last item.

@@ -3,8 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "lines/item_reader.h"
+#include "lines/line_reader.h"
 #include "lines/lines.h"
+#include "lines/outline.h"
+#include "lines/part.h"
 #include "lines/rewriter.h"
 
 namespace kvrnstep::lines {
@@ -67,11 +69,9 @@ Reach reach(std::string_view text, const Item& item, std::size_t column) {
 class Relabelling {
  public:
   Relabelling(std::string_view text, const Search& search) : text_(text), search_(search) {
-    ItemReader reader(text, search.description(), search.rules,
-                      [this](const List& list) { note(list); });
-    while (reader.next()) {
-    }
-    dependsOnWidths_ = reader.outline().dependsOnWidths();
+    Outline outline(search.rules, [this](const List& list) { note(list); });
+    read(outline, [](const LineReader&, const List&) {});
+    dependsOnWidths_ = outline.dependsOnWidths();
     std::ranges::sort(aligned_, {}, &AlignedList::number);
   }
 
@@ -85,8 +85,8 @@ class Relabelling {
     for (const bool trial : {true, false}) {
       if (trial && allLabelsExist_) continue;
       Rewriter out(text_, trial ? nobody : write);
-      forEachItem([&](const ItemReader& reader, const ListPlan& plan) {
-        rewrite(out, reader, plan, plan.numbers.at(reader.list().count - 1));
+      forEachItem([&](const LineReader& reader, const ListPlan& plan, std::size_t index) {
+        rewrite(out, reader, plan, plan.numbers.at(index));
       });
       out.finish();
     }
@@ -96,7 +96,7 @@ class Relabelling {
   /// @param ownBlanks blanks in front of an item that belong to its label
   void unlabel(std::size_t ownBlanks, const Write& write) {
     Rewriter out(text_, write);
-    forEachItem([&](const ItemReader& reader, const ListPlan& plan) {
+    forEachItem([&](const LineReader& reader, const ListPlan& plan, std::size_t /*index*/) {
       const Item& item = reader.item();
       const bool aligned = plan.width > 0 && !search_.alignsBehindPrefix;
       const Reach blanks = reach(text_, item, aligned ? plan.left : item.depth);
@@ -146,18 +146,33 @@ class Relabelling {
            (list.first.roman < 0 || allFrom(list.first.roman));
   }
 
-  /// Calls `act` with the reader at each item of a list, and the list's plan.
+  /// Shows the text to the outline, and calls `act` at each item.
+  template <class Act>
+  void read(Outline& outline, Act act) {
+    LineReader reader(text_, search_.description());
+    while (reader.next()) {
+      if (reader.kind() == LineKind::Item) {
+        act(reader, outline.item(reader.item()));
+      } else {
+        outline.other(reader);
+      }
+    }
+    outline.endOfText();
+  }
+
+  /// Calls `act` with the reader at each item of a list, the list's plan, and the item's place in
+  /// the list.
   template <class Act>
   void forEachItem(Act act) {
-    ItemReader reader(text_, search_.description(), search_.rules, {});
+    Outline outline(search_.rules, {});
     std::vector<ListPlan> plans;
     hadFirst_ = false;
     nextAligned_ = 0;
-    while (reader.next()) {
-      plans.resize(reader.outline().level() + 1);
-      if (reader.list().count == 1) plans.back() = nextPlan(reader.list(), reader.item());
-      if (plans.back().isList) act(reader, plans.back());
-    }
+    read(outline, [&](const LineReader& reader, const List& list) {
+      plans.resize(outline.level() + 1);
+      if (list.count == 1) plans.back() = nextPlan(list, reader.item());
+      if (plans.back().isList) act(reader, plans.back(), list.count - 1);
+    });
   }
 
   /// The plan of the next list; lists are asked for in their order.
@@ -196,7 +211,7 @@ class Relabelling {
     plan.width = std::max(list.width, widest);
   }
 
-  void rewrite(Rewriter& out, const ItemReader& reader, const ListPlan& plan, std::int64_t number) {
+  void rewrite(Rewriter& out, const LineReader& reader, const ListPlan& plan, std::int64_t number) {
     const Item& item = reader.item();
     setLabel(reader, plan, number);
     const std::size_t column = columnOf(item, plan, number);
@@ -211,12 +226,13 @@ class Relabelling {
     out.skipTo(search_.label ? item.end : item.begin + item.label.size());
   }
 
-  void setLabel(const ItemReader& reader, const ListPlan& plan, std::int64_t number) {
+  void setLabel(const LineReader& reader, const ListPlan& plan, std::int64_t number) {
     const auto missing = search_.label ? search_.label->missing(number)
                          : labelExists(plan.style.numerals, number)
                              ? std::nullopt
                              : std::optional(plan.style.numerals);
-    if (missing) throw NoLabel(whyNoLabel(*missing, number, reader.lineNumber()));
+    if (missing)
+      throw NoLabel(whyNoLabel(*missing, number, search_.options.linesAbove + reader.number()));
     label_.clear();
     if (!search_.label) return appendLabel(label_, plan.style, number);
     search_.label->append(label_, number, search_.alignsBehindPrefix ? plan.width : 0);
@@ -247,6 +263,8 @@ class Relabelling {
 }  // namespace
 
 void renumber(std::string_view text, const LineOptions& options, const Write& write) {
+  if (options.line > 0)
+    return changePart(listsAround(text, options), renumber, text, options, write);
   const Search search(options);
   if (search.label && !search.label->numbered()) return write(text);
   Relabelling relabelling(text, search);
@@ -265,6 +283,8 @@ void renumber(std::string_view text, const LineOptions& options, const Write& wr
 }
 
 void unnumber(std::string_view text, const LineOptions& options, const Write& write) {
+  if (options.line > 0)
+    return changePart(listsAround(text, options), unnumber, text, options, write);
   if (undoNumber(text, options, write)) return;
   const Search search(options);
   std::size_t ownBlanks = search.label ? search.label->leadingBlanks().size() : 0;

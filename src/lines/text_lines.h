@@ -28,7 +28,7 @@ inline bool hasText(std::string_view line) {
   return line.find_first_not_of(" \t\r\v\f") != std::string_view::npos;
 }
 
-/// The line that begins at a place before the text's end.
+/// The line that begins at a place; at the text's end an empty one.
 inline TextLine lineAt(std::string_view text, std::size_t begin) {
   TextLine line;
   line.begin = begin;
@@ -39,6 +39,15 @@ inline TextLine lineAt(std::string_view text, std::size_t begin) {
   line.text = behindBlanks(text.substr(0, line.end), begin);
   line.hasText = hasText(text.substr(line.text, line.end - line.text));
   return line;
+}
+
+/// Where a line begins, from 1 on; the text's end where it has fewer.
+inline std::size_t placeOfLine(std::string_view text, std::size_t line) {
+  std::size_t place = 0;
+  while (line-- > 1 && place < text.size()) {
+    place = std::min(text.find('\n', place), text.size() - 1) + 1;
+  }
+  return place;
 }
 
 /// The column behind a blank or a tab. Columns count from 0, tabs reach to every fourth one.

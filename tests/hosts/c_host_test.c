@@ -79,6 +79,15 @@ static void numbers_lines(const char* folder) {
   EXPECT(is(text, "1) a\r\n2) b"));
   EXPECT(kvrnstep_unnumber_lines(&lines, "2) a", 4, &text, NULL) == KVRNSTEP_DONE);
   EXPECT(is(text, "a"));
+  EXPECT(kvrnstep_continue_lines(&lines, "2) a", 4, &text, NULL) == KVRNSTEP_BAD_ARGUMENT);
+  lines.line = 2;
+  EXPECT(kvrnstep_continue_lines(&lines, "2) a\n", 5, &text, NULL) == KVRNSTEP_DONE);
+  EXPECT(is(text, "2) a\n3) "));
+  // An older host knows no line.
+  lines.size = offsetof(kvrnstep_lines, line);
+  EXPECT(kvrnstep_renumber_lines(&lines, "2) a\n\nb", 7, &text, NULL) == KVRNSTEP_DONE);
+  EXPECT(is(text, "1) a\n\nb"));
+  kvrnstep_lines_init(&lines, sizeof lines);
   kvrnstep_list_init(&list, sizeof list);
   list.Selection = 2;
   list.Start = 3999;

@@ -122,6 +122,32 @@ TEST(UnnumberLines, TakesLabelsAway) {
          {"described", "Step 2: a\n1. b\n", "a\n1. b\n", described(Numbered, u"Step ", u": ")}});
 }
 
+TEST(Lines, AroundALine) {
+  const std::string text = "a\nb\n\n2. c\n\n   7. d\n\ne\n\n```\n# f\n\n4. x\n```\n9) g\n";
+  check(number, {{"a paragraph", "a\n\nb\nc\n\n", "a\n\n1. b\n2. c\n\n", {.line = 4}},
+                 {"a blank line", "a\n\nb", "a\n\nb", {.line = 2}},
+                 {"behind the end", "a\n", "a\n", {.line = 2}}});
+  check(renumber, {{"from its lists to text outside",
+                    text,
+                    "a\nb\n\n1. c\n\n   1. d\n" + text.substr(text.find("\ne\n")),
+                    {.line = 1}},
+                   {"code", text, text.substr(0, text.find("9)")) + "1) g\n", {.line = 11}},
+                   {"headings", "3. a\n# b\n3. c", "3. a\n# b\n1. c", {.line = 9}}});
+  check(unnumber, {{"lists", "1. a\n\nx\n1. b", "1. a\n\nx\nb", {.line = 4}}});
+  check(continueList,
+        {{"behind an inner list",
+          "h) a\ni) b\n   9. c\n\nd\n\ne\r\n",
+          "h) a\ni) b\n   9. c\n\nj) d\n\nk) e\r\n",
+          {.line = 5}},
+         {"from an empty line", "\xef\xbb\xbf\t9. c\n", "\xef\xbb\xbf\t9. c\n\t10. ", {.line = 2}},
+         {"as they are", "1. a\n5. b\n x", "1. a\n5. b\n6. x", {.line = 3}},
+         {"described", "I. x\nStep II)\nb", "I. x\nStep II)\nStep III) b", [] {
+            auto options = described(RomanNumeral, u"Step ", u") ", {0, 1});
+            options.line = 3;
+            return options;
+          }()}});
+}
+
 TEST(Lines, LabelsThatCannotBe) {
   const auto problem = [](decltype(number)& change, std::string_view text,
                           const LineOptions& options) {
@@ -138,7 +164,11 @@ TEST(Lines, LabelsThatCannotBe) {
             "line 3: there is no Roman numeral for 4000, they go from 1 to 3999");
   EXPECT_EQ(problem(renumber, "1. a\ni. a\nii. b", {.start = 1, .step = -1}),
             "line 3: there is no Roman numeral for 0, they go from 1 to 3999");
-  EXPECT_NE(problem(number, "a\nb", {.start = 0, .step = -1}), "");
+  EXPECT_EQ(problem(renumber, "x\n# x\ni. a\nii. b", {.step = -1, .line = 4}),
+            "line 4: there is no Roman numeral for 0, they go from 1 to 3999");
+  EXPECT_EQ(problem(continueList, "mmmcmxcix. a\nb", {.line = 2}),
+            "line 2: there is no Roman numeral for 4000, they go from 1 to 3999");
+  EXPECT_EQ(problem(continueList, "  1. e\nb", {.line = 2}), "there is no label above");
 }
 
 TEST(Lines, LawsOfAnyText) {
