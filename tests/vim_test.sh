@@ -1,13 +1,15 @@
 #!/bin/bash
-# The Vim plug-in in the real Vim: vim_test.sh LISTWRIGHT SOURCE — skipped (77) without Vim.
+# The Vim plug-in in the real editor: vim_test.sh LISTWRIGHT SOURCE [nvim] — skipped (77) without it.
 # shellcheck disable=SC2016,SC2154 # nothing to expand in single quotes; variables of the cases
 set -u
 source "$(dirname "$0")/editor_cases.bash"
-need vim
+vim=(vim -N)
+[ "$#" -lt 3 ] || vim=(nvim)
+need "${vim[0]}"
 encoding=utf-8
 edit() {
   printf '%s\n' "$@" 'redir! > said' 'messages' 'redir END' 'silent wq!' >script.vim
-  run vim -N -u NONE -i NONE -es \
+  run "${vim[@]}" -u NONE -i NONE -es \
     --cmd "set shell=/nowhere encoding=$encoding shortmess+=F rtp^=$source/hosts/vim" \
     -c 'runtime plugin/listwright.vim' -S script.vim text
 }
@@ -22,7 +24,7 @@ check 'below a line' 'a\n' '--exact\n--indent\n8\na\n1)\n2)\n' '' "$args" '0List
 check 'in place of lines' 'a\r\nb\r\nc\r\nd\r\n' 'a\r\n1)\r\n2)\r\n        2.\r\n' '' \
   "4,4Listwright ~/$long" '2,5Listwright short.step'
 check 'taken back at once' 'a\nb\n' 'a\nb\n' '' "%Listwright $long" 'silent normal! u'
-encoding=latin1
+[ "${vim[0]}" = nvim ] || encoding=latin1
 check 'a readonly text' 'a\n' 'a\n1)\n2)\n' 'W10: Warning: Changing a readonly file' \
   'set readonly' '.Listwright short.step' 'set noreadonly'
 check 'in another encoding' 'a\n' 'Dear \351:\n        1.\n        2.\n' '' \

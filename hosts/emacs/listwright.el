@@ -266,32 +266,6 @@ text from START to END."
     (funcall insert
              (or (listwright--run (cons "--exact" (listwright--step-file-arguments file))) ""))))
 
-(defconst listwright--label
-  "[ \t]*\\(?:[0-9]+\\|\\([a-zA-Z]\\)\\1*\\|[ivxlcdm]+\\|[IVXLCDM]+\\)[.):]\\(?:[ \t]+\\|$\\)"
-  "What is before an item's text.  Of words only those that can be a label.")
-
-(defun listwright--ends-lists-p ()
-  "Whether lists end before the line at point.
-It is a heading, or text behind a blank line that is neither indented nor
-an item."
-  (let ((case-fold-search nil))
-    (or (looking-at "#+[ \t]")
-        (and (looking-at "[^ \t\n]")
-             (not (looking-at listwright--label))
-             (save-excursion (or (/= (forward-line -1) 0) (looking-at "[ \t]*$")))))))
-
-(defun listwright--lists ()
-  "The lines around point as a list of their ends, so far that its lists are whole."
-  (save-excursion
-    (forward-line 0)
-    (list (save-excursion
-            (while (not (or (bobp) (listwright--ends-lists-p))) (forward-line -1))
-            (point))
-          (progn
-            (forward-line 1)
-            (while (not (or (eobp) (listwright--ends-lists-p))) (forward-line 1))
-            (point)))))
-
 (defun listwright--paragraph ()
   "The paragraph around point as a list of its ends, which are blank lines."
   (save-excursion
@@ -307,6 +281,10 @@ an item."
   (let ((text (listwright--run arguments (concat (string-join lines "\n") "\n"))))
     (split-string (string-remove-suffix "\n" text) "\n")))
 
+(defun listwright--line (position)
+  "Arguments of the command that name the line of POSITION."
+  (list "--line" (number-to-string (line-number-at-pos position))))
+
 (defun listwright--set-line (line)
   "Make the line at point LINE.  What ends alike stays, and markers in it."
   (let* ((old (buffer-substring-no-properties (point) (line-end-position)))
@@ -318,18 +296,20 @@ an item."
       (delete-region (point) (+ (point) (car ends)))
       (insert (substring line 0 (cadr ends))))))
 
-(defun listwright--edit-lines (start end change)
+(defun listwright--edit-lines (start end change &optional above)
   "Replace the lines from START to END by the result of CHANGE.
-They are whole lines, and CHANGE is called at the first one with a list of
-them.  Point stays on its character."
+They are whole lines, all those ABOVE included if that is not nil, and
+CHANGE is called with a list of them.  Point stays on its character."
   (barf-if-buffer-read-only)
   (let* ((behind (- (line-end-position) (point)))
          (end (save-excursion
                 (goto-char end)
                 (if (and (bolp) (> end start)) (1- end) (line-end-position))))
-         (start (save-excursion (goto-char start) (line-beginning-position)))
+         (start (if above
+                    (point-min)
+                  (save-excursion (goto-char start) (line-beginning-position))))
          (old (split-string (buffer-substring-no-properties start end) "\n"))
-         (new (save-excursion (goto-char start) (funcall change old))))
+         (new (funcall change old)))
     (when (equal old new) (user-error "Nothing to change here"))
     (atomic-change-group
       (if (/= (length old) (length new))
@@ -360,19 +340,10 @@ lines from START to END with the labels of FILE."
 
 (defun listwright--relabel (option start end)
   "Run the command with OPTION over the lines from START to END.
-Without START these are the lists around point, and the command sees the
-whole buffer, because only then it knows what is code and where lists begin."
-  (if start
-      (listwright--edit-lines start end (lambda (lines) (listwright--filter (list option) lines)))
-    (apply #'listwright--edit-lines
-           (append (listwright--lists)
-                   (list (lambda (lines)
-                           (let* ((first (count-lines (point-min) (point)))
-                                  (all (split-string (buffer-substring-no-properties
-                                                      (point-min) (point-max))
-                                                     "\n")))
-                             (seq-subseq (listwright--filter (list option) all)
-                                         first (+ first (length lines))))))))))
+Without START change the lists around point."
+  (let ((arguments (cons option (and (not start) (listwright--line (point))))))
+    (listwright--edit-lines (or start (point-min)) (or end (point-max))
+                            (lambda (lines) (listwright--filter arguments lines)))))
 
 ;;;###autoload
 (defun listwright-renumber (&optional start end)
@@ -388,41 +359,6 @@ From Lisp, of those from START to END."
   (interactive (listwright--region))
   (listwright--relabel "--unnumber" start end))
 
-(defun listwright--label-above (depth)
-  "Go to the last line before point with a label no further in than DEPTH.
-Return it, or nil without one."
-  (let ((case-fold-search nil) found)
-    (while (and (not found) (zerop (forward-line -1)))
-      (setq found (and (looking-at listwright--label) (<= (current-indentation) depth))))
-    (and found (buffer-substring-no-properties (point) (line-end-position)))))
-
-(defun listwright--continued (lines)
-  "LINES at point with labels that go on behind the last one above.
-They get that label, which the command then sets right, with the item before
-it where that is what tells an i that is a letter."
-  (save-excursion
-    (let* ((above (listwright--label-above (if (string-empty-p (car lines))
-                                               most-positive-fixnum
-                                             (current-indentation))))
-           (label (and above (string-match listwright--label above) (match-string 0 above)))
-           (before (and above (listwright--label-above (current-indentation))))
-           (labelled (mapcar (lambda (line)
-                               (if (and (cdr lines) (string-match-p "\\`[ \t]*\\'" line))
-                                   line
-                                 (concat label (and label (string-match-p "[^ \t]\\'" label) " ")
-                                         (string-trim-left line "[ \t]+"))))
-                             lines)))
-      (or (and above
-               (seq-some (lambda (known)
-                           (let ((changed (listwright--filter '("--renumber" "--keep-start")
-                                                              (append known labelled)))
-                                 (count (length known)))
-                             (and (equal (nth (1- count) changed) above)
-                                  (not (equal (nthcdr count changed) labelled))
-                                  (nthcdr count changed))))
-                         (list (delq nil (list before above)) (list above))))
-          (user-error "There is no label above")))))
-
 ;;;###autoload
 (defun listwright-continue (start end)
   "Put the label that follows the last one above before the current line.
@@ -430,7 +366,9 @@ If the region is active, put labels before its lines; from Lisp, before those
 from START to END.  They are as far in as the label above.  One that is
 further in than the line does not count, unless the line is empty."
   (interactive (or (listwright--region) (list (point) (point))))
-  (listwright--edit-lines start end #'listwright--continued))
+  (let ((arguments (cons "--continue" (listwright--line start))))
+    (listwright--edit-lines start end (lambda (lines) (listwright--filter arguments lines))
+                            t)))
 
 (provide 'listwright)
 

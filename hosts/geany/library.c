@@ -70,6 +70,7 @@ static const Library* load(char** problem) {
       !resolve(opened, "kvrnstep_number_lines", &library.number_lines) ||
       !resolve(opened, "kvrnstep_renumber_lines", &library.renumber_lines) ||
       !resolve(opened, "kvrnstep_unnumber_lines", &library.unnumber_lines) ||
+      !resolve(opened, "kvrnstep_continue_lines", &library.continue_lines) ||
       !resolve(opened, "kvrnstep_free", &library.free)) {
     *problem = g_strdup(dlerror());
     dlclose(opened);

@@ -11,6 +11,7 @@ typedef struct Library {
   __typeof__(&kvrnstep_number_lines) number_lines;
   __typeof__(&kvrnstep_renumber_lines) renumber_lines;
   __typeof__(&kvrnstep_unnumber_lines) unnumber_lines;
+  __typeof__(&kvrnstep_continue_lines) continue_lines;
   __typeof__(&kvrnstep_free) free;
 } Library;
 

@@ -6,7 +6,7 @@ set cpo&vim
 " Inserts the list of {file}, or what the user builds in the dialog where {file} is empty: at the
 " cursor without an address, below line {last} with one, in place of {first} to {last} with two.
 function! listwright#Insert(addresses, first, last, file) abort
-  call s:Edit(function('s:List', [a:file]), a:addresses, a:first, a:last)
+  call s:Edit(function('s:List', [a:file]), {list -> s:Put(list, a:addresses, a:first, a:last)})
 endfunction
 
 " Puts labels before the lines from {first} to {last}, or those of the paragraph where there are no
@@ -17,26 +17,23 @@ function! listwright#Number(addresses, first, last, again, file) abort
   call s:EditLines(function('s:Numbered', [a:again, a:file]), first, last)
 endfunction
 
-" Sets the labels from {first} to {last} right, or takes them away, as {option} says. Without
-" {addresses} the command sees the whole buffer, because only then it knows what is code and where
-" lists begin, but only the lines around the cursor change.
+" Sets the labels from {first} to {last} right, or takes them away, as {option} says; without
+" {addresses} those of the lists around the cursor.
 function! listwright#Relabel(option, addresses, first, last) abort
   if a:addresses > 0
     call s:EditLines(function('s:Filter', [[a:option]]), a:first, a:last)
   else
-    let [first, last] = s:Lists()
-    call s:EditLines({lines -> s:Filter([a:option], getline(1, '$'))[first - 1 : last - 1]},
-      \ first, last)
+    call s:EditLines(function('s:Filter', [[a:option, '--line', line('.')]]), 1, line('$'))
   endif
 endfunction
 
 " Puts labels before the lines from {first} to {last} that go on behind the last one above.
 function! listwright#Continue(first, last) abort
-  call s:EditLines(function('s:Continued', [a:first]), a:first, a:last)
+  call s:EditLines(function('s:Filter', [['--continue', '--line', a:first]]), 1, a:last)
 endfunction
 
-" Puts the lines that {Made} makes into the buffer, as listwright#Insert() does, or says why not.
-function! s:Edit(Made, addresses, first, last) abort
+" Has {Put} put the lines that {Made} makes into the buffer, or says why not.
+function! s:Edit(Made, Put) abort
   if !&modifiable
     return s:Say('ErrorMsg', ["E21: Cannot make changes, 'modifiable' is off"])
   endif
@@ -49,7 +46,7 @@ function! s:Edit(Made, addresses, first, last) abort
     if !empty(lines)
       " Vim's warning about a 'readonly' buffer would name our functions.
       let v:warningmsg = ''
-      silent call s:Put(lines, a:addresses, a:first, a:last)
+      silent call a:Put(lines)
       call s:Say('WarningMsg', split(v:warningmsg, '\n'))
     endif
   catch /^listwright: /
@@ -64,19 +61,28 @@ endfunction
 function! s:EditLines(Changed, first, last) abort
   let [number, total] = [line('.'), line('$')]
   let behind = len(getline('.')) - col('.')
-  call s:Edit(function('s:Differing', [a:Changed, getline(a:first, a:last)]), 2, a:first, a:last)
+  call s:Edit({-> a:Changed(getline(a:first, a:last))}, {lines -> s:SetLines(lines, a:first, a:last)})
   if line('$') == total
     call cursor(number, max([len(getline(number)) - behind, 1]))
   endif
 endfunction
 
-function! s:Differing(Changed, lines) abort
-  let changed = a:Changed(a:lines)
-  if changed ==# a:lines
+" Puts {lines} in place of those from {first} to {last}, but for those at both ends that stay.
+function! s:SetLines(lines, first, last) abort
+  let [lines, first, last] = [copy(a:lines), a:first, a:last]
+  if lines ==# getline(first, last)
     throw 'listwright: nothing to change here'
   endif
+  while first < last && len(lines) > 1 && lines[0] ==# getline(first)
+    call remove(lines, 0)
+    let first += 1
+  endwhile
+  while first < last && len(lines) > 1 && lines[-1] ==# getline(last)
+    call remove(lines, -1)
+    let last -= 1
+  endwhile
   " An empty line would be taken for the end of the one before.
-  return changed + ['']
+  call s:Put(lines + [''], 2, first, last)
 endfunction
 
 " Step files that begin with what is typed, in the folder that is typed; for a bare name also those
@@ -137,63 +143,11 @@ endfunction
 
 " The paragraph around the cursor: its lines, up to lines without text.
 function! s:Paragraph() abort
-  let [first, last] = [line('.'), line('.')]
-  while getline(first) =~# '\S' && getline(first - 1) =~# '\S'
-    let first -= 1
-  endwhile
-  while getline(last) =~# '\S' && getline(last + 1) =~# '\S'
-    let last += 1
-  endwhile
-  return [first, last]
-endfunction
-
-" The lines around the cursor, up to a heading, or to text that is not indented and stands behind a
-" blank line. Lists go no further, so those at the cursor are whole.
-function! s:Lists() abort
-  let [first, last] = [line('.'), line('.')]
-  while first > 1 && !s:EndsLists(first)
-    let first -= 1
-  endwhile
-  while last < line('$') && !s:EndsLists(last + 1)
-    let last += 1
-  endwhile
-  return [first, last]
-endfunction
-
-function! s:EndsLists(number) abort
-  let line = getline(a:number)
-  return line =~# '^#\+\s' || line =~# '^\S' && line !~# s:label && getline(a:number - 1) !~# '\S'
-endfunction
-
-" What stands before an item's text. Of words only those that can be a label.
-let s:label = '^\s*\%(\d\+\|\(\a\)\1*\|[ivxlcdm]\+\|[IVXLCDM]\+\)[.):]\%(\s\+\|$\)'
-
-" The last line before line {number} with a label that is no further in than {depth}, or 0.
-function! s:LabelAbove(number, depth) abort
-  let number = a:number - 1
-  while number > 0 && (getline(number) !~# s:label || indent(number) > a:depth)
-    let number -= 1
-  endwhile
-  return number
-endfunction
-
-" The {lines}, which begin at line {first}, with labels that go on behind the last one above, at its
-" depth; of an empty line at any depth. They get that label, which the command then sets right, with
-" the item before it where that is what tells an i that is a letter.
-function! s:Continued(first, lines) abort
-  let above = s:LabelAbove(a:first, a:lines[0] ==# '' ? v:numbermax : indent(a:first))
-  let label = substitute(matchstr(getline(above), s:label), '\S$', '& ', '')
-  let lines = map(copy(a:lines),
-    \ 'v:val =~# "\\S" || len(a:lines) == 1 ? label . trim(v:val, " \t", 1) : v:val')
-  let before = s:LabelAbove(above, indent(above))
-  for known in above == 0 ? [] : [[getline(before), getline(above)], [getline(above)]]
-    let changed = s:Filter(['--renumber', '--keep-start'], known + lines)
-    let labelled = remove(changed, len(known), -1)
-    if changed[-1] ==# getline(above) && labelled !=# lines
-      return labelled
-    endif
-  endfor
-  throw 'listwright: there is no label above'
+  if getline('.') !~# '\S'
+    return [line('.'), line('.')]
+  endif
+  let behind = search('^\s*$', 'nW')
+  return [search('^\s*$', 'bnW') + 1, behind > 0 ? behind - 1 : line('$')]
 endfunction
 
 " The {lines} with labels.
