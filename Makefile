@@ -1,5 +1,5 @@
 # For people. Every target does what it needs first, on a fresh Debian 12 machine too.
-.PHONY: help setup build run test test-sanitized screenshots bench fuzz fuzz-check windows test-windows deb install format check clean screenshots-windows
+.PHONY: help setup build run test test-sanitized screenshots bench fuzz fuzz-check windows test-windows deb install uninstall format check clean screenshots-windows
 
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
@@ -12,11 +12,12 @@ help:
 	@echo "make fuzz            look for faults with random input, SECONDS=60 for each target"
 	@echo "make fuzz-check      a fixed number of such inputs, always the same"
 	@echo "make build           build into build/bin and build/lib"
-	@echo "make setup           install the Debian packages that are missing"
+	@echo "make setup           install all Debian packages that are missing for the tests"
 	@echo "make screenshots     draw all windows into docs/images; the tests compare them"
 	@echo "make screenshots-windows  the same for Windows, in build-windows64/pictures"
 	@echo "make bench           build and run the benchmarks"
 	@echo "make install         install below PREFIX ($(PREFIX)), DESTDIR is honoured"
+	@echo "make uninstall       remove what the last make install has installed"
 	@echo "make deb             Debian packages, in build-deb"
 	@echo "make windows         build for Windows, 64 and 32 bits"
 	@echo "make windows-zip     pack both, with what registers them"
@@ -24,25 +25,32 @@ help:
 	@echo "make format          format the sources"
 
 setup:
-	@tools/setup
+	@tools/setup test
 
-build: setup
+build:
+	@tools/setup build
 	@tools/build release
 
-run: build
+run:
+	@tools/setup run
+	@tools/build release
 	@tools/run
 
-test: build
+test: setup
+	@tools/build release
 	@ctest --preset release --parallel $(JOBS)
 
 test-sanitized: setup
 	@tools/build asan
 	@ctest --preset asan --parallel $(JOBS)
 
-bench: build
+bench:
+	@tools/setup bench
+	@tools/build release
 	@tools/bench
 
-screenshots: build
+screenshots: setup
+	@tools/build release
 	@rm -f docs/images/*.png
 	@tools/screenshots build/bin/pictures docs/images
 
@@ -57,13 +65,16 @@ screenshots-windows:
 install: build
 	@cmake --install build --prefix $(PREFIX)
 
+uninstall:
+	@cmake -D BUILD=build -P cmake/uninstall.cmake
+
 SECONDS ?= 60
-fuzz: setup
-	@tools/install-missing clang libclang-rt-14-dev
+fuzz:
+	@tools/setup fuzz
 	@tools/fuzz $(SECONDS)
 
-fuzz-check: setup
-	@tools/install-missing clang libclang-rt-14-dev
+fuzz-check:
+	@tools/setup fuzz
 	@tools/fuzz check
 
 windows:
@@ -79,10 +90,12 @@ test-windows: build windows
 windows-zip: windows
 	@tools/zip-windows
 
-deb: setup
+deb:
+	@tools/setup deb
 	@packaging/build-deb
 
-check: setup
+check:
+	@tools/setup check
 	@tools/check
 
 format:
