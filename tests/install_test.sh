@@ -14,7 +14,9 @@ silent() {
   if ! "$@" >log 2>&1 || [ -s log ]; then fail "$*: $(cat log)"; fi
 }
 
-# Another prefix than the configured one, below another root.
+# Another prefix than the configured one, below another root. What the user has installed from this
+# build stays known.
+cp -p "$build/install_manifest.txt" kept 2>/dev/null
 DESTDIR=$work/root cmake --install "$build" --prefix /opt/lists >log || { cat log; exit 1; }
 prefix=$work/root/opt/lists
 plugin=$prefix/lib/listwright/libkvrnstep.so.2
@@ -108,6 +110,23 @@ for type in $(completed listwright --type ''); do
   silent "$prefix/bin/listwright" --save a.step --end 1 --type "$type"
 done
 same "front ends" qt "$(completed stepdrive --frontend q)"
+export PATH=$prefix/bin:$PATH
+in_fish() { fish -N -c "set fish_complete_path $prefix/share/fish/vendor_completions.d; complete -C '$1'"; }
+same "options in fish" "$("$prefix/bin/listwright" --help | grep -oE -- '--[a-z-]+' | sort -u)" \
+  "$(in_fish 'listwright --' | cut -f 1 | sort)"
+same "front ends in fish" qt "$(in_fish 'stepdrive --frontend q')"
+printf '%s\n' "fpath=($prefix/share/zsh/site-functions \$fpath); autoload -U compinit; compinit -u -D" \
+  $'listwright --lis\t --typ\trom\t --end 2 >zsh.out; exit' |
+  TERM=xterm script -qec 'zsh -fi' log >/dev/null
+same "completed by zsh" $'i\nii' "$(cat zsh.out)"
+
+# Emacs finds its commands by itself, and no page leads nowhere.
+same "commands in Emacs" t "$(EMACSLOADPATH=$prefix/share/emacs/site-lisp: emacs --batch \
+  -f package-activate-all --eval '(princ (and (commandp (quote listwright-continue)) (require (quote listwright)) t))')"
+while IFS=: read -r page link; do
+  link=${link#*[(\"]}
+  [ -e "${page%/*}/${link%%#*}" ] || fail "$page leads to $link"
+done < <(grep -roE '(\]\(|src=")[a-z0-9/_.-]+' "$prefix/share/doc")
 
 # The Debian packages.
 cpack --config "$build/CPackConfig.cmake" -B packed >log 2>&1 || fail "cpack: $(cat log)"
@@ -127,4 +146,8 @@ for optional in cups pulse sndfile qt6test geany gtk; do
   [[ $depends != *$optional* ]] || fail "listwright cannot be installed without $optional"
 done
 
+# Uninstalled, it leaves what every prefix has.
+DESTDIR=$work/root cmake -D BUILD="$build" -P "$source/cmake/uninstall.cmake" >log 2>&1 || fail "$(cat log)"
+same "what stays" $'bin\ninclude\nlib\nshare\nshare/man' "$(cd "$prefix" && find . -mindepth 1 -printf '%P\n' | sort)"
+[ ! -e kept ] || mv kept "$build/install_manifest.txt"
 exit "$failed"
