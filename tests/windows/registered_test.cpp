@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstring>
+#include <functional>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -142,25 +143,63 @@ void CALLBACK closeDialog(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/,
   ::PostMessageW(::FindWindowW(L"kvrnstep.window", nullptr), WM_CLOSE, 0, 0);
 }
 
-TEST(Unloading, LetsTheThreadEndThatHasShownADialog) {
+/// Loads the plug-in, uses it and unloads it.
+void loadedFor(const std::function<void(const Listwright&)>& use) {
+  use(Listwright::load(hosts::pluginBesideProgram()));
+  ::FreeLibrary(::GetModuleHandleW(L"kvrnstep.dll"));
+  EXPECT_EQ(::GetModuleHandleW(L"kvrnstep.dll"), nullptr);
+}
+
+void closeADialog(const Listwright& plugin) {
   const tests::TemporaryFolder folder;
   const std::string steps = folder.native("");
   const std::string settings = folder.native("steps.ini");
   kvrnstep_dialog dialog = kDialogDefaults;
   dialog.sPthStepFolder = steps.c_str();
   dialog.s_IniPathAndName = settings.c_str();
-  for (int round = 0; round < 3; ++round) {
-    std::thread host([&dialog] {
-      const auto plugin = Listwright::load(hosts::pluginBesideProgram());
-      const UINT_PTR timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, closeDialog);
-      std::string list;
-      EXPECT_FALSE(plugin.ShowListwrightDialog(list, dialog));
-      ::KillTimer(nullptr, timer);
-      ::FreeLibrary(::GetModuleHandleW(L"kvrnstep.dll"));
-      EXPECT_EQ(::GetModuleHandleW(L"kvrnstep.dll"), nullptr);
-    });
-    host.join();
+  const UINT_PTR timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, closeDialog);
+  std::string list;
+  EXPECT_FALSE(plugin.ShowListwrightDialog(list, dialog));
+  ::KillTimer(nullptr, timer);
+}
+
+/// How many of the process's slots for threads are free, and how many handles it has.
+std::array<DWORD, 3> ofTheProcess() {
+  const auto freeSlots = [](auto allocate, auto release) {
+    std::vector<DWORD> taken;
+    for (DWORD slot; (slot = allocate()) != TLS_OUT_OF_INDEXES;) taken.push_back(slot);
+    for (const DWORD slot : taken) release(slot);
+    return static_cast<DWORD>(taken.size());
+  };
+  constexpr std::uintptr_t kMost = 0x4000;
+  DWORD handles = 0;
+  DWORD flags = 0;
+  for (std::uintptr_t one = 4; one < kMost; one += 4) {
+    if (::GetHandleInformation(reinterpret_cast<HANDLE>(one), &flags) != FALSE) ++handles;
   }
+  return {freeSlots(::TlsAlloc, ::TlsFree),
+          freeSlots([] { return ::FlsAlloc(nullptr); }, ::FlsFree), handles};
+}
+
+TEST(Unloading, LeavesNothingBehindHoweverOftenItIsLoaded) {
+  // What the system keeps of its own is there after the first ones. Its libraries stay, because to
+  // load them takes far longer than to load the plug-in.
+  for (const auto* library : {L"comctl32", L"comdlg32", L"winmm", L"winspool.drv"}) {
+    ::LoadLibraryW(library);
+  }
+  for (int i = 0; i < 2; ++i) loadedFor(closeADialog);
+  const auto before = ofTheProcess();
+  for (int i = 0; i < 1300; ++i) {
+    loadedFor(
+        [](const Listwright& plugin) { EXPECT_FALSE(plugin.RequestProgramIcon(102).empty()); });
+  }
+  EXPECT_EQ(ofTheProcess(), before);
+  for (int i = 0; i < 60; ++i) loadedFor(closeADialog);
+  EXPECT_EQ(ofTheProcess(), before);
+}
+
+TEST(Unloading, LetsTheThreadEndThatHasShownADialog) {
+  for (int round = 0; round < 3; ++round) std::thread([] { loadedFor(closeADialog); }).join();
 }
 
 TEST_F(Registered, ForOneUserWhereAllAreOutOfReach) {
