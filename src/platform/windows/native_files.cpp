@@ -54,6 +54,18 @@ bool hasAttribute(const Path& path, DWORD which) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & which) != 0;
 }
 
+/// Files that are kept in a cloud, deduplicated or projected carry tags, too, but are reached by
+/// their own names.
+bool standsForAnother(const Path& path) {
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = ::FindFirstFileW(wide(path), &found);
+  if (search == INVALID_HANDLE_VALUE) return false;
+  ::FindClose(search);
+  const bool tagged = (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+  const DWORD tag = found.dwReserved0;
+  return tagged && (tag == IO_REPARSE_TAG_SYMLINK || tag == IO_REPARSE_TAG_MOUNT_POINT);
+}
+
 }  // namespace
 
 Path pathOf(const std::u16string& path) {
@@ -76,7 +88,7 @@ Path folderPart(const Path& path) {
 }
 
 std::optional<Path> withoutLinks(const Path& path) {
-  if (!hasAttribute(path, FILE_ATTRIBUTE_REPARSE_POINT)) return path;
+  if (!standsForAnother(path)) return path;
   const File file = openFile(path, FILE_READ_ATTRIBUTES, OPEN_EXISTING);
   if (!file.open()) return std::nullopt;
   const HANDLE handle = system(file.handle());
@@ -130,7 +142,9 @@ bool File::takeAfter(const Path& other) const {
   if (size > 0 && ::GetFileSecurityW(wide(other), kRights, rights.data(), size, &size) != FALSE) {
     ::SetFileSecurityW(wide(path_), kRights, rights.data());
   }
-  ::SetFileAttributesW(wide(path_), ::GetFileAttributesW(wide(other)));
+  // The bytes of the new file are all here.
+  const DWORD attributes = ::GetFileAttributesW(wide(other)) & ~DWORD{FILE_ATTRIBUTE_OFFLINE};
+  ::SetFileAttributesW(wide(path_), attributes);
   return true;
 }
 
@@ -165,7 +179,16 @@ File createNew(const Path& path, bool /*forUsAlone*/, Creation& result) {
 /// between them leaves no target.
 bool rename(const Path& from, const Path& to) {
   constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-  return ::MoveFileExW(wide(from), wide(to), kHow) != FALSE;
+  constexpr int kAttempts = 20;
+  constexpr DWORD kPause = 50;  // milliseconds
+  for (int attempt = 1; ::MoveFileExW(wide(from), wide(to), kHow) == FALSE; ++attempt) {
+    // A virus scanner or an indexer holds a file for a moment after it has changed.
+    const DWORD error = ::GetLastError();
+    const bool held = error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
+    if (!held || attempt == kAttempts) return false;
+    ::Sleep(kPause);
+  }
+  return true;
 }
 
 bool remove(const Path& path) {

@@ -3,6 +3,7 @@
 
 #include "platform/files.h"
 #include "platform/module.h"
+#include "platform/native_files.h"
 #include "platform/profile.h"
 #include "temporary_folder.h"
 #include "text/codepage.h"
@@ -46,6 +47,80 @@ TEST_F(WindowsFiles, InUseOrNoneAreLeftAlone) {
   ::CloseHandle(used);
   EXPECT_EQ(folder.get("used"), "old");
   EXPECT_EQ(folder.names(), std::set<std::string>{"used"});
+}
+
+// What this program calls the system's functions through.
+#ifdef _WIN64
+#define IMPORTED(name, bytes) __asm__("__imp_" #name)
+#else
+#define IMPORTED(name, bytes) __asm__("__imp__" #name "@" #bytes)
+#endif
+extern "C" decltype(&::GetFileAttributesW) calledForAttributes IMPORTED(GetFileAttributesW, 4);
+extern "C" decltype(&::FindFirstFileW) calledToFind IMPORTED(FindFirstFileW, 8);
+extern "C" decltype(&::MoveFileExW) calledToMove IMPORTED(MoveFileExW, 12);
+
+/// As long as it lives, calls of a function of the system go elsewhere.
+template <class Function>
+class Instead {
+ public:
+  Instead(Function& called, Function other) : called_(called), own_(std::exchange(called, other)) {}
+  ~Instead() { called_ = own_; }
+  Instead(const Instead&) = delete;
+  Instead& operator=(const Instead&) = delete;
+
+ private:
+  Function& called_;
+  Function own_;
+};
+
+// As a folder of a cloud does, gives each file a tag: FILE_ATTRIBUTE_REPARSE_POINT is set, and the
+// tag is in dwReserved0.
+DWORD tag = 0;
+DWORD WINAPI tagged(LPCWSTR /*path*/) {
+  return FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_REPARSE_POINT;
+}
+HANDLE WINAPI foundWithTag(LPCWSTR path, WIN32_FIND_DATAW* found) {
+  const HANDLE search =
+      ::FindFirstFileExW(path, FindExInfoStandard, found, FindExSearchNameMatch, nullptr, 0);
+  found->dwFileAttributes |= FILE_ATTRIBUTE_REPARSE_POINT;
+  found->dwReserved0 = tag;
+  return search;
+}
+
+TEST_F(WindowsFiles, InACloudAreFilesLikeAnyOther) {
+  folder.put("file", "old");
+  const Instead attributes(calledForAttributes, tagged);
+  const Instead found(calledToFind, foundWithTag);
+  for (const DWORD cloud : {IO_REPARSE_TAG_CLOUD, IO_REPARSE_TAG_CLOUD_F, IO_REPARSE_TAG_DEDUP}) {
+    tag = cloud;
+    EXPECT_EQ(native::withoutLinks(folder("file")), folder("file")) << tag;
+  }
+  for (const DWORD link : {IO_REPARSE_TAG_SYMLINK, IO_REPARSE_TAG_MOUNT_POINT}) {
+    tag = link;
+    EXPECT_EQ(native::withoutLinks(folder("file")), u"\\\\?\\" + folder("file")) << tag;
+  }
+  EXPECT_TRUE(replaceFile(folder("file"), "new"));
+  EXPECT_EQ(folder.get("file"), "new");
+}
+
+/// A virus scanner, which holds a file, lets go of it after somebody has met it.
+HANDLE scanner = nullptr;
+BOOL WINAPI meetScanner(LPCWSTR from, LPCWSTR to, DWORD how) {
+  const BOOL done = ::MoveFileWithProgressW(from, to, nullptr, nullptr, how);
+  const DWORD error = ::GetLastError();
+  EXPECT_EQ(done == FALSE, scanner != nullptr);
+  if (scanner != nullptr) ::CloseHandle(std::exchange(scanner, nullptr));
+  ::SetLastError(error);
+  return done;
+}
+
+TEST_F(WindowsFiles, ThatAScannerHoldsAreReplacedWhenItLetsGo) {
+  folder.put("file", "old");
+  scanner = ::CreateFileW(text::wide(folder("file")), GENERIC_READ,
+                          FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
+  const Instead move(calledToMove, meetScanner);
+  EXPECT_TRUE(replaceFile(folder("file"), "new"));
+  EXPECT_EQ(folder.get("file"), "new");
 }
 
 TEST_F(WindowsFiles, PathsLongerThanTheUsualLimit) {
