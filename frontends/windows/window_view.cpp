@@ -267,10 +267,16 @@ void WindowView::setTitle(const std::u16string& caption) {
 }
 
 void WindowView::setInnerSize(forms::PixelSize size) {
+  setFrame(size, nullptr);
+}
+
+/// @param corner where the window is to be from now on; null: where it is
+void WindowView::setFrame(forms::PixelSize size, const POINT* corner) {
   SIZE outside = outsideOf({size.width, size.height}, style_, menus_.bar() != nullptr, dpi_);
+  const POINT at = corner == nullptr ? POINT{} : *corner;
   const auto resize = [&] {
-    ::SetWindowPos(handle(), nullptr, 0, 0, outside.cx, outside.cy,
-                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    ::SetWindowPos(handle(), nullptr, at.x, at.y, outside.cx, outside.cy,
+                   (corner == nullptr ? SWP_NOMOVE : 0) | SWP_NOZORDER | SWP_NOACTIVATE);
   };
   resize();
   RECT now{};
@@ -416,9 +422,11 @@ void WindowView::rescale(int dpi, const RECT& proposed) {
   // The controls use the old font until all have the new one.
   const Font before = std::exchange(captionFont_, windows::captionFont(dpi_));
   for (const auto& control : window().controls()) viewOf(*control).rescale();
-  ::SetWindowPos(handle(), nullptr, proposed.left, proposed.top, 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   rescaledTo(scaleOf(dpi_));
+  // At once, because with its old size the window may be back on the other monitor there.
+  const POINT corner{proposed.left, proposed.top};
+  setFrame(innerSize(), &corner);
+  update();
 }
 
 }  // namespace kvrnstep::windows

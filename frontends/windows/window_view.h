@@ -72,6 +72,7 @@ class WindowView final : public forms::ViewSync, public Receiver {
   void reportPlace();
   void limitSize(MINMAXINFO& limits) const;
   void rescale(int dpi, const RECT& proposed);
+  void setFrame(forms::PixelSize size, const POINT* corner);
 
   std::unordered_map<HWND, ControlView*> byHandle_;
   MenuBar menus_;

@@ -37,13 +37,15 @@ void ViewSync::makeViews() {
 void ViewSync::showAll(double scale) {
   changes_.addAll();
   rescaledTo(scale);
+  update();
 }
 
 void ViewSync::rescaledTo(double scale) {
   scale_ = scale;
   changes_.add(Property::Size);
+  if (updating_) changes_.add(Property::Place);
   for (const auto& [control, view] : views_) view->markAll();
-  update();
+  rescaled_ = true;
 }
 
 int ViewSync::pixels(double twips) const {
@@ -93,10 +95,18 @@ void ViewSync::update() {
   if (!open_ || updating_) return;
   const Meanwhile updating(updating_);
   updateBegins();
+  // A window that is placed on a monitor of another density is told so meanwhile. It is enough to
+  // follow a few times, if ever two monitors should send it to and fro.
+  constexpr int kMostTimes = 3;
+  for (int time = 1; time == 1 || (rescaled_ && time <= kMostTimes); ++time) applyAll();
+  giveKeyboard(std::exchange(focus_, nullptr));
+}
+
+void ViewSync::applyAll() {
+  rescaled_ = false;
   for (const auto& control : window_.controls()) syncOf(*control).applyChanges();
   applyWindow();
   if (std::exchange(arrangementChanged_, false)) arrange();
-  giveKeyboard(std::exchange(focus_, nullptr));
 }
 
 void ViewSync::applyWindow() {

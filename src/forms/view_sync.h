@@ -78,7 +78,8 @@ class ViewSync {
   void destroyViews() { views_.clear(); }
   /// Marks everything as changed and shows it, so many pixels to 1/96 inch.
   void showAll(double scale);
-  /// The monitor has another density. The window stays where the desktop has moved it.
+  /// The monitor has another density, which the next update() shows. The window stays where the
+  /// desktop has moved it, unless it is being placed: then its new size may need another place.
   void rescaledTo(double scale);
   /// Nothing is shown any more: the window has been unloaded, or somebody else has destroyed it.
   void close() { open_ = false; }
@@ -95,6 +96,7 @@ class ViewSync {
 
  private:
   [[nodiscard]] int pixels(double twips) const;
+  void applyAll();
   void applyWindow();
   void applyPosition();
   void arrange();
@@ -105,6 +107,7 @@ class ViewSync {
   PixelPoint position_;  ///< of the frame, as it was last shown or told
   Control* focus_;
   double scale_ = 1;
+  bool rescaled_ = false;  ///< since the changes that are being shown began to be
   bool arrangementChanged_ = true;
   bool updating_ = false;
   bool open_ = true;
