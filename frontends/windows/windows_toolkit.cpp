@@ -94,6 +94,8 @@ bool WindowsToolkit::dealWithOne() {
   if (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) return false;
   if (message.message == WM_QUIT) {
     quit(static_cast<int>(message.wParam));
+  } else if (::CallMsgFilterW(&message, MSGF_DIALOGBOX) != FALSE) {
+    // The host, whose loop does not run meanwhile, has dealt with it by its hook.
   } else if (open_.empty() || !open_.back()->translates(message)) {
     ::TranslateMessage(&message);
     ::DispatchMessageW(&message);

@@ -11,6 +11,7 @@
 #include "driven/user_input.h"
 #include "forms/toolkit.h"
 #include "forms/window.h"
+#include "scale.h"
 #include "window_class.h"
 #include "windows_toolkit.h"
 
@@ -251,6 +252,29 @@ TEST(WindowsHost, HearsThatItShallEnd) {
   EXPECT_EQ(message.wParam, static_cast<WPARAM>(kStatus));
 }
 
+WPARAM heard = 0;
+
+/// A host's hook for messages to its thread, which reach no window.
+LRESULT CALLBACK hear(int code, WPARAM wide, LPARAM longer) {
+  const auto& message = *reinterpret_cast<const MSG*>(longer);
+  if (code == MSGF_DIALOGBOX && message.hwnd == nullptr && message.message == WM_APP) {
+    heard = message.wParam;
+  }
+  return ::CallNextHookEx(nullptr, code, wide, longer);
+}
+
+TEST(WindowsHost, HearsWhatIsPostedToItsThreadAndStrayMessagesDoNothing) {
+  static constexpr WPARAM kSaid = 42;
+  const HHOOK hook = ::SetWindowsHookExW(WH_MSGFILTER, hear, nullptr, ::GetCurrentThreadId());
+  TestWindow window;
+  show(window, {[](WindowView& view) {
+                  ::PostThreadMessageW(::GetCurrentThreadId(), WM_APP, kSaid, 0);
+                  ::PostMessageW(view.handle(), WM_APP + 1, 1, 1);
+                },
+                [](WindowView& /*view*/) { EXPECT_EQ(heard, kSaid); }});
+  ::UnhookWindowsHookEx(hook);
+}
+
 /// Takes its step, and leaves the rest to others.
 class OneStep final : public Steps {
  public:
@@ -365,24 +389,62 @@ TEST(WindowsPlace, IsOnTheScreenAndKeptUntilTheUserMovesTheWindow) {
   EXPECT_EQ(window.place(), (forms::Rect{1500, 750, 4500, 30000}));
 }
 
+void tellOfTwiceTheDensity(HWND window) {
+  RECT proposed{};
+  ::GetWindowRect(window, &proposed);
+  ::OffsetRect(&proposed, 10, 10);
+  ::SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(2 * kNominalDpi, 2 * kNominalDpi),
+                 reinterpret_cast<LPARAM>(&proposed));
+}
+
+/// Inside of the window, and the width of a button.
+std::array<LONG, 3> sizes(const WindowView& view) {
+  RECT inside{};
+  ::GetClientRect(view.handle(), &inside);
+  RECT button{};
+  ::GetWindowRect(view.viewOf(*view.window().find("first", -1)).handle(), &button);
+  return {inside.right, inside.bottom, button.right - button.left};
+}
+
+int moves = 0;
+
+/// As where the monitors differ: a window that SetWindowPos puts on another one gets WM_DPICHANGED
+/// before that returns.
+LRESULT CALLBACK changeMonitor(int code, WPARAM wide, LPARAM longer) {
+  const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(longer);
+  const auto* place = reinterpret_cast<const WINDOWPOS*>(sent.lParam);
+  if (sent.message == WM_WINDOWPOSCHANGED && ::GetParent(sent.hwnd) == nullptr &&
+      (place->flags & SWP_NOMOVE) == 0) {
+    const int move = ++moves;
+    if (move == 1) tellOfTwiceTheDensity(sent.hwnd);
+    EXPECT_TRUE(move != 2 || (place->flags & SWP_NOSIZE) == 0) << "place and size go together";
+  }
+  return ::CallNextHookEx(nullptr, code, wide, longer);
+}
+
 TEST(WindowsScale, FollowsTheMonitor) {
   TestWindow window;
-  show(window, {[](WindowView& view) {
-         const auto sizes = [&view] {
-           RECT inside{};
-           ::GetClientRect(view.handle(), &inside);
-           RECT button{};
-           ::GetWindowRect(view.viewOf(*view.window().find("first", -1)).handle(), &button);
-           return std::array{inside.right, inside.bottom, button.right - button.left};
-         };
-         const auto before = sizes();
-         RECT proposed{};
-         ::GetWindowRect(view.handle(), &proposed);
-         const int twice = 2 * view.dpi();
-         ::SendMessageW(view.handle(), WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(twice, twice)),
-                        reinterpret_cast<LPARAM>(&proposed));
-         const auto after = sizes();
+  std::array<LONG, 3> before{};
+  show(window, {[&](WindowView& view) {
+         before = sizes(view);
+         tellOfTwiceTheDensity(view.handle());
+         const auto after = sizes(view);
          for (std::size_t i = 0; i < before.size(); ++i) EXPECT_EQ(after[i], 2 * before[i]) << i;
+       }});
+
+  TestWindow other;
+  other.setLeft(14000);  // fits on the screen, but not with twice the size
+  moves = 0;
+  const HHOOK hook =
+      ::SetWindowsHookExW(WH_CALLWNDPROC, changeMonitor, nullptr, ::GetCurrentThreadId());
+  show(other, {[&](WindowView& view) {
+         ::UnhookWindowsHookEx(hook);
+         const auto after = sizes(view);
+         for (std::size_t i = 0; i < before.size(); ++i) EXPECT_EQ(after[i], 2 * before[i]) << i;
+         RECT outside{};
+         ::GetWindowRect(view.handle(), &outside);
+         EXPECT_EQ(outside.right, ::GetSystemMetrics(SM_CXSCREEN));
+         EXPECT_EQ(other.place().left, 14000);
        }});
 }
 
