@@ -113,7 +113,10 @@ for label, role in (("Start", "text"), ("Suffix", "combo box"), ("Ending", "text
 for link, title, button in (("Prefix", "Edit Step - Prefixes", "Cancel"),
                             ("Beginning", "Beginning (Storage)", "OK")):
     press(main, link, "link")
-    press(inspect(title), button, "push button")
+    editor = inspect(title)
+    off = find(editor, "Apply text 15", "push button")
+    expect(not (off and off.get_n_actions()), "an empty text can be applied")
+    press(editor, button, "push button")
     await_result(f"{title} closed", lambda: window(title) is None)
 
 press(main, "Increase End", "push button")

@@ -154,15 +154,20 @@ wait "$command"
 prefix=$(printf 'é%.0s' $(seq 5000))
 printf 'arg sPthStepFolder steps\narg s_IniPathAndName steps.ini\ncall\nset %s "%s"\nset %s\n%s\n' \
   'cboPreSuf(0).text' "$prefix" 'txtBEndAt.text 99' 'click cmdCIC(2)' |
-  timeout 60 "$bin/stepdrive" --frontend qt - >out 2>err || fail "Copy of a long list: $(cat err)"
+  timeout 60 "$bin/stepdrive" --frontend qt - >out 2>err 9>held ||
+  fail "Copy of a long list: $(cat err)"
 "$bin/listwright" --list --end 99 --prefix "$prefix" --suffix . --indent-spacing \
   --indentation --right-align --space >wanted
 keeps 'a long list'
+keeper() { grep -lsxz "TMPDIR=$work" $(pgrep -x kvrnstep-clipbo | sed 's|.*|/proc/&/environ|') /dev/null; }
+! readlink "$(dirname "$(keeper)")"/fd/* | grep "$work" || fail 'the clipboard holds a file of its host'
 
 # Another program takes the clipboard, and nobody holds on to it. It says that it is done before
 # it is, so it is asked until it is.
 printf other | xclip -selection clipboard -i
 is_given_up() { [ "$(timeout 20 xclip -selection clipboard -o)" = other ]; }
 await is_given_up
+is_gone() { ! keeper; }
+await is_gone
 
 exit "$failed"

@@ -62,11 +62,12 @@ lpadmin -p paper -E -v "file:$work/paper.pdf" -P paper.ppd 2>lpadmin.err ||
 sanitizer=$(ldd "$module" | sed -n 's/.*libasan.* => \([^ ]*\).*/\1/p')
 # print_list [SETTING…] — has the module print list.txt: 0 when the scheduler took it, 1 when not.
 print_list() {
-  timeout 60 env LD_PRELOAD="$sanitizer" ASAN_OPTIONS=detect_leaks=0 "$@" python3 -c 'import ctypes, sys
+  timeout 60 env LD_PRELOAD="$sanitizer" ASAN_OPTIONS=detect_leaks=0 "$@" python3 -c 'import ctypes, signal, sys
 service = ctypes.CDLL(sys.argv[1])
 service.kvrnstepPrint.restype = ctypes.c_bool
 text = open("list.txt", "rb").read()
-sys.exit(not service.kvrnstepPrint(text, ctypes.c_size_t(len(text))))' "$module" >out 2>&1
+printed = service.kvrnstepPrint(text, ctypes.c_size_t(len(text)))
+sys.exit(2 if signal.pthread_sigmask(signal.SIG_BLOCK, []) else not printed)' "$module" >out 2>&1
 }
 # refused WHAT [SETTING…] — list.txt is not printed, and neither a word nor a job says so.
 refused() {

@@ -11,6 +11,9 @@ weston --no-config --backend=x11-backend.so --use-pixman --socket=compositor >we
 await test -S compositor
 export WAYLAND_DISPLAY=compositor
 
+# Its socket may be named by its path.
+echo call | WAYLAND_DISPLAY=$work/compositor QT_QPA_PLATFORM=wayland timeout 60 "$bin/stepdrive" \
+  --frontend qt - >out 2>err || fail "a path: $(cat err)"
 mkdir -p config/listwright
 printf '[Listwright]\r\nListwright_LT=2400\r\nListwright_TT=1500\r\n' >config/listwright/steps.ini
 WAYLAND_DEBUG=1 QT_QPA_PLATFORM=wayland "$bin/listwright" >out 2>dialog.log &

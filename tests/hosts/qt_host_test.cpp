@@ -3,7 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListView>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QTest>
@@ -18,6 +22,7 @@
 
 #include "kvrnstep/listwright.hpp"
 #include "program.h"
+#include "temporary_folder.h"
 
 namespace {
 
@@ -80,6 +85,7 @@ class QtHost : public testing::Test {
     dialog.sPthStepFolder = folder_.c_str();
     dialog.SEC_APP_NAME = "Listwright";
     dialog.s_IniPathAndName = settings.c_str();
+    dialog.l_EditorBColor = kBlueGreenRed;
     const bool inserted = plugin_.ShowListwrightDialog(list, dialog);
     EXPECT_EQ(list, "");
     return inserted;
@@ -101,6 +107,7 @@ class QtHost : public testing::Test {
     QApplication::exec();
   }
 
+  static constexpr int kBlueGreenRed = 0x010203;
   // Each test has an application of its own, because a host may make and destroy several.
   int argc_ = 1;
   std::array<char*, 2> argv_{program_.data(), nullptr};
@@ -139,12 +146,87 @@ TEST_F(QtHost, LivesWhenMemoryRunsOut) {
 }
 
 /// A key in one of the dialog's boxes.
-std::function<void(QWidget&)> key(const char* box, Qt::Key code) {
+std::function<void(QWidget&)> key(const char* box, Qt::Key code, Qt::KeyboardModifier held = {}) {
   return [=](QWidget& dialog) {
     auto* widget = dialog.findChild<QWidget*>(box);
     widget->setFocus();
-    QTest::keyClick(widget, code);
+    QTest::keyClick(widget, code, held);
   };
+}
+
+TEST_F(QtHost, SeesTheDialogTakeItsMouseAndItsKeys) {
+  call(nullptr, [] {
+    QWidget& dialog = *front();
+    auto* check = dialog.findChild<QAbstractButton*>("chkLWO(3)");
+    QTest::mouseClick(check, Qt::LeftButton, {}, {check->width() - 2, check->height() / 2});
+    EXPECT_FALSE(check->isChecked()) << "a click beside the caption counts";
+    auto* combo = dialog.findChild<QComboBox*>("cboPreSuf(0)");
+    QTest::keyClicks(combo->lineEdit(), "new");
+    QTest::keyClick(combo->lineEdit(), Qt::Key_Return);
+    EXPECT_EQ(combo->count(), 0) << "Enter makes no entry";
+    when([] { return QApplication::activePopupWidget() != nullptr; },
+         [] {
+           ADD_FAILURE() << "the middle button opens a menu";
+           QApplication::activePopupWidget()->close();
+         });
+    QTest::mouseClick(dialog.findChild<QListView*>("lstStepf")->viewport(), Qt::MiddleButton);
+    EXPECT_EQ(dialog.findChild<QWidget*>("lblD(0)")->cursor().hotSpot(), QPoint(10, 1));
+    EXPECT_EQ(dialog.findChild<QWidget*>("txtPreview")->palette().color(QPalette::Base),
+              QColor(3, 2, 1));
+    QTest::keyClick(&dialog, Qt::Key_Q, Qt::ControlModifier);
+  });
+}
+
+TEST_F(QtHost, SeesAnEditorTakeItsMouseAndItsKeys) {
+  call(key("lblD(0)", Qt::Key_Enter, Qt::KeypadModifier), [] {
+    QWidget& editor = *front();
+    auto* box = editor.findChild<QLineEdit*>("txtAdd");
+    auto* macro = editor.findChild<QWidget*>("lblDrag(0)");
+    QTest::mousePress(macro, Qt::LeftButton);
+    QTest::mouseRelease(macro, Qt::RightButton);
+    QTest::mouseRelease(macro, Qt::LeftButton, {},
+                        macro->mapFrom(&editor, box->geometry().center()));
+    EXPECT_EQ(box->text(), "{STEP_#}") << "another button does not end the drag";
+    auto* add = editor.findChild<QWidget*>("cmdAdd");
+    add->setFocus();
+    QTest::mouseClick(add, Qt::LeftButton);
+    EXPECT_EQ(editor.focusWidget(), box);
+    EXPECT_EQ(box->text(), "");
+    QApplication::closeAllWindows();
+  });
+}
+
+/// Shows the dialog with an application of its own, and ends the process when it is there: 1 for
+/// dark windows, 0 for light ones.
+void tellColors(const std::string& folder, const char* theme) {
+  for (const auto& [name, value] : {std::pair<const char*, const char*>{"GTK_THEME", theme},
+                                    {"XDG_CONFIG_HOME", folder.c_str()},
+                                    {"DBUS_SESSION_BUS_ADDRESS", "unix:path=/dev/null"},
+                                    {"QT_QPA_PLATFORMTHEME", "kept"}}) {
+    ::setenv(name, value, 1);
+  }
+  qAddPreRoutine([] {
+    when([] { return front() != nullptr && front()->isActiveWindow(); },
+         [] {
+           EXPECT_EQ(qgetenv("QT_QPA_PLATFORMTHEME"), "kept");
+           const bool dark = QApplication::palette().window().color().lightness() < 128;
+           std::_Exit(testing::Test::HasFailure() ? 2 : dark ? 1 : 0);
+         });
+  });
+  kvrnstep_dialog dialog = kvrnstep::kDialogDefaults;
+  dialog.sPthStepFolder = folder.c_str();
+  std::string list;
+  kvrnstep::Listwright::load(hosts::pluginBesideProgram()).ShowListwrightDialog(list, dialog);
+}
+
+// In processes that have had no application yet.
+TEST(OwnApplicationDeathTest, IsDarkWhereTheDesktopIs) {
+  const kvrnstep::tests::TemporaryFolder folder;
+  create_directory(folder.path("gtk-3.0"));
+  folder.put("gtk-3.0/settings.ini", "[Settings]\ngtk-application-prefer-dark-theme=true\n");
+  for (const auto& [theme, dark] : {std::pair{"Adwaita:dark", 1}, {"Adwaita", 0}, {"", 1}}) {
+    EXPECT_EXIT(tellColors(folder.native(""), theme), testing::ExitedWithCode(dark), "") << theme;
+  }
 }
 
 const auto kUses = std::to_array<std::pair<const char*, std::function<void(QWidget&)>>>({
