@@ -19,6 +19,7 @@ help:
 	@echo "make install         install below PREFIX ($(PREFIX)), DESTDIR is honoured"
 	@echo "make uninstall       remove what the last make install has installed"
 	@echo "make deb             Debian packages, in build-deb"
+	@echo "make vscode          pack the extension for VS Code, in build-vscode"
 	@echo "make windows         build for Windows, 64 and 32 bits"
 	@echo "make windows-zip     pack both, with what registers them"
 	@echo "make check           formatting, g++ and clang++ without warnings, clang-tidy"
@@ -93,6 +94,10 @@ windows-zip: windows
 deb:
 	@tools/setup deb
 	@packaging/build-deb
+
+.PHONY: vscode
+vscode:
+	@tools/pack-vscode
 
 check:
 	@tools/setup check
