@@ -76,9 +76,13 @@ same "exported names" \
   } | sort)" \
   "$(nm --dynamic --defined-only --format=just-symbols "$plugin" | sort)"
 
-# Nothing points back into the build.
+# Nothing points back into the build, and everything is hardened.
 while IFS= read -r file; do
-  readelf --dynamic "$file" 2>/dev/null | grep -E 'R(UN)?PATH' && fail "$file has a run path"
+  binary=$(readelf --file-header --segments --dynamic --dyn-syms --wide "$file" 2>/dev/null) || continue
+  grep -E 'R(UN)?PATH' <<<"$binary" && fail "$file has a run path"
+  for mark in 'Type: *DYN' GNU_RELRO 'FLAGS_1.* NOW' __stack_chk_fail; do
+    grep -q "$mark" <<<"$binary" || fail "$file: no $mark"
+  done
 done < <(find "$prefix" -type f)
 grep -rIlF -e "$build" -e "$source" "$prefix" && fail "installed files name the build"
 find "$work/root" -xtype l | grep . && fail "links lead nowhere"
