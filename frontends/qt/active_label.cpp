@@ -5,12 +5,14 @@
 #include <QPainter>
 #include <QShortcutEvent>
 #include <QStyle>
+#include <QStyleOption>
 #include <utility>
 
 #include "forms/keyboard.h"
 #include "looks.h"
 #include "text.h"
 #include "text/text.h"
+#include "window_style.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {
@@ -65,15 +67,6 @@ QAccessibleInterface* describe(const QString& /*className*/, QObject* object) {
   return group == nullptr ? nullptr : new QAccessibleWidget(group, QAccessible::Grouping);
 }
 
-/// A frame inside the rectangle.
-void paintFrame(QPainter& painter, const QRect& rect, const QPen& pen, const QBrush& ground) {
-  constexpr double kRound = 2;
-  const double half = pen.widthF() / 2;
-  painter.setPen(pen);
-  painter.setBrush(ground);
-  painter.drawRoundedRect(QRectF(rect).adjusted(half, half, -half, -half), kRound, kRound);
-}
-
 }  // namespace
 
 QWidget* makeGroup(QWidget* parent) {
@@ -93,8 +86,10 @@ ActiveLabel::ActiveLabel(WindowView& window, forms::Control& control)
       window_(window),
       active_(forms::takesKeyboard(control)) {
   setTextFormat(Qt::PlainText);
-  setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  if (active_) setFocusPolicy(Qt::TabFocus);
+  setAlignment((control.row().draggable ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter);
+  if (!active_) return;
+  setFocusPolicy(Qt::TabFocus);
+  setAttribute(Qt::WA_Hover);
 }
 
 ActiveLabel::~ActiveLabel() {
@@ -128,50 +123,32 @@ bool ActiveLabel::event(QEvent* event) {
 void ActiveLabel::paintEvent(QPaintEvent* event) {
   if (!active_) return MouseReleases<QLabel>::paintEvent(event);
   QPainter painter(this);
-  if (text().isEmpty()) {
-    paintPicture(painter);
-  } else {
-    const int flags = static_cast<int>(alignment()) | Qt::TextShowMnemonic;
-    style()->drawItemText(&painter, rect(), flags, palette(), isEnabled(), text(),
-                          QPalette::WindowText);
-  }
-  if (hasFocus()) paintFocus(painter);
+  if (text().isEmpty()) return painter.drawPixmap(0, 0, pixmap(Qt::ReturnByValue));
+  QPalette colors = palette();
+  paintGround(painter, colors);
+  const int flags = static_cast<int>(alignment()) | Qt::TextShowMnemonic;
+  style()->drawItemText(&painter, rect(), flags, colors, isEnabled(), text(), QPalette::WindowText);
 }
 
-void ActiveLabel::paintFocus(QPainter& painter) const {
-  painter.setRenderHint(QPainter::Antialiasing);
-  if (text().isEmpty()) {
-    paintFrame(painter, rect(), QPen(palette().color(QPalette::WindowText), 2), Qt::NoBrush);
-    paintFrame(painter, rect().adjusted(2, 2, -2, -2), palette().color(QPalette::Base),
-               Qt::NoBrush);
-    return;
+/// What can be dragged looks like a thing, and a link under the mouse like one.
+void ActiveLabel::paintGround(QPainter& painter, QPalette& colors) const {
+  const Shades& shades = shadesOf(colors);
+  if (control().row().draggable) {
+    QStyleOptionButton chip;
+    chip.initFrom(this);
+    chip.state.setFlag(QStyle::State_Sunken, dragged_);
+    style()->drawPrimitive(QStyle::PE_PanelButtonCommand, &chip, &painter, this);
+  } else if (underMouse()) {
+    const QRect words = style()->itemTextRect(fontMetrics(), rect(), static_cast<int>(alignment()),
+                                              true, toQt(text::withoutMnemonic(fromQt(text()))));
+    drawBox(painter, words, {shades.hoverGround, shades.hoverGround});
+    colors.setColor(QPalette::WindowText, shades.hoverLink);
   }
-  constexpr int kGap = 2;
-  constexpr float kFaint = 0.25F;
-  const QRect words = style()->itemTextRect(fontMetrics(), rect(), static_cast<int>(alignment()),
-                                            true, toQt(text::withoutMnemonic(fromQt(text()))));
-  const QColor line = palette().color(QPalette::Highlight);
-  QColor ground = line;
-  ground.setAlphaF(kFaint);
-  paintFrame(painter, words.adjusted(-kGap, 0, kGap, 0) & rect(), line, ground);
-}
-
-void ActiveLabel::paintPicture(QPainter& painter) {
-  // The grey of disabled pictures is that of light windows; in dark ones it would stand out.
-  constexpr double kFaded = 0.3;
-  if (!isEnabled() && isDark(palette())) painter.setOpacity(kFaded);
-  painter.drawPixmap(0, 0, pixmap(Qt::ReturnByValue));
-  painter.setOpacity(1);
 }
 
 // Not passed on, because a plain label would begin to edit its text.
-void ActiveLabel::focusInEvent(QFocusEvent* /*event*/) {
-  update();
-}
-
-void ActiveLabel::focusOutEvent(QFocusEvent* /*event*/) {
-  update();
-}
+void ActiveLabel::focusInEvent(QFocusEvent* /*event*/) {}
+void ActiveLabel::focusOutEvent(QFocusEvent* /*event*/) {}
 
 void ActiveLabel::released(forms::MouseButton button) {
   MouseReleases<QLabel>::released(button);
@@ -182,6 +159,7 @@ void ActiveLabel::mousePressEvent(QMouseEvent* event) {
   MouseReleases<QLabel>::mousePressEvent(event);
   if (!control().row().draggable || dragged_ || event->button() != Qt::LeftButton) return;
   dragged_ = true;
+  update();
   QGuiApplication::setOverrideCursor(cursorOf(control().dragCursor(), devicePixelRatioF()));
 }
 
@@ -200,6 +178,7 @@ void ActiveLabel::hideEvent(QHideEvent* event) {
 /// False where nothing was dragged.
 bool ActiveLabel::endDrag() {
   if (dragged_) QGuiApplication::restoreOverrideCursor();
+  update();
   return std::exchange(dragged_, false);
 }
 

@@ -34,8 +34,7 @@ class ActiveLabel : public MouseReleases<QLabel> {
   void hideEvent(QHideEvent* event) override;
 
  private:
-  void paintPicture(QPainter& painter);
-  void paintFocus(QPainter& painter) const;
+  void paintGround(QPainter& painter, QPalette& colors) const;
   bool endDrag();
 
   WindowView& window_;

@@ -1,3 +1,4 @@
+#include <QFile>
 #include <QHash>
 #include <algorithm>
 #include <array>
@@ -22,19 +23,27 @@ constexpr std::array kCursors{
     CursorFile{107, "cursor-107", {16, 16}},  // over what can be dragged
 };
 
+/// Each file is read once, and not with every dialog that opens. Null where there is none.
+const QIcon& iconOf(const QString& name) {
+  static QHash<QString, QIcon> read;
+  auto found = read.find(name);
+  if (found == read.end()) {
+    const QString file = ":/listwright/" + name + ".png";
+    found = read.insert(name, QFile::exists(file) ? QIcon(file) : QIcon());
+  }
+  return *found;
+}
+
 }  // namespace
 
-QPixmap picture(forms::Picture picture, QSize size, double pixelRatio) {
-  return pictureIcon(picture).pixmap(size, pixelRatio);
+QPixmap picture(forms::Picture picture, QSize size, double pixelRatio, bool dark) {
+  const QString name = toQt(picture);
+  const QIcon& darkOne = dark ? iconOf(name + "-dark") : iconOf(name);
+  return (darkOne.isNull() ? iconOf(name) : darkOne).pixmap(size, pixelRatio);
 }
 
 QIcon pictureIcon(forms::Picture picture) {
-  if (picture.empty()) return {};
-  // Each file is read once, and not with every dialog that opens.
-  static QHash<QString, QIcon> read;
-  QIcon& icon = read[toQt(picture)];
-  if (icon.isNull()) icon = QIcon(":/listwright/" + toQt(picture) + ".png");
-  return icon;
+  return picture.empty() ? QIcon() : iconOf(toQt(picture));
 }
 
 QCursor cursorOf(int resourceId, double pixelRatio) {
@@ -45,8 +54,8 @@ QCursor cursorOf(int resourceId, double pixelRatio) {
   static QHash<std::pair<int, double>, QCursor> made;
   const std::pair key(resourceId, pixelRatio);
   if (!made.contains(key)) {
-    made[key] =
-        QCursor(picture(found->picture, kSize, pixelRatio), found->hotSpot.x(), found->hotSpot.y());
+    made[key] = QCursor(picture(found->picture, kSize, pixelRatio, false), found->hotSpot.x(),
+                        found->hotSpot.y());
   }
   return made[key];
 }

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "focus_ring.h"
 #include "looks.h"
 #include "text.h"
 
@@ -21,6 +22,20 @@ void prepare(QDialog& box) {
   for (QAbstractButton* button : box.findChild<QDialogButtonBox*>()->buttons()) {
     button->setIcon({});
   }
+  new FocusRing(box);
+}
+
+/// Widens the box until its title, of which only the desktop knows the font, has room beside the
+/// buttons of the frame.
+void fitTitle(QMessageBox& box) {
+  constexpr int kHigh = 15;
+  constexpr int kFrame = 100;
+  QFont title = box.font();
+  title.setPixelSize(kHigh);
+  title.setBold(true);
+  const int width = QFontMetrics(title).horizontalAdvance(box.windowTitle()) + kFrame;
+  auto& grid = static_cast<QGridLayout&>(*box.layout());
+  grid.addItem(new QSpacerItem(width, 0), grid.rowCount(), 0, 1, grid.columnCount());
 }
 
 /// "txt" of "*.txt".
@@ -35,6 +50,7 @@ MessageBox::MessageBox(const forms::Message& message, QWidget* owner)
                   toQt(message.title), toQt(message.text), Ok, owner) {
   setTextFormat(Qt::PlainText);
   prepare(*this);
+  fitTitle(*this);
 }
 
 QuestionBox::QuestionBox(const forms::Question& question, QWidget* owner) : QInputDialog(owner) {

@@ -29,19 +29,35 @@ class WholePlace : public Base {
   }
 };
 
-QWidget* makeButton(Kind kind, QWidget* parent) {
+/// A button that can look like the one of Enter without being that.
+class PushButton : public QPushButton {
+ public:
+  PushButton(bool prominent, QWidget* parent) : QPushButton(parent), prominent_(prominent) {
+    // Enter presses the button that has the focus.
+    setAutoDefault(true);
+  }
+
+ protected:
+  void initStyleOption(QStyleOptionButton* option) const override {
+    QPushButton::initStyleOption(option);
+    option->features.setFlag(QStyleOptionButton::DefaultButton, prominent_);
+  }
+
+ private:
+  bool prominent_;
+};
+
+QWidget* makeButton(const forms::Control& control, QWidget* parent) {
+  const Kind kind = control.kind();
   if (kind == Kind::CheckBox) return new WholePlace<QCheckBox>(parent);
   if (kind == Kind::OptionButton) return new WholePlace<QRadioButton>(parent);
-  auto* button = new QPushButton(parent);
-  // Enter presses the button that has the focus.
-  button->setAutoDefault(true);
-  return button;
+  return new PushButton(control.row().prominent, parent);
 }
 
 }  // namespace
 
 ButtonView::ButtonView(WindowView& window, forms::Control& control)
-    : ControlView(window, control, makeButton(control.kind(), window.parentFor(control))) {
+    : ControlView(window, control, makeButton(control, window.parentFor(control))) {
   QObject::connect(&button(), &QAbstractButton::clicked, &button(),
                    [this] { userPressedButton(); });
 }

@@ -1,20 +1,27 @@
 #pragma once
 
+#include <QColor>
 #include <QPalette>
 #include <QTimer>
 
 namespace kvrnstep::qt {
 
-/// Whether the desktop asks its programs for dark windows: by its portal, by GTK_THEME or in the
-/// settings of GTK. Needs the application; takes a fifth of a second at most.
-bool desktopIsDark();
+/// What a desktop asks of the windows of its programs.
+struct ColorScheme {
+  bool dark = false;
+  bool highContrast = false;
+  QColor accent{};  ///< invalid: none
+};
+
+/// What this desktop asks for: by GTK_THEME, by its portal or in the settings of GTK. Needs the
+/// application; takes a fifth of a second at most.
+ColorScheme desktopScheme();
 
 /// Starts the bell whenever the desktop's portal tells of a changed setting. Where no portal runs
 /// it never does.
 void ringWhenDesktopChanges(QTimer& bell);
 
-/// Colours for the style that Qt uses when no theme tells it otherwise.
-QPalette lightPalette();
-QPalette darkPalette();
+/// Colours of which every text has a contrast of 4.5 with its ground, disabled ones too.
+QPalette paletteOf(const ColorScheme& scheme);
 
 }  // namespace kvrnstep::qt

@@ -1,4 +1,6 @@
+#include <QCache>
 #include <array>
+#include <utility>
 
 #include "forms/contrast.h"
 #include "looks.h"
@@ -44,6 +46,27 @@ QColor colorOf(forms::Rgb color) {
   return {color.red, color.green, color.blue};
 }
 
+Shades shadesFor(const QPalette& palette) {
+  const QColor window = palette.color(QPalette::Active, QPalette::Window);
+  const QColor accent = palette.color(QPalette::Active, QPalette::Highlight);
+  const QColor button = palette.color(QPalette::Active, QPalette::Button);
+  const QColor base = palette.color(QPalette::Active, QPalette::Base);
+  const bool dark = forms::isDark(rgbOf(window));
+  Shades shades;
+  shades.outline = visibleOn(window, palette.color(QPalette::Active, QPalette::Dark));
+  shades.button = dark ? button : mixed(button, base, 50);
+  shades.accent = accent;
+  shades.onAccent = textOn(accent);
+  shades.accentOutline = visibleOn(window, accent);
+  shades.focus = shades.accentOutline;
+  shades.link = colorOf(forms::standingOut(rgbOf(accent), rgbOf(window), forms::kReadable));
+  constexpr double kFarAway = 7;
+  constexpr int kFaint = 10;
+  shades.hoverLink = colorOf(forms::standingOut(rgbOf(accent), rgbOf(window), kFarAway));
+  shades.hoverGround = mixed(window, accent, kFaint);
+  return shades;
+}
+
 }  // namespace
 
 QColor colorOf(std::int32_t color, const QPalette& palette) {
@@ -56,9 +79,36 @@ bool isDark(const QPalette& palette) {
   return forms::isDark(rgbOf(palette.color(QPalette::Window)));
 }
 
-QColor readableLink(const QPalette& palette) {
-  return colorOf(forms::readableLink(rgbOf(palette.color(QPalette::Link)),
-                                     rgbOf(palette.color(QPalette::Window))));
+QColor mixed(const QColor& color, const QColor& other, int percent) {
+  const auto channel = [percent](int one, int two) { return one + (two - one) * percent / 100; };
+  return {channel(color.red(), other.red()), channel(color.green(), other.green()),
+          channel(color.blue(), other.blue())};
+}
+
+QColor textOn(const QColor& ground) {
+  return colorOf(forms::textOn(rgbOf(ground)));
+}
+
+QColor visibleOn(const QColor& ground, const QColor& color) {
+  return colorOf(forms::standingOut(rgbOf(color), rgbOf(ground), forms::kVisible));
+}
+
+const Shades& shadesOf(const QPalette& palette) {
+  constexpr int kMostKnown = 20;
+  // Boxes with colours of their own have palettes of their own, but the same window.
+  static QCache<std::pair<quint64, quint64>, Shades> known(kMostKnown);
+  const auto two = [&palette](QPalette::ColorRole one, QPalette::ColorRole other) {
+    return quint64{palette.color(QPalette::Active, one).rgb()} << 32U |
+           palette.color(QPalette::Active, other).rgb();
+  };
+  const std::pair key(two(QPalette::Window, QPalette::Highlight),
+                      two(QPalette::Button, QPalette::Base));
+  Shades* shades = known.object(key);
+  if (shades == nullptr) {
+    shades = new Shades(shadesFor(palette));
+    known.insert(key, shades);
+  }
+  return *shades;
 }
 
 }  // namespace kvrnstep::qt

@@ -9,6 +9,7 @@
 #include "forms/user_actions.h"
 #include "line_edit.h"
 #include "looks.h"
+#include "text.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {
@@ -34,6 +35,7 @@ class EntryCombo : public QComboBox {
     edit->setCompleter(nullptr);
     useFont(*this, captionFont());
     setModel(new QStringListModel(this));
+    edit->setPlaceholderText(toQt(combo.row().hint));
     setInsertPolicy(QComboBox::NoInsert);
     // Leaving the box with a text that is also an entry would count as choosing that entry.
     disconnect(edit, SIGNAL(editingFinished()), this, nullptr);
@@ -41,7 +43,7 @@ class EntryCombo : public QComboBox {
 
   void showPopup() override {
     useFont(*view(), font());
-    useCompactStyle(*view()->window());
+    useWindowStyle(*view()->window());
     // Otherwise Qt would measure every entry first.
     if (auto* list = qobject_cast<QListView*>(view())) list->setUniformItemSizes(true);
     QComboBox::showPopup();

@@ -5,16 +5,15 @@
 
 #include "looks.h"
 #include "mouse_releases.h"
-#include "sharp_frame.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {
 
 namespace {
 
-class EntryList : public SharpFrame<MouseReleases<QListView>> {
+class EntryList : public MouseReleases<QListView> {
  public:
-  EntryList(forms::ListBox& list, QWidget* parent) : SharpFrame(list, parent) {
+  EntryList(forms::ListBox& list, QWidget* parent) : MouseReleases(list, parent) {
     setModel(new QStringListModel(this));
     useFont(*this, captionFont());
     setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -25,7 +24,7 @@ class EntryList : public SharpFrame<MouseReleases<QListView>> {
  protected:
   void mousePressEvent(QMouseEvent* event) override {
     if (event->button() == Qt::LeftButton) {
-      SharpFrame::mousePressEvent(event);
+      MouseReleases::mousePressEvent(event);
     } else {
       event->accept();
     }
@@ -34,7 +33,7 @@ class EntryList : public SharpFrame<MouseReleases<QListView>> {
     const QModelIndex entry = indexAt(event->position().toPoint());
     // The first click may have been on another entry.
     const bool twice = !entry.isValid() || entry == currentIndex();
-    SharpFrame::mouseDoubleClickEvent(event);
+    MouseReleases::mouseDoubleClickEvent(event);
     if (event->button() != Qt::LeftButton || !twice) return;
     forms::userDoubleClickedEntry(static_cast<forms::ListBox&>(control()), entry.row());
   }

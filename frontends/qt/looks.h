@@ -33,19 +33,37 @@ QFont fittedCaptionFont(const QString& text, int width);
 QColor colorOf(std::int32_t color, const QPalette& palette);
 /// Whether windows of this palette are dark.
 bool isDark(const QPalette& palette);
-/// The palette's link colour, made lighter or darker until it can be read on the window.
-QColor readableLink(const QPalette& palette);
+/// What windows are drawn with besides the colours of their palette.
+struct Shades {
+  QColor outline;        ///< around boxes, buttons and marks
+  QColor button;         ///< the ground of buttons
+  QColor accent;         ///< the ground of the main button …
+  QColor onAccent;       ///< … its text …
+  QColor accentOutline;  ///< … and its outline
+  QColor focus;          ///< around what has the keyboard
+  QColor link;
+  QColor hoverLink;    ///< a link under the mouse …
+  QColor hoverGround;  ///< … and what is behind it
+};
+/// They stand out from the palette's window. Found once for each palette.
+const Shades& shadesOf(const QPalette& palette);
+/// A colour with some of another one in it.
+QColor mixed(const QColor& color, const QColor& other, int percent);
+/// Black or white, whichever is easier to read on the ground.
+QColor textOn(const QColor& ground);
+/// The colour, made lighter or darker until it can be told apart from the ground.
+QColor visibleOn(const QColor& ground, const QColor& color);
 
-/// The picture at this size in logical pixels, for a display of this density.
-QPixmap picture(forms::Picture picture, QSize size, double pixelRatio);
+/// The picture at this size in logical pixels, for a display of this density; on a dark ground
+/// another drawing of it where there is one.
+QPixmap picture(forms::Picture picture, QSize size, double pixelRatio, bool dark);
 /// The picture as an icon of a button or a window.
 QIcon pictureIcon(forms::Picture picture);
 /// The mouse cursor of that resource; the usual one for an unknown one.
 QCursor cursorOf(int resourceId, double pixelRatio);
 
-/// Draws a window and all that it holds in a style that leaves room for texts in controls of the
-/// given sizes: the application's own one if it does, and otherwise Qt's Fusion, in the
-/// application's colours.
-void useCompactStyle(QWidget& window);
+/// Draws a window and all that it holds in our style, in the application's colours, whatever style
+/// the application has: ours leaves room for texts in controls of the given sizes.
+void useWindowStyle(QWidget& window);
 
 }  // namespace kvrnstep::qt

@@ -14,6 +14,7 @@
 #include "locale_guard.h"
 #include "looks.h"
 #include "server_answers.h"
+#include "window_style.h"
 
 namespace kvrnstep::qt {
 
@@ -57,10 +58,7 @@ class HiddenVariables {
 
 /// Takes the desktop's colours over, now and when they change. A host with Qt has chosen its own.
 void followDesktop(QObject* application) {
-  // The light palette is made of the colours that Qt begins with.
-  const auto choose = [light = lightPalette()] {
-    QApplication::setPalette(desktopIsDark() ? darkPalette() : light);
-  };
+  const auto choose = [] { QApplication::setPalette(paletteOf(desktopScheme())); };
   choose();
   // Several settings may change at once.
   constexpr int kMilliseconds = 50;
@@ -85,6 +83,7 @@ void createApplication(const std::string& platform) {
   // Without this Qt loads the theme plug-in of the desktop that it finds itself on, and with it
   // that desktop's own toolkit.
   QGuiApplication::setDesktopSettingsAware(false);
+  QApplication::setStyle(new WindowStyle);
   // Never deleted: a later call needs it again, and Qt cannot be started twice reliably.
   auto* application = new QApplication(count, arguments.data());
   QGuiApplication::setQuitOnLastWindowClosed(false);

@@ -1,11 +1,13 @@
 #include "spinner_view.h"
 
 #include <QPainter>
+#include <QStyleOption>
 
 #include "forms/keyboard.h"
+#include "looks.h"
 #include "mouse_releases.h"
-#include "sharp_frame.h"
 #include "text.h"
+#include "window_style.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {
@@ -18,6 +20,7 @@ class ArrowButton : public MouseReleases<QAbstractButton> {
   ArrowButton(forms::Spinner& spinner, bool up, QWidget* parent)
       : MouseReleases<QAbstractButton>(spinner, parent), up_(up) {
     setAutoRepeat(true);
+    setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::NoFocus);
     setAccessibleName(toQt(forms::accessibleArrowName(spinner, up)));
     // The value changes with the press, and again with each repeat.
@@ -28,20 +31,11 @@ class ArrowButton : public MouseReleases<QAbstractButton> {
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
-    const QPalette& colors = palette();
-    painter.fillRect(rect(), colors.color(isDown() ? QPalette::Mid : QPalette::Button));
-    drawSharpFrame(painter, *this);
-
-    const QPointF middle = QRectF(rect()).center();
-    const double towards = up_ ? -1 : 1;
-    const QPolygonF arrow{QPointF(middle.x() - 3, middle.y() - 1.5 * towards),
-                          QPointF(middle.x() + 3, middle.y() - 1.5 * towards),
-                          QPointF(middle.x(), middle.y() + 1.5 * towards)};
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(
-        colors.color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
-    painter.drawPolygon(arrow);
+    QStyleOptionButton option;
+    option.initFrom(this);
+    option.state.setFlag(QStyle::State_Sunken, isDown());
+    style()->drawPrimitive(QStyle::PE_PanelButtonCommand, &option, &painter, this);
+    drawArrowHead(painter, rect(), up_, option.palette.color(QPalette::ButtonText));
   }
 
  private:

@@ -1,7 +1,6 @@
 #include "text_edit.h"
 
 #include <QMimeData>
-#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <limits>
@@ -11,35 +10,18 @@
 
 namespace kvrnstep::qt {
 
-namespace {
-
-/// A scroll bar that leaves a small box room for its text.
-class SlimScrollBar : public QScrollBar {
- public:
-  using QScrollBar::QScrollBar;
-  [[nodiscard]] QSize sizeHint() const override {
-    constexpr int kThickness = 12;
-    return QScrollBar::sizeHint().boundedTo({kThickness, kThickness});
-  }
-};
-
-}  // namespace
-
-TextEdit::TextEdit(forms::TextBox& box, QWidget* parent) : SharpFrame(box, parent) {
+TextEdit::TextEdit(forms::TextBox& box, QWidget* parent) : Typing(box, parent) {
   constexpr double kMargin = 2;
+  constexpr double kGutter = 6;
   const forms::ControlRow& row = box.row();
   if (row.readOnly) {
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  } else {
-    setVerticalScrollBar(new SlimScrollBar(Qt::Vertical, this));
-    setHorizontalScrollBar(new SlimScrollBar(Qt::Horizontal, this));
+    // Nothing can be typed where a caret would be.
+    setCursorWidth(0);
   }
   setTabChangesFocus(true);
   setLineWrapMode(row.horizontalScroll ? NoWrap : WidgetWidth);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-  setHorizontalScrollBarPolicy(row.horizontalScroll ? Qt::ScrollBarAlwaysOn
-                                                    : Qt::ScrollBarAlwaysOff);
-  document()->setDocumentMargin(kMargin);
+  document()->setDocumentMargin(row.readOnly ? kGutter : kMargin);
   connect(this, &QPlainTextEdit::textChanged, this, [this] {
     if (!showsText()) userChangedText();
   });

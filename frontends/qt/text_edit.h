@@ -2,13 +2,12 @@
 
 #include <QPlainTextEdit>
 
-#include "sharp_frame.h"
 #include "typing.h"
 
 namespace kvrnstep::qt {
 
 /// Several lines of text.
-class TextEdit : public SharpFrame<Typing<QPlainTextEdit>> {
+class TextEdit : public Typing<QPlainTextEdit> {
  public:
   TextEdit(forms::TextBox& box, QWidget* parent);
 

@@ -7,6 +7,7 @@
 #include "button_views.h"
 #include "combo_view.h"
 #include "command_keys.h"
+#include "focus_ring.h"
 #include "forms/guard.h"
 #include "forms/user_actions.h"
 #include "label_view.h"
@@ -49,7 +50,8 @@ WindowView::WindowView(forms::Window& window, QWidget* owner)
   topLevel_->setWindowIcon(pictureIcon("listwright"));
   if (window.hasMenuBar()) makeMenuBar();
   makeViews();
-  useCompactStyle(*topLevel_);
+  new FocusRing(*topLevel_);
+  useWindowStyle(*topLevel_);
   showAll(1);
   topLevel_->installEventFilter(this);
   QObject::connect(topLevel_.get(), &QObject::destroyed, this, [this] { lose(); });

@@ -57,7 +57,7 @@ void LabelView::recolor() {
     return forms::Rgb{GetRValue(color), GetGValue(color), GetBValue(color)};
   };
   const forms::Rgb link =
-      forms::readableLink(systemColor(COLOR_HOTLIGHT), systemColor(COLOR_BTNFACE));
+      forms::standingOut(systemColor(COLOR_HOTLIGHT), systemColor(COLOR_BTNFACE), forms::kReadable);
   color_ = RGB(link.red, link.green, link.blue);
 }
 

@@ -10,6 +10,8 @@ using forms::ControlRow;
 using enum forms::Kind;
 
 constexpr std::u16string_view kBoxFont = u"MS Sans Serif";
+/// The boxes have no room for all three macros.
+constexpr std::u16string_view kMacroHint = u"{STEP_#}, _L, _R";
 
 constexpr const ListingTypeRow& rowOf(ListingType type) {
   return kListingTypes.at(static_cast<std::size_t>(type));
@@ -104,11 +106,11 @@ constexpr auto kControls = std::to_array<ControlRow>({
     {.kind = Label, .name = "lblD", .index = 0, .in = "fraStep", .place = {9, 169, 120, 14},
      .caption = u"Prefix", .clickable = true, .buddy = "cboPreSuf", .buddyIndex = 0},
     {.kind = ComboBox, .name = "cboPreSuf", .index = 0, .in = "fraStep",
-     .place = {9, 183, 120, 21}},
+     .place = {9, 183, 120, 21}, .hint = kMacroHint},
     {.kind = Label, .name = "lblD", .index = 1, .in = "fraStep", .place = {137, 169, 120, 14},
      .caption = u"Suffix", .clickable = true, .buddy = "cboPreSuf", .buddyIndex = 1},
     {.kind = ComboBox, .name = "cboPreSuf", .index = 1, .in = "fraStep",
-     .place = {137, 183, 120, 21}},
+     .place = {137, 183, 120, 21}, .hint = kMacroHint},
     {.kind = Label, .name = "lblD", .index = 5, .in = "fraStep", .place = {9, 207, 120, 14},
      .caption = u"Beginning", .clickable = true, .buddy = "txtBegin"},
     {.kind = TextBox, .name = "txtBegin", .in = "fraStep", .place = {9, 221, 120, 42},
@@ -124,7 +126,7 @@ constexpr auto kControls = std::to_array<ControlRow>({
      .caption = u"&Copy", .enabled = false},
     {.kind = Button, .name = "cmdCIC", .index = 0, .in = "Picture2", .place = {93, 0, 80, 23},
      .caption = u"&Insert", .toolTip = u"Add bullet list as specified and close",
-     .enabled = false},
+     .enabled = false, .prominent = true},
     {.kind = Button, .name = "cmdCIC", .index = 1, .in = "Picture2", .place = {177, 0, 80, 23},
      .caption = u"Cancel", .clickedByEscape = true},
 

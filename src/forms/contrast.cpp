@@ -16,11 +16,6 @@ double luminance(Rgb color) {
   return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
 }
 
-double contrast(Rgb a, Rgb b) {
-  const auto [dark, light] = std::minmax({luminance(a), luminance(b)});
-  return (light + 0.05) / (dark + 0.05);
-}
-
 /// A fifth of the way from the colour to the grey of that channel.
 Rgb towards(Rgb color, int grey) {
   const auto step = [grey](int channel) { return (channel * 4 + grey) / 5; };
@@ -46,14 +41,22 @@ bool isDark(Rgb color) {
   return luminance(color) < kMiddle;
 }
 
-Rgb readableLink(Rgb link, Rgb ground) {
-  constexpr double kReadable = 4.5;
+double contrast(Rgb one, Rgb other) {
+  const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
+  return (light + 0.05) / (dark + 0.05);
+}
+
+Rgb standingOut(Rgb color, Rgb ground, double least) {
   constexpr int kMostSteps = 20;
   const int target = isDark(ground) ? 255 : 0;
-  for (int step = 0; contrast(link, ground) < kReadable && step < kMostSteps; ++step) {
-    link = towards(link, target);
+  for (int step = 0; contrast(color, ground) < least && step < kMostSteps; ++step) {
+    color = towards(color, target);
   }
-  return link;
+  return color;
+}
+
+Rgb textOn(Rgb ground) {
+  return isDark(ground) ? Rgb{255, 255, 255} : Rgb{};
 }
 
 }  // namespace kvrnstep::forms

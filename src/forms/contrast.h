@@ -24,7 +24,15 @@ Rgb ownColor(std::int32_t color);
 /// Whether the colour is nearer to black than to white, as the eye sees it.
 bool isDark(Rgb color);
 
-/// The colour of links, made lighter or darker until it can be read on the ground.
-Rgb readableLink(Rgb link, Rgb ground);
+/// How much two colours differ in brightness: 1 is not at all, 21 is black on white.
+double contrast(Rgb one, Rgb other);
+/// The least contrast of texts, and of outlines and marks that tell a state.
+inline constexpr double kReadable = 4.5;
+inline constexpr double kVisible = 3;
+
+/// The colour, made lighter or darker until it has that contrast with the ground.
+Rgb standingOut(Rgb color, Rgb ground, double least);
+/// Black or white, whichever is easier to read on the ground.
+Rgb textOn(Rgb ground);
 
 }  // namespace kvrnstep::forms

@@ -93,7 +93,7 @@ struct ControlRow {
   bool visible = true;
   bool checked = false;
   bool multiLine = false;         ///< text boxes
-  bool horizontalScroll = false;  ///< multi-line text boxes; the vertical bar is always there
+  bool horizontalScroll = false;  ///< multi-line text boxes: lines are not wrapped
   bool clickable = false;         ///< labels and images: react to mouse and keyboard
   bool draggable = false;         ///< labels: a drag begins as soon as they are pressed
   bool readOnly = false;          ///< text boxes: the user reads and copies only
@@ -112,8 +112,10 @@ struct ControlRow {
                                   ///< the eye reads
   std::string_view shortcut{};    ///< menu entries: "Ctrl+O"
   char16_t accessKey = 0;         ///< labels: letter that activates them with Alt, in upper case
-  bool clickedByEnter = false;    ///< buttons: Enter in a box of one line clicks them
-  bool clickedByEscape = false;   ///< buttons: Escape clicks them, wherever the keyboard is
+  bool prominent = false;        ///< buttons: drawn as what the window is for, whatever Enter does
+  std::u16string_view hint{};    ///< combo boxes: shown in place of an empty text, and no text
+  bool clickedByEnter = false;   ///< buttons: Enter in a box of one line clicks them
+  bool clickedByEscape = false;  ///< buttons: Escape clicks them, wherever the keyboard is
   std::u16string_view accessibleName{};  ///< for screen readers, where no label and no caption is
                                          ///< the name; "#" is the element's number, from 1
 };

@@ -58,7 +58,7 @@ class Photographer : public qt::Attendant {
   /// Only the first one: what is closed uncovers what lies below.
   void take(QWidget& widget) {
     if (std::exchange(taken_, true)) return;
-    if (darken) QApplication::setPalette(qt::darkPalette());
+    if (darken) QApplication::setPalette(qt::paletteOf({.dark = true}));
     QApplication::processEvents();
     // What windows do about new colours, they do when they are back in their loop.
     QApplication::sendPostedEvents();

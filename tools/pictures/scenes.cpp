@@ -57,6 +57,11 @@ std::vector<Scene> scenes() {
        [](Window& window) {
          forms::userReleasedMouse(*window.find("updBEndAt", -1), forms::MouseButton::Right);
        }},
+      {"message",
+       [](Window& window) {
+         static_cast<forms::TextControl*>(window.find("txtBEndAt", -1))->setText({});
+         click(window, "mnuOptions", 5);
+       }},
       {"step-file-menu",
        [](Window& window) {
          click(window, "mnuOptions", 4);

@@ -152,10 +152,6 @@ void selectSecond(forms::Window& window) {
   forms::userClickedEntry(static_cast<forms::ListBox&>(*window.find("lstEdit", -1)), 1);
 }
 
-void clearCount(forms::Window& window) {
-  static_cast<forms::TextBox*>(window.find("txtBEndAt", -1))->setText({});
-}
-
 void dropDown(WindowView& view) {
   const auto& combo = view.viewOf(*view.window().find("cboPreSuf", 1));
   ::SendMessageW(combo.handle(), CB_SHOWDROPDOWN, TRUE, 0);
@@ -170,7 +166,6 @@ std::vector<Shown> ownScenes() {
       {"edit-menu", {openMenu('e')}},
       {"options-menu", {openMenu('o')}},
       {"actions-menu", {openMenu('a')}},
-      {"message", {change(clearCount), click("mnuOptions", 5)}},
       {"file-to-open", {click("mnuFiles", 0)}},
       {"suffixes", {dropDown}},
       {"link-focus", {focus("lblD", 1)}},

@@ -1,0 +1,354 @@
+#include "window_style.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QFocusFrame>
+#include <QLabel>
+#include <QPointer>
+#include <QRadioButton>
+#include <QStyleOption>
+#include <algorithm>
+#include <cmath>
+
+#include "looks.h"
+
+namespace kvrnstep::qt {
+
+namespace {
+
+constexpr int kRing = 2;
+constexpr int kBesideRing = 2;
+constexpr int kScrollBar = 9;
+/// What an area shows has square corners, and would cover rounder ones of its frame.
+constexpr double kFieldRound = 1;
+
+/// The rectangle in dots of the screen. Qt rounds the place and the size of a widget separately.
+QRect dotsOf(const QRect& rect, const QTransform& toDots) {
+  const QRectF exact = toDots.mapRect(QRectF(rect));
+  const int left = qRound(exact.left());
+  const int top = qRound(exact.top());
+  const int right = std::min(left + qRound(exact.width()), qRound(exact.right()));
+  const int bottom = std::min(top + qRound(exact.height()), qRound(exact.bottom()));
+  return {QPoint(left, top), QSize(right - left, bottom - top)};
+}
+
+bool has(const QStyleOption& option, QStyle::StateFlag state) {
+  return option.state.testFlag(state);
+}
+
+bool isHovered(const QStyleOption& option) {
+  return has(option, QStyle::State_MouseOver) && has(option, QStyle::State_Enabled);
+}
+
+QColor outlineOf(const QStyleOption& option) {
+  return isHovered(option) ? option.palette.color(QPalette::WindowText)
+                           : shadesOf(option.palette).outline;
+}
+
+/// What takes a text or a mark.
+Box fieldOf(const QStyleOption& option) {
+  const auto ground = has(option, QStyle::State_Enabled) ? QPalette::Base : QPalette::Window;
+  return {option.palette.color(ground), outlineOf(option), 1, kFieldRound};
+}
+
+bool isMain(const QStyleOptionButton& button) {
+  return button.features.testFlag(QStyleOptionButton::DefaultButton) &&
+         has(button, QStyle::State_Enabled);
+}
+
+Box buttonOf(const QStyleOption& option, bool main) {
+  constexpr int kHover = 8;
+  constexpr int kPressed = 20;
+  const Shades& shades = shadesOf(option.palette);
+  const QColor ground = main ? shades.accent : shades.button;
+  // Away from the text, which stays as easy to read.
+  const QColor towards = main ? shades.onAccent.lightness() > 127 ? Qt::black : Qt::white
+                              : option.palette.color(QPalette::WindowText);
+  if (!has(option, QStyle::State_Enabled)) {
+    return {option.palette.color(QPalette::Window), shades.outline};
+  }
+  const bool down = has(option, QStyle::State_Sunken) || has(option, QStyle::State_On);
+  return {mixed(ground, towards,
+                down                ? kPressed
+                : isHovered(option) ? kHover
+                                    : 0),
+          main ? shades.accentOutline : outlineOf(option)};
+}
+
+QPen markPen(const QColor& color, double width) {
+  return {color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+}
+
+void drawCheckBox(QPainter& painter, const QStyleOption& option) {
+  const QRect& rect = option.rect;
+  drawBox(painter, rect, fieldOf(option));
+  const auto point = [&rect](double x, double y) {
+    return QPointF(rect.x() + x * rect.width(), rect.y() + y * rect.height());
+  };
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(markPen(option.palette.color(QPalette::Text), 2));
+  if (has(option, QStyle::State_NoChange)) {
+    painter.drawLine(point(0.28, 0.5), point(0.72, 0.5));
+  } else if (has(option, QStyle::State_On)) {
+    painter.drawPolyline(QPolygonF{point(0.25, 0.52), point(0.43, 0.7), point(0.75, 0.3)});
+  }
+  painter.restore();
+}
+
+void drawOption(QPainter& painter, const QStyleOption& option) {
+  constexpr double kDot = 0.28;
+  const Box field = fieldOf(option);
+  const double half = std::min(option.rect.width(), option.rect.height()) / 2.0;
+  const QPointF middle = QRectF(option.rect).center();
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(field.outline, field.width));
+  painter.setBrush(field.ground);
+  painter.drawEllipse(middle, half - 0.5, half - 0.5);
+  if (has(option, QStyle::State_On)) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(option.palette.color(QPalette::Text));
+    painter.drawEllipse(middle, 2 * half * kDot, 2 * half * kDot);
+  }
+  painter.restore();
+}
+
+/// What the ring is to be around: of a check box or a link not the whole place.
+QRect ringedPart(const QWidget& widget) {
+  const QStyle& style = *widget.style();
+  QStyleOptionButton option;
+  option.initFrom(&widget);
+  if (const auto* box = qobject_cast<const QCheckBox*>(&widget)) {
+    option.text = box->text();
+    return style.subElementRect(QStyle::SE_CheckBoxFocusRect, &option, box) |
+           style.subElementRect(QStyle::SE_CheckBoxIndicator, &option, box);
+  }
+  if (const auto* button = qobject_cast<const QRadioButton*>(&widget)) {
+    option.text = button->text();
+    return style.subElementRect(QStyle::SE_RadioButtonFocusRect, &option, button) |
+           style.subElementRect(QStyle::SE_RadioButtonIndicator, &option, button);
+  }
+  const auto* label = qobject_cast<const QLabel*>(&widget);
+  if (label == nullptr || label->text().isEmpty()) return widget.rect();
+  return style.itemTextRect(label->fontMetrics(), label->rect(),
+                            static_cast<int>(label->alignment()) | Qt::TextShowMnemonic, true,
+                            label->text());
+}
+
+/// How far the ring is from what it is around. Boxes and buttons have it on their own outlines.
+int ringMargin(const QWidget& widget) {
+  const bool beside =
+      widget.inherits("QLabel") || widget.inherits("QCheckBox") || widget.inherits("QRadioButton");
+  return beside ? kBesideRing : 0;
+}
+
+/// Buttons and pictures have a gap within the ring, because they may be as dark.
+void drawRing(QPainter& painter, const QStyleOption& option, const QWidget& ringed) {
+  const int margin = ringMargin(ringed);
+  const QRect part = ringedPart(ringed).translated(kBesideRing, kBesideRing);
+  const QRect around = part.adjusted(-margin, -margin, margin, margin) & option.rect;
+  drawBox(painter, around, {.outline = shadesOf(option.palette).focus, .width = kRing});
+  const auto* label = qobject_cast<const QLabel*>(&ringed);
+  if (label == nullptr ? !ringed.inherits("QPushButton") : !label->text().isEmpty()) return;
+  drawBox(painter, around.adjusted(kRing, kRing, -kRing, -kRing),
+          {.outline = option.palette.color(QPalette::Window), .round = 1});
+}
+
+QRect scrollBarPart(const QStyleOptionSlider& bar, QStyle::SubControl part) {
+  constexpr int kShortest = 16;
+  const bool lying = bar.orientation == Qt::Horizontal;
+  const int length = lying ? bar.rect.width() : bar.rect.height();
+  const int range = bar.maximum - bar.minimum;
+  const int slider = range <= 0 ? length
+                                : std::clamp(static_cast<int>(qint64{length} * bar.pageStep /
+                                                              (qint64{range} + bar.pageStep)),
+                                             std::min(kShortest, length), length);
+  const int start = QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
+                                                    length - slider, bar.upsideDown);
+  const auto piece = [&](int from, int to) {
+    const QRect place = lying ? QRect(from, 0, to - from, bar.rect.height())
+                              : QRect(0, from, bar.rect.width(), to - from);
+    return QStyle::visualRect(bar.direction, bar.rect, place.translated(bar.rect.topLeft()));
+  };
+  switch (part) {
+    case QStyle::SC_ScrollBarSlider:
+      return piece(start, start + slider);
+    case QStyle::SC_ScrollBarSubPage:
+      return piece(0, start);
+    case QStyle::SC_ScrollBarAddPage:
+      return piece(start + slider, length);
+    case QStyle::SC_ScrollBarGroove:
+      return bar.rect;
+    default:
+      return {};  // there are no arrows
+  }
+}
+
+void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar) {
+  constexpr int kBeside = 2;
+  const QColor ground = bar.palette.color(QPalette::Base);
+  painter.fillRect(bar.rect, ground);
+  if (bar.maximum <= bar.minimum) return;
+  const bool held = bar.activeSubControls.testFlag(QStyle::SC_ScrollBarSlider) &&
+                    (has(bar, QStyle::State_Sunken) || isHovered(bar));
+  const QColor color =
+      held ? bar.palette.color(QPalette::Text) : visibleOn(ground, shadesOf(bar.palette).outline);
+  const QRect handle =
+      scrollBarPart(bar, QStyle::SC_ScrollBarSlider).adjusted(kBeside, kBeside, -kBeside, -kBeside);
+  drawBox(painter, handle, {color, color});
+}
+
+void drawComboBox(QPainter& painter, const QStyleOptionComboBox& box, const QStyle& style,
+                  const QWidget* widget) {
+  if (box.subControls.testFlag(QStyle::SC_ComboBoxFrame)) {
+    drawBox(painter, box.rect, box.editable ? fieldOf(box) : buttonOf(box, false));
+  }
+  if (!box.subControls.testFlag(QStyle::SC_ComboBoxArrow)) return;
+  const QRect arrow =
+      style.subControlRect(QStyle::CC_ComboBox, &box, QStyle::SC_ComboBoxArrow, widget);
+  drawArrowHead(painter, arrow, false, box.palette.color(QPalette::ButtonText));
+}
+
+}  // namespace
+
+void drawBox(QPainter& painter, const QRect& rect, const Box& box) {
+  const QTransform toDots = painter.deviceTransform();
+  const double scale = painter.device()->devicePixelRatioF();
+  const int width = std::max(1, static_cast<int>(std::floor(box.width * scale)));
+  const double half = width / 2.0;
+  const QRectF middle = QRectF(dotsOf(rect, toDots)).adjusted(half, half, -half, -half);
+  const double round = std::max(0.0, box.round - box.width / 2.0);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(box.outline, width / scale, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  painter.setBrush(box.ground);
+  painter.drawRoundedRect(toDots.inverted().mapRect(middle), round, round);
+  painter.restore();
+}
+
+void drawArrowHead(QPainter& painter, const QRect& within, bool up, const QColor& color) {
+  constexpr double kWide = 3;
+  constexpr double kHigh = 1.5;
+  const QPointF middle = QRectF(within).center();
+  const double tip = up ? -kHigh : kHigh;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(markPen(color, 1.5));
+  painter.drawPolyline(QPolygonF{middle + QPointF(-kWide, -tip), middle + QPointF(0, tip),
+                                 middle + QPointF(kWide, -tip)});
+  painter.restore();
+}
+
+void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                                QPainter* painter, const QWidget* widget) const {
+  switch (element) {
+    case PE_IndicatorCheckBox:
+      return drawCheckBox(*painter, *option);
+    case PE_IndicatorRadioButton:
+      return drawOption(*painter, *option);
+    case PE_PanelButtonCommand: {
+      const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+      return drawBox(*painter, option->rect,
+                     buttonOf(*option, button != nullptr && isMain(*button)));
+    }
+    case PE_PanelLineEdit: {
+      const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+      if (frame != nullptr && frame->lineWidth > 0) {
+        return drawBox(*painter, option->rect, fieldOf(*option));
+      }
+      break;
+    }
+    case PE_Frame:
+      return drawBox(*painter, option->rect, {.outline = outlineOf(*option), .round = kFieldRound});
+    case PE_PanelScrollAreaCorner:
+      return painter->fillRect(option->rect, option->palette.color(QPalette::Base));
+    case PE_FrameFocusRect:
+      return;  // the ring says it
+    default:
+      break;
+  }
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void WindowStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                              const QWidget* widget) const {
+  if (element == CE_FocusFrame) {
+    const auto* frame = qobject_cast<const QFocusFrame*>(widget);
+    if (frame != nullptr && frame->widget() != nullptr) {
+      drawRing(*painter, *option, *frame->widget());
+    }
+    return;
+  }
+  if (element == CE_MenuBarItem || element == CE_MenuBarEmptyArea) {
+    QProxyStyle::drawControl(element, option, painter, widget);
+    // Fusion has a line there, which has a gap below each menu.
+    if (has(*option, State_Selected)) return;
+    return painter->fillRect(option->rect.adjusted(0, option->rect.height() - 1, 0, 0),
+                             option->palette.color(QPalette::Window));
+  }
+  if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+      element == CE_PushButtonLabel && button != nullptr && isMain(*button)) {
+    QStyleOptionButton main(*button);
+    main.palette.setColor(QPalette::ButtonText, shadesOf(option->palette).onAccent);
+    return QProxyStyle::drawControl(element, &main, painter, widget);
+  }
+  QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void WindowStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                     QPainter* painter, const QWidget* widget) const {
+  if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+      control == CC_ScrollBar && bar != nullptr) {
+    return drawScrollBar(*painter, *bar);
+  }
+  if (const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+      control == CC_ComboBox && box != nullptr) {
+    return drawComboBox(*painter, *box, *this, widget);
+  }
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+QRect WindowStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                  SubControl part, const QWidget* widget) const {
+  if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+      control == CC_ScrollBar && bar != nullptr) {
+    return scrollBarPart(*bar, part);
+  }
+  return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                             const QWidget* widget) const {
+  switch (metric) {
+    case PM_ScrollBarExtent:
+      return kScrollBar;
+    case PM_FocusFrameHMargin:
+    case PM_FocusFrameVMargin:
+      return kBesideRing;
+    default:
+      return QProxyStyle::pixelMetric(metric, option, widget);
+  }
+}
+
+int WindowStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                           QStyleHintReturn* more) const {
+  if (hint == SH_FocusFrame_AboveWidget) return 1;
+  // The ring may be drawn over the edge of the widget.
+  if (hint == SH_FocusFrame_Mask) return 0;
+  return QProxyStyle::styleHint(hint, option, widget, more);
+}
+
+void useWindowStyle(QWidget& window) {
+  if (dynamic_cast<WindowStyle*>(QApplication::style()) != nullptr) return;
+  // One for all windows; it ends with the application.
+  static QPointer<WindowStyle> style;
+  if (style.isNull()) {
+    style = new WindowStyle;
+    style->setParent(QCoreApplication::instance());
+  }
+  window.setStyle(style);
+  for (QWidget* part : window.findChildren<QWidget*>()) part->setStyle(style);
+}
+
+}  // namespace kvrnstep::qt
