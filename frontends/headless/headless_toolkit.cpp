@@ -138,6 +138,7 @@ bool HeadlessToolkit::carryOut(const Gesture& gesture) {
         return true;
       }
       click(gesture);
+      forms::userDoubleClicked(*gesture.control);
       [[fallthrough]];
     case What::Click:
     case What::RightClick:

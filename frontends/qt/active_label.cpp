@@ -170,6 +170,14 @@ void ActiveLabel::mouseReleaseEvent(QMouseEvent* event) {
   if (target != nullptr) forms::userDropped(control(), *target);
 }
 
+void ActiveLabel::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (!control().row().draggable || event->button() != Qt::LeftButton) {
+    return MouseReleases<QLabel>::mouseDoubleClickEvent(event);
+  }
+  event->accept();
+  forms::userDoubleClicked(control());
+}
+
 void ActiveLabel::hideEvent(QHideEvent* event) {
   endDrag();
   MouseReleases<QLabel>::hideEvent(event);

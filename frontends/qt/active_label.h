@@ -31,6 +31,7 @@ class ActiveLabel : public MouseReleases<QLabel> {
   void focusOutEvent(QFocusEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 
  private:

@@ -84,6 +84,10 @@ void LabelView::fitCaption() {
 }
 
 LRESULT LabelView::received(UINT message, WPARAM wide, LPARAM longer) {
+  if (message == WM_LBUTTONDBLCLK && control().row().draggable) {
+    forms::userDoubleClicked(control());
+    return 0;
+  }
   // While the mouse is captured the system sends no WM_SETCURSOR.
   if (message == WM_MOUSEMOVE && dragged_) ::SetCursor(cursorOf(control().dragCursor()));
   // Another window takes the mouse: the drag is over without a drop.

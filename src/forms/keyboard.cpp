@@ -138,6 +138,10 @@ void userActivated(Control& control) {
   control.window().update();
 }
 
+void userDoubleClicked(Control& label) {
+  if (label.row().draggable) userActivated(label);
+}
+
 bool takesKeyboard(const Control& control) {
   return control.row().clickable || control.row().draggable;
 }

@@ -37,6 +37,9 @@ bool userPressedCommandKey(Control& focus, CommandKey key);
 /// takes drops, and the keyboard goes there; on anything else it is a click of the left button.
 void userActivated(Control& control);
 
+/// A double click on a label that can be dragged does the same.
+void userDoubleClicked(Control& label);
+
 /// A label or an image that Tab leads to: one that can be clicked or dragged.
 [[nodiscard]] bool takesKeyboard(const Control& control);
 
