@@ -2,14 +2,63 @@
 
 #include <QScrollBar>
 #include <QStringListModel>
+#include <QStyledItemDelegate>
+#include <QToolTip>
 
 #include "looks.h"
 #include "mouse_releases.h"
+#include "text.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {
 
 namespace {
+
+/// An entry that is too wide loses its middle, but nothing of its end that the control wants kept.
+QString shortened(const QString& text, const QFontMetrics& font, int width,
+                  const forms::ControlRow& row) {
+  const qsizetype kept =
+      row.keptFrom == nullptr ? -1 : static_cast<qsizetype>(row.keptFrom(fromQt(text)));
+  const QString end = kept < 0 ? QString() : text.mid(kept);
+  const int room = width - font.horizontalAdvance(end);
+  if (end.isEmpty() || room < width / 4) return font.elidedText(text, Qt::ElideMiddle, width);
+  return font.elidedText(text.left(kept), Qt::ElideRight, room) + end;
+}
+
+class EntryDelegate : public QStyledItemDelegate {
+ public:
+  EntryDelegate(const forms::ControlRow& row, QObject* parent)
+      : QStyledItemDelegate(parent), row_(row) {}
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    QStyleOptionViewItem entry(option);
+    initStyleOption(&entry, index);
+    const QStyle& style = *entry.widget->style();
+    const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, &entry, entry.widget) + 1;
+    const int room =
+        style.subElementRect(QStyle::SE_ItemViewItemText, &entry, entry.widget).width() -
+        2 * margin;
+    if (entry.fontMetrics.horizontalAdvance(entry.text) > room) {
+      entry.text = shortened(entry.text, entry.fontMetrics, room, row_);
+    }
+    style.drawControl(QStyle::CE_ItemViewItem, &entry, painter, entry.widget);
+  }
+
+  /// Tells the whole entry where it is not drawn whole.
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override {
+    if (event->type() != QEvent::ToolTip) {
+      return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
+    const bool whole = sizeHint(option, index).width() <= view->viewport()->width();
+    QToolTip::showText(event->globalPos(), whole ? QString() : index.data().toString(), view);
+    return true;
+  }
+
+ private:
+  const forms::ControlRow& row_;
+};
 
 class EntryList : public MouseReleases<QListView> {
  public:
@@ -19,6 +68,8 @@ class EntryList : public MouseReleases<QListView> {
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     setUniformItemSizes(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setItemDelegate(new EntryDelegate(list.row(), this));
   }
 
  protected:

@@ -1,6 +1,7 @@
 #include <array>
 
 #include "dialogs/frm_listwright.h"
+#include "stepfiles/step_folder.h"
 
 namespace kvrnstep::dialogs {
 
@@ -60,7 +61,7 @@ constexpr auto kControls = std::to_array<ControlRow>({
     {.kind = Button, .name = "cmdCIC", .index = 4, .place = {184, 274, 80, 23},
      .caption = u"&Print...", .enabled = false, .visible = false},
     {.kind = ListBox, .name = "lstStepf", .place = {4, 301, 265, 108},
-     .accessibleName = u"Step Files"},
+     .keptFrom = stepfiles::placeOfCodes, .accessibleName = u"Step Files"},
 
     // The options frame.
     {.kind = Frame, .name = "fraStep", .place = {2, 0, 265, 298},

@@ -112,6 +112,9 @@ struct ControlRow {
                                   ///< the eye reads
   std::string_view shortcut{};    ///< menu entries: "Ctrl+O"
   char16_t accessKey = 0;         ///< labels: letter that activates them with Alt, in upper case
+  /// List boxes: where an entry that is too long begins to be shown whole again, behind what is
+  /// left out; npos: half of what can be shown.
+  std::size_t (*keptFrom)(std::u16string_view entry) = nullptr;
   bool prominent = false;        ///< buttons: drawn as what the window is for, whatever Enter does
   std::u16string_view hint{};    ///< combo boxes: shown in place of an empty text, and no text
   bool clickedByEnter = false;   ///< buttons: Enter in a box of one line clicks them

@@ -37,6 +37,15 @@ std::vector<std::u16string> stepFileEntries(const std::u16string& folder) {
   return names;
 }
 
+std::size_t placeOfCodes(std::u16string_view name) {
+  constexpr auto kNone = std::u16string_view::npos;
+  const std::size_t beforeOptions = name.find_last_not_of(u"+-ABCDEFGHIJKLMNOPQRSTUVWXYZ");
+  if (beforeOptions == kNone) return kNone;
+  const std::u16string_view options = name.substr(beforeOptions + 1);
+  if (!options.starts_with(u'+') && !options.starts_with(u'-')) return kNone;
+  return name.find_last_not_of(u"_0123456789", beforeOptions) + 1;
+}
+
 std::u16string pathOfEntry(const std::u16string& folder, const std::u16string& entry) {
   return text::inFolder(folder, entry).append(kStepExtension);
 }

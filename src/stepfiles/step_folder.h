@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kvrnstep::stepfiles {
@@ -8,6 +9,10 @@ namespace kvrnstep::stepfiles {
 /// The step files of a folder, hidden and read-only ones too: their names without ".step", sorted
 /// without regard to letter case. None when the folder cannot be read.
 std::vector<std::u16string> stepFileEntries(const std::u16string& folder);
+
+/// Where in the name of a step file its numbers and its options begin: "_1_4-IS+I"; npos where it
+/// ends with none.
+std::size_t placeOfCodes(std::u16string_view name);
 
 /// The path of the file behind an entry of that list.
 std::u16string pathOfEntry(const std::u16string& folder, const std::u16string& entry);

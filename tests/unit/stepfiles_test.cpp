@@ -134,6 +134,9 @@ TEST(StepFolder, ListsForPeople) {
             (std::vector<std::u16string>{u".hidden", u"A.STEP", u"a", u"a10", u"a2", u"b",
                                          u"Z.Step", u"Ä", u"äb"}));
   EXPECT_TRUE(stepFileEntries(folder("missing")).empty());
+  EXPECT_EQ(placeOfCodes(u"Alpha_Parts_(_)_1_1_4-IS-I-RA+UC"), 15U);
+  EXPECT_EQ(placeOfCodes(u"Numb_TODO-NOW+!"), std::u16string_view::npos);
+  EXPECT_EQ(placeOfCodes(u"My LIST"), std::u16string_view::npos);
   EXPECT_EQ(pathOfEntry(u"steps", u"A.STEP"),
             u"steps" + std::u16string(1, text::kSeparator) + u"A.STEP.step");
 }
