@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2034,SC2059 # used by the tests; texts with escapes
-# What the tests of Vim and Emacs share; they source it first. $listwright is the command, $source
+# What the tests of editors share; they source it first. $listwright is the command, $source
 # the source folder.
 listwright=$(realpath "$1") source=$(realpath "$2")
 source "$source/tests/desktop.bash"
