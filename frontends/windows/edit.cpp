@@ -75,8 +75,10 @@ void Edit::markPair(bool beforeCaret) {
 LRESULT Edit::wantedKeys(WPARAM wide, LPARAM longer) {
   const LRESULT wanted = Receiver::received(WM_GETDLGCODE, wide, longer);
   const auto* message = reinterpret_cast<const MSG*>(longer);
-  const bool leads = message != nullptr && (wide == VK_TAB || wide == VK_ESCAPE);
-  // A box of several lines would take Tab for itself, and Escape would close its parent.
+  // Of several lines it would take Tab for itself, and Escape would close its parent. In a combo
+  // box Escape closes the list.
+  const bool leads =
+      box().row().multiLine && message != nullptr && (wide == VK_TAB || wide == VK_ESCAPE);
   return leads ? wanted & ~LRESULT{DLGC_WANTALLKEYS | DLGC_WANTTAB} : wanted;
 }
 

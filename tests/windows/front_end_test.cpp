@@ -207,6 +207,21 @@ TEST(WindowsKeyboard, ClicksOnLinks) {
   EXPECT_EQ(window.as<forms::TextBox>("text").text(), u"");
 }
 
+TEST(WindowsKeyboard, ClosesAnOpenListByEscapeAndNothingElse) {
+  TestWindow window;
+  window.at("first").onClick = [](int /*index*/) { FAIL() << "that is what Escape clicks"; };
+  HWND combo = nullptr;
+  show(window, {[&](WindowView& view) {
+                  combo = view.viewOf(window.at("combo")).handle();
+                  ::SetFocus(combo);
+                  ::SendMessageW(combo, CB_SHOWDROPDOWN, TRUE, 0);
+                },
+                press(VK_ESCAPE),
+                [&](WindowView& /*view*/) {
+                  EXPECT_FALSE(::SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0));
+                }});
+}
+
 TEST(WindowsKeyboard, LeavesWhatHasBeenDisabled) {
   TestWindow window;
   window.at("first").onClick = [&](int /*index*/) { window.at("first").setEnabled(false); };
