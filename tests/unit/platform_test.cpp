@@ -205,16 +205,6 @@ TEST(WithProfileValue, NamesThatCouldNotBeFoundAgainChangeNothing) {
   }
 }
 
-TEST(WithProfileValue, OddNamesAreFoundAgain) {
-  for (const auto* section : {"", " ", "[", "]", "a]b", ";", "=", "\"s\""}) {
-    for (const auto* key : {"", " k ", "]", "k]", "'k'", "k;"}) {
-      const auto bytes = withProfileValue("[B]\nA=1", section, key, "v");
-      EXPECT_EQ(profileValue(bytes, section, key), "v") << section << " and " << key;
-      EXPECT_EQ(withProfileValue(bytes, section, key, "v"), bytes);
-    }
-  }
-}
-
 TEST(ProfileFile, Reads) {
   const tests::TemporaryFolder folder;
   folder.put("ini", "[Sec]\nKey=" + std::string(300, 'v') + "\nNul=a\0b\nEmpty=\n"s);

@@ -110,19 +110,6 @@ TEST(CodePage, AnythingButUtf8IsOfWindowsAsAWhole) {
   }
 }
 
-// Runs of ASCII go through in words of memory; what follows or interrupts them must not suffer.
-TEST(CodePage, RunsOfAsciiOfEveryLength) {
-  for (std::size_t before = 0; before < 20; ++before) {
-    for (std::size_t after = 0; after < 20; ++after) {
-      const auto text = std::u16string(before, u'a') + u"é" + std::u16string(after, u'b');
-      const auto bytes = std::string(before, 'a') + "\xC3\xA9" + std::string(after, 'b');
-      ASSERT_EQ(toUtf8(text), bytes);
-      ASSERT_EQ(fromBytes(bytes), text);
-      ASSERT_EQ(fromBytes(bytes + "\xE9").size(), text.size() + 2);
-    }
-  }
-}
-
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 /// What the C library can read of a text, without the numbers that only it knows.

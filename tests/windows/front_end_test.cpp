@@ -201,9 +201,18 @@ TEST(WindowsKeyboard, ClicksOnLinks) {
   TestWindow window;
   int clicks = 0;
   window.at("link").onClick = [&](int /*index*/) { ++clicks; };
+  window.at("link").onMouseUp = [&](int, forms::MouseButton) { ++clicks; };
   show(window, {press('L', VK_MENU), expectFocus("text"), press(VK_TAB, VK_SHIFT), press(VK_SPACE),
-                press(VK_RETURN), expectFocus("link")});
-  EXPECT_EQ(clicks, 3);
+                press(VK_RETURN), expectFocus("link"), [](WindowView& view) {
+                  const HWND link = view.viewOf(*view.window().find("link", -1)).handle();
+                  RECT place{};
+                  ::GetWindowRect(link, &place);
+                  moveMouse({place.left + 1, place.top + 1});
+                  useMouse(MOUSEEVENTF_LEFTDOWN);
+                  moveMouse({place.left + 1, place.bottom + 1});
+                  useMouse(MOUSEEVENTF_LEFTUP);
+                }});
+  EXPECT_EQ(clicks, 6) << "each raises both, and a button that comes up elsewhere none";
   EXPECT_EQ(window.as<forms::TextBox>("text").text(), u"");
 }
 
@@ -231,6 +240,8 @@ TEST(WindowsKeyboard, LeavesWhatHasBeenDisabled) {
 TEST(WindowsHost, TakesNoInputMeanwhileAndHasTheKeyboardAgain) {
   const HWND host = ::CreateWindowW(WC_STATICW, L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
                                     200, 100, nullptr, nullptr, nullptr, nullptr);
+  const HWND other = ::CreateWindowW(WC_STATICW, L"other", WS_POPUP | WS_VISIBLE | WS_DISABLED, 0,
+                                     0, 9, 9, host, nullptr, nullptr, nullptr);
   ::SetForegroundWindow(host);
   TestWindow window;
   show(window, {[host](WindowView& view) {
@@ -239,6 +250,7 @@ TEST(WindowsHost, TakesNoInputMeanwhileAndHasTheKeyboardAgain) {
          EXPECT_EQ(::GetForegroundWindow(), view.handle());
        }});
   EXPECT_TRUE(::IsWindowEnabled(host));
+  EXPECT_FALSE(::IsWindowEnabled(other)) << "the host had disabled it";
   EXPECT_EQ(::GetActiveWindow(), host);
   ::DestroyWindow(host);
 }
@@ -247,7 +259,10 @@ TEST(WindowsHost, FindsTheWindowAgainByAnotherCall) {
   TestWindow window;
   WindowsToolkit* used = nullptr;
   Steps attendant({[&](WindowView& view) {
+    ::SendMessageW(view.handle(), WM_ENDSESSION, FALSE, 0);
+    EXPECT_FALSE(window.unloaded()) << "the session goes on";
     ::ShowWindow(view.handle(), SW_MINIMIZE);
+    EXPECT_EQ(window.place(), kDesign.place);
     used->bringToFront();
     EXPECT_FALSE(::IsIconic(view.handle()));
     EXPECT_EQ(::GetForegroundWindow(), view.handle());
@@ -341,6 +356,24 @@ TEST(WindowsHost, MayDestroyTheWindowWhateverLiesOverIt) {
     EXPECT_TRUE(::IsWindowEnabled(host));
   }
   ::DestroyWindow(host);
+}
+
+void CALLBACK answer(HWND window, UINT, UINT_PTR timer, DWORD) {
+  ::KillTimer(window, timer);
+  pressKey('7');
+  pressKey(VK_RETURN);
+}
+
+TEST(WindowsBoxes, TheAnswerToAQuestionTakesThePlaceOfTheProposal) {
+  TestWindow window;
+  WindowsToolkit* used = nullptr;
+  Steps attendant({[&](WindowView& view) {
+    ::SetTimer(view.handle(), 1, USER_TIMER_MINIMUM, answer);
+    EXPECT_EQ(used->ask({u"Title", u"Prompt", u"old"}), u"7");
+  }});
+  WindowsToolkit toolkit(&attendant);
+  used = &toolkit;
+  window.showModal(toolkit);
 }
 
 /// Closes the window of this thread when there are two.

@@ -129,6 +129,7 @@ TEST_F(WindowsFiles, PathsLongerThanTheUsualLimit) {
     deep += u"\\" + std::u16string(100, u'd');
     ASSERT_TRUE(createFolder(deep));
   }
+  EXPECT_TRUE(native::pathOf(deep).starts_with(u"\\\\?\\"));
   EXPECT_TRUE(replaceFile(deep + u"\\file", "one"));
   EXPECT_TRUE(replaceFile(deep + u"/file", "two"));
   EXPECT_EQ(readFile(deep + u"\\file"), "two");
