@@ -80,7 +80,8 @@ void frmListwright::SaveStepFileAs() {
   if (path->ends_with(u"step")) {
     stepfiles::writeStepFile(*path, settings);
   } else if (PathPart(*path, PathMode::Extension) == u"txt") {
-    storage::WriteTextFile(*path, txtPreview.text());
+    // The dialog never reads it, so only the list's own limit counts.
+    storage::WriteTextFile(*path, txtPreview.text(), platform::kAnySize);
   } else {
     saveUnderStepExtension(*path);
   }

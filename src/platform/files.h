@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,8 +12,9 @@
 /// system takes bytes, it gets them as UTF-8. A path with a NUL in it names nothing.
 namespace kvrnstep::platform {
 
-/// Larger files are neither read nor written.
+/// Larger files are neither read nor written, unless a caller has a limit of its own.
 inline constexpr std::size_t kLargestFile = std::size_t{1} << 24U;
+inline constexpr std::size_t kAnySize = std::numeric_limits<std::size_t>::max();
 
 /// The content of a regular file. Nothing for a folder, a device, a file that cannot be read, or
 /// one of more than `largest` bytes.
@@ -25,10 +27,11 @@ std::optional<std::string> readFile(const std::u16string& path, std::size_t larg
 /// to read it. A file that holds the bytes already is not touched. A file in a folder that takes no
 /// new ones is written in place, its former bytes kept elsewhere until that is done.
 /// Temporary files of processes that are gone are removed from the folder.
-/// False, and nothing has changed, when there are too many bytes, when the target is no regular
-/// file or may not be written, or when its folder is missing or takes no file that is not there
-/// yet. A file without any write permission counts as not writable, even for root.
-bool replaceFile(const std::u16string& path, std::string_view bytes);
+/// False, and nothing has changed, when there are more than `largest` bytes, when the target is no
+/// regular file or may not be written, or when its folder is missing or takes no file that is not
+/// there yet. A file without any write permission counts as not writable, even for root.
+bool replaceFile(const std::u16string& path, std::string_view bytes,
+                 std::size_t largest = kLargestFile);
 
 /// As `replaceFile`, but false if something of that name is there.
 bool saveNewFile(const std::u16string& path, std::string_view bytes);

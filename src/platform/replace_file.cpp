@@ -93,8 +93,9 @@ bool saveInPlace(const Path& target, const std::string& former, std::string_view
 
 /// Puts a new file in the place of the target, if there is one. The bytes must be on the disk
 /// before the file is renamed, because a power failure could leave an empty target otherwise.
-bool save(const std::u16string& path, std::string_view bytes, const MayGoOn& mayGoOn) {
-  if (bytes.size() > kLargestFile) return false;
+bool save(const std::u16string& path, std::string_view bytes, std::size_t largest,
+          const MayGoOn& mayGoOn) {
+  if (bytes.size() > largest) return false;
   const Path named = native::pathOf(path);
   const auto target = named.empty() ? std::nullopt : native::withoutLinks(named);
   const Target found = target ? native::targetAt(*target) : Target::kOther;
@@ -108,7 +109,7 @@ bool save(const std::u16string& path, std::string_view bytes, const MayGoOn& may
   Creation result{};
   File file = createTemporary(folder, temporaryStart(), isThere, result);
   if (result == Creation::kFolderRefuses && isThere) {
-    const auto former = readFile(path);
+    const auto former = readFile(path, largest);
     return former && saveInPlace(*target, *former, bytes, mayGoOn);
   }
   if (!file.open()) return false;
@@ -128,12 +129,12 @@ bool nothingIsAt(const std::u16string& path) {
 
 }  // namespace
 
-bool replaceFile(const std::u16string& path, std::string_view bytes) {
-  return save(path, bytes, [] { return true; });
+bool replaceFile(const std::u16string& path, std::string_view bytes, std::size_t largest) {
+  return save(path, bytes, largest, [] { return true; });
 }
 
 bool saveNewFile(const std::u16string& path, std::string_view bytes) {
-  return save(path, bytes, [&path] { return nothingIsAt(path); });
+  return save(path, bytes, kLargestFile, [&path] { return nothingIsAt(path); });
 }
 
 bool changeFile(const std::u16string& path, const Change& change) {
@@ -151,7 +152,7 @@ bool changeFile(const std::u16string& path, const Change& change) {
     const auto mayGoOn = [&] {
       return asBefore = readFile(path) == before && (before || nothingIsAt(path));
     };
-    if (save(path, changed, mayGoOn)) return true;
+    if (save(path, changed, kLargestFile, mayGoOn)) return true;
     if (asBefore) return false;
   }
   return false;

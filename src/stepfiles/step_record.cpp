@@ -61,8 +61,8 @@ std::optional<std::string> readStepFile(const std::u16string& path) {
 
 bool writeStepFile(const std::u16string& path, const ListSettings& settings, bool isNew) {
   const std::string bytes = formatStepRecord(settings);
-  const auto write = isNew ? platform::saveNewFile : platform::replaceFile;
-  return bytes.size() <= kLargestStepFile && write(path, bytes);
+  if (isNew) return bytes.size() <= kLargestStepFile && platform::saveNewFile(path, bytes);
+  return platform::replaceFile(path, bytes, kLargestStepFile);
 }
 
 }  // namespace kvrnstep::stepfiles

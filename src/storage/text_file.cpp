@@ -8,10 +8,10 @@ namespace {
 constexpr std::string_view kLineEnd = "\r\n";
 }
 
-bool WriteTextFile(const std::u16string& sFile, std::u16string_view sText) {
+bool WriteTextFile(const std::u16string& sFile, std::u16string_view sText, std::size_t largest) {
   std::string bytes = text::toBytes(sText);
   bytes += kLineEnd;
-  return platform::replaceFile(sFile, bytes);
+  return platform::replaceFile(sFile, bytes, largest);
 }
 
 std::u16string ReadTextFile(const std::u16string& sFile) {

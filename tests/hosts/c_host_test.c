@@ -31,6 +31,11 @@ static void generates_lists(void) {
   EXPECT(kvrnstep_generate(&list, &text) == KVRNSTEP_DONE);
   EXPECT(is(text, "é a)\r\né b)\r\né c)"));
 
+  static char prefix[KVRNSTEP_LONGEST_LIST / 30000];
+  memset(prefix, 'p', sizeof prefix - 1);
+  list.Prefix = prefix;
+  list.Count = 30000;
+  EXPECT(kvrnstep_generate(&list, &text) == KVRNSTEP_TOO_LONG && text == NULL);
   list.Start = 70000;
   EXPECT(kvrnstep_generate(&list, &text) == KVRNSTEP_BAD_ARGUMENT && text == NULL);
   list.Start = 1;
