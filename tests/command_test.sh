@@ -42,7 +42,8 @@ check 2 '' 'space takes no value' --list --end 3 --space=x
 check 2 '' 'numbered, alphabetical, roman and prefix-suffix' --list --end 3 --type Roman
 check 2 '' '--bogus; --help' --bogus
 check 2 '' '--prefix needs --list, --save or --number' --prefix x
-check 2 '' 'libkvrnstep' --plugin /nowhere/libkvrnstep.so --list --end 3
+check 0 '1\n' '' --plugin /nowhere/libkvrnstep.so --list --end 1
+check 2 '' 'libkvrnstep' --plugin /nowhere/libkvrnstep.so
 
 # Step files.
 check 0 '' '' --save abc.step --type alphabetical --end 3 --suffix ')' --beginning $'a "b"\r\n'

@@ -59,12 +59,17 @@ std::string folderOf(const std::string& name) {
   return nameOf(fs::absolute(pathOf(name)).parent_path());
 }
 
+std::string whyNoList(int result) {
+  return result == KVRNSTEP_TOO_LONG ? kvrnstep::Listwright::tooLong()
+                                     : "a number is too large, or memory is out";
+}
+
 std::string whyNoStepFile(int result, const std::string& name, const std::string& stepFolder) {
   if (result == KVRNSTEP_UNREADABLE) {
     return "cannot read " + name + ": " + whyUnreadable(name, stepFolder);
   }
-  if (result == KVRNSTEP_TOO_LONG) return name + ": " + kvrnstep::Listwright::tooLong();
-  if (result != KVRNSTEP_FOREIGN) return "a number is too large, or memory is out";
+  if (result == KVRNSTEP_TOO_LONG) return name + ": " + whyNoList(result);
+  if (result != KVRNSTEP_FOREIGN) return whyNoList(result);
   return name + " is no step file; one begins with a number from 0 to " +
          std::to_string(kvrnstep::kListingTypes.size() - 1) +
          ", four texts and three numbers, with commas between them";

@@ -16,8 +16,10 @@ void requireUtf8(const std::string& name);
 /// The full path of the folder that a file is in.
 std::string folderOf(const std::string& name);
 
-/// Why the plug-in made nothing of a step file.
-/// @param result what it returned
+/// Why there is no list.
+/// @param result what the C interface returned
+std::string whyNoList(int result);
+/// Why a step file gave nothing.
 std::string whyNoStepFile(int result, const std::string& name, const std::string& stepFolder);
 /// Why a file cannot be written.
 std::string whyUnwritable(const std::string& name);

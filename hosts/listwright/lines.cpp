@@ -65,7 +65,7 @@ bool isClosedPipe(int problem) {
 
 }  // namespace
 
-bool changeLines(const kvrnstep::Listwright& plugin, const Options& options) {
+bool changeLines(const Options& options) {
   kvrnstep_lines lines = options.lines;
   std::string file;
   if (!options.files.empty()) {
@@ -79,9 +79,13 @@ bool changeLines(const kvrnstep::Listwright& plugin, const Options& options) {
     lines.context = &problem;
   }
   const Input input;
-  std::string text;
   if (options.describesLabels) lines.list = &options.described;
-  const int result = plugin.changeLines(*options.change, lines, input.text(), text);
+  char* changed = nullptr;
+  std::size_t size = 0;
+  const int result =
+      options.change(&lines, input.text().data(), input.text().size(), &changed, &size);
+  const std::string text(changed, changed == nullptr ? 0 : size);
+  kvrnstep_free(changed);
   if (result == KVRNSTEP_NO_LABEL) {
     complain(text);
     return false;

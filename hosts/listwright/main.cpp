@@ -13,7 +13,19 @@ namespace {
 
 enum ExitStatus { Printed = 0, NotInserted = 1, Failed = 2 };
 
-ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options) {
+kvrnstep::Listwright plugin(const Options& options) {
+  return kvrnstep::Listwright::load(options.plugin.empty() ? hosts::pluginBesideProgram()
+                                                           : options.plugin);
+}
+
+/// A text that was handed out, as one of ours.
+std::string taken(char* text) {
+  std::string copy = text == nullptr ? "" : text;
+  kvrnstep_free(text);
+  return copy;
+}
+
+ExitStatus showDialog(const Options& options) {
   kvrnstep_dialog arguments = options.dialog;
   arguments.iBuildStep = options.described.Selection;
   arguments.bytSpcCount = options.described.bytSpcCount;
@@ -24,15 +36,15 @@ ExitStatus showDialog(const kvrnstep::Listwright& plugin, const Options& options
   const bool read = hosts::outputIsRead();
   if (!read) arguments.insert_copies = 1;
   std::string list;
-  const bool inserted = plugin.ShowListwrightDialog(list, arguments);
+  const bool inserted = plugin(options).ShowListwrightDialog(list, arguments);
   if (!inserted) return NotInserted;
   if (read) print(list, options.format);
   return Printed;
 }
 
-ExitStatus save(const kvrnstep::Listwright& plugin, const Options& options) {
+ExitStatus save(const Options& options) {
   requireUtf8(options.save);
-  if (plugin.saveStepFile(options.save, options.described) != KVRNSTEP_DONE) {
+  if (kvrnstep_save_step_file(options.save.c_str(), &options.described) != KVRNSTEP_DONE) {
     throw std::runtime_error("cannot write " + options.save + ": " + whyUnwritable(options.save));
   }
   return Printed;
@@ -40,24 +52,24 @@ ExitStatus save(const kvrnstep::Listwright& plugin, const Options& options) {
 
 /// The list of a step file.
 /// @throws std::runtime_error when it is none
-std::string listOf(const kvrnstep::Listwright& plugin, const std::string& name,
-                   const Options& options) {
+std::string listOf(const std::string& name, const Options& options) {
   const std::string file = foundStepFile(name, options.dialog.sPthStepFolder);
   requireUtf8(file);
-  std::string list;
-  const int result = plugin.generateFromStepFile(file, options.described.bytSpcCount, list);
-  if (result == KVRNSTEP_DONE) return list;
+  char* list = nullptr;
+  const int result =
+      kvrnstep_generate_from_step_file(file.c_str(), options.described.bytSpcCount, &list);
+  if (result == KVRNSTEP_DONE) return taken(list);
   throw std::runtime_error(whyNoStepFile(result, file, options.dialog.sPthStepFolder));
 }
 
 /// Goes on after a file that cannot be read, as cat does, and fails at the end.
-ExitStatus printFiles(const kvrnstep::Listwright& plugin, const Options& options) {
+ExitStatus printFiles(const Options& options) {
   ExitStatus status = Printed;
   std::string all;
   bool any = false;
   for (const std::string& file : options.files) {
     try {
-      const std::string list = listOf(plugin, file, options);
+      const std::string list = listOf(file, options);
       if (any && !all.ends_with('\n')) all += "\r\n";
       all += list;
       any = true;
@@ -70,20 +82,25 @@ ExitStatus printFiles(const kvrnstep::Listwright& plugin, const Options& options
   return status;
 }
 
+ExitStatus printDescribed(const Options& options) {
+  char* list = nullptr;
+  const int result = kvrnstep_generate(&options.described, &list);
+  if (result != KVRNSTEP_DONE) throw std::runtime_error(whyNoList(result));
+  print(taken(list), options.format);
+  return Printed;
+}
+
 ExitStatus run(const hosts::Arguments& arguments) {
   const auto options = parseOptions(arguments);
   if (!options) return Printed;
-  const auto plugin = kvrnstep::Listwright::load(options->plugin);
   if (options->version) {
-    std::puts(plugin.PlugNameVersion().c_str());
+    std::puts(plugin(*options).PlugNameVersion().c_str());
     return Printed;
   }
-  if (options->change) return changeLines(plugin, *options) ? Printed : NotInserted;
-  if (!options->save.empty()) return save(plugin, *options);
-  if (!options->files.empty()) return printFiles(plugin, *options);
-  if (!options->list) return showDialog(plugin, *options);
-  print(plugin.generateList(options->described), options->format);
-  return Printed;
+  if (options->change != nullptr) return changeLines(*options) ? Printed : NotInserted;
+  if (!options->save.empty()) return save(*options);
+  if (!options->files.empty()) return printFiles(*options);
+  return options->list ? printDescribed(*options) : showDialog(*options);
 }
 
 }  // namespace

@@ -130,11 +130,13 @@ class CommandLine {
   }
 
   void describeLines() {
-    using enum kvrnstep::LineChange;
-    addChange("--number", Number, "put a label before each line of standard input that has text");
-    addChange("--renumber", Renumber, "set the labels of the lists in standard input right");
-    addChange("--unnumber", Unnumber, "take labels away; undoes --number with the same options");
-    addChange("--continue", Continue,
+    addChange("--number", kvrnstep_number_lines,
+              "put a label before each line of standard input that has text");
+    addChange("--renumber", kvrnstep_renumber_lines,
+              "set the labels of the lists in standard input right");
+    addChange("--unnumber", kvrnstep_unnumber_lines,
+              "take labels away; undoes --number with the same options");
+    addChange("--continue", kvrnstep_continue_lines,
               "put labels before the lines from --line on that go on behind the last one above");
     kvrnstep_lines& lines = options_.lines;
     addWhole("--step", lines.step, "from one number to the next, not 0 (1)", kLines);
@@ -143,11 +145,11 @@ class CommandLine {
     addFlag("--keep-start", lines.keep_start, "--renumber: lists keep their first number", kLines);
   }
 
-  void addChange(const char* name, kvrnstep::LineChange change, const char* help) {
+  void addChange(const char* name, decltype(kvrnstep_number_lines)* change, const char* help) {
     app_.add_flag_callback(
             name,
             [this, name, change] {
-              if (options_.change && *options_.change != change) {
+              if (options_.change != nullptr && options_.change != change) {
                 throw CLI::ValidationError(name, "goes without another change of lines");
               }
               options_.change = change;
@@ -196,7 +198,6 @@ class CommandLine {
     dialog.sPthStepFolder = kept(userStepFolder());
     dialog.s_IniPathAndName = kept(userSettingsFolder() + "/steps.ini");
     dialog.SEC_APP_NAME = "Listwright";
-    options_.plugin = hosts::pluginBesideProgram();
     addText("--step-folder", dialog.sPthStepFolder, "folder of your lists and step files", kDialog,
             "DIR");
     addText("--settings", dialog.s_IniPathAndName, "settings file", kDialog, "FILE");
@@ -259,7 +260,7 @@ class CommandLine {
       }
     }
     const bool saves = app_.count("--save") > 0;
-    if (options_.change) return checkLines();
+    if (options_.change != nullptr) return checkLines();
     refuse(kLines, " needs --number, --renumber, --unnumber or --continue");
     if (options_.list || saves) return checkList(saves);
     refuse(kList, " needs --list, --save or --number");
@@ -286,9 +287,9 @@ class CommandLine {
     if (lines.step == 0) throw std::runtime_error("--step: any number but 0 is allowed");
     if (app_.count("--line") > 0 && lines.line < 1)
       throw std::runtime_error("--line: 1 is the least");
-    if (options_.change == kvrnstep::LineChange::Continue && lines.line == 0)
+    if (options_.change == kvrnstep_continue_lines && lines.line == 0)
       throw std::runtime_error("--continue needs --line, the first line that gets a label");
-    if (lines.keep_start && options_.change == kvrnstep::LineChange::Number)
+    if (lines.keep_start && options_.change == kvrnstep_number_lines)
       throw std::runtime_error("--keep-start goes with --renumber");
     for (const CLI::Option* option : app_.get_options()) {
       const bool describes = option->get_group() == kList || option->get_name() == "--type";
@@ -353,7 +354,8 @@ class CommandLine {
 }  // namespace
 
 std::optional<Options> parseOptions(const hosts::Arguments& arguments) {
-  CommandLine line;
+  // To take all of it apart takes longer than the list, and the process ends soon.
+  static CommandLine& line = *new CommandLine;
   if (!line.parse(arguments)) return std::nullopt;
   return line.options();
 }

@@ -18,14 +18,14 @@ struct Options {
   std::string save;   ///< step file to write; empty: none
   std::vector<std::string> files;  ///< step files whose lists are printed
   PrintFormat format;
-  std::optional<kvrnstep::LineChange> change;  ///< what is done to the lines of standard input
+  decltype(kvrnstep_number_lines)* change = nullptr;  ///< of the lines of standard input, if any
   kvrnstep_lines lines = kvrnstep::kLinesDefaults;
   bool describesLabels = false;  ///< … with the labels of `described`
   bool version = false;
   kvrnstep_list described = kvrnstep::kListDefaults;
   kvrnstep_dialog dialog = kvrnstep::kDialogDefaults;  ///< type, indentation as `described` has it
   std::forward_list<std::string> texts;                ///< those that the two structs point to
-  std::string plugin;
+  std::string plugin;                                  ///< empty: the one beside the program
 };
 
 /// The options, or nothing when help was printed instead.

@@ -73,7 +73,8 @@ double roundHalfToEven(double number) {
   const double rest = number - below;
   if (rest < 0.5) return below;
   if (rest > 0.5) return below + 1;
-  return std::fmod(below, 2) == 0 ? below : below + 1;
+  const double half = below / 2;
+  return half == std::floor(half) ? below : below + 1;
 }
 
 template <class Whole>

@@ -1,0 +1,110 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+#include <limits>
+#include <optional>
+#include <string>
+#include <type_traits>
+
+#include "kvrnstep/kvrnstep.h"
+#include "text/codepage.h"
+
+/// What comes from C and what goes there. UTF-8 and C structs are converted here, and no exception
+/// passes out.
+namespace kvrnstep::component {
+
+// No padding at the end: a later version would put a new field there, and an older host may leave
+// any value in it.
+static_assert(std::has_unique_object_representations_v<kvrnstep_dialog>);
+static_assert(std::has_unique_object_representations_v<kvrnstep_list>);
+static_assert(std::has_unique_object_representations_v<kvrnstep_lines>);
+
+/// The sizes of the shortest structs that are taken; a shorter one is a host's mistake.
+constexpr std::size_t least(const kvrnstep_dialog& /*dialog*/) {
+  return offsetof(kvrnstep_dialog, insert_copies);
+}
+constexpr std::size_t least(const kvrnstep_list& /*list*/) {
+  return offsetof(kvrnstep_list, IndentSpacing);
+}
+constexpr std::size_t least(const kvrnstep_lines& /*lines*/) {
+  return offsetof(kvrnstep_lines, line);
+}
+
+/// A struct as this version knows it, with the defaults in fields that its host does not know;
+/// nothing where the host did not initialise its own.
+template <class Struct>
+std::optional<Struct> known(const Struct* given, Struct defaults) {
+  if (given == nullptr || given->size < least(defaults)) return std::nullopt;
+  std::memcpy(static_cast<void*>(&defaults), given,
+              std::min<std::size_t>(given->size, sizeof(Struct)));
+  return defaults;
+}
+
+/// Fills as much of the host's struct as the host knows.
+template <class Struct>
+void initialise(Struct* given, std::uint32_t size, const Struct& defaults) {
+  if (given == nullptr || size < sizeof(given->size)) return;
+  std::memset(static_cast<void*>(given), 0, size);
+  std::memcpy(static_cast<void*>(given), &defaults, std::min<std::size_t>(size, sizeof(Struct)));
+  given->size = size;
+}
+
+inline std::u16string textOf(const char* given) {
+  return given == nullptr ? std::u16string() : text::fromUtf8(given);
+}
+
+/// A copy that the host frees, in C's memory because the host may have another allocator.
+inline char* copyOf(const std::string& bytes) {
+  auto* copy = static_cast<char*>(std::malloc(bytes.size() + 1));
+  if (copy != nullptr) std::memcpy(copy, bytes.c_str(), bytes.size() + 1);
+  return copy;
+}
+
+/// Numbers are taken as they are or not at all.
+template <class Narrow>
+bool fits(std::int32_t number) {
+  using Limits = std::numeric_limits<Narrow>;
+  return number >= Limits::min() && number <= Limits::max();
+}
+
+/// Takes over what a host passes, and notes when a number does not fit.
+struct Take {
+  bool allFit = true;
+  void operator()(bool& field, std::int32_t given) const { field = given != 0; }
+  void operator()(std::u16string& field, const char* given) const { field = textOf(given); }
+  template <class Number>
+  void operator()(Number& field, std::int32_t given) {
+    allFit = allFit && fits<Number>(given);
+    field = static_cast<Number>(given);
+  }
+};
+
+/// Nothing is thrown into a host.
+template <class Result, class Function>
+Result guarded(Result failure, Function function) noexcept {
+  try {
+    return function();
+  } catch (const std::exception&) {
+    return failure;
+  }
+}
+
+/// Calls a function that sets a list, and hands the list out if the result is positive.
+template <class Function>
+int guardedList(char** handedOut, Function function) noexcept {
+  if (handedOut == nullptr) return KVRNSTEP_BAD_ARGUMENT;
+  *handedOut = nullptr;
+  return guarded<int>(KVRNSTEP_FAILED, [&] {
+    std::u16string list;
+    const int result = function(list);
+    if (result > 0) *handedOut = copyOf(text::toUtf8(list));
+    return result > 0 && *handedOut == nullptr ? KVRNSTEP_FAILED : result;
+  });
+}
+
+}  // namespace kvrnstep::component
