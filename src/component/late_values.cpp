@@ -14,7 +14,7 @@ namespace kvrnstep::component {
 namespace {
 
 struct Nothing {};
-/// What a variant holds; monostate for what no member can use: Null, objects, arrays …
+/// What a variant holds; monostate for what no member can use: Null, arrays …
 using Value = std::variant<std::monostate, Nothing, bool, std::int64_t, double, std::u16string>;
 
 /// A value that is in the variant, or that the variant points to.
@@ -27,6 +27,38 @@ T held(const VARIANT& variant, T own) {
 std::int64_t signedOf(std::uint64_t number) {
   constexpr auto kLargest = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
   return static_cast<std::int64_t>(number < kLargest ? number : kLargest);
+}
+
+/// A whole number of 96 bits, its sign, and how often it is to be divided by ten. It fills the
+/// whole variant but for the type.
+double decimalOf(const VARIANT& v) {
+  constexpr double kBits32 = 4294967296.0;
+  const auto middle = static_cast<double>(v.ullVal >> 32U);
+  const auto low = static_cast<double>(v.ullVal & 0xFFFFFFFFU);
+  const auto high = static_cast<double>(v.wReserved3) * 0x10000 + v.wReserved2;
+  const double whole = (high * kBits32 + middle) * kBits32 + low;
+  const double value = whole / std::pow(10.0, v.wReserved1 & 0xFFU);
+  return v.wReserved1 > 0xFF ? -value : value;
+}
+
+Value valueOf(const VARIANT& argument);
+
+/// An object stands for its default property, unless that is an object again.
+Value defaultOf(IUnknown* object) {
+  constexpr DISPID kDefaultProperty = 0;
+  void* found = nullptr;
+  if (object == nullptr || FAILED(object->QueryInterface(kIidDispatch, &found))) return {};
+  auto* const asked = static_cast<IDispatch*>(found);
+  DISPPARAMS none{};
+  VARIANT property;
+  VariantInit(&property);
+  const HRESULT told = asked->Invoke(kDefaultProperty, kIidNull, 0, DISPATCH_PROPERTYGET, &none,
+                                     &property, nullptr, nullptr);
+  asked->Release();
+  const bool isObject = property.vt == VT_DISPATCH || property.vt == VT_UNKNOWN;
+  Value value = FAILED(told) || isObject ? Value() : valueOf(property);
+  VariantClear(&property);
+  return value;
 }
 
 Value valueOf(const VARIANT& argument) {
@@ -61,6 +93,11 @@ Value valueOf(const VARIANT& argument) {
       return held(v, v.dblVal);
     case VT_CY:
       return static_cast<double>(held(v, v.cyVal).int64) / 10'000;
+    case VT_DECIMAL:
+      return decimalOf(byReference ? *static_cast<const VARIANT*>(v.byref) : v);
+    case VT_DISPATCH:
+    case VT_UNKNOWN:
+      return defaultOf(held(v, v.punkVal));
     case VT_BOOL:
       return held(v, v.boolVal) != VARIANT_FALSE;
     case VT_BSTR:

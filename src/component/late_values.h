@@ -15,7 +15,8 @@ const VARIANT& referred(const VARIANT& argument);
 /// Whether the caller left this argument out.
 bool isMissing(const VARIANT& argument);
 
-/// Nothing at all is an empty text; numbers are written in decimal.
+/// An object stands for its default property. Nothing at all is an empty text; numbers are written
+/// in decimal.
 HRESULT readValue(const VARIANT& argument, std::u16string& value);
 /// Numbers of any type and texts that are numbers, rounded with halves to even; True is −1, and
 /// all bits of a byte; nothing at all is 0.
