@@ -1,5 +1,8 @@
 #include "edit.h"
 
+// After windows.h, which that brings along.
+#include <imm.h>
+
 #include "control_view.h"
 #include "forms/user_actions.h"
 #include "text/windows/wide.h"
@@ -37,6 +40,8 @@ bool movesCaret(UINT message) {
 void Edit::begin(HWND edit) {
   adopt(edit);
   if (!box().row().multiLine) line_.centre(edit);
+  // Such a box judges each character, and an input method would put in others.
+  if (box().onKeyPress) ::ImmAssociateContextEx(edit, nullptr, 0);
   ::SendMessageW(edit, EM_SETLIMITTEXT, static_cast<WPARAM>(box().row().maxLength), 0);
 }
 

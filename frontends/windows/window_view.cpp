@@ -30,6 +30,12 @@ DWORD styleOf(const forms::WindowDesign& design) {
   return WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN | frame;
 }
 
+/// A window over one that is always on top would be behind it otherwise.
+DWORD layerOverActive() {
+  const HWND host = ::GetAncestor(::GetActiveWindow(), GA_ROOTOWNER);
+  return static_cast<DWORD>(::GetWindowLongPtrW(host, GWL_EXSTYLE)) & WS_EX_TOPMOST;
+}
+
 double scaleOf(int dpi) {
   return static_cast<double>(dpi) / kNominalDpi;
 }
@@ -88,8 +94,8 @@ WindowView::~WindowView() {
 
 /// Makes the window and returns its dots per inch.
 int WindowView::create(HWND owner) {
-  adopt(::CreateWindowExW(WS_EX_CONTROLPARENT, ownClass(), L"", style_, 0, 0, 0, 0, owner,
-                          menus_.bar(), thisModule(), nullptr));
+  adopt(::CreateWindowExW(WS_EX_CONTROLPARENT | layerOverActive(), ownClass(), L"", style_, 0, 0, 0,
+                          0, owner, menus_.bar(), thisModule(), nullptr));
   return static_cast<int>(::GetDpiForWindow(handle()));
 }
 

@@ -1,4 +1,7 @@
 #include <gtest/gtest.h>
+#include <windows.h>
+// After the other one.
+#include <imm.h>
 
 #include <array>
 #include <atomic>
@@ -238,14 +241,23 @@ TEST(WindowsKeyboard, LeavesWhatHasBeenDisabled) {
 }
 
 TEST(WindowsHost, TakesNoInputMeanwhileAndHasTheKeyboardAgain) {
-  const HWND host = ::CreateWindowW(WC_STATICW, L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
-                                    200, 100, nullptr, nullptr, nullptr, nullptr);
+  const HWND host =
+      ::CreateWindowExW(WS_EX_TOPMOST, WC_STATICW, L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
+                        200, 100, nullptr, nullptr, nullptr, nullptr);
   const HWND other = ::CreateWindowW(WC_STATICW, L"other", WS_POPUP | WS_VISIBLE | WS_DISABLED, 0,
                                      0, 9, 9, host, nullptr, nullptr, nullptr);
   ::SetForegroundWindow(host);
   TestWindow window;
+  window.as<forms::TextBox>("text").onKeyPress = [](int, char16_t) { return true; };
   show(window, {[host](WindowView& view) {
          EXPECT_FALSE(::IsWindowEnabled(host));
+         EXPECT_NE(::GetWindowLongPtrW(view.handle(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
+         const auto hasInputMethod = [&](const char* name) {
+           const HWND box = view.viewOf(*view.window().find(name, -1)).keyTarget();
+           return ::ImmGetContext(box) != nullptr;
+         };
+         EXPECT_FALSE(hasInputMethod("text")) << "it judges each key";
+         EXPECT_TRUE(hasInputMethod("combo"));
          EXPECT_EQ(::GetWindow(view.handle(), GW_OWNER), nullptr);
          EXPECT_EQ(::GetForegroundWindow(), view.handle());
        }});
