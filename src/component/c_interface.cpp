@@ -4,6 +4,7 @@
 #include <string>
 
 #include "component/c_values.h"
+#include "component/running_call.h"
 #include "kvrnstep/fields.hpp"
 #include "kvrnstep/kvrnstep.h"
 #include "plugin/c_icon.h"
@@ -44,6 +45,7 @@ char* kvrnstep_plug_name_version(void) {
 }
 
 int kvrnstep_show_dialog(const kvrnstep_dialog* dialog, char** list) {
+  const RunningCall running;
   return guardedList(list, [&](std::u16string& text) {
     const auto arguments = argumentsOf(dialog);
     if (!arguments) return KVRNSTEP_BAD_ARGUMENT;

@@ -23,6 +23,7 @@ class ListwrightObject final : public Object<_Listwright, kInterfaceListwright> 
       std::uint8_t* bytSpcCount, VARIANT_BOOL* result) override {
     if (theLwOutputString == nullptr || result == nullptr) return E_POINTER;
     *result = VARIANT_FALSE;
+    const RunningCall running;
     return guarded([&] {
       plugin::CallArguments arguments;
       copyFields(
@@ -68,6 +69,7 @@ class ListwrightObject final : public Object<_Listwright, kInterfaceListwright> 
       result->vt = VT_BSTR;
       return PlugNameVersion(&result->bstrVal);
     }
+    const RunningCall running;
     plugin::CallArguments read;
     TextTarget target;
     arguments.read(0, target);

@@ -8,16 +8,11 @@
 
 #include "component/bstr.h"
 #include "component/late_binding.h"
+#include "component/running_call.h"
 #include "component/type_info.h"
 #include "kvrnstep/component.hpp"
 
 namespace kvrnstep::component {
-
-/// How many objects and locks hosts hold. The module must stay loaded until it is 0.
-inline std::atomic<ULONG>& held() {
-  static std::atomic<ULONG> count{0};
-  return count;
-}
 
 /// Runs work for a host, into which no exception may pass.
 template <class Work>

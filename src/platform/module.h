@@ -24,6 +24,11 @@ inline constexpr const char16_t* kModuleExtension = u".so";
 /// plug-in is loaded. Nothing if there is none.
 std::optional<std::string_view> iconFile(int number);
 
+/// Keeps this module loaded until it is let go with the result, even if the host unloads it. Only
+/// Windows has hosts that do so while a call runs.
+void* keepModule();
+void letModuleGo(void* kept);
+
 /// Loads a module until the process ends.
 /// @param path full path; any other one is refused, because the system would search for it
 /// @param problem set to the reason when the module cannot be loaded

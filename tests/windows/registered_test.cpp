@@ -143,24 +143,49 @@ void CALLBACK closeDialog(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/,
   ::PostMessageW(::FindWindowW(L"kvrnstep.window", nullptr), WM_CLOSE, 0, 0);
 }
 
+/// A call lets go of the plug-in when it has returned, so it may be there a moment longer.
+void waitUntilUnloaded() {
+  while (::GetModuleHandleW(L"kvrnstep.dll") != nullptr) ::SwitchToThread();
+}
+
 /// Loads the plug-in, uses it and unloads it.
 void loadedFor(const std::function<void(const Listwright&)>& use) {
   use(Listwright::load(hosts::pluginBesideProgram()));
   ::FreeLibrary(::GetModuleHandleW(L"kvrnstep.dll"));
-  EXPECT_EQ(::GetModuleHandleW(L"kvrnstep.dll"), nullptr);
+  waitUntilUnloaded();
 }
 
-void closeADialog(const Listwright& plugin) {
+/// As a host that gives everything back while the call runs.
+void CALLBACK unloadAndClose(HWND window, UINT message, UINT_PTR timer, DWORD time) {
+  if (::FindWindowW(L"kvrnstep.window", nullptr) == nullptr) return;
+  ::KillTimer(nullptr, timer);
+  const HMODULE module = ::GetModuleHandleW(L"kvrnstep.dll");
+  using Function = HRESULT STDMETHODCALLTYPE();
+  EXPECT_EQ(reinterpret_cast<Function*>(symbolIn(module, "DllCanUnloadNow"))(), S_FALSE);
+  ::FreeLibrary(module);
+  closeDialog(window, message, timer, time);
+}
+
+void closeADialog(const Listwright& plugin, TIMERPROC close) {
   const tests::TemporaryFolder folder;
   const std::string steps = folder.native("");
   const std::string settings = folder.native("steps.ini");
   kvrnstep_dialog dialog = kDialogDefaults;
   dialog.sPthStepFolder = steps.c_str();
   dialog.s_IniPathAndName = settings.c_str();
-  const UINT_PTR timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, closeDialog);
+  const UINT_PTR timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, close);
   std::string list;
   EXPECT_FALSE(plugin.ShowListwrightDialog(list, dialog));
   ::KillTimer(nullptr, timer);
+}
+
+void closedAtOnce(const Listwright& plugin) {
+  closeADialog(plugin, closeDialog);
+}
+
+TEST(Unloading, WaitsForTheCallThatRuns) {
+  closeADialog(Listwright::load(hosts::pluginBesideProgram()), unloadAndClose);
+  waitUntilUnloaded();
 }
 
 /// How many of the process's slots for threads are free, and how many handles it has.
@@ -187,19 +212,19 @@ TEST(Unloading, LeavesNothingBehindHoweverOftenItIsLoaded) {
   for (const auto* library : {L"comctl32", L"comdlg32", L"winmm", L"winspool.drv"}) {
     ::LoadLibraryW(library);
   }
-  for (int i = 0; i < 2; ++i) loadedFor(closeADialog);
+  for (int i = 0; i < 2; ++i) loadedFor(closedAtOnce);
   const auto before = ofTheProcess();
   for (int i = 0; i < 1300; ++i) {
     loadedFor(
         [](const Listwright& plugin) { EXPECT_FALSE(plugin.RequestProgramIcon(102).empty()); });
   }
   EXPECT_EQ(ofTheProcess(), before);
-  for (int i = 0; i < 60; ++i) loadedFor(closeADialog);
+  for (int i = 0; i < 60; ++i) loadedFor(closedAtOnce);
   EXPECT_EQ(ofTheProcess(), before);
 }
 
 TEST(Unloading, LetsTheThreadEndThatHasShownADialog) {
-  for (int round = 0; round < 3; ++round) std::thread([] { loadedFor(closeADialog); }).join();
+  for (int round = 0; round < 3; ++round) std::thread([] { loadedFor(closedAtOnce); }).join();
 }
 
 TEST_F(Registered, ForOneUserWhereAllAreOutOfReach) {
@@ -218,6 +243,21 @@ TEST_F(Registered, ForOneUserWhereAllAreOutOfReach) {
     EXPECT_EQ(call("DllUnregisterServer"), S_OK) << "what is not there is gone";
     EXPECT_EQ(keysIn(HKEY_CURRENT_USER).size(), 0U);
   }
+}
+
+TEST_F(Registered, ForAllTakesTheRegistrationOfOneAway) {
+  const auto install = [&](BOOL wanted, const wchar_t* whom) {
+    using Function = HRESULT STDMETHODCALLTYPE(BOOL, LPCWSTR);
+    return reinterpret_cast<Function*>(symbolIn(library_, "DllInstall"))(wanted, whom);
+  };
+  EXPECT_EQ(install(FALSE, nullptr), S_OK);
+  EXPECT_EQ(install(TRUE, L"others"), E_INVALIDARG);
+  EXPECT_EQ(install(TRUE, L"user"), S_OK);
+  EXPECT_EQ(keysIn(HKEY_LOCAL_MACHINE).size(), 0U);
+  EXPECT_EQ(keysIn(HKEY_CURRENT_USER).size(), 4U);
+  EXPECT_EQ(install(TRUE, nullptr), S_OK);
+  EXPECT_EQ(keysIn(HKEY_LOCAL_MACHINE).size(), 4U);
+  EXPECT_EQ(keysIn(HKEY_CURRENT_USER).size(), 0U);
 }
 
 TEST_F(Registered, UnloadsWhenNobodyHoldsAnything) {
@@ -284,6 +324,19 @@ TEST_F(Registered, CarriesItsResources) {
   EXPECT_EQ(version.dwSignature, 0xFEEF04BDU);
   EXPECT_EQ(version.dwFileVersionMS, 0x00020000U);
   EXPECT_EQ(version.dwFileVersionLS, 0U);
+}
+
+// The last one, because the system keeps the objects of that apartment.
+TEST_F(Registered, CallsFromOtherApartmentsFindTheTypeLibrary) {
+  std::thread([] {
+    ASSERT_TRUE(SUCCEEDED(::CoInitializeEx(nullptr, COINIT_MULTITHREADED)));
+    BSTR version = nullptr;
+    EXPECT_EQ(create<_Listwright>(L"kvrnstep.Listwright", kInterfaceListwright)
+                  ->PlugNameVersion(&version),
+              S_OK);
+    EXPECT_EQ(taken(version), L"kvrn Listwright\t2.0.0");
+    ::CoUninitialize();
+  }).join();
 }
 
 }  // namespace

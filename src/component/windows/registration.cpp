@@ -17,6 +17,8 @@ using text::wide;
 constexpr std::u16string_view kTitle = u"kvrn Listwright";
 constexpr std::u16string_view kClasses = u"Software\\Classes\\";
 constexpr std::u16string_view kVersion = u"5.0";
+/// Of the type library. Where calls pass between apartments it is looked for without a language.
+constexpr std::array<std::u16string_view, 2> kLanguages{u"\\0\\", u"\\409\\"};
 /// The system's class that marshals the calls of an interface by its type library.
 constexpr std::u16string_view kMarshaler = u"{00020424-0000-0000-C000-000000000046}";
 
@@ -114,7 +116,9 @@ void writeAll(Writer& writer) {
   const std::u16string module = platform::modulePath();
   for (const Class& one : kComponentClasses) writeClass(writer, one, module);
   writer.write(keyOfVersion(), u"kvrnstep");
-  writer.write(joined({keyOfVersion(), u"\\409\\", kSystem}), module);
+  for (const auto language : kLanguages) {
+    writer.write(joined({keyOfVersion(), language, kSystem}), module);
+  }
   writer.write(keyOfVersion() + u"\\FLAGS", u"0");
   writer.write(keyOfVersion() + u"\\HELPDIR", platform::moduleFolder());
 }
@@ -178,30 +182,43 @@ LSTATUS eraseAll(HKEY root) {
   for (const Class& one : kComponentClasses) {
     if (!shared) eraser.erase(keyOfName(one));
   }
-  eraser.erase(shared ? joined({keyOfVersion(), u"\\409\\", kSystem}) : keyOfLibrary());
+  for (const auto language : kLanguages) {
+    if (shared) eraser.erase(joined({keyOfVersion(), language, kSystem}));
+  }
+  if (!shared) eraser.erase(keyOfLibrary());
   for (const auto* parent : {u"CLSID", u"Interface", u"TypeLib"}) eraser.eraseIfEmpty(parent);
   return eraser.result();
+}
+
+LSTATUS writeAllIn(HKEY root) {
+  Writer writer(root);
+  writeAll(writer);
+  if (writer.result() != ERROR_SUCCESS && writer.began()) eraseAll(root);
+  return writer.result();
 }
 
 }  // namespace
 
 HRESULT registerComponent() {
-  LSTATUS result = ERROR_SUCCESS;
-  for (const HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
-    Writer writer(root);
-    writeAll(writer);
-    result = writer.result();
-    if (result == ERROR_SUCCESS) return S_OK;
-    if (writer.began()) eraseAll(root);
-    if (result != ERROR_ACCESS_DENIED) break;
-  }
+  const LSTATUS result = writeAllIn(HKEY_LOCAL_MACHINE);
+  if (result == ERROR_ACCESS_DENIED) return registerForUser();
+  // What this user alone has would win over what all have now.
+  if (result == ERROR_SUCCESS) eraseAll(HKEY_CURRENT_USER);
   return HRESULT_FROM_WIN32(result);
+}
+
+HRESULT registerForUser() {
+  return HRESULT_FROM_WIN32(writeAllIn(HKEY_CURRENT_USER));
 }
 
 HRESULT unregisterComponent() {
   const LSTATUS forAll = eraseAll(HKEY_LOCAL_MACHINE);
-  const LSTATUS forOne = eraseAll(HKEY_CURRENT_USER);
-  return HRESULT_FROM_WIN32(forAll != ERROR_SUCCESS ? forAll : forOne);
+  const HRESULT forOne = unregisterForUser();
+  return forAll != ERROR_SUCCESS ? HRESULT_FROM_WIN32(forAll) : forOne;
+}
+
+HRESULT unregisterForUser() {
+  return HRESULT_FROM_WIN32(eraseAll(HKEY_CURRENT_USER));
 }
 
 }  // namespace kvrnstep::component

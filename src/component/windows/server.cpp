@@ -24,4 +24,14 @@ STDAPI DllRegisterServer() {
 STDAPI DllUnregisterServer() {
   return kvrnstep::component::guarded(kvrnstep::component::unregisterComponent);
 }
+
+/// @param whom "user" for the current user alone, as the system defines it; otherwise nothing
+STDAPI DllInstall(BOOL install, LPCWSTR whom) {
+  using namespace kvrnstep::component;  // NOLINT(google-build-using-namespace)
+  if (whom == nullptr || *whom == L'\0') {
+    return install != FALSE ? DllRegisterServer() : DllUnregisterServer();
+  }
+  if (::lstrcmpiW(whom, L"user") != 0) return E_INVALIDARG;
+  return guarded(install != FALSE ? registerForUser : unregisterForUser);
+}
 }

@@ -46,6 +46,12 @@ std::u16string moduleVersion() {
   return text::fromAscii(LISTWRIGHT_VERSION);
 }
 
+void* keepModule() {
+  return nullptr;
+}
+
+void letModuleGo(void* /*kept*/) {}
+
 void* loadModule(const std::u16string& path, std::string& problem) {
   const std::string native = native::pathOf(path);
   if (native.empty() || native.front() != '/') {

@@ -55,6 +55,23 @@ std::u16string moduleVersion() {
          text::decimal(LOWORD(numbers.dwFileVersionLS));
 }
 
+void* keepModule() {
+  HMODULE kept = nullptr;
+  ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                       reinterpret_cast<LPCWSTR>(thisModule()), &kept);
+  return kept;
+}
+
+/// By a thread that runs nothing but the system's function: it may be the last reference, and then
+/// the caller's code goes. A thread begins long after the caller has returned to the host.
+void letModuleGo(void* kept) {
+  if (kept == nullptr) return;
+  auto* const begin = reinterpret_cast<void*>(&::FreeLibrary);
+  const HANDLE thread =
+      ::CreateThread(nullptr, 0, reinterpret_cast<LPTHREAD_START_ROUTINE>(begin), kept, 0, nullptr);
+  if (thread != nullptr) ::CloseHandle(thread);
+}
+
 void* loadModule(const std::u16string& path, std::string& problem) {
   // The system would search for anything but a full path.
   const bool full = path.find(u':') == 1 || path.starts_with(u"\\\\");
