@@ -57,6 +57,7 @@ constexpr auto kControls = std::to_array<ControlRow>({
      .caption = u"Link",
      .clickable = true,
      .accessKey = u'L'},
+    {.kind = TextBox, .name = "line", .place = {10, 235, 150, 40}, .enabled = false},
     {.kind = Menu, .name = "menu", .caption = u"&Menu"},
     {.kind = Menu, .name = "entry", .in = "menu", .caption = u"&Entry", .shortcut = "Ctrl+E"},
 });
@@ -205,16 +206,17 @@ TEST(WindowsKeyboard, ClicksOnLinks) {
   int clicks = 0;
   window.at("link").onClick = [&](int /*index*/) { ++clicks; };
   window.at("link").onMouseUp = [&](int, forms::MouseButton) { ++clicks; };
-  show(window, {press('L', VK_MENU), expectFocus("text"), press(VK_TAB, VK_SHIFT), press(VK_SPACE),
-                press(VK_RETURN), expectFocus("link"), [](WindowView& view) {
-                  const HWND link = view.viewOf(*view.window().find("link", -1)).handle();
-                  RECT place{};
-                  ::GetWindowRect(link, &place);
-                  moveMouse({place.left + 1, place.top + 1});
-                  useMouse(MOUSEEVENTF_LEFTDOWN);
-                  moveMouse({place.left + 1, place.bottom + 1});
-                  useMouse(MOUSEEVENTF_LEFTUP);
-                }});
+  show(window,
+       {press('L', VK_MENU), expectFocus("text"), press(VK_TAB, VK_SHIFT), press(VK_SPACE),
+        press(VK_RETURN), press(VK_SPACE, VK_CONTROL), expectFocus("link"), [](WindowView& view) {
+          const HWND link = view.viewOf(*view.window().find("link", -1)).handle();
+          RECT place{};
+          ::GetWindowRect(link, &place);
+          moveMouse({place.left + 1, place.top + 1});
+          useMouse(MOUSEEVENTF_LEFTDOWN);
+          moveMouse({place.left + 1, place.bottom + 1});
+          useMouse(MOUSEEVENTF_LEFTUP);
+        }});
   EXPECT_EQ(clicks, 6) << "each raises both, and a button that comes up elsewhere none";
   EXPECT_EQ(window.as<forms::TextBox>("text").text(), u"");
 }
@@ -370,24 +372,6 @@ TEST(WindowsHost, MayDestroyTheWindowWhateverLiesOverIt) {
   ::DestroyWindow(host);
 }
 
-void CALLBACK answer(HWND window, UINT, UINT_PTR timer, DWORD) {
-  ::KillTimer(window, timer);
-  pressKey('7');
-  pressKey(VK_RETURN);
-}
-
-TEST(WindowsBoxes, TheAnswerToAQuestionTakesThePlaceOfTheProposal) {
-  TestWindow window;
-  WindowsToolkit* used = nullptr;
-  Steps attendant({[&](WindowView& view) {
-    ::SetTimer(view.handle(), 1, USER_TIMER_MINIMUM, answer);
-    EXPECT_EQ(used->ask({u"Title", u"Prompt", u"old"}), u"7");
-  }});
-  WindowsToolkit toolkit(&attendant);
-  used = &toolkit;
-  window.showModal(toolkit);
-}
-
 /// Closes the window of this thread when there are two.
 void CALLBACK closeOfTwo(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/, DWORD /*time*/) {
   static std::atomic<bool> both = false;
@@ -480,6 +464,21 @@ LRESULT CALLBACK changeMonitor(int code, WPARAM wide, LPARAM longer) {
     EXPECT_TRUE(move != 2 || (place->flags & SWP_NOSIZE) == 0) << "place and size go together";
   }
   return ::CallNextHookEx(nullptr, code, wide, longer);
+}
+
+TEST(WindowsScale, ShowsOneLineInTheMiddleOfItsBox) {
+  TestWindow window;
+  show(window, {[&](WindowView& view) {
+         const HWND line = view.viewOf(window.at("line")).handle();
+         RECT outside{};
+         ::GetWindowRect(line, &outside);
+         POINT top{};
+         ::ClientToScreen(line, &top);
+         RECT inside{};
+         ::GetClientRect(line, &inside);
+         EXPECT_GT(outside.bottom - outside.top, inside.bottom + 9);
+         EXPECT_NEAR(top.y - outside.top, outside.bottom - top.y - inside.bottom, 1);
+       }});
 }
 
 TEST(WindowsScale, FollowsTheMonitor) {
