@@ -89,6 +89,7 @@ find "$work/root" -xtype l | grep . && fail "links lead nowhere"
 
 # The desktop entry, the manual pages and the completions fit the commands.
 silent desktop-file-validate "$prefix/share/applications/listwright.desktop"
+appstreamcli validate --no-net "$prefix"/share/metainfo/* >log 2>&1 || fail "$(cat log)"
 # completed COMMAND WORD… — what the last word may become, a line each.
 completed() {
   PATH=$prefix/bin:$PATH bash --noprofile --norc -c '
