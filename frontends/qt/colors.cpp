@@ -58,8 +58,8 @@ Shades shadesFor(const QPalette& palette) {
   shades.accent = accent;
   shades.onAccent = textOn(accent);
   shades.accentOutline = visibleOn(window, accent);
-  shades.focus = shades.accentOutline;
-  shades.link = colorOf(forms::standingOut(rgbOf(accent), rgbOf(window), forms::kReadable));
+  shades.focus = shades.link =
+      colorOf(forms::standingOut(rgbOf(accent), rgbOf(window), forms::kReadable));
   constexpr double kFarAway = 7;
   constexpr int kFaint = 10;
   shades.hoverLink = colorOf(forms::standingOut(rgbOf(accent), rgbOf(window), kFarAway));

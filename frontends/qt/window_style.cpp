@@ -114,6 +114,10 @@ void drawOption(QPainter& painter, const QStyleOption& option) {
   painter.restore();
 }
 
+bool isLink(const QLabel& label) {
+  return label.font().underline();
+}
+
 /// What the ring is to be around: of a check box or a link not the whole place.
 QRect ringedPart(const QWidget& widget) {
   const QStyle& style = *widget.style();
@@ -130,7 +134,7 @@ QRect ringedPart(const QWidget& widget) {
            style.subElementRect(QStyle::SE_RadioButtonIndicator, &option, button);
   }
   const auto* label = qobject_cast<const QLabel*>(&widget);
-  if (label == nullptr || label->text().isEmpty()) return widget.rect();
+  if (label == nullptr || !isLink(*label)) return widget.rect();
   return style.itemTextRect(label->fontMetrics(), label->rect(),
                             static_cast<int>(label->alignment()) | Qt::TextShowMnemonic, true,
                             label->text());
@@ -138,8 +142,9 @@ QRect ringedPart(const QWidget& widget) {
 
 /// How far the ring is from what it is around. Boxes and buttons have it on their own outlines.
 int ringMargin(const QWidget& widget) {
-  const bool beside =
-      widget.inherits("QLabel") || widget.inherits("QCheckBox") || widget.inherits("QRadioButton");
+  const auto* label = qobject_cast<const QLabel*>(&widget);
+  const bool beside = widget.inherits("QCheckBox") || widget.inherits("QRadioButton") ||
+                      (label != nullptr && (isLink(*label) || label->text().isEmpty()));
   return beside ? kBesideRing : 0;
 }
 
@@ -210,12 +215,30 @@ void drawComboBox(QPainter& painter, const QStyleOptionComboBox& box, const QSty
   drawArrowHead(painter, arrow, false, box.palette.color(QPalette::ButtonText));
 }
 
+/// As most boxes are, and much faster than round corners.
+void drawSquare(QPainter& painter, const QRect& dots, int width, const Box& box) {
+  const QTransform fromDots = painter.deviceTransform().inverted();
+  const auto fill = [&](int left, int top, int right, int bottom, const QBrush& brush) {
+    painter.fillRect(fromDots.mapRect(QRectF(left, top, right - left, bottom - top)), brush);
+  };
+  const int right = dots.left() + dots.width();
+  const int bottom = dots.top() + dots.height();
+  if (box.ground != Qt::NoBrush) fill(dots.left(), dots.top(), right, bottom, box.ground);
+  fill(dots.left(), dots.top(), right, dots.top() + width, box.outline);
+  fill(dots.left(), bottom - width, right, bottom, box.outline);
+  fill(dots.left(), dots.top(), dots.left() + width, bottom, box.outline);
+  fill(right - width, dots.top(), right, bottom, box.outline);
+}
+
 }  // namespace
 
 void drawBox(QPainter& painter, const QRect& rect, const Box& box) {
   const QTransform toDots = painter.deviceTransform();
   const double scale = painter.device()->devicePixelRatioF();
   const int width = std::max(1, static_cast<int>(std::floor(box.width * scale)));
+  if (box.round <= kFieldRound) {
+    return drawSquare(painter, dotsOf(rect, toDots), width, box);
+  }
   const double half = width / 2.0;
   const QRectF middle = QRectF(dotsOf(rect, toDots)).adjusted(half, half, -half, -half);
   const double round = std::max(0.0, box.round - box.width / 2.0);
@@ -348,7 +371,12 @@ void useWindowStyle(QWidget& window) {
     style->setParent(QCoreApplication::instance());
   }
   window.setStyle(style);
-  for (QWidget* part : window.findChildren<QWidget*>()) part->setStyle(style);
+  // Menus and plain grounds are as Fusion draws them, and setting a style takes its time.
+  const bool fusion = QApplication::style()->name() == QLatin1String("fusion");
+  for (QWidget* part : window.findChildren<QWidget*>()) {
+    const bool plain = part->metaObject() == &QWidget::staticMetaObject || part->inherits("QMenu");
+    if (!fusion || !plain) part->setStyle(style);
+  }
 }
 
 }  // namespace kvrnstep::qt
