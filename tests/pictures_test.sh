@@ -21,8 +21,12 @@ same "$source/docs/images" drawn
 
 mkdir dark darkened
 cp drawn/*-100-dark.png dark
-HOME=$work GTK_THEME=Adwaita QT_SCALE_FACTOR=1 LC_ALL=C.UTF-8 \
-  QT_QPA_PLATFORM="offscreen:configfile=$source/tests/offscreen.json" \
-  "$pictures" darken darkened 100-dark 2>errors || { cat errors; exit 1; }
+export HOME=$work GTK_THEME=Adwaita LC_ALL=C.UTF-8 \
+  QT_QPA_PLATFORM="offscreen:configfile=$source/tests/offscreen.json"
+QT_SCALE_FACTOR=1 "$pictures" darken darkened 100-dark 2>errors || { cat errors; exit 1; }
 same dark darkened
+
+# Texts and outlines can be told from what is around them, as the table says.
+QT_SCALE_FACTOR=2 "$pictures" contrast >contrasts 2>errors || fail 'a contrast is too low'
+diff <(grep '^|' "$source/docs/looks.md") contrasts || fail 'docs/looks.md has other contrasts'
 exit "$failed"

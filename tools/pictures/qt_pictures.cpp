@@ -2,6 +2,9 @@
 ///
 ///     pictures draw FOLDER SUFFIX     writes FOLDER/NAME-SUFFIX.png for each of them
 ///     pictures darken FOLDER SUFFIX   the same, with the desktop turning dark while it is open
+///     pictures contrast               prints the contrasts of what is drawn, in every colour
+///     scheme;
+///                                     fails where one is too low
 ///
 /// Scale and colours come from the environment, as for every program with Qt.
 #include <QApplication>
@@ -11,6 +14,7 @@
 #include <functional>
 
 #include "color_scheme.h"
+#include "contrast.h"
 #include "menu_view.h"
 #include "qt_application.h"
 #include "qt_toolkit.h"
@@ -29,6 +33,8 @@ class Photographer : public qt::Attendant {
   /// What to do with the dialog before it is taken.
   std::function<void(forms::Window&)> prepare;
   bool darken = false;
+  /// Where this is set no picture is taken, but the contrasts in it are measured.
+  pictures::Contrasts* contrasts = nullptr;
 
   void windowOpened(qt::WindowView& view) override {
     QTimer::singleShot(0, &view.topLevel(), [this, &view] {
@@ -62,6 +68,7 @@ class Photographer : public qt::Attendant {
     QApplication::processEvents();
     // What windows do about new colours, they do when they are back in their loop.
     QApplication::sendPostedEvents();
+    if (contrasts != nullptr) return pictures::measure(widget, *contrasts);
     if (!widget.grab().save(file_)) std::exit(2);
   }
 
@@ -69,30 +76,65 @@ class Photographer : public qt::Attendant {
   bool taken_ = false;
 };
 
-int drawAll(const QString& folder, const QString& suffix, bool darken) {
-  std::string problem;
-  if (!qt::provideApplication(problem)) {
-    std::fprintf(stderr, "%s\n", problem.c_str());
-    return 2;
-  }
+void show(const pictures::Scene& scene, Photographer& photographer) {
+  const pictures::Folder files;
+  photographer.prepare = scene.prepare;
+  qt::QtToolkit toolkit(&photographer);
+  const plugin::HostContext host = pictures::hostOf(files);
+  frmListwright(toolkit, host).showModal(toolkit);
+}
+
+void drawAll(const QString& folder, const QString& suffix, bool darken) {
   const QPalette atFirst = QApplication::palette();
   for (const pictures::Scene& scene : pictures::scenes()) {
-    const pictures::Folder files;
     QApplication::setPalette(atFirst);
     Photographer photographer(folder + '/' + scene.name.c_str() + '-' + suffix + ".png");
     photographer.darken = darken;
-    photographer.prepare = scene.prepare;
-    qt::QtToolkit toolkit(&photographer);
-    const plugin::HostContext host = pictures::hostOf(files);
-    frmListwright(toolkit, host).showModal(toolkit);
+    show(scene, photographer);
   }
-  return 0;
+}
+
+/// A table with a column for each colour scheme. False where a contrast is too low.
+bool printContrasts() {
+  std::vector<pictures::Contrasts> columns;
+  for (const bool highContrast : {false, true}) {
+    for (const bool dark : {false, true}) {
+      QApplication::setPalette(qt::paletteOf({dark, highContrast}));
+      pictures::Contrasts& found = columns.emplace_back();
+      for (const pictures::Scene& scene : pictures::scenes()) {
+        Photographer photographer({});
+        photographer.contrasts = &found;
+        show(scene, photographer);
+      }
+    }
+  }
+  bool enough = true;
+  std::puts("| contrast of | at least | light | dark | high contrast | high contrast, dark |");
+  std::puts("| --- | --- | --- | --- | --- | --- |");
+  for (const auto& [kind, light] : columns.front()) {
+    const double least = pictures::leastContrast(kind);
+    std::printf("| %s | %.1f |", kind.c_str(), least);
+    for (const pictures::Contrasts& column : columns) {
+      const double contrast = column.at(kind);
+      enough = enough && contrast >= least;
+      std::printf(" %.1f |", contrast);
+    }
+    std::puts("");
+  }
+  return enough;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   const std::vector<QString> words(argv + 1, argv + argc);
-  if (words.size() != 3) return 2;
-  return drawAll(words[1], words[2], words[0] == "darken");
+  const bool contrasts = words == std::vector<QString>{"contrast"};
+  if (words.size() != 3 && !contrasts) return 2;
+  std::string problem;
+  if (!qt::provideApplication(problem)) {
+    std::fprintf(stderr, "%s\n", problem.c_str());
+    return 2;
+  }
+  if (contrasts) return printContrasts() ? 0 : 1;
+  drawAll(words[1], words[2], words[0] == "darken");
 }
