@@ -127,14 +127,19 @@ check 2 '' 'cannot make the folder' --step-folder steps --settings file/steps.in
 check 2 '' '' --step-folder steps --settings steps.ini
 dialog=(--step-folder steps --settings steps.ini)
 DISPLAY=:4711 check 2 '' '' "${dialog[@]}"
-QT_QPA_PLATFORM='linuxfb;eglfs:x=1' check 2 '' 'QT_QPA_PLATFORM' "${dialog[@]}"
+for platform in 'linuxfb;eglfs:x=1' offscreen:configfile=/nowhere; do
+  QT_QPA_PLATFORM=$platform check 2 '' 'QT_QPA_PLATFORM' "${dialog[@]}"
+done
 serve_badly silent
 DISPLAY=$work/silent WAYLAND_DISPLAY=$work/silent check 2 '' 'one that answers' "${dialog[@]}"
 if [ -e "$(dirname "$listwright")/../lib/kvrnstep-qt-driven.so" ]; then
   printf 'call\nclick cmdCIC(1)\n' >script
-  DBUS_SESSION_BUS_ADDRESS=unix:path=$work/silent QT_QPA_PLATFORM=offscreen timeout 20 \
-    "$(dirname "$listwright")/stepdrive" --frontend qt script >out 2>err ||
-    fail "a silent bus: $(cat out err)"
+  serve_badly greets $'OK 0123456789abcdef0123456789abcdef\r\n'
+  for bus in silent greets; do
+    DBUS_SESSION_BUS_ADDRESS=unix:path=$work/$bus QT_QPA_PLATFORM=offscreen timeout 20 \
+      "$(dirname "$listwright")/stepdrive" --frontend qt script >out 2>err ||
+      fail "a bus that only $bus: $(cat out err)"
+  done
 fi
 
 # A list that cannot be written.

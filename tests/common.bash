@@ -35,8 +35,8 @@ await() {
   return 0
 }
 
-# serve_badly SOCKET [TEXT] — a server that takes clients and only sends them that text every now and
-# then. "clients SOCKET NUMBER" tells whether there have been so many.
+# serve_badly SOCKET [GREETING [TEXT]] — a server that takes clients, greets them, and then only sends
+# them that text every now and then. "clients SOCKET NUMBER" tells whether there have been so many.
 serve_badly() {
   python3 -c 'if True:
     import select, socket, sys
@@ -44,13 +44,15 @@ serve_badly() {
     server.bind(sys.argv[1])
     server.listen(100)
     clients = []
+    def send(client, text):
+      try: client.send(text.encode())
+      except OSError: pass
     while True:
       if select.select([server], [], [], 0.2)[0]:
         clients.append(server.accept()[0])
+        send(clients[-1], sys.argv[2])
         print(len(clients), flush=True)
-      for client in clients:
-        try: client.send(sys.argv[2].encode())
-        except OSError: pass' "$1" "${2:-}" >"$1.clients" &
+      for client in clients: send(client, sys.argv[3])' "$1" "${2:-}" "${3:-}" >"$1.clients" &
   await test -S "$1"
 }
 clients() { [ "$(wc -l <"$1.clients")" -ge "$2" ]; }

@@ -132,7 +132,7 @@ wait "$scheduler"
 [ ! -e socket ] || fail 'the socket stays'
 refused 'no scheduler'
 refused 'no scheduler on the network' CUPS_SERVER=localhost:9
-serve_badly drips x
+serve_badly drips x x
 refused 'a scheduler that never gets to the end' CUPS_SERVER="$work/drips"
 
 [ "$failed" -eq 0 ] || tail -n 40 error_log

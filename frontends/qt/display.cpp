@@ -5,7 +5,9 @@
 
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileInfo>
+#include <QJsonDocument>
 #include <QStringList>
 #include <algorithm>
 #include <array>
@@ -68,13 +70,24 @@ bool pluginInstalled(const QString& platform) {
   });
 }
 
+/// Whether Qt can read the settings of a platform, "offscreen:configfile=PATH".
+bool settingsReadable(const QString& named) {
+  return std::ranges::all_of(named.split(':'), [](const QString& option) {
+    if (!option.startsWith("configfile=")) return true;
+    QFile file(option.section('=', 1));
+    return file.open(QFile::ReadOnly) && !QJsonDocument::fromJson(file.readAll()).isNull();
+  });
+}
+
 /// The display of a platform that is named with its options, "offscreen:option=value"; nothing
 /// where it does not answer.
 std::optional<Display> displayOf(const QString& named) {
   // The others, which draw on a bare screen, end the process where they find none.
   static const QStringList kKnown{"xcb", "wayland", "wayland-egl", "offscreen", "minimal", "vnc"};
   const QString platform = named.section(':', 0, 0);
-  if (!kKnown.contains(platform) || !pluginInstalled(platform)) return std::nullopt;
+  if (!kKnown.contains(platform) || !pluginInstalled(platform) || !settingsReadable(named)) {
+    return std::nullopt;
+  }
   Display display{named.toStdString(), nullptr};
   if (platform == "xcb") {
     display.connection = connectXInTime();

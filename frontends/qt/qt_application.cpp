@@ -1,5 +1,6 @@
 #include "qt_application.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QThread>
 #include <QToolTip>
@@ -34,11 +35,10 @@ class HiddenVariables {
       qunsetenv(name);
     }
   }
-  /// Has Qt find no session bus. It looks for one once, and would wait for a silent one.
-  void hideBus() {
-    constexpr const char* kBus = "DBUS_SESSION_BUS_ADDRESS";
-    values_.emplace_back(kBus, qgetenv(kBus));
-    qputenv(kBus, "unix:path=/dev/null");
+  /// Has Qt find no such bus. It looks for one once, and would wait for a silent one.
+  void hideBus(const char* name) {
+    values_.emplace_back(name, qgetenv(name));
+    qputenv(name, "unix:path=/dev/null");
   }
   ~HiddenVariables() {
     for (const auto& [name, value] : values_) {
@@ -78,7 +78,9 @@ void createApplication(const std::string& platform) {
 
   const LocaleGuard locale;
   HiddenVariables hidden;
-  if (!sessionBusAnswers()) hidden.hideBus();
+  const BusesThatAnswer buses = busesThatAnswer();
+  if (!buses.session) hidden.hideBus("DBUS_SESSION_BUS_ADDRESS");
+  if (!buses.accessibility) hidden.hideBus("AT_SPI_BUS_ADDRESS");
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   // Without this Qt loads the theme plug-in of the desktop that it finds itself on, and with it
   // that desktop's own toolkit.
@@ -86,6 +88,8 @@ void createApplication(const std::string& platform) {
   QApplication::setStyle(new WindowStyle);
   // Never deleted: a later call needs it again, and Qt cannot be started twice reliably.
   auto* application = new QApplication(count, arguments.data());
+  // Otherwise Qt looks for this bus only when a window is shown.
+  if (!buses.accessibility) QAccessible::setRootObject(application);
   QGuiApplication::setQuitOnLastWindowClosed(false);
   followDesktop(application);
   QToolTip::setFont(captionFont());

@@ -5,10 +5,14 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <QDeadlineTimer>
 #include <QFileInfo>
+#include <QtEndian>
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <iterator>
+#include <optional>
 
 namespace kvrnstep::qt {
 
@@ -27,41 +31,112 @@ QByteArray socketOfBus(const QByteArray& address) {
   return {};
 }
 
+/// A connection to a server's socket, on which nothing waits for longer than it may.
+class Conversation {
+ public:
+  explicit Conversation(const QByteArray& path)
+      : server_(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)) {
+    sockaddr_un address{};
+    const auto length = static_cast<std::size_t>(path.size());
+    if (path.isEmpty() || length >= sizeof address.sun_path) return;
+    address.sun_family = AF_UNIX;
+    std::copy(path.begin(), path.end(), std::begin(address.sun_path));
+    // A server that has room for no more clients refuses at once, because nothing here waits.
+    const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + length);
+    connected_ = ::connect(server_, reinterpret_cast<const sockaddr*>(&address), size) == 0;
+  }
+  ~Conversation() {
+    if (server_ >= 0) ::close(server_);
+  }
+  Conversation(const Conversation&) = delete;
+  Conversation& operator=(const Conversation&) = delete;
+
+  /// False where there is no server.
+  [[nodiscard]] bool say(QByteArrayView words) const {
+    return connected_ && ::send(server_, words.data(), static_cast<std::size_t>(words.size()),
+                                MSG_NOSIGNAL) == words.size();
+  }
+  /// What the server says next; empty when it says nothing in time.
+  [[nodiscard]] QByteArray answer(const QDeadlineTimer& deadline) const {
+    pollfd ready{server_, POLLIN, 0};
+    std::array<char, 1024> bytes{};
+    if (::poll(&ready, 1, static_cast<int>(deadline.remainingTime())) != 1) return {};
+    const auto count = ::recv(server_, bytes.data(), bytes.size(), 0);
+    return {bytes.data(), std::max<qsizetype>(count, 0)};
+  }
+
+ private:
+  int server_;
+  bool connected_ = false;
+};
+
+/// A call without arguments, as a message of D-Bus. The interface is called as its owner; nobody is
+/// started to answer it.
+QByteArray busCall(quint32 serial, const QByteArray& owner, const QByteArray& object,
+                   const QByteArray& method) {
+  const auto number = [](auto value) {
+    const auto ordered = qToLittleEndian(static_cast<quint32>(value));
+    return QByteArray(reinterpret_cast<const char*>(&ordered), sizeof ordered);
+  };
+  const auto aligned = [](const QByteArray& bytes) {
+    constexpr qsizetype kStep = 8;
+    return bytes + QByteArray((kStep - bytes.size() % kStep) % kStep, '\0');
+  };
+  QByteArray fields;
+  const auto add = [&](char field, char type, const QByteArray& text) {
+    fields = aligned(fields) + field + '\1' + type + '\0' + number(text.size()) + text + '\0';
+  };
+  add(1, 'o', object);
+  add(2, 's', owner);
+  add(3, 's', method);
+  add(6, 's', owner);
+  return aligned("l\1\2\1" + number(0) + number(serial) + number(fields.size()) + fields);
+}
+
+/// Asks a bus for the address of the one for accessibility: an empty one where there is none, or
+/// the bus has no socket here. Nothing if it does not answer.
+std::optional<QByteArray> askBus(const QByteArray& address, const QDeadlineTimer& deadline) {
+  const QByteArray socket = socketOfBus(address);
+  if (socket.isEmpty()) return QByteArray();
+  const Conversation bus(socket);
+  const QByteArray user = QByteArray::number(::geteuid()).toHex();
+  if (!bus.say(QByteArray(1, '\0') + "AUTH EXTERNAL " + user + "\r\n") ||
+      bus.answer(deadline).isEmpty() ||
+      !bus.say("BEGIN\r\n" + busCall(1, "org.freedesktop.DBus", "/org/freedesktop/DBus", "Hello") +
+               busCall(2, "org.a11y.Bus", "/org/a11y/bus", "GetAddress"))) {
+    return std::nullopt;
+  }
+  QByteArray answers;
+  while (!answers.contains("Error")) {
+    // A text in a message ends with a NUL.
+    if (const auto at = answers.indexOf("unix:"); at >= 0) return answers.constData() + at;
+    const QByteArray more = bus.answer(deadline);
+    if (more.isEmpty()) return std::nullopt;
+    answers += more;
+  }
+  return QByteArray();
+}
+
 }  // namespace
 
 bool serverAnswers(const QByteArray& path, QByteArrayView greeting) {
-  sockaddr_un address{};
-  const auto length = static_cast<std::size_t>(path.size());
-  if (path.isEmpty() || length >= sizeof address.sun_path) return false;
-  address.sun_family = AF_UNIX;
-  std::copy(path.begin(), path.end(), std::begin(address.sun_path));
-  const int server = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-  if (server < 0) return false;
-  // What has room for no more clients refuses at once, because nothing here waits.
-  const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + length);
-  pollfd answer{server, POLLIN, 0};
-  char byte = 0;
-  const bool answers = ::connect(server, reinterpret_cast<const sockaddr*>(&address), size) == 0 &&
-                       ::send(server, greeting.data(), static_cast<std::size_t>(greeting.size()),
-                              MSG_NOSIGNAL) == greeting.size() &&
-                       ::poll(&answer, 1, static_cast<int>(kPatience.count())) == 1 &&
-                       ::recv(server, &byte, 1, 0) == 1;
-  ::close(server);
-  return answers;
+  const Conversation server(path);
+  return server.say(greeting) && !server.answer(QDeadlineTimer(kPatience)).isEmpty();
 }
 
-bool sessionBusAnswers() {
+BusesThatAnswer busesThatAnswer() {
   QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
   if (address.isEmpty()) {
     // Where there is none Qt would start one.
     const QByteArray bus = qgetenv("XDG_RUNTIME_DIR") + "/bus";
-    if (!QFileInfo::exists(bus)) return false;
+    if (!QFileInfo::exists(bus)) return {};
     address = "unix:path=" + bus;
   }
-  const QByteArray socket = socketOfBus(address);
-  if (socket.isEmpty()) return true;
-  const QByteArray user = QByteArray::number(::geteuid()).toHex();
-  return serverAnswers(socket, QByteArray(1, '\0') + "AUTH EXTERNAL " + user + "\r\n");
+  const QDeadlineTimer deadline(kPatience);
+  const auto named = askBus(address, deadline);
+  const QByteArray wanted = qgetenv("AT_SPI_BUS_ADDRESS");
+  const QByteArray accessibility = wanted.isEmpty() ? named.value_or("") : wanted;
+  return {named.has_value(), askBus(accessibility, deadline).has_value()};
 }
 
 }  // namespace kvrnstep::qt

@@ -13,7 +13,11 @@ inline constexpr std::chrono::milliseconds kPatience(900);
 /// @param path of its socket; a NUL at the beginning makes it an abstract one, an empty one none
 bool serverAnswers(const QByteArray& path, QByteArrayView greeting);
 
-/// Whether there is a session bus, and it answers.
-bool sessionBusAnswers();
+struct BusesThatAnswer {
+  bool session = false;        ///< there is one, too
+  bool accessibility = false;  ///< or there is none
+};
+/// Asks the buses that Qt would wait for.
+BusesThatAnswer busesThatAnswer();
 
 }  // namespace kvrnstep::qt
