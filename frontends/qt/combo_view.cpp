@@ -48,6 +48,20 @@ class EntryCombo : public QComboBox {
     if (auto* list = qobject_cast<QListView*>(view())) list->setUniformItemSizes(true);
     QComboBox::showPopup();
   }
+
+  /// Qt closes the list when it asks whose Escape is. The key itself comes after that, to the box
+  /// if it was pressed before the list had the keyboard.
+  void hidePopup() override {
+    QComboBox::hidePopup();
+    closing_ = true;
+    QMetaObject::invokeMethod(
+        this, [this] { closing_ = false; }, Qt::QueuedConnection);
+  }
+
+  [[nodiscard]] bool closing() const { return closing_; }
+
+ private:
+  bool closing_ = false;
 };
 
 }  // namespace
@@ -60,6 +74,10 @@ ComboView::ComboView(WindowView& window, forms::ComboBox& combo)
     mark(forms::Property::Index);
     forms::userChose(combo, index);
   });
+}
+
+bool ComboView::usesKeys() const {
+  return static_cast<const EntryCombo&>(box()).closing();
 }
 
 forms::TextSync* ComboView::text() {

@@ -11,6 +11,8 @@ class ComboView : public ControlView {
  public:
   ComboView(WindowView& window, forms::ComboBox& combo);
 
+  [[nodiscard]] bool usesKeys() const override;
+
  protected:
   void setItems(const std::vector<std::u16string>& items) override;
   void setIndex(int index) override;

@@ -20,6 +20,9 @@ class ControlView : public forms::ControlSync {
   [[nodiscard]] QWidget* widget() const { return widget_; }
   void setTabStop(bool on) override;
 
+  /// Whether a key that is pressed now is the widget's, whatever it means elsewhere.
+  [[nodiscard]] virtual bool usesKeys() const { return false; }
+
   /// Where on the screen a menu opens that a key has asked for.
   [[nodiscard]] virtual QPoint menuPlace() const { return QCursor::pos(); }
 

@@ -170,7 +170,7 @@ bool WindowView::pressed(ControlView& view, const QKeyEvent& event) {
     return true;
   }
   const auto key = commandKey(event);
-  if (!key) return false;
+  if (!key || view.usesKeys()) return false;
   menuPlace_ = view.menuPlace();
   const bool dealtWith = forms::userPressedCommandKey(view.control(), *key);
   menuPlace_.reset();

@@ -196,6 +196,16 @@ TEST_F(QtHost, SeesAnEditorTakeItsMouseAndItsKeys) {
   });
 }
 
+TEST_F(QtHost, SeesEscapeCloseADropDownListOnly) {
+  call(key("cboPreSuf(1)", Qt::Key_F4), [] {
+    // The key was pressed before the list had the keyboard.
+    QWidget* dialog = QApplication::activeModalWidget();
+    QTest::keyClick(dialog->windowHandle(), Qt::Key_Escape);
+    EXPECT_EQ(front(), dialog);
+    QApplication::closeAllWindows();
+  });
+}
+
 /// Shows the dialog with an application of its own, and ends the process when it is there: 1 for
 /// dark windows, 0 for light ones.
 void tellColors(const std::string& folder, const char* theme) {
