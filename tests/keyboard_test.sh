@@ -36,7 +36,12 @@ types Step
 keys Return alt+o
 await titled Listwright
 # The first entry of the list, with the keyboard still on the link; Escape closes what drops down only.
-keys Tab alt+Down Escape Down
+# Keys that come while a list or a menu closes go nowhere, so each is waited for.
+keys Tab alt+Down
+await windows 2
+keys Escape
+await windows 1
+keys Down
 
 # The suffixes, by the menu: the last entry is deleted, the first one moved down. Space on a macro
 # puts it into the box, and the keyboard goes there.
@@ -67,7 +72,12 @@ keys Tab space
 await titled Listwright
 
 # Alt+O is the menu's, not the Open button's. Both panels are shown, and the list is saved.
-keys alt+o Up Return alt+o Up Up Return ctrl+s
+shows() { xwininfo -id "$(timeout 20 xdotool getwindowfocus)" | grep -q "$1"; }
+keys alt+o Up Return
+await shows 'Width: 542'
+keys alt+o Up Up Return
+await shows 'Height: 426'
+keys ctrl+s
 await titled 'Save As'
 keys ctrl+a
 types mine
