@@ -43,6 +43,7 @@ serve_badly() {
     server = socket.socket(socket.AF_UNIX)
     server.bind(sys.argv[1])
     server.listen(100)
+    print("ready", flush=True)
     clients = []
     def send(client, text):
       try: client.send(text.encode())
@@ -53,6 +54,6 @@ serve_badly() {
         send(clients[-1], sys.argv[2])
         print(len(clients), flush=True)
       for client in clients: send(client, sys.argv[3])' "$1" "${2:-}" "${3:-}" >"$1.clients" &
-  await test -S "$1"
+  await test -s "$1.clients"
 }
-clients() { [ "$(wc -l <"$1.clients")" -ge "$2" ]; }
+clients() { [ "$(wc -l <"$1.clients")" -gt "$2" ]; }
