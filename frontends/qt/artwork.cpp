@@ -46,6 +46,18 @@ QIcon pictureIcon(forms::Picture picture) {
   return picture.empty() ? QIcon() : iconOf(toQt(picture));
 }
 
+const QIcon& windowIcon() {
+  static const QIcon icon = [] {
+    QIcon made;
+    // Each is drawn for its size.
+    for (const int size : {16, 24, 32, 48, 64}) {
+      made.addFile(QStringLiteral(":/listwright/program/%1.png").arg(size));
+    }
+    return made;
+  }();
+  return icon;
+}
+
 QCursor cursorOf(int resourceId, double pixelRatio) {
   constexpr QSize kSize(32, 32);
   const auto* found = std::ranges::find(kCursors, resourceId, &CursorFile::resourceId);

@@ -57,8 +57,10 @@ QColor visibleOn(const QColor& ground, const QColor& color);
 /// The picture at this size in logical pixels, for a display of this density; on a dark ground
 /// another drawing of it where there is one.
 QPixmap picture(forms::Picture picture, QSize size, double pixelRatio, bool dark);
-/// The picture as an icon of a button or a window.
+/// The picture as an icon of a button.
 QIcon pictureIcon(forms::Picture picture);
+/// The program's icon, in all the sizes in which desktops show it with a window.
+const QIcon& windowIcon();
 /// The mouse cursor of that resource; the usual one for an unknown one.
 QCursor cursorOf(int resourceId, double pixelRatio);
 

@@ -47,7 +47,7 @@ WindowView::WindowView(forms::Window& window, QWidget* owner)
   // Closing a dialog must not end a host whose own windows happen to be closed.
   topLevel_->setAttribute(Qt::WA_QuitOnClose, false);
   topLevel_->setFont(captionFont());
-  topLevel_->setWindowIcon(pictureIcon("listwright"));
+  topLevel_->setWindowIcon(windowIcon());
   if (window.hasMenuBar()) makeMenuBar();
   makeViews();
   new FocusRing(*topLevel_);
