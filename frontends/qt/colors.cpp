@@ -60,9 +60,8 @@ Shades shadesFor(const QPalette& palette) {
   shades.accentOutline = visibleOn(window, accent);
   shades.focus = shades.link =
       colorOf(forms::standingOut(rgbOf(accent), rgbOf(window), forms::kReadable));
-  constexpr double kFarAway = 7;
   constexpr int kFaint = 10;
-  shades.hoverLink = colorOf(forms::standingOut(rgbOf(accent), rgbOf(window), kFarAway));
+  shades.hoverLink = colorOf(forms::standingOut(rgbOf(accent), rgbOf(window), forms::kUnderMouse));
   shades.hoverGround = mixed(window, accent, kFaint);
   return shades;
 }

@@ -46,7 +46,7 @@ LabelView::LabelView(WindowView& window, forms::Control& label) : MouseView(wind
 
 HBRUSH LabelView::colored(HDC context) {
   if (!forms::isLink(control())) return nullptr;
-  ::SetTextColor(context, color_);
+  ::SetTextColor(context, hovered_ ? hoverColor_ : color_);
   ::SetBkColor(context, ::GetSysColor(COLOR_BTNFACE));
   return ::GetSysColorBrush(COLOR_BTNFACE);
 }
@@ -56,9 +56,21 @@ void LabelView::recolor() {
     const COLORREF color = ::GetSysColor(number);
     return forms::Rgb{GetRValue(color), GetGValue(color), GetBValue(color)};
   };
-  const forms::Rgb link =
-      forms::standingOut(systemColor(COLOR_HOTLIGHT), systemColor(COLOR_BTNFACE), forms::kReadable);
-  color_ = RGB(link.red, link.green, link.blue);
+  const auto link = [&](double contrast) {
+    const forms::Rgb color =
+        forms::standingOut(systemColor(COLOR_HOTLIGHT), systemColor(COLOR_BTNFACE), contrast);
+    return RGB(color.red, color.green, color.blue);
+  };
+  color_ = link(forms::kReadable);
+  hoverColor_ = link(forms::kUnderMouse);
+}
+
+/// A link looks otherwise while the mouse is over it.
+void LabelView::hover(bool on) {
+  if (!forms::isLink(control()) || std::exchange(hovered_, on) == on) return;
+  ::InvalidateRect(handle(), nullptr, TRUE);
+  TRACKMOUSEEVENT leaving{sizeof leaving, TME_LEAVE, handle(), 0};
+  if (on) ::TrackMouseEvent(&leaving);
 }
 
 /// Labels that can be dragged are in one row with gaps between them. They take a part of the gaps,
@@ -88,6 +100,7 @@ LRESULT LabelView::received(UINT message, WPARAM wide, LPARAM longer) {
     forms::userDoubleClicked(control());
     return 0;
   }
+  if (message == WM_MOUSEMOVE || message == WM_MOUSELEAVE) hover(message == WM_MOUSEMOVE);
   // While the mouse is captured the system sends no WM_SETCURSOR.
   if (message == WM_MOUSEMOVE && dragged_) ::SetCursor(cursorOf(control().dragCursor()));
   // Another window takes the mouse: the drag is over without a drop.

@@ -37,10 +37,13 @@ class LabelView : public MouseView {
 
  private:
   void drawFocus() const;
+  void hover(bool on);
   [[nodiscard]] int width(int planned) const;
 
   Font font_;
-  COLORREF color_ = 0;  ///< of a link
+  COLORREF color_ = 0;       ///< of a link …
+  COLORREF hoverColor_ = 0;  ///< … under the mouse
+  bool hovered_ = false;
   bool dragged_ = false;
 };
 

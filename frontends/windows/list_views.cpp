@@ -117,6 +117,8 @@ ComboView::ComboView(WindowView& window, forms::ComboBox& combo)
   parts.cbSize = sizeof parts;
   ::GetComboBoxInfo(handle(), &parts);
   edit_.begin(parts.hwndItem);
+  const std::u16string hint(combo.row().hint);
+  ::SendMessageW(parts.hwndItem, EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(text::wide(hint)));
 }
 
 void ComboView::commanded(int notification) {

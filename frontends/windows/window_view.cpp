@@ -135,6 +135,8 @@ Control* WindowView::controlAt(POINT onScreen) const {
 }
 
 void WindowView::show() {
+  // What has the keyboard is shown from the first moment on, also to those who came by mouse.
+  ::SendMessageW(handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
   ::ShowWindow(handle(), SW_SHOW);
   ::SetForegroundWindow(handle());
 }

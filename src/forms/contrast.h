@@ -29,6 +29,8 @@ double contrast(Rgb one, Rgb other);
 /// The least contrast of texts, and of outlines and marks that tell a state.
 inline constexpr double kReadable = 4.5;
 inline constexpr double kVisible = 3;
+/// A link under the mouse stands out more than others.
+inline constexpr double kUnderMouse = 7;
 
 /// The colour, made lighter or darker until it has that contrast with the ground.
 Rgb standingOut(Rgb color, Rgb ground, double least);
