@@ -3,7 +3,6 @@
 #include <QMimeData>
 #include <QTextBlock>
 #include <QTextDocument>
-#include <limits>
 
 #include "line_breaks.h"
 #include "text.h"
@@ -72,12 +71,6 @@ void TextEdit::setSelection(forms::TextSelection selection) {
   setTextCursor(cursor);
 }
 
-qsizetype TextEdit::room() const {
-  if (box().row().maxLength <= 0) return std::numeric_limits<qsizetype>::max();
-  const auto marked = static_cast<qsizetype>(shownSelection().length);
-  return box().row().maxLength - static_cast<qsizetype>(shownText().size()) + marked;
-}
-
 void TextEdit::focusInEvent(QFocusEvent* event) {
   Typing<QPlainTextEdit>::focusInEvent(event);
   ensureCursorVisible();
@@ -85,8 +78,6 @@ void TextEdit::focusInEvent(QFocusEvent* event) {
 
 void TextEdit::keyPressEvent(QKeyEvent* event) {
   const bool lineBreak = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  const bool typesText = lineBreak || (!event->text().isEmpty() && event->text()[0].isPrint());
-  if (typesText && room() < (lineBreak ? 2 : event->text().size())) return;
   // With Shift, Qt would separate the lines by another character.
   QKeyEvent plainBreak(event->type(), event->key(), Qt::NoModifier, event->text());
   const bool shiftedBreak = lineBreak && event->modifiers() == Qt::ShiftModifier;
@@ -95,9 +86,9 @@ void TextEdit::keyPressEvent(QKeyEvent* event) {
 
 void TextEdit::insertFromMimeData(const QMimeData* source) {
   const std::u16string pasted = controlLines(widgetLines(fromQt(source->text())));
-  QMimeData fitting;
-  fitting.setText(toQt(pasted).left(room()));
-  Typing<QPlainTextEdit>::insertFromMimeData(&fitting);
+  QMimeData plain;
+  plain.setText(toQt(pasted));
+  Typing<QPlainTextEdit>::insertFromMimeData(&plain);
 }
 
 }  // namespace kvrnstep::qt

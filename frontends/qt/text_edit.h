@@ -6,7 +6,7 @@
 
 namespace kvrnstep::qt {
 
-/// Several lines of text.
+/// Several lines of text, of any length.
 class TextEdit : public Typing<QPlainTextEdit> {
  public:
   TextEdit(forms::TextBox& box, QWidget* parent);
@@ -25,8 +25,6 @@ class TextEdit : public Typing<QPlainTextEdit> {
 
  private:
   [[nodiscard]] QString lines() const;
-  /// Characters that the user may still add.
-  [[nodiscard]] qsizetype room() const;
 };
 
 }  // namespace kvrnstep::qt
