@@ -167,7 +167,6 @@ keeper() { grep -lsxz "TMPDIR=$work" $(pgrep -x kvrnstep-clipbo | sed 's|.*|/pro
 printf other | xclip -selection clipboard -i
 is_given_up() { [ "$(timeout 20 xclip -selection clipboard -o)" = other ]; }
 await is_given_up
-is_gone() { ! keeper; }
-await is_gone
+await eval '! keeper'
 
 exit "$failed"
