@@ -85,6 +85,7 @@ its font by itself."
   (let ((data (getenv "XDG_DATA_HOME")))
     (file-name-as-directory
      (cond (listwright-step-folder (expand-file-name listwright-step-folder))
+           ((eq system-type 'windows-nt) (expand-file-name "Listwright" (getenv "APPDATA")))
            ((and data (string-prefix-p "/" data)) (expand-file-name "listwright" data))
            (t (expand-file-name "~/.local/share/listwright"))))))
 
@@ -101,7 +102,9 @@ its font by itself."
 (defun listwright--command (arguments)
   "The command and its ARGUMENTS, ready to be run."
   (let ((command (executable-find listwright-command))
-        (coding (or file-name-coding-system default-file-name-coding-system 'utf-8)))
+        ;; Emacs on Windows passes arguments in the system's code page, whatever files have.
+        (coding (if (eq system-type 'windows-nt) locale-coding-system
+                  (or file-name-coding-system default-file-name-coding-system 'utf-8))))
     (unless command
       (user-error "Cannot run `%s'; see the option `listwright-command'" listwright-command))
     (mapcar (lambda (argument) (encode-coding-string argument coding))
@@ -147,12 +150,18 @@ Return at once.  What fails later is shown in the echo area."
            :name "listwright"
            :buffer (generate-new-buffer " *listwright*")
            ;; The shell keeps messages apart from the list; both are whole when the process ends.
-           :command (append (list "sh" "-c" "exec \"$@\" 2>\"$0\"" errors) command)
+           ;; On Windows, where there is no such shell, nothing but the command itself has messages.
+           :command (if (eq system-type 'windows-nt) command
+                      (append (list "sh" "-c" "exec \"$@\" 2>\"$0\"" errors) command))
            :connection-type 'pipe
            :coding 'utf-8-unix
            :sentinel
            (lambda (process _event)
              (unless (process-live-p process)
+               (when (eq system-type 'windows-nt)
+                 (with-current-buffer (process-buffer process)
+                   (let ((coding-system-for-write 'utf-8-unix))
+                     (write-region nil nil errors nil 'silent))))
                (unwind-protect
                    (condition-case failure
                        (let ((list (listwright--result

@@ -90,7 +90,7 @@ endfunction
 function! listwright#Complete(lead, line, position) abort
   let before = strpart(a:line, 0, a:position)
   let typed = s:Unescaped(matchstr(before, '\CL\a*!\=\s\+\zs.*'))
-  let folder = matchstr(typed, '.*/')
+  let folder = matchstr(typed, has('win32') ? '.*[/\\]' : '.*/')
   let found = s:StepFilesIn(folder ==# '' ? '.' : fnamemodify(folder, ':p'))
   if folder ==# ''
     let found += filter(s:StepFilesIn(s:StepFolder()), 'v:val !~# "/$"')
@@ -123,6 +123,9 @@ endfunction
 function! s:StepFolder() abort
   if get(g:, 'listwright_step_folder', '') !=# ''
     return fnamemodify(g:listwright_step_folder, ':p')
+  endif
+  if has('win32')
+    return $APPDATA . '/Listwright'
   endif
   return ($XDG_DATA_HOME =~# '^/' ? $XDG_DATA_HOME : $HOME . '/.local/share') . '/listwright'
 endfunction
@@ -194,10 +197,7 @@ function! s:Run(arguments, input) abort
   let output = tempname()
   let errors = tempname()
   try
-    " Run by sh, not by the user's 'shell', whose quoting may differ; messages go to another file.
-    let redirect = 'in=$1 out=$2 err=$3; shift 3; exec "$@" <"$in" >"$out" 2>"$err"'
-    let input = a:input ==# '' ? '/dev/null' : a:input
-    let status = s:Wait(['sh', '-c', redirect, 'sh', input, output, errors, command] + a:arguments)
+    let status = s:Wait([command] + a:arguments, a:input, output, errors)
     if status == 0
       return readfile(output, 'b')
     elseif status == 1 && a:input ==# ''
@@ -214,12 +214,21 @@ function! s:Run(arguments, input) abort
   endtry
 endfunction
 
-" Waits for the end of the program and returns its exit status. A GUI goes on drawing meanwhile.
-" Where the user interrupts Vim, the program ends too.
-function! s:Wait(program) abort
+" Runs the program, which reads the file {input}, if there is one, and whose output and messages go
+" to the files {output} and {errors}, without a shell, because users and systems have different ones.
+" Waits for its end and returns its exit status. A GUI goes on drawing meanwhile. Where the user
+" interrupts Vim, the program ends too.
+function! s:Wait(program, input, output, errors) abort
   if has('nvim')
-    let job = jobstart(a:program)
+    let files = {'stdout': a:output, 'stderr': a:errors}
+    let Write = {job, lines, name -> writefile(lines, files[name], 'b')}
+    let job = jobstart(a:program, {'stdout_buffered': v:true, 'stderr_buffered': v:true,
+      \ 'on_stdout': Write, 'on_stderr': Write})
     try
+      if a:input !=# ''
+        call chansend(job, readfile(a:input, 'b'))
+      endif
+      call chanclose(job, 'stdin')
       let status = jobwait([job])[0]
       return status == -2 ? 1 : status
     finally
@@ -228,7 +237,9 @@ function! s:Wait(program) abort
   elseif !has('job')
     throw 'listwright: this Vim cannot run jobs'
   endif
-  let job = job_start(a:program)
+  let input = a:input ==# '' ? {'in_io': 'null'} : {'in_io': 'file', 'in_name': a:input}
+  let job = job_start(a:program, extend(input,
+    \ {'out_io': 'file', 'out_name': a:output, 'err_io': 'file', 'err_name': a:errors}))
   try
     while job_status(job) ==# 'run'
       sleep 10m
