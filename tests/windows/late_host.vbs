@@ -1,6 +1,15 @@
 ' A script host: late binding, variables by reference, optional arguments left out and given.
 Option Explicit
-Dim listwright, icons, files, list, inserted, folder, number, icon
+Dim listwright, icons, files, list, inserted, folder, number, icon, caret
+
+' A selection in a host's text. The macro that is packed comes behind this script.
+Class HostSelection
+  Public Text
+  Public Sub Insert(what)
+    Text = Text & what
+  End Sub
+End Class
+
 Set files = CreateObject("Scripting.FileSystemObject")
 folder = files.GetAbsolutePathName(".")
 Set listwright = CreateObject("kvrnstep.Listwright")
@@ -12,6 +21,9 @@ If WScript.Arguments.Count > 0 Then
   list = "replaced"
   inserted = listwright.ShowListwrightDialog(list, "2", False, False, "", "", folder & "\steps", "Host", "", , , folder & "\other.ini", "Arial", 10, 2)
   WScript.Echo inserted & ": " & Replace(list, vbCrLf, "|")
+  Set caret = New HostSelection
+  InsertStepListAt caret
+  WScript.Echo Replace(caret.Text, vbCrLf, "|")
 End If
 
 Set icons = CreateObject("kvrnstep.cIcon")
