@@ -41,4 +41,7 @@ bool outputIsRead();
 /// Whether a person reads the standard output.
 bool outputIsTerminal();
 
+/// Shows a problem in a window where there is no standard error, as when Explorer starts a program.
+void showProblem(const std::string& problem);
+
 }  // namespace hosts

@@ -65,6 +65,7 @@ void print(const std::string& list, const PrintFormat& format) {
 
 void complain(const std::string& problem) {
   std::fprintf(stderr, "listwright: %s\n", visible(problem, "").c_str());
+  hosts::showProblem(problem);
 }
 
 }  // namespace listwright

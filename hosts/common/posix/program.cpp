@@ -67,4 +67,6 @@ bool outputIsTerminal() {
   return isatty(STDOUT_FILENO) != 0;
 }
 
+void showProblem(const std::string& /*problem*/) {}
+
 }  // namespace hosts

@@ -61,4 +61,11 @@ bool outputIsTerminal() {
   return ::_isatty(::_fileno(stdout)) != 0;
 }
 
+void showProblem(const std::string& problem) {
+  if (::GetFileType(::GetStdHandle(STD_ERROR_HANDLE)) != FILE_TYPE_UNKNOWN) return;
+  const std::u16string text = fromUtf8(problem);
+  ::MessageBoxW(nullptr, reinterpret_cast<const wchar_t*>(text.c_str()), L"Listwright",
+                MB_OK | MB_ICONEXCLAMATION | MB_SETFOREGROUND);
+}
+
 }  // namespace hosts
