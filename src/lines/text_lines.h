@@ -28,8 +28,9 @@ inline bool hasText(std::string_view line) {
   return line.find_first_not_of(" \t\r\v\f") != std::string_view::npos;
 }
 
-/// The line that begins at a place; at the text's end an empty one.
-inline TextLine lineAt(std::string_view text, std::size_t begin) {
+/// The line that begins at a place; at the text's end an empty one. In place, because a copy of the
+/// result would wait until its parts have been written.
+[[gnu::always_inline]] inline TextLine lineAt(std::string_view text, std::size_t begin) {
   TextLine line;
   line.begin = begin;
   line.end = std::min(text.find('\n', begin), text.size());
