@@ -1,8 +1,9 @@
-// Filling the list of step files, against a directory loop that copies the names.
+// Filling the list of step files, against a directory loop that copies and sorts the names.
 
 #include <benchmark/benchmark.h>
 #include <dirent.h>
 
+#include <algorithm>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -36,6 +37,7 @@ void directoryLoop(benchmark::State& state) {
     DIR* opened = opendir(folder.c_str());
     while (const dirent* entry = readdir(opened)) names.emplace_back(&entry->d_name[0]);
     closedir(opened);
+    std::sort(names.begin(), names.end());
     benchmark::DoNotOptimize(names);
   }
 }

@@ -145,6 +145,24 @@ void WriteSetting(benchmark::State& state) {
 }
 BENCHMARK(WriteSetting)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
+/// What a dialog writes when it closes.
+void WriteSettings(benchmark::State& state) {
+  const Folder folder;
+  put(folder("ini"), largeSettings());
+  const auto path = text::fromBytes(folder("ini"));
+  bool even = false;
+  for (auto _ : state) {
+    even = !even;
+    modSecns::IniKeys keys;
+    for (const auto* name : {u"Font", u"EditorFont", u"EditorSize", u"Display", u"Listwright_LT",
+                             u"Listwright_TT", u"Listwright_HT", u"Listwright_WT"}) {
+      keys.emplace_back(name, even ? u"1000" : u"2000");
+    }
+    modSecns::WriteIniKeys(u"Steps", keys, path);
+  }
+}
+BENCHMARK(WriteSettings)->Unit(benchmark::kMicrosecond)->UseRealTime();
+
 /// The least that a write can cost: the file read and written again.
 void CopySettingsPlainly(benchmark::State& state) {
   const Folder folder;

@@ -138,14 +138,17 @@ void profile(FuzzedDataProvider input) {
   const std::string otherKey = profileName(input);
   const std::string value = input.ConsumeRandomLengthString(32);
   const std::string bytes = input.ConsumeRemainingBytesAsString();
-  const std::string written = platform::withProfileValue(bytes, section, key, value);
+  const auto with = [&](const std::string& before, const std::string& given) {
+    return platform::withProfileValues(before, section,
+                                       std::vector<platform::ProfileKey>{{key, given}});
+  };
+  const std::string written = with(bytes, value);
   if (!platform::isProfileName(section, key)) return check(written == bytes, "no name, no change");
-  check(platform::withProfileValue(written, section, key, "") ==
-            platform::withProfileValue(bytes, section, key, ""),
+  check(with(written, "") == with(bytes, ""),
         "whatever the value, the rest of the file is the same");
   if (value.find_first_of(" \t\r\n\"'") != std::string::npos) return;
   check(platform::profileValue(written, section, key) == value, "a value comes back");
-  check(platform::withProfileValue(written, section, key, value) == written, "and is there once");
+  check(with(written, value) == written, "and is there once");
   const auto other = platform::profileValue(written, section, otherKey);
   check(other == value || other == platform::profileValue(bytes, section, otherKey),
         "other keys stay");

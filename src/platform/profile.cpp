@@ -29,11 +29,7 @@ bool writePrivateProfileStrings(std::string_view section, const std::vector<Prof
     const ProfileKey& first = some.front();
     const auto bySystem = native::writeProfileString(section, first.name, first.value, file);
     const auto withSome = [&](std::optional<std::string_view> bytes) {
-      std::string changed(bytes.value_or(""));
-      for (const auto& [name, value] : some) {
-        changed = withProfileValue(changed, section, name, value);
-      }
-      return changed;
+      return withProfileValues(std::string(bytes.value_or("")), section, some);
     };
     done = (bySystem ? *bySystem : changeFile(file, withSome)) && done;
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,13 +41,13 @@ bool writePrivateProfileStrings(std::string_view section, const std::vector<Prof
 std::optional<std::string_view> profileValue(std::string_view bytes, std::string_view section,
                                              std::string_view key);
 
-/// The bytes of a file with a key set. An existing key changes behind its "="; a new one follows
+/// The bytes of a file with keys set. An existing key changes behind its "="; a new one follows
 /// the last line of its section that is not blank; a new section goes to the end of the file.
 /// Every other byte stays, and a last line without line end stays without. Of a value with line
 /// breaks only the first line is written, because the others would become lines of the file. Names
 /// that `isProfileName` refuses change nothing.
-std::string withProfileValue(std::string_view bytes, std::string_view section, std::string_view key,
-                             std::string_view value);
+std::string withProfileValues(std::string bytes, std::string_view section,
+                              std::span<const ProfileKey> keys);
 
 /// Whether a section and a key of these names can be read back: neither holds a line break, and
 /// the key holds no "=" and begins with neither "[" nor ";".

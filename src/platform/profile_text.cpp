@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <span>
 #include <string>
 
 #include "platform/profile.h"
@@ -35,9 +36,14 @@ struct ProfileLine {
 /// part of no line, and nothing follows the last line end.
 class ProfileLines {
  public:
-  explicit ProfileLines(std::string_view bytes) : bytes_(bytes) {
-    if (bytes_.starts_with(kByteOrderMark)) at_ = kByteOrderMark.size();
+  /// @param place where the first line begins
+  ProfileLines(std::string_view bytes, std::size_t place) : bytes_(bytes), at_(place) {
+    if (place == 0 && bytes_.starts_with(kByteOrderMark)) at_ = kByteOrderMark.size();
+    const std::string_view before = endOf(bytes.substr(0, at_));
+    if (!before.empty()) usedEnd_ = before;
   }
+
+  [[nodiscard]] std::size_t place() const { return at_; }
 
   std::optional<ProfileLine> next() {
     if (at_ == bytes_.size()) return std::nullopt;
@@ -63,7 +69,7 @@ class ProfileLines {
  private:
   std::string_view bytes_;
   std::string_view usedEnd_ = "\r\n";
-  std::size_t at_ = 0;
+  std::size_t at_;
 };
 
 /// The name in a section line.
@@ -98,14 +104,20 @@ bool isSameSection(std::string_view inFile, std::string_view section) {
          text::equalIgnoringCase(text::fromBytes(inFile), text::fromBytes(section));
 }
 
-Search search(std::string_view bytes, std::string_view section, std::string_view key) {
+/// @param from where to begin; becomes the place of the section
+Search search(std::string_view bytes, std::string_view section, std::string_view key,
+              std::size_t& from) {
   Search found;
-  ProfileLines lines(bytes);
+  ProfileLines lines(bytes, from);
   lines.skipToBracket();
-  while (const auto line = lines.next()) {
+  std::size_t place = lines.place();
+  for (; const auto line = lines.next(); place = lines.place()) {
     if (const auto name = sectionName(*line)) {
       if (found.lastOfSection) break;
-      if (isSameSection(*name, section)) found.lastOfSection = line;
+      if (isSameSection(*name, section)) {
+        found.lastOfSection = line;
+        from = place;
+      }
     } else if (found.lastOfSection) {
       if ((found.afterSign = valueOf(*line, key))) break;
       if (!trimBlanksAndTabs(line->text).empty()) found.lastOfSection = line;
@@ -127,40 +139,47 @@ std::size_t offsetBehind(std::string_view bytes, std::string_view part) {
   return static_cast<std::size_t>(part.data() + part.size() - bytes.data());
 }
 
-std::string withNewLines(std::string_view bytes, const ProfileLine& after, std::string lines) {
+void addLines(std::string& bytes, const ProfileLine& after, std::string lines) {
   lines.insert(after.end.empty() ? 0 : lines.size(), after.usedEnd);
-  std::string result(bytes);
-  result.insert(offsetBehind(bytes, after.text) + after.end.size(), lines);
-  return result;
+  bytes.insert(offsetBehind(bytes, after.text) + after.end.size(), lines);
+}
+
+/// @param from as `search` takes it
+void setValue(std::string& bytes, std::string_view section, std::string_view key,
+              std::string_view value, std::size_t& from) {
+  const auto name = trimBlanksAndTabs(key);
+  value = firstLine(value);
+  const auto found = search(bytes, section, name, from);
+  if (const auto old = found.afterSign) {
+    bytes.replace(offsetBehind(bytes, *old) - old->size(), old->size(), value);
+    return;
+  }
+  std::string added = std::string(name) + '=' + std::string(value);
+  if (found.lastOfSection) return addLines(bytes, *found.lastOfSection, added);
+
+  const std::string_view lineEnd = found.lastOfFile ? found.lastOfFile->usedEnd : "\r\n";
+  added.insert(0, "[" + std::string(section) + "]" + std::string(lineEnd));
+  if (found.lastOfFile) return addLines(bytes, *found.lastOfFile, added);
+  bytes += added + std::string(lineEnd);
 }
 
 }  // namespace
 
 std::optional<std::string_view> profileValue(std::string_view bytes, std::string_view section,
                                              std::string_view key) {
-  const auto found = search(bytes, section, trimBlanksAndTabs(key));
+  std::size_t from = 0;
+  const auto found = search(bytes, section, trimBlanksAndTabs(key), from);
   if (!found.afterSign) return std::nullopt;
   return withoutQuotes(trimBlanksAndTabs(*found.afterSign));
 }
 
-std::string withProfileValue(std::string_view bytes, std::string_view section, std::string_view key,
-                             std::string_view value) {
-  if (!isProfileName(section, key)) return std::string(bytes);
-  const auto name = trimBlanksAndTabs(key);
-  value = firstLine(value);
-  const auto found = search(bytes, section, name);
-  std::string result(bytes);
-  if (const auto old = found.afterSign) {
-    result.replace(offsetBehind(bytes, *old) - old->size(), old->size(), value);
-    return result;
+std::string withProfileValues(std::string bytes, std::string_view section,
+                              std::span<const ProfileKey> keys) {
+  std::size_t from = 0;
+  for (const auto& [name, value] : keys) {
+    if (isProfileName(section, name)) setValue(bytes, section, name, value, from);
   }
-  std::string added = std::string(name) + '=' + std::string(value);
-  if (found.lastOfSection) return withNewLines(bytes, *found.lastOfSection, added);
-
-  const std::string_view lineEnd = found.lastOfFile ? found.lastOfFile->usedEnd : "\r\n";
-  added.insert(0, "[" + std::string(section) + "]" + std::string(lineEnd));
-  if (found.lastOfFile) return withNewLines(bytes, *found.lastOfFile, added);
-  return result + added + std::string(lineEnd);
+  return bytes;
 }
 
 bool isProfileName(std::string_view section, std::string_view key) {

@@ -93,15 +93,16 @@ bool saveInPlace(const Path& target, const std::string& former, std::string_view
 
 /// Puts a new file in the place of the target, if there is one. The bytes must be on the disk
 /// before the file is renamed, because a power failure could leave an empty target otherwise.
+/// @param differs whether a file that is there is known to hold other bytes
 bool save(const std::u16string& path, std::string_view bytes, std::size_t largest,
-          const MayGoOn& mayGoOn) {
+          const MayGoOn& mayGoOn, bool differs = false) {
   if (bytes.size() > largest) return false;
   const Path named = native::pathOf(path);
   const auto target = named.empty() ? std::nullopt : native::withoutLinks(named);
   const Target found = target ? native::targetAt(*target) : Target::kOther;
   if (found == Target::kOther) return false;
   const bool isThere = found == Target::kWritableFile;
-  if (isThere && readFile(path, bytes.size()) == bytes) return true;
+  if (isThere && !differs && readFile(path, bytes.size()) == bytes) return true;
 
   const Path folder = native::folderPart(*target);
   removeLeftovers(folder);
@@ -152,7 +153,7 @@ bool changeFile(const std::u16string& path, const Change& change) {
     const auto mayGoOn = [&] {
       return asBefore = readFile(path) == before && (before || nothingIsAt(path));
     };
-    if (save(path, changed, kLargestFile, mayGoOn)) return true;
+    if (save(path, changed, kLargestFile, mayGoOn, true)) return true;
     if (asBefore) return false;
   }
   return false;

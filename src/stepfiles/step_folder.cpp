@@ -7,7 +7,6 @@
 #include "stepfiles/step_record.h"
 #include "text/letter_case.h"
 #include "text/paths.h"
-#include "text/text.h"
 
 namespace kvrnstep::stepfiles {
 
@@ -20,11 +19,17 @@ bool isStepFile(std::u16string_view name) {
 
 /// Letter case decides only between names that are otherwise equal.
 bool comesBefore(std::u16string_view one, std::u16string_view other) {
+  const auto [rest, otherRest] = std::ranges::mismatch(one, other);
   const auto order = std::lexicographical_compare_three_way(
-      one.begin(), one.end(), other.begin(), other.end(), [](char16_t a, char16_t b) {
-        return a == b ? std::strong_ordering::equal : text::smallLetter(a) <=> text::smallLetter(b);
-      });
+      rest, one.end(), otherRest, other.end(),
+      [](char16_t a, char16_t b) { return text::smallLetter(a) <=> text::smallLetter(b); });
   return order != 0 ? order < 0 : one < other;
+}
+
+void eraseAll(std::u16string& text, std::u16string_view part) {
+  for (std::size_t place = 0; (place = text.find(part, place)) != text.npos;) {
+    text.erase(place, part.size());
+  }
 }
 
 }  // namespace
@@ -33,7 +38,7 @@ std::vector<std::u16string> stepFileEntries(const std::u16string& folder) {
   std::vector<std::u16string> names = platform::filesIn(folder);
   std::erase_if(names, [](const std::u16string& name) { return !isStepFile(name); });
   std::ranges::sort(names, comesBefore);
-  for (std::u16string& name : names) name = text::ReplaceText(name, kStepExtension, u"");
+  for (std::u16string& name : names) eraseAll(name, kStepExtension);
   return names;
 }
 

@@ -71,17 +71,18 @@ LoadedList parseList(std::string_view bytes) {
   return list;
 }
 
-const ListEntries& ListFile::load() {
+ListEntries ListFile::load() {
   if (!FileExists(path_)) platform::createEmptyFile(path_);
-  const auto bytes = platform::readFile(path_);
-  return loaded_ = bytes ? parseList(*bytes).entries : ListEntries();
+  loaded_ = platform::readFile(path_).value_or("");
+  return parseList(loaded_).entries;
 }
 
 void ListFile::save(const ListEntries& edited) {
-  if (edited == loaded_) return;
+  const ListEntries loaded = parseList(loaded_).entries;
+  if (edited == loaded) return;
   platform::changeFile(path_, [&](std::optional<std::string_view> bytes) {
     // Of a file that has gone nothing counts as deleted by others.
-    const ListEntries before = bytes ? loaded_ : ListEntries();
+    const ListEntries before = bytes ? loaded : ListEntries();
     const auto [found, rest] = parseList(bytes.value_or(""));
     const ListEntries kept = without(edited, without(before, found));
     const ListEntries added = without(without(found, before), without(edited, before));

@@ -32,7 +32,7 @@ class ListFile {
 
   /// The entries of the file, which is created empty when it is missing and can be created. None
   /// when it cannot be read.
-  const ListEntries& load();
+  ListEntries load();
   /// Writes the list as the dialog leaves it: its order, without what others have deleted since
   /// `load`, and with what they have added at the end. Lines beyond those that are read stay behind
   /// it. Nothing is written where the list is as it was loaded, or the file cannot be read.
@@ -40,7 +40,7 @@ class ListFile {
 
  private:
   std::u16string path_;
-  ListEntries loaded_;
+  std::string loaded_;  ///< bytes
 };
 
 /// Loads a list file into a list-like control, or saves the control's entries to the file. What
@@ -52,7 +52,7 @@ template <class ListTarget>
 void LoadSaveListFile(ListTarget& lstTarget, bool bSave, ListFile& sListFile) {
   if (!bSave) {
     lstTarget.Clear();
-    for (const auto& entry : sListFile.load()) lstTarget.AddItem(entry);
+    for (auto& entry : sListFile.load()) lstTarget.AddItem(std::move(entry));
     return;
   }
   ListEntries entries;

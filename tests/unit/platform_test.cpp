@@ -164,6 +164,11 @@ TEST(ProfileValue, FindsKeys) {
   EXPECT_EQ(profileValue("[Sec]\n;Key=v", "Sec", ";Key"), std::nullopt);
 }
 
+std::string withKeys(const std::string& bytes, const char* section,
+                     const std::vector<ProfileKey>& keys) {
+  return withProfileValues(bytes, section, keys);
+}
+
 TEST(WithProfileValue, ChangesOneLine) {
   struct Case {
     std::string before, after;  ///< key "Key" in section "Sec" gets "new"
@@ -191,17 +196,24 @@ TEST(WithProfileValue, ChangesOneLine) {
       {"\0\xFF"s, "\0\xFF\r\n[Sec]\r\nKey=new"s},
   };
   for (const auto& c : cases) {
-    EXPECT_EQ(withProfileValue(c.before, "Sec", "Key", "new"), c.after)
+    EXPECT_EQ(withKeys(c.before, "Sec", {{"Key", "new"}}), c.after)
         << testing::PrintToString(c.before);
   }
 }
 
+TEST(WithProfileValue, SetsSeveralAtOnce) {
+  const std::vector<ProfileKey> keys{{"A", "2"}, {"Key", "3"}, {"=", ""}, {"Z", "4"}};
+  EXPECT_EQ(withKeys("[B]\r \t[Sec]\rKey=1", "Sec", keys), "[B]\r \t[Sec]\rKey=3\rA=2\rZ=4");
+  EXPECT_EQ(withKeys("\xEF\xBB\xBF[B]", "B", keys), "\xEF\xBB\xBF[B]\r\nA=2\r\nKey=3\r\nZ=4");
+  EXPECT_EQ(withKeys("", "B", keys), "[B]\r\nA=2\r\nKey=3\r\nZ=4\r\n");
+}
+
 TEST(WithProfileValue, NamesThatCouldNotBeFoundAgainChangeNothing) {
   const std::string bytes = "[Sec]\nKey=v\n";
-  EXPECT_EQ(withProfileValue(bytes, "S\nec", "Key", "x"), bytes);
-  EXPECT_EQ(withProfileValue(bytes, "Sec\r", "Key", "x"), bytes);
+  EXPECT_EQ(withKeys(bytes, "S\nec", {{"Key", "x"}}), bytes);
+  EXPECT_EQ(withKeys(bytes, "Sec\r", {{"Key", "x"}}), bytes);
   for (const auto* key : {"K\ney", "Key\r", "K=ey", ";Key", " ;Key", "[Key"}) {
-    EXPECT_EQ(withProfileValue(bytes, "Sec", key, "x"), bytes) << key;
+    EXPECT_EQ(withKeys(bytes, "Sec", {{key, "x"}}), bytes) << key;
   }
 }
 
