@@ -20,6 +20,7 @@ help:
 	@echo "make uninstall       remove what the last make install has installed"
 	@echo "make deb             Debian packages, in build-deb"
 	@echo "make vscode          pack the extension for VS Code, in build-vscode"
+	@echo "make test-vscode     try it in VS Code, which is installed there at first"
 	@echo "make windows         build for Windows, 64 and 32 bits"
 	@echo "make windows-zip     pack both, with what registers them"
 	@echo "make check           formatting, g++ and clang++ without warnings, clang-tidy"
@@ -95,9 +96,14 @@ deb:
 	@tools/setup deb
 	@packaging/build-deb
 
-.PHONY: vscode
+.PHONY: vscode test-vscode
 vscode:
 	@tools/pack-vscode
+
+test-vscode: vscode
+	@tools/setup-vscode
+	@tools/build release
+	@timeout 600 tests/vscode/vscode_test.sh build/bin/listwright .
 
 check:
 	@tools/setup check

@@ -9,9 +9,9 @@ const vscode = require('vscode');
 
 /** Why nothing was done, in words for the user. */
 class Refusal extends Error {
-  constructor(message, show = vscode.window.showErrorMessage, ...buttons) {
+  constructor(message, ...buttons) {
     super(message);
-    this.show = () => show(message, ...buttons);
+    this.buttons = buttons;
   }
 }
 
@@ -83,8 +83,7 @@ function run(args, input, started = () => {}) {
     program.stdin.on('error', () => {});
     program.on('error', () => reject(new Refusal(
       `Cannot run "${command}". Install Listwright ("make install" in its source folder), or say ` +
-      'in the setting listwright.command where the command is.',
-      vscode.window.showErrorMessage, kOpenSettings)));
+      'in the setting listwright.command where the command is.', kOpenSettings)));
     program.on('close', (status) => resolve({
       status,
       printed: Buffer.concat(printed).toString(),
@@ -163,14 +162,23 @@ function indented(document, range, list) {
   return text.endsWith('\n') && textFollows ? text + depth : text;
 }
 
+/** Makes the edits in one step of Undo; false where the text takes none, which nobody else says. */
+async function applied(editor, edits) {
+  const { document } = editor;
+  const { version } = document;
+  await editor.edit((edit) => {
+    for (const { range, text } of edits) edit.replace(range, text);
+  });
+  return document.version !== version;
+}
+
 /** Puts a list in place of the spans of a text, in one step of Undo. */
 async function replaceSpans(document, column, spans, list) {
   const editor = await vscode.window.showTextDocument(document, column);
   const ranges = spans.map((span) => new vscode.Range(...span.map((o) => document.positionAt(o))));
   const stayed = ranges.every((range, i) => range.isEqual(editor.selections[i] || range));
-  const done = await editor.edit((edit) => {
-    for (const range of ranges) edit.replace(range, indented(document, range, list));
-  });
+  const edits = ranges.map((range) => ({ range, text: indented(document, range, list) }));
+  const done = await applied(editor, edits);
   if (done && stayed) {
     editor.selections = editor.selections.map(({ end }) => new vscode.Selection(end, end));
   }
@@ -226,29 +234,28 @@ function blocksOf({ document, selections }) {
   return blocks;
 }
 
-function countAlike(a, b, most) {
+/** How many elements, `most` or fewer, are alike at the ends of two lists or texts. */
+function alikeAtEnd(a, b, most) {
   let count = 0;
-  while (count < most && a(count) === b(count)) ++count;
+  while (count < most && a[a.length - 1 - count] === b[b.length - 1 - count]) ++count;
   return count;
 }
 
 /** The edits that make new lines of old ones. What ends as before stays, and the carets in it. */
 function differences(first, before, after) {
-  const most = Math.min(before.length, after.length) - 1;
-  const top = countAlike((i) => before[i], (i) => after[i], most);
-  const fromEnd = (lines) => (i) => lines[lines.length - 1 - i];
-  const bottom = countAlike(fromEnd(before), fromEnd(after), most - top);
-  const old = before.slice(top, before.length - bottom);
-  const changed = after.slice(top, after.length - bottom);
-  if (old.length !== changed.length) {
-    const last = first + top + old.length - 1;
-    const range = new vscode.Range(first + top, 0, last, old[old.length - 1].length);
-    return [{ range, text: changed.join('\n') }];
+  if (before.length !== after.length) {
+    const most = Math.min(before.length, after.length) - 1;
+    let top = 0;
+    while (top < most && before[top] === after[top]) ++top;
+    const bottom = alikeAtEnd(before, after, most - top);
+    const last = before.length - bottom - 1;
+    const range = new vscode.Range(first + top, 0, first + last, before[last].length);
+    return [{ range, text: after.slice(top, after.length - bottom).join('\n') }];
   }
-  return old.map((line, i) => {
-    const ends = countAlike(fromEnd(line), fromEnd(changed[i]), Math.min(line.length, changed[i].length));
-    const range = new vscode.Range(first + top + i, 0, first + top + i, line.length - ends);
-    return { range, text: changed[i].slice(0, changed[i].length - ends) };
+  return before.map((old, i) => {
+    const ends = alikeAtEnd(old, after[i], Math.min(old.length, after[i].length));
+    const range = new vscode.Range(first + i, 0, first + i, old.length - ends);
+    return { range, text: after[i].slice(0, after[i].length - ends) };
   }).filter(({ range, text }) => text !== '' || !range.isEmpty);
 }
 
@@ -272,12 +279,8 @@ async function changeLines(option, title) {
     // Two carets in one paragraph change the same lines in the same way.
     for (const edit of differences(first, before, after)) edits.set(edit.range.start.line, edit);
   }
-  if (edits.size === 0) {
-    throw new Refusal('There is nothing to change here.', vscode.window.showInformationMessage);
-  }
-  const done = document.version === version && await editor.edit((edit) => {
-    for (const { range, text } of edits.values()) edit.replace(range, text);
-  });
+  if (edits.size === 0) throw new Refusal('There is nothing to change here.');
+  const done = document.version === version && await applied(editor, edits.values());
   if (!done) throw new Refusal('The text has changed meanwhile; the lines stay as they are.');
 }
 
@@ -292,7 +295,8 @@ const commands = {
 
 async function tell(problem) {
   if (!(problem instanceof Refusal)) throw problem;
-  if (await problem.show() === kOpenSettings) {
+  const pressed = await vscode.window.showWarningMessage(problem.message, ...problem.buttons);
+  if (pressed === kOpenSettings) {
     vscode.commands.executeCommand('workbench.action.openSettings', 'listwright.command');
   }
 }
