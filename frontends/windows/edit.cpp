@@ -5,6 +5,7 @@
 
 #include "control_view.h"
 #include "forms/user_actions.h"
+#include "idle_scroll_bars.h"
 #include "text/windows/wide.h"
 
 namespace kvrnstep::windows {
@@ -35,6 +36,26 @@ bool movesCaret(UINT message) {
   }
 }
 
+/// Whether the text or the room for it may be another one when the message has been dealt with.
+bool changesRoom(UINT message) {
+  switch (message) {
+    case WM_SETTEXT:
+    case WM_SIZE:
+    case WM_SETFONT:
+    case WM_CHAR:
+    case WM_KEYDOWN:
+    case WM_CUT:
+    case WM_PASTE:
+    case WM_CLEAR:
+    case WM_UNDO:
+    case EM_UNDO:
+    case EM_REPLACESEL:
+      return true;
+    default:
+      return false;
+  }
+}
+
 }  // namespace
 
 void Edit::begin(HWND edit) {
@@ -55,6 +76,9 @@ LRESULT Edit::received(UINT message, WPARAM wide, LPARAM longer) {
   if (message == WM_CHAR && wide == VK_BACK) markPair(true);
   if (message == WM_KEYDOWN && wide == VK_DELETE) markPair(false);
   const LRESULT result = Receiver::received(message, wide, longer);
+  if (box().row().multiLine && changesRoom(message)) {
+    fitScrollBars(handle(), !box().row().horizontalScroll);
+  }
   if (movesCaret(message)) userMovedCaret();
   return result;
 }
