@@ -354,6 +354,13 @@ int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
   }
 }
 
+QIcon WindowStyle::standardIcon(StandardPixmap picture, const QStyleOption* option,
+                                const QWidget* widget) const {
+  if (picture == SP_MessageBoxInformation) return pictureIcon("information");
+  if (picture == SP_MessageBoxWarning) return pictureIcon("exclamation");
+  return QProxyStyle::standardIcon(picture, option, widget);
+}
+
 int WindowStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                            QStyleHintReturn* more) const {
   if (hint == SH_FocusFrame_AboveWidget) return 1;

@@ -21,6 +21,9 @@ class WindowStyle : public QProxyStyle {
                                      SubControl part, const QWidget* widget) const override;
   [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
                                 const QWidget* widget) const override;
+  /// The pictures of messages.
+  [[nodiscard]] QIcon standardIcon(StandardPixmap picture, const QStyleOption* option,
+                                   const QWidget* widget) const override;
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* more) const override;
 };
