@@ -67,7 +67,7 @@ sed -n '/^```python/,/^```/{/^```/!p}' "$tests/../docs/hosting.md" >host.py
 mkdir lib
 cp "$bin"/../lib/{libkvrnstep.so,kvrnstep-qt.so} lib
 library=lib/libkvrnstep.so
-sanitizer=$(ldd "$library" | sed -n 's/.*libasan.* => \([^ ]*\).*/\1/p')
+sanitizer=$(ldd "$library" | sed -n 's/.*lib[at]san.* => \([^ ]*\).*/\1/p')
 begin env LD_PRELOAD="$sanitizer" ASAN_OPTIONS=detect_leaks=0 \
   python3 host.py "$library" "$work"
 keys alt+i

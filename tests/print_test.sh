@@ -59,10 +59,10 @@ lpadmin -p paper -E -v "file:$work/paper.pdf" -P paper.ppd 2>lpadmin.err ||
   { echo "no printer: $(cat lpadmin.err)"; exit 1; }
 
 # Python does not trust a module with sanitizers by itself.
-sanitizer=$(ldd "$module" | sed -n 's/.*libasan.* => \([^ ]*\).*/\1/p')
+sanitizer=$(ldd "$module" | sed -n 's/.*lib[at]san.* => \([^ ]*\).*/\1/p')
 # print_list [SETTING…] — has the module print list.txt: 0 when the scheduler took it, 1 when not.
 print_list() {
-  timeout 60 env LD_PRELOAD="$sanitizer" ASAN_OPTIONS=detect_leaks=0 "$@" python3 -c 'import ctypes, signal, sys
+  timeout 60 env LD_PRELOAD="$sanitizer" ASAN_OPTIONS=detect_leaks=0 "$@" /usr/bin/python3 -c 'import ctypes, signal, sys
 service = ctypes.CDLL(sys.argv[1])
 service.kvrnstepPrint.restype = ctypes.c_bool
 text = open("list.txt", "rb").read()
