@@ -114,4 +114,5 @@ check 'no command' 'a\n' 'a\n' 'Cannot run "listwright". Install Listwright ("ma
 
 eval "exec ${vscode[1]}>&-"
 wait "$vscode_PID"
+[ "$failed" -ne 0 ] || echo "ok: $number cases in VS Code"
 exit "$failed"
