@@ -1,5 +1,5 @@
-// From the call to the first paint of the dialog, against bare dialogs: one with as many check
-// boxes as the dialog has widgets, and one with widgets of the same kinds in the same places.
+// From the call to the first paint of the dialog, against a bare dialog with widgets of the same
+// kinds in the same places.
 
 #include <benchmark/benchmark.h>
 
@@ -126,7 +126,6 @@ std::vector<Part> partsOf(const QWidget& widget) {
 /// What the dialog consists of.
 struct Design {
   QSize size;
-  int widgets = 0;
   int menus = 0;
   std::vector<Part> parts;
 };
@@ -136,8 +135,8 @@ const Design& design() {
     Design found;
     Opening opening;
     opening.look = [&](QWidget& window) {
-      found = {window.size(), static_cast<int>(window.findChildren<QWidget*>().size()),
-               static_cast<int>(window.findChildren<QMenu*>().size()), partsOf(window)};
+      found = {window.size(), static_cast<int>(window.findChildren<QMenu*>().size()),
+               partsOf(window)};
     };
     const kvrnstep::bench::Dialog dialog;
     opening.measure([&] { dialog.open(); });
@@ -163,23 +162,6 @@ void openDialog(benchmark::State& state) {
   for (auto _ : state) state.SetIterationTime(opening.measure([&] { dialog.open(); }));
 }
 BENCHMARK(openDialog)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(50);
-
-void openBareDialog(benchmark::State& state) {
-  design();
-  Opening opening;
-  for (auto _ : state) {
-    state.SetIterationTime(opening.measure([] {
-      QDialog dialog;
-      for (int i = 0; i < design().widgets; ++i) {
-        auto* box = new QCheckBox("A caption", &dialog);
-        box->setGeometry(i % 4 * 66, i / 4 * 18, 64, 17);
-      }
-      dialog.setFixedSize(design().size);
-      dialog.exec();
-    }));
-  }
-}
-BENCHMARK(openBareDialog)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(50);
 
 void openDialogOfSameKinds(benchmark::State& state) {
   design();
