@@ -17,7 +17,7 @@ namespace kvrnstep::qt {
 namespace {
 
 constexpr int kRing = 2;
-constexpr int kBesideRing = 2;
+constexpr int kBesideRing = 3;
 constexpr int kScrollBar = 9;
 /// What an area shows has square corners, and would cover rounder ones of its frame.
 constexpr double kFieldRound = 1;
@@ -141,18 +141,20 @@ QRect ringedPart(const QWidget& widget) {
 }
 
 /// How far the ring is from what it is around. Boxes and buttons have it on their own outlines.
-int ringMargin(const QWidget& widget) {
+QSize ringMargin(const QWidget& widget) {
+  if (widget.inherits("QCheckBox") || widget.inherits("QRadioButton")) return {kBesideRing, kRing};
   const auto* label = qobject_cast<const QLabel*>(&widget);
-  const bool beside = widget.inherits("QCheckBox") || widget.inherits("QRadioButton") ||
-                      (label != nullptr && (isLink(*label) || label->text().isEmpty()));
-  return beside ? kBesideRing : 0;
+  const bool beside = label != nullptr && (isLink(*label) || label->text().isEmpty());
+  return beside ? QSize(kRing, kRing) : QSize(0, 0);
 }
 
 /// Buttons and pictures have a gap within the ring, because they may be as dark.
 void drawRing(QPainter& painter, const QStyleOption& option, const QWidget& ringed) {
-  const int margin = ringMargin(ringed);
+  const QSize margin = ringMargin(ringed);
   const QRect part = ringedPart(ringed).translated(kBesideRing, kBesideRing);
-  const QRect around = part.adjusted(-margin, -margin, margin, margin) & option.rect;
+  const QRect around =
+      part.adjusted(-margin.width(), -margin.height(), margin.width(), margin.height()) &
+      option.rect;
   drawBox(painter, around, {.outline = shadesOf(option.palette).focus, .width = kRing});
   const auto* label = qobject_cast<const QLabel*>(&ringed);
   if (label == nullptr ? !ringed.inherits("QPushButton") : !label->text().isEmpty()) return;
@@ -348,10 +350,13 @@ int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
       return kScrollBar;
     case PM_FocusFrameHMargin:
     case PM_FocusFrameVMargin:
-      return kBesideRing;
+      // Lists ask for the same metric, as the margin of their entries.
+      if (widget == nullptr) return kBesideRing;
+      break;
     default:
-      return QProxyStyle::pixelMetric(metric, option, widget);
+      break;
   }
+  return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
 QIcon WindowStyle::standardIcon(StandardPixmap picture, const QStyleOption* option,

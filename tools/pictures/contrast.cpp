@@ -145,7 +145,7 @@ void measureEdge(const Picture& picture, const QWidget& widget, Contrasts& found
 void measureRing(QWidget& window, QWidget& widget, Contrasts& found) {
   widget.setFocus();
   if (QApplication::focusWidget() != &widget) return;
-  constexpr int kBeside = 2;
+  constexpr int kBeside = 3;
   const Picture ringed(window);
   note(found, "ring around what has the keyboard",
        std::max(ringed.contrastOfEdge(widget, widget.rect()),
