@@ -1,5 +1,5 @@
 # For people. Every target does what it needs first, on a fresh Debian 12 machine too.
-.PHONY: help setup build run test test-sanitized screenshots bench fuzz fuzz-check windows test-windows deb install uninstall format check clean screenshots-windows
+.PHONY: help setup build run test test-sanitized test-threads screenshots bench fuzz fuzz-check windows test-windows deb install uninstall format check clean screenshots-windows
 
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
@@ -8,6 +8,7 @@ help:
 	@echo "make run             build and open the dialog; the list you insert is printed"
 	@echo "make test            build and run all tests"
 	@echo "make test-sanitized  the same, watched by the address, leak and undefined-behaviour sanitizers"
+	@echo "make test-threads    the same, watched by the thread sanitizer"
 	@echo "make test-windows    build for Windows and run all tests under Wine"
 	@echo "make fuzz            look for faults with random input, SECONDS=60 for each target"
 	@echo "make fuzz-check      a fixed number of such inputs, always the same"
@@ -45,6 +46,10 @@ test: setup
 test-sanitized: setup
 	@tools/build asan
 	@ctest --preset asan --parallel $(JOBS)
+
+test-threads: setup
+	@tools/build tsan
+	@ctest --preset tsan --parallel $(JOBS)
 
 bench:
 	@tools/setup bench
