@@ -64,7 +64,7 @@ function dialogOptions(editor) {
     ['--font', family],
     ['--font-size', String(points)],
     ...(folder ? [['--step-folder', expanded(folder)]] : []),
-  ].filter(([name]) => !given.includes(name)).flat().concat(given);
+  ].filter(([name]) => !given.includes(name)).flat().concat(given.map(String));
 }
 
 /**
@@ -176,7 +176,8 @@ async function applied(editor, edits) {
 async function replaceSpans(document, column, spans, list) {
   const editor = await vscode.window.showTextDocument(document, column);
   const ranges = spans.map((span) => new vscode.Range(...span.map((o) => document.positionAt(o))));
-  const stayed = ranges.every((range, i) => range.isEqual(editor.selections[i] || range));
+  const stayed = ranges.length === editor.selections.length &&
+    ranges.every((range, i) => range.isEqual(editor.selections[i]));
   const edits = ranges.map((range) => ({ range, text: indented(document, range, list) }));
   const done = await applied(editor, edits);
   if (done && stayed) {
@@ -189,8 +190,8 @@ async function replaceSpans(document, column, spans, list) {
 async function insert(makeList) {
   const editor = activeEditor();
   const { document, viewColumn } = editor;
-  const sorted = [...editor.selections];
-  let spans = sorted.map(({ start, end }) => [document.offsetAt(start), document.offsetAt(end)]);
+  let spans = editor.selections.map(({ start, end }) =>
+    [document.offsetAt(start), document.offsetAt(end)]);
   const follower = vscode.workspace.onDidChangeTextDocument((event) => {
     if (event.document !== document) return;
     for (const change of event.contentChanges) spans = spans.map((span) => moved(span, change));
