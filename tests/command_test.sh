@@ -58,6 +58,7 @@ echo 'Dear reader, 1, 2, 3' >-file.step
 check 2 '' '-file.step is no step file; one begins with a number' -- -file.step
 check 2 'a "b"\na)\nb)\nc)\n' "cannot read [a,b]: No such file or directory, nor in $work/data" \
   '[a,b]' abc.step
+HOME=$work XDG_DATA_HOME=data check 2 '' "nor in $work/.local/share/listwright" x
 check 2 '' 'cannot write no/abc.step: there is no such folder' --save no/abc.step --end 3
 check 2 '' 'ends in .step' --save abc.txt --end 3
 check 2 '' 'needs a name' --save= --end 3
