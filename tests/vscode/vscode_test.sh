@@ -34,15 +34,17 @@ await grep -q 'HTTP server listening' server.log
 address=$(grep -o 'http://127[^/ ]*' server.log)
 coproc vscode { NODE_PATH=$modules exec "$node" "$tests/vscode/drive.js" "$address/?folder=$work/folder" 2>&1; }
 
+# What ends the test is said in spite of the log of a case.
+exec 3>&1
 # tell WORD… — has it done, and is answered.
 tell() {
   echo "$*" >&"${vscode[1]}"
-  read -rt 100 -u "${vscode[0]}" answer || { echo "$*: VS Code has gone"; exit 1; }
+  read -rt 100 -u "${vscode[0]}" answer || { echo "$*: VS Code has gone" >&3; exit 1; }
   [[ $answer != FAILED* ]]
 }
 # A key in the dialog, or the one that leads back to it, as long as a person presses it.
 slowly() {
-  [ "$1" = alt+Tab ] || await titled Listwright
+  [ "$1" = alt+Tab ] || await titled Listwright >&3
   xdotool keydown "$1"
   read -rt 0.12 <>"$work/.pause"
   xdotool keyup "$1"
