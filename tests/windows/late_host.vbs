@@ -2,6 +2,13 @@
 Option Explicit
 Dim listwright, icons, files, list, inserted, folder, number, icon, caret
 
+' What stands for a number by its default property.
+Class Two
+  Public Default Property Get Value
+    Value = 2
+  End Property
+End Class
+
 ' A selection in a host's text. The macro that is packed comes behind this script.
 Class HostSelection
   Public Text
@@ -19,7 +26,7 @@ If WScript.Arguments.Count > 0 Then
   inserted = listwright.ShowListwrightDialog(list, 0, False, False, "", "", folder & "\steps", "Host", "", , , folder & "\steps.ini")
   WScript.Echo inserted & ": " & Replace(list, vbCrLf, "|")
   list = "replaced"
-  inserted = listwright.ShowListwrightDialog(list, "2", False, False, "", "", folder & "\steps", "Host", "", , , folder & "\other.ini", "Arial", 10, 2)
+  inserted = listwright.ShowListwrightDialog(list, New Two, False, False, "", "", folder & "\steps", "Host", "", , , folder & "\other.ini", "Arial", 10, 2)
   WScript.Echo inserted & ": " & Replace(list, vbCrLf, "|")
   Set caret = New HostSelection
   InsertStepListAt caret

@@ -8,7 +8,6 @@
 
 #include <array>
 #include <cstring>
-#include <functional>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -139,53 +138,30 @@ class OthersRegistry {
   HKEY root_ = nullptr;
 };
 
-void CALLBACK closeDialog(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/, DWORD /*time*/) {
-  ::PostMessageW(::FindWindowW(L"kvrnstep.window", nullptr), WM_CLOSE, 0, 0);
-}
-
-/// A call lets go of the plug-in when it has returned, so it may be there a moment longer.
-void waitUntilUnloaded() {
-  while (::GetModuleHandleW(L"kvrnstep.dll") != nullptr) ::SwitchToThread();
-}
-
-/// Loads the plug-in, uses it and unloads it.
-void loadedFor(const std::function<void(const Listwright&)>& use) {
-  use(Listwright::load(hosts::pluginBesideProgram()));
-  ::FreeLibrary(::GetModuleHandleW(L"kvrnstep.dll"));
-  waitUntilUnloaded();
-}
-
-/// As a host that gives everything back while the call runs.
-void CALLBACK unloadAndClose(HWND window, UINT message, UINT_PTR timer, DWORD time) {
-  if (::FindWindowW(L"kvrnstep.window", nullptr) == nullptr) return;
+/// As a host that gives the plug-in back while its dialog is open, and closes that.
+void CALLBACK unloadAndClose(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
+  const HWND dialog = ::FindWindowW(L"kvrnstep.window", nullptr);
+  if (dialog == nullptr) return;
   ::KillTimer(nullptr, timer);
   const HMODULE module = ::GetModuleHandleW(L"kvrnstep.dll");
   using Function = HRESULT STDMETHODCALLTYPE();
   EXPECT_EQ(reinterpret_cast<Function*>(symbolIn(module, "DllCanUnloadNow"))(), S_FALSE);
   ::FreeLibrary(module);
-  closeDialog(window, message, timer, time);
+  ::PostMessageW(dialog, WM_CLOSE, 0, 0);
 }
 
-void closeADialog(const Listwright& plugin, TIMERPROC close) {
+void showAndUnload() {
   const tests::TemporaryFolder folder;
   const std::string steps = folder.native("");
   const std::string settings = folder.native("steps.ini");
   kvrnstep_dialog dialog = kDialogDefaults;
   dialog.sPthStepFolder = steps.c_str();
   dialog.s_IniPathAndName = settings.c_str();
-  const UINT_PTR timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, close);
+  ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, unloadAndClose);
   std::string list;
-  EXPECT_FALSE(plugin.ShowListwrightDialog(list, dialog));
-  ::KillTimer(nullptr, timer);
-}
-
-void closedAtOnce(const Listwright& plugin) {
-  closeADialog(plugin, closeDialog);
-}
-
-TEST(Unloading, WaitsForTheCallThatRuns) {
-  closeADialog(Listwright::load(hosts::pluginBesideProgram()), unloadAndClose);
-  waitUntilUnloaded();
+  EXPECT_FALSE(Listwright::load(hosts::pluginBesideProgram()).ShowListwrightDialog(list, dialog));
+  // The call lets go of the plug-in when it has returned, so it may be there a moment longer.
+  while (::GetModuleHandleW(L"kvrnstep.dll") != nullptr) ::SwitchToThread();
 }
 
 /// How many of the process's slots for threads are free, and how many handles it has.
@@ -212,19 +188,18 @@ TEST(Unloading, LeavesNothingBehindHoweverOftenItIsLoaded) {
   for (const auto* library : {L"comctl32", L"comdlg32", L"winmm", L"winspool.drv"}) {
     ::LoadLibraryW(library);
   }
-  for (int i = 0; i < 2; ++i) loadedFor(closedAtOnce);
+  for (int i = 0; i < 2; ++i) showAndUnload();
   const auto before = ofTheProcess();
   for (int i = 0; i < 1300; ++i) {
-    loadedFor(
-        [](const Listwright& plugin) { EXPECT_FALSE(plugin.RequestProgramIcon(102).empty()); });
+    const auto plugin = Listwright::load(hosts::pluginBesideProgram());
+    EXPECT_FALSE(plugin.RequestProgramIcon(102).empty());
+    ::FreeLibrary(::GetModuleHandleW(L"kvrnstep.dll"));
   }
   EXPECT_EQ(ofTheProcess(), before);
-  for (int i = 0; i < 60; ++i) loadedFor(closedAtOnce);
+  for (int i = 0; i < 60; ++i) showAndUnload();
+  // A thread ends after the plug-in that it has used.
+  std::thread(showAndUnload).join();
   EXPECT_EQ(ofTheProcess(), before);
-}
-
-TEST(Unloading, LetsTheThreadEndThatHasShownADialog) {
-  for (int round = 0; round < 3; ++round) std::thread([] { loadedFor(closedAtOnce); }).join();
 }
 
 TEST_F(Registered, ForOneUserWhereAllAreOutOfReach) {

@@ -55,30 +55,20 @@ TEST_F(WindowsFiles, InUseOrNoneAreLeftAlone) {
 #else
 #define IMPORTED(name, bytes) __asm__("__imp__" #name "@" #bytes)
 #endif
-extern "C" decltype(&::GetFileAttributesW) calledForAttributes IMPORTED(GetFileAttributesW, 4);
 extern "C" decltype(&::FindFirstFileW) calledToFind IMPORTED(FindFirstFileW, 8);
 extern "C" decltype(&::MoveFileExW) calledToMove IMPORTED(MoveFileExW, 12);
 
-/// As long as it lives, calls of a function of the system go elsewhere.
+/// When it ends, calls of a function of the system go there again.
 template <class Function>
-class Instead {
- public:
-  Instead(Function& called, Function other) : called_(called), own_(std::exchange(called, other)) {}
-  ~Instead() { called_ = own_; }
-  Instead(const Instead&) = delete;
-  Instead& operator=(const Instead&) = delete;
-
- private:
-  Function& called_;
-  Function own_;
+struct Restored {
+  Function& called;
+  Function own = called;
+  ~Restored() { called = own; }
 };
 
 // As a folder of a cloud does, gives each file a tag: FILE_ATTRIBUTE_REPARSE_POINT is set, and the
 // tag is in dwReserved0.
 DWORD tag = 0;
-DWORD WINAPI tagged(LPCWSTR /*path*/) {
-  return FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_REPARSE_POINT;
-}
 HANDLE WINAPI foundWithTag(LPCWSTR path, WIN32_FIND_DATAW* found) {
   const HANDLE search =
       ::FindFirstFileExW(path, FindExInfoStandard, found, FindExSearchNameMatch, nullptr, 0);
@@ -89,8 +79,8 @@ HANDLE WINAPI foundWithTag(LPCWSTR path, WIN32_FIND_DATAW* found) {
 
 TEST_F(WindowsFiles, InACloudAreFilesLikeAnyOther) {
   folder.put("file", "old");
-  const Instead attributes(calledForAttributes, tagged);
-  const Instead found(calledToFind, foundWithTag);
+  const Restored found{calledToFind};
+  calledToFind = foundWithTag;
   for (const DWORD cloud : {IO_REPARSE_TAG_CLOUD, IO_REPARSE_TAG_CLOUD_F, IO_REPARSE_TAG_DEDUP}) {
     tag = cloud;
     EXPECT_EQ(native::withoutLinks(folder("file")), folder("file")) << tag;
@@ -118,7 +108,8 @@ TEST_F(WindowsFiles, ThatAScannerHoldsAreReplacedWhenItLetsGo) {
   folder.put("file", "old");
   scanner = ::CreateFileW(text::wide(folder("file")), GENERIC_READ,
                           FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
-  const Instead move(calledToMove, meetScanner);
+  const Restored moved{calledToMove};
+  calledToMove = meetScanner;
   EXPECT_TRUE(replaceFile(folder("file"), "new"));
   EXPECT_EQ(folder.get("file"), "new");
 }
