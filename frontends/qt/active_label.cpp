@@ -137,7 +137,7 @@ void ActiveLabel::paintGround(QPainter& painter, QPalette& colors) const {
     QStyleOptionButton chip;
     chip.initFrom(this);
     chip.state.setFlag(QStyle::State_Sunken, dragged_);
-    style()->drawPrimitive(QStyle::PE_PanelButtonCommand, &chip, &painter, this);
+    window()->style()->drawPrimitive(QStyle::PE_PanelButtonCommand, &chip, &painter, this);
   } else if (underMouse()) {
     const QRect words = style()->itemTextRect(fontMetrics(), rect(), static_cast<int>(alignment()),
                                               true, toQt(text::withoutMnemonic(fromQt(text()))));

@@ -34,7 +34,7 @@ class ArrowButton : public MouseReleases<QAbstractButton> {
     QStyleOptionButton option;
     option.initFrom(this);
     option.state.setFlag(QStyle::State_Sunken, isDown());
-    style()->drawPrimitive(QStyle::PE_PanelButtonCommand, &option, &painter, this);
+    window()->style()->drawPrimitive(QStyle::PE_PanelButtonCommand, &option, &painter, this);
     drawArrowHead(painter, rect(), up_, option.palette.color(QPalette::ButtonText));
   }
 

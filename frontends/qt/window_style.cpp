@@ -59,20 +59,23 @@ bool isMain(const QStyleOptionButton& button) {
 Box buttonOf(const QStyleOption& option, bool main) {
   constexpr int kHover = 8;
   constexpr int kPressed = 20;
+  constexpr int kSmall = 14;
+  constexpr double kButtonRound = 3;
+  const double round = option.rect.height() < kSmall ? kFieldRound : kButtonRound;
   const Shades& shades = shadesOf(option.palette);
   const QColor ground = main ? shades.accent : shades.button;
   // Away from the text, which stays as easy to read.
   const QColor towards = main ? shades.onAccent.lightness() > 127 ? Qt::black : Qt::white
                               : option.palette.color(QPalette::WindowText);
   if (!has(option, QStyle::State_Enabled)) {
-    return {option.palette.color(QPalette::Window), shades.outline};
+    return {option.palette.color(QPalette::Window), shades.outline, 1, round};
   }
   const bool down = has(option, QStyle::State_Sunken) || has(option, QStyle::State_On);
   return {mixed(ground, towards,
                 down                ? kPressed
                 : isHovered(option) ? kHover
                                     : 0),
-          main ? shades.accentOutline : outlineOf(option)};
+          main ? shades.accentOutline : outlineOf(option), 1, round};
 }
 
 QPen markPen(const QColor& color, double width) {
@@ -232,6 +235,14 @@ void drawSquare(QPainter& painter, const QRect& dots, int width, const Box& box)
   fill(right - width, dots.top(), right, bottom, box.outline);
 }
 
+/// Not plain grounds and menus, nor what asks its window's style or draws nothing of its own.
+bool needsOurStyle(const QWidget& part) {
+  const QMetaObject* kind = part.metaObject();
+  return kind != &QWidget::staticMetaObject && kind != &QAbstractButton::staticMetaObject &&
+         !part.inherits("QMenu") && !part.inherits("QLabel") &&
+         !part.parentWidget()->inherits("QComboBox");
+}
+
 }  // namespace
 
 void drawBox(QPainter& painter, const QRect& rect, const Box& box) {
@@ -383,11 +394,10 @@ void useWindowStyle(QWidget& window) {
     style->setParent(QCoreApplication::instance());
   }
   window.setStyle(style);
-  // Menus and plain grounds are as Fusion draws them, and setting a style takes its time.
+  // Setting a style takes its time, and some parts are as Fusion draws them.
   const bool fusion = QApplication::style()->name() == QLatin1String("fusion");
   for (QWidget* part : window.findChildren<QWidget*>()) {
-    const bool plain = part->metaObject() == &QWidget::staticMetaObject || part->inherits("QMenu");
-    if (!fusion || !plain) part->setStyle(style);
+    if (!fusion || needsOurStyle(*part)) part->setStyle(style);
   }
 }
 
