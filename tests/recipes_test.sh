@@ -58,7 +58,7 @@ tried nano 'nano --rcfile=$HOME/.nanorc' 'Down M-a Down Down M-N' 'M-a Down Down
 tried Neovim nvim ':2,3ListwrightNumber Enter' ':4,5ListwrightRenumber Enter' \
   ':4,5ListwrightUnnumber Enter' '":set sw=4" Enter gg:Listwright Enter' ':wq Enter'
 
-# gedit has windows. What a tool prints comes some time later.
+# gedit has windows. What a tool prints comes some time later, and nothing can be typed during a save.
 saves() { keys ctrl+s && grep -qF -- "$1" text; }
 saves_no() { keys ctrl+s && ! grep -qF -- "$1" text; }
 takes_x() { keys ctrl+Home shift+End x && titled '\*text *'; }
@@ -67,10 +67,10 @@ edit() {
   gedit --standalone text &
   await titled 'text *gedit'
   await takes_x
-  keys ctrl+Home Down shift+Down shift+Down ctrl+alt+1 && await saves '2. a'
+  keys ctrl+Home shift+End BackSpace Down shift+Down shift+Down ctrl+alt+1 && await saves '2. a'
   keys ctrl+Home Down Down Down shift+Down shift+Down ctrl+alt+2 && await saves '2. y'
   keys ctrl+Home Down Down Down shift+Down shift+Down ctrl+alt+3 && await saves_no '2. y'
-  keys ctrl+Home Delete ctrl+alt+l && await titled Listwright && keys alt+i
+  keys ctrl+Home ctrl+alt+l && await titled Listwright && keys alt+i
   await titled '*text *' && await saves 3.
   keys ctrl+q && wait "$!"
 } >&3
