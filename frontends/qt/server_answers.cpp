@@ -24,7 +24,7 @@ QByteArray socketOfBus(const QByteArray& address) {
   const QByteArray first = address.split(';').first();
   if (!first.startsWith("unix:")) return {};
   for (const QByteArray& option : first.mid(5).split(',')) {
-    const QByteArray value = QByteArray::fromPercentEncoding(option.mid(option.indexOf('=') + 1));
+    QByteArray value = QByteArray::fromPercentEncoding(option.mid(option.indexOf('=') + 1));
     if (option.startsWith("path=")) return value;
     if (option.startsWith("abstract=")) return '\0' + value;
   }
