@@ -69,7 +69,7 @@ cp "$bin"/../lib/{libkvrnstep.so,kvrnstep-qt.so} lib
 library=lib/libkvrnstep.so
 sanitizer=$(ldd "$library" | sed -n 's/.*lib[at]san.* => \([^ ]*\).*/\1/p')
 begin env LD_PRELOAD="$sanitizer" ASAN_OPTIONS=detect_leaks=0 \
-  python3 host.py "$library" "$work"
+  /usr/bin/python3 host.py "$library" "$work"
 keys alt+i
 wait "$command" || fail "Python: $(cat err)"
 printf "%s\n" Stepicon.ico "1 b'    I. \\r\\n   II. \\r\\n  III. \\r\\n'" "b'1. one\\n2. two\\n'" | cmp - out ||

@@ -11,7 +11,7 @@ drive() {
   {
     printf 'arg s_IniPathAndName "%s"\narg sPthStepFolder "%s"\ncall\n' "$1" "$2"
     printf '%s\n' "${@:3}" 'click cmdCIC(0)'
-  } | timeout 60 "$stepdrive" - >out 2>err || fail "$*: status $?: $(cat err)"
+  } | timeout 200 "$stepdrive" - >out 2>err || fail "$*: status $?: $(cat err)"
 }
 inserts() { grep -q '^returned True "    1. \\r\\n    2. \\r\\n    3. \\r\\n"$' out || fail "$1: $(cat out)"; }
 
