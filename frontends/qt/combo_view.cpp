@@ -60,6 +60,13 @@ class EntryCombo : public QComboBox {
 
   [[nodiscard]] bool closing() const { return closing_; }
 
+ protected:
+  void changeEvent(QEvent* event) override {
+    // With a style of its own a box would make the list that drops down, which most never show.
+    if (event->type() == QEvent::StyleChange) return QWidget::changeEvent(event);
+    QComboBox::changeEvent(event);
+  }
+
  private:
   bool closing_ = false;
 };
