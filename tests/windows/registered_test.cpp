@@ -138,7 +138,9 @@ class OthersRegistry {
   HKEY root_ = nullptr;
 };
 
-/// As a host that gives the plug-in back while its dialog is open, and closes that.
+bool unloadMeanwhile = true;
+
+/// As a host that may give the plug-in back while its dialog is open, and closes that.
 void CALLBACK unloadAndClose(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
   const HWND dialog = ::FindWindowW(L"kvrnstep.window", nullptr);
   if (dialog == nullptr) return;
@@ -146,7 +148,7 @@ void CALLBACK unloadAndClose(HWND /*window*/, UINT /*message*/, UINT_PTR timer, 
   const HMODULE module = ::GetModuleHandleW(L"kvrnstep.dll");
   using Function = HRESULT STDMETHODCALLTYPE();
   EXPECT_EQ(reinterpret_cast<Function*>(symbolIn(module, "DllCanUnloadNow"))(), S_FALSE);
-  ::FreeLibrary(module);
+  if (unloadMeanwhile) ::FreeLibrary(module);
   ::PostMessageW(dialog, WM_CLOSE, 0, 0);
 }
 
@@ -160,8 +162,9 @@ void showAndUnload() {
   ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, unloadAndClose);
   std::string list;
   EXPECT_FALSE(Listwright::load(hosts::pluginBesideProgram()).ShowListwrightDialog(list, dialog));
+  if (!unloadMeanwhile) ::FreeLibrary(::GetModuleHandleW(L"kvrnstep.dll"));
   // The call lets go of the plug-in when it has returned, so it may be there a moment longer.
-  while (::GetModuleHandleW(L"kvrnstep.dll") != nullptr) ::SwitchToThread();
+  while (::GetModuleHandleW(L"kvrnstep.dll") != nullptr) ::Sleep(1);
 }
 
 /// How many of the process's slots for threads are free, and how many handles it has.
@@ -189,6 +192,7 @@ TEST(Unloading, LeavesNothingBehindHoweverOftenItIsLoaded) {
     ::LoadLibraryW(library);
   }
   for (int i = 0; i < 2; ++i) showAndUnload();
+  unloadMeanwhile = false;
   const auto before = ofTheProcess();
   for (int i = 0; i < 1300; ++i) {
     const auto plugin = Listwright::load(hosts::pluginBesideProgram());

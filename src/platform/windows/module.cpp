@@ -23,6 +23,12 @@ struct VersionResource {
   VS_FIXEDFILEINFO numbers;
 };
 
+DWORD WINAPI letGo(void* kept) {
+  constexpr DWORD kPause = 250;  // milliseconds
+  ::Sleep(kPause);
+  ::FreeLibraryAndExitThread(static_cast<HMODULE>(kept), 0);
+}
+
 }  // namespace
 
 std::string_view resource(int number, LPCWSTR type) {
@@ -62,13 +68,11 @@ void* keepModule() {
   return kept;
 }
 
-/// By a thread that runs nothing but the system's function: it may be the last reference, and then
-/// the caller's code goes. A thread begins long after the caller has returned to the host.
+/// It may be the last reference, and nothing tells when the caller's last instruction in this
+/// module has run. So another thread waits far longer than that takes, and ends with the reference.
 void letModuleGo(void* kept) {
   if (kept == nullptr) return;
-  auto* const begin = reinterpret_cast<void*>(&::FreeLibrary);
-  const HANDLE thread =
-      ::CreateThread(nullptr, 0, reinterpret_cast<LPTHREAD_START_ROUTINE>(begin), kept, 0, nullptr);
+  const HANDLE thread = ::CreateThread(nullptr, 0, letGo, kept, 0, nullptr);
   if (thread != nullptr) ::CloseHandle(thread);
 }
 
