@@ -55,10 +55,6 @@ class Reader {
   driving::Stage& stage_;
 };
 
-std::string element(std::string_view name, int index) {
-  return std::string(name) + "(" + std::to_string(index) + ")";
-}
-
 void checkNumbers(const Reader& read) {
   for (const std::string spinner : {"updBStart", "updBEndAt"}) {
     const double value = read.number(spinner + ".value");
@@ -73,37 +69,6 @@ void checkNumbers(const Reader& read) {
         "the end is not below the start");
 }
 
-void checkListingType(const Reader& read) {
-  for (int type = 0; type < 4; ++type) {
-    if (!read.on(element("optNA", type) + ".value")) continue;
-    check(read.enabled("chkLWO(1)") == (type == 1 || type == 2), "upper case is for letters");
-    check(read.enabled("chkLWO(6)") == (type == 0), "ordinals are for numbers");
-    for (int picture = 0; picture < 4; ++picture) {
-      check(read.on(element("imgBull", picture) + ".visible") == (picture == type),
-            "the picture is that of the type");
-    }
-  }
-  check(read.enabled("chkLWO(0)") == (read.number("chkLWO(2).value") != 0),
-        "indented spacing needs indentation");
-}
-
-void checkLayout(const Reader& read) {
-  const bool files = read.on("mnuOptions(4).checked");
-  const bool preview = read.on("mnuOptions(5).checked");
-  check(read.number("frmListwright.width") == (preview ? 8220 : 4170), "the width is the layout's");
-  check(read.number("frmListwright.height") == (files ? 6855 : 5280), "and so is the height");
-  check(read.number("fraStep.left") == (preview ? 275 : 2), "the frame lies beside the preview");
-  check((read.number("txtPreview.left") > 0) == preview || files, "the preview shows when wanted");
-  for (int button = 3; button <= 5; ++button) {
-    const std::string name = element("cmdCIC", button);
-    if (files || preview) check(read.on(name + ".visible"), "panels have their buttons");
-    if (!files && !preview) check(!read.enabled(name), "without panels there is nothing to save");
-    if (preview) {
-      check(read.enabled(name) == read.enabled("cmdCIC(0)"), "the preview's buttons follow Insert");
-    }
-  }
-}
-
 void checkActions(const Reader& read) {
   static const std::array<std::string, 5> kFollowers{"cmdCIC(2)", "mnuActions(0)", "mnuActions(2)",
                                                      "mnuFiles(1)", "mnuFiles(3)"};
@@ -114,16 +79,7 @@ void checkActions(const Reader& read) {
   check(read.enabled("cmdCIC(1)"), "Cancel is always to be had");
 }
 
-// What must hold of the windows whenever they wait for their user.
-
-void checkMainDialog(const Reader& read) {
-  checkNumbers(read);
-  checkListingType(read);
-  checkLayout(read);
-  checkActions(read);
-}
-
-/// … and besides after something was typed into a numeric box, or its text deleted.
+/// What must hold besides after something was typed into a numeric box, or its text deleted.
 void checkAfterTyping(const Reader& read, std::string_view box) {
   const bool insert = read.enabled("cmdCIC(0)");
   const bool panelShown = read.on("mnuOptions(4).checked") || read.on("mnuOptions(5).checked");
@@ -134,25 +90,6 @@ void checkAfterTyping(const Reader& read, std::string_view box) {
     const bool spacing = read.numberIn("txtLS") >= 0;
     check(insert == (panelShown ? read.stepsValid() : spacing), "Insert needs a line spacing");
   }
-}
-
-void checkStorageEditor(const Reader& read) {
-  for (int slot = 0; slot < 15; ++slot) {
-    check(read.enabled(element("imgBE", slot)) == !read.text(element("txtHold", slot)).empty(),
-          "only a text can be applied");
-  }
-  check(read.number("frmStepBE.width") >= 8000, "the editor is no narrower");
-  check(read.number("frmStepBE.height") >= 4335, "the editor is no lower");
-}
-
-void checkAffixEditor(const Reader& read) {
-  const bool selected = read.number("lstEdit.index") >= 0;
-  for (const char* button : {"cmdEdO", "cmdDelete", "cmdPatU", "cmdPatD"}) {
-    check(read.enabled(button) == selected, "selection buttons need a selected entry");
-  }
-  check(read.enabled("cmdAdd") == !read.text("txtAdd").empty(), "only a text can be added");
-  const bool entries = !std::get<std::u16string>(read.value("lstEdit.items")).empty();
-  check(entries || !read.enabled("cmdSort"), "nothing can be sorted in an empty list");
 }
 
 /// Files that a session may begin with.
@@ -298,9 +235,9 @@ class Session final : driving::Player {
 
   void checkTopmost() {
     check(dialog_->LwOutputString().empty(), "an idle dialog holds no list");
-    if (windows_.back() == "frmListwright") checkMainDialog(read_);
-    if (windows_.back() == "frmStepBE") checkStorageEditor(read_);
-    if (windows_.back() == "frmStepPSEdit") checkAffixEditor(read_);
+    if (windows_.back() != "frmListwright") return;
+    checkNumbers(read_);
+    checkActions(read_);
   }
 
   void happened(std::string_view what, const std::vector<driving::Value>& details) override {
