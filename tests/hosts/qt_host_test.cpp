@@ -14,8 +14,6 @@
 #include <QTimer>
 #include <array>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <limits>
 #include <new>
 #include <thread>
@@ -72,17 +70,16 @@ class QtHost : public testing::Test {
 
  protected:
   QtHost() {
-    std::filesystem::create_directory(folder_);
-    std::ofstream(folder_ + "/steps.ini") << "[Listwright]\nDisplay=FilesPreview\n";
-    std::ofstream(folder_ + "/Suffix_Step.dat") << ")\n";
+    folder_.put("steps.ini", "[Listwright]\nDisplay=FilesPreview\n");
+    folder_.put("Suffix_Step.dat", ")\n");
   }
-  ~QtHost() override { std::filesystem::remove_all(folder_); }
 
   bool show() {
     std::string list = "before";
-    const std::string settings = folder_ + "/steps.ini";
+    const std::string steps = folder_.native("");
+    const std::string settings = folder_.native("steps.ini");
     kvrnstep_dialog dialog = kvrnstep::kDialogDefaults;
-    dialog.sPthStepFolder = folder_.c_str();
+    dialog.sPthStepFolder = steps.c_str();
     dialog.SEC_APP_NAME = "Listwright";
     dialog.s_IniPathAndName = settings.c_str();
     dialog.l_EditorBColor = kBlueGreenRed;
@@ -112,8 +109,7 @@ class QtHost : public testing::Test {
   int argc_ = 1;
   std::array<char*, 2> argv_{program_.data(), nullptr};
   const QApplication application_{argc_, argv_.data()};
-  const std::string folder_ =
-      (std::filesystem::temp_directory_path() / ("qt-host-" + std::to_string(::getpid()))).string();
+  const kvrnstep::tests::TemporaryFolder folder_;
   const kvrnstep::Listwright plugin_ = kvrnstep::Listwright::load(hosts::pluginBesideProgram());
 };
 
@@ -273,9 +269,9 @@ TEST_F(QtHost, HasTheDialogCloseWhateverHappens) {
   for (const auto& [what, use] : kUses) {
     for (const auto& [how, end] : kEndings) {
       SCOPED_TRACE(std::string(what) + ", " + how);
-      std::filesystem::remove(folder_ + "/Prefix_Step.dat");
+      remove(folder_.path("Prefix_Step.dat"));
       call(use, end);
-      EXPECT_TRUE(std::filesystem::exists(folder_ + "/Prefix_Step.dat"));
+      EXPECT_TRUE(exists(folder_.path("Prefix_Step.dat")));
       EXPECT_EQ(front(), nullptr);
     }
   }

@@ -22,12 +22,6 @@ using tests::TemporaryFolder;
 
 const ListSettings kTasks{.Option = {0, 0, 1}, .Suffix = u".", .Count = 5, .Beginning = u"Tasks:"};
 
-TEST(StepRecord, IsOneLineOfFields) {
-  EXPECT_EQ(formatStepRecord(kTasks), "0,\"Tasks:\",\"\",\"\",\".\",0,1,5,0,0,1,0,0,0,0\r\n");
-  EXPECT_EQ(formatStepRecord({.Selection = 3, .Prefix = u"He said \"", .LineSpacing = -1}),
-            "3,\"\",\"\",\"He said <WXEQUOTE>\",\"\",-1,1,3,0,0,0,0,0,0,0\r\n");
-}
-
 TEST(StepRecord, TakesWhatOthersWrite) {
   const std::string tail = ",0,1,5,0,0,1,0,0,0,0";
   const std::vector<std::string> tasks{
@@ -56,37 +50,12 @@ TEST(StepRecord, TakesWhatOthersWrite) {
   EXPECT_EQ(withinRanges({.Start = 0, .Count = 0}), (ListSettings{.Start = 1, .Count = 1}));
 }
 
-TEST(StepFile, IsReadAndWrittenWhole) {
-  TemporaryFolder folder;
-  EXPECT_FALSE(readStepFile(folder("missing.step")));
-  EXPECT_TRUE(writeStepFile(folder("a.step"), kTasks));
-  EXPECT_EQ(readStepFile(folder("a.step")), formatStepRecord(kTasks));
-  EXPECT_FALSE(writeStepFile(folder("no/a.step"), kTasks));
-  folder.put("large.step", "");
-  std::filesystem::resize_file(folder("large.step"), kLargestStepFile + 1);
-  EXPECT_FALSE(readStepFile(folder("large.step"))) << "none of ours";
-}
-
 TEST(StepFileName, TellsTheSetup) {
   struct Case {
     ListSettings settings;
     std::u16string name;
   };
   const std::vector<Case> cases{
-      {{.Selection = 1,
-        .Option = {0, 1, 0, 1},
-        .Prefix = u"(",
-        .Suffix = u")",
-        .Count = 4,
-        .LineSpacing = 1,
-        .Beginning = u"Parts list"},
-       u"Alpha_Parts_list_(_)_1_1_4-IS-I-RA+UC+BE-SS"},
-      {{.Option = {0, 0, 1}, .Suffix = u".", .Count = 5}, u"Numb_0_1_5-IS+I-RA-BE-SS-AO"},
-      {{.Selection = 3,
-        .Option = {1, 0, 0, 0, 0, 1, 1},
-        .Prefix = u"Step {STEP_#}:",
-        .Ending = u"Done."},
-       u"PreSuf_Step_{STEP_#}_Done_0_+IS-I-RA-BE+SS"},
       {{.Option = {0, 0, 0, 0, 0, 0, 1}, .Beginning = u"Step "},
        u"Numb_Step__0_1_3-IS-I-RA-BE-SS+AO"},
       {{.Selection = 2, .Prefix = u"a\t_ *|?\"`!.'<>;:\\/\r\n", .Start = 2},

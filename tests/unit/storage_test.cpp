@@ -119,17 +119,6 @@ TEST_F(ListFile, LoadingEmptiesTheTargetAndMakesAMissingFile) {
   EXPECT_EQ(folder.get("list"), "");
 }
 
-TEST_F(TextFile, TextsComeBack) {
-  for (const auto& text : {u""s, u"a"s, u"a\r\n"s, u"\r\n\r\n"s, u"a\r"s, u"\n"s, u"\uFEFFa"s,
-                           u"a\0b"s, u"\"é€😀\"\r\nb"s,
-                           u"\xD83D"
-                           u"a\xDE00"s}) {
-    EXPECT_TRUE(WriteTextFile(folder("text"), text));
-    EXPECT_EQ(ReadTextFile(folder("text")), text);
-    EXPECT_EQ(folder.get("text"), text::toBytes(text) + "\r\n");
-  }
-}
-
 TEST_F(TextFile, TakesOnePairOffTheEndAndNothingElse) {
   const std::pair<std::string, std::u16string> cases[] = {
       {"a", u"a"}, {"a\r", u"a\r"},         {"a\n", u"a\n"},    {"a\n\r", u"a\n\r"}, {"\r\n", u""},
@@ -137,17 +126,6 @@ TEST_F(TextFile, TakesOnePairOffTheEndAndNothingElse) {
   for (const auto& [bytes, text] : cases) {
     folder.put("text", bytes);
     EXPECT_EQ(ReadTextFile(folder("text")), text);
-  }
-}
-
-TEST_F(TextFile, FailuresReadEmptyAndWriteNothing) {
-  for (const auto* name : {"missing/text", ""}) {
-    EXPECT_FALSE(WriteTextFile(folder(name), u"new"));
-    EXPECT_EQ(ReadTextFile(folder(name)), u"");
-  }
-  folder.put("text", "");
-  for (const auto exists : {FileExists, PathExists}) {
-    EXPECT_TRUE(exists(folder("text")) && exists(folder("")) && !exists(folder("other")));
   }
 }
 
