@@ -131,7 +131,7 @@ same "commands in Emacs" t "$(EMACSLOADPATH=$prefix/share/emacs/site-lisp: emacs
 while IFS=: read -r page link; do
   link=${link#*[(\"]}
   [ -e "${page%/*}/${link%%#*}" ] || fail "$page leads to $link"
-done < <(grep -roE '(\]\(|src=")[a-z0-9/_.-]+' "$prefix/share/doc")
+done < <(grep -rIoE '(\]\(|src=")[a-z0-9/_.-]+' "$prefix/share/doc")
 
 # The Debian packages.
 cpack --config "$build/CPackConfig.cmake" -B packed >log 2>&1 || fail "cpack: $(cat log)"
