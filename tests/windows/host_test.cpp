@@ -1,246 +1,21 @@
-#include <gtest/gtest.h>
 #include <windows.h>
 // After the other one.
 #include <imm.h>
 
-#include <array>
 #include <atomic>
-#include <functional>
-#include <set>
 #include <string>
 #include <thread>
-#include <vector>
 
-#include "driven/user_input.h"
 #include "forms/toolkit.h"
-#include "forms/window.h"
 #include "scale.h"
+#include "test_window.h"
 #include "window_class.h"
-#include "windows_toolkit.h"
 
 extern "C" KvrnstepFrontEnd kvrnstepFrontEnd;
 
-// What scripts cannot say: the keyboard leads about in a window, and the window behaves towards its
-// host. The mouse and the keyboard are the system's own.
+// How the window behaves towards its host and on its screens.
 namespace kvrnstep::windows {
 namespace {
-
-using forms::ControlRow;
-using enum forms::Kind;
-
-constexpr auto kControls = std::to_array<ControlRow>({
-    {.kind = TextBox, .name = "text", .place = {10, 10, 150, 60}, .multiLine = true},
-    {.kind = Button,
-     .name = "first",
-     .place = {10, 80, 80, 23},
-     .caption = u"&First",
-     .clickedByEscape = true},
-    {.kind = Button, .name = "second", .place = {100, 80, 80, 23}, .caption = u"&Second"},
-    {.kind = Panel, .name = "group", .place = {10, 110, 150, 60}},
-    {.kind = OptionButton,
-     .name = "option",
-     .index = 0,
-     .in = "group",
-     .place = {0, 0, 150, 20},
-     .caption = u"One",
-     .checked = true},
-    {.kind = OptionButton,
-     .name = "option",
-     .index = 1,
-     .in = "group",
-     .place = {0, 20, 150, 20},
-     .caption = u"Two"},
-    {.kind = ComboBox, .name = "combo", .place = {10, 180, 150, 21}},
-    {.kind = Label,
-     .name = "link",
-     .place = {10, 210, 150, 17},
-     .caption = u"Link",
-     .clickable = true,
-     .accessKey = u'L'},
-    {.kind = TextBox, .name = "line", .place = {10, 235, 150, 40}, .enabled = false},
-    {.kind = Menu, .name = "menu", .caption = u"&Menu"},
-    {.kind = Menu, .name = "entry", .in = "menu", .caption = u"&Entry", .shortcut = "Ctrl+E"},
-});
-
-constexpr forms::WindowDesign kDesign{
-    .name = "window",
-    .caption = u"Window",
-    .place = {1500, 1500, 4500, 4500},
-    .twipsPerUnit = forms::kTwipsPerPixel,
-    .controls = kControls,
-};
-
-class TestWindow : public forms::Window {
- public:
-  TestWindow() : Window(kDesign) {}
-
-  forms::Control& at(std::string_view name, int index = -1) { return *find(name, index); }
-  template <class T>
-  T& as(std::string_view name, int index = -1) {
-    return static_cast<T&>(at(name, index));
-  }
-};
-
-/// Carries out one step each time the window has come to rest, and closes it after the last one.
-class Steps : public Attendant {
- public:
-  using Step = std::function<void(WindowView&)>;
-  explicit Steps(std::vector<Step> steps) : steps_(std::move(steps)) {}
-
-  void windowIdle(WindowView& view) override {
-    if (next_ < steps_.size()) {
-      steps_[next_++](view);
-    } else {
-      ::PostMessageW(view.handle(), WM_CLOSE, 0, 0);
-    }
-  }
-
-  [[nodiscard]] bool allTaken() const { return next_ == steps_.size(); }
-
- private:
-  std::vector<Step> steps_;
-  std::size_t next_ = 0;
-};
-
-void show(TestWindow& window, std::vector<Steps::Step> steps) {
-  Steps attendant(std::move(steps));
-  WindowsToolkit toolkit(&attendant);
-  window.showModal(toolkit);
-  EXPECT_TRUE(attendant.allTaken());
-}
-
-std::string focused(const WindowView& view) {
-  for (const auto& control : view.window().controls()) {
-    if (control->kind() == Menu) continue;
-    if (view.viewOf(*control).keyTarget() == ::GetFocus()) return control->scriptName();
-  }
-  return "nothing";
-}
-
-Steps::Step press(WORD key, WORD held = 0) {
-  return [=](WindowView& /*view*/) { pressKey(key, held); };
-}
-
-Steps::Step expectFocus(const char* name) {
-  return [=](WindowView& view) { EXPECT_EQ(focused(view), name); };
-}
-
-TEST(WindowsKeyboard, TabLeadsThroughTheWindowAndBack) {
-  TestWindow window;
-  window.at("second").setEnabled(false);
-  auto& text = window.as<forms::TextBox>("text");
-  text.setText(u"one\r\ntwo");
-  text.setSelection({5, 0});
-  show(window, {expectFocus("text"), press(VK_TAB), expectFocus("first"), press(VK_TAB),
-                expectFocus("option(0)"), press(VK_TAB), expectFocus("combo"), press(VK_TAB),
-                expectFocus("link"), press(VK_TAB), expectFocus("text"), press(VK_TAB, VK_SHIFT),
-                expectFocus("link")});
-  // Several lines take neither Tab nor Escape for themselves, and show the first one.
-  EXPECT_EQ(text.text(), u"one\r\ntwo");
-  EXPECT_EQ(text.selection(), forms::TextSelection());
-}
-
-TEST(WindowsKeyboard, ArrowKeysSelectAmongTheOptionsOfAGroup) {
-  TestWindow window;
-  int clicks = 0;
-  window.at("option", 1).onClick = [&](int /*index*/) { ++clicks; };
-  show(window, {[](WindowView& view) {
-                  view.window().setFocus(*view.window().find("option", 0));
-                  view.update();
-                },
-                press(VK_DOWN), expectFocus("option(1)"), press(VK_TAB), expectFocus("combo"),
-                press(VK_TAB, VK_SHIFT), expectFocus("option(1)")});
-  EXPECT_EQ(clicks, 1);
-  EXPECT_TRUE(window.as<forms::OptionButton>("option", 1).value());
-}
-
-/// As Windows does, and Wine does not: an option button that gets the keyboard is clicked unless
-/// BM_SETDONTCLICK has forbidden it.
-LRESULT CALLBACK clickFocused(int code, WPARAM wide, LPARAM longer) {
-  static std::set<HWND> forbidden;
-  const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(longer);
-  if (sent.message == BM_SETDONTCLICK) forbidden.insert(sent.hwnd);
-  if (sent.message == WM_SETFOCUS && !forbidden.contains(sent.hwnd) &&
-      (::SendMessageW(sent.hwnd, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0) {
-    ::SendMessageW(::GetParent(sent.hwnd), WM_COMMAND, MAKEWPARAM(0, BN_CLICKED),
-                   reinterpret_cast<LPARAM>(sent.hwnd));
-  }
-  return ::CallNextHookEx(nullptr, code, wide, longer);
-}
-
-TEST(WindowsKeyboard, GoesToTheOptionThatIsSelected) {
-  const HHOOK hook =
-      ::SetWindowsHookExW(WH_CALLWNDPROC, clickFocused, nullptr, ::GetCurrentThreadId());
-  TestWindow window;
-  auto& second = window.as<forms::OptionButton>("option", 1);
-  show(window, {[](WindowView& view) {
-                  view.window().setFocus(*view.window().find("option", 0));
-                  view.update();
-                },
-                [&](WindowView& view) {
-                  second.setValue(true);
-                  view.update();
-                },
-                expectFocus("option(1)"),
-                [&](WindowView& view) {
-                  ::SetFocus(view.viewOf(*view.window().find("option", 0)).handle());
-                  EXPECT_TRUE(second.value()) << "the keyboard alone selects nothing";
-                }});
-  ::UnhookWindowsHookEx(hook);
-}
-
-TEST(WindowsKeyboard, EnterMnemonicsAndShortcutsReachTheirControls) {
-  TestWindow window;
-  std::string told;
-  window.at("first").onClick = [&](int /*index*/) { told += "first "; };
-  window.at("second").onClick = [&](int /*index*/) { told += "second "; };
-  window.at("entry").onClick = [&](int /*index*/) { told += "entry "; };
-  show(window, {press(VK_RETURN), press('E', VK_CONTROL), press(VK_TAB), press(VK_RETURN),
-                press('S', VK_MENU), expectFocus("second"), press(VK_ESCAPE), press(VK_RETURN)});
-  EXPECT_EQ(told, "entry first second first second ");
-  EXPECT_EQ(window.as<forms::TextBox>("text").text(), u"\r\n");
-}
-
-TEST(WindowsKeyboard, ClicksOnLinks) {
-  TestWindow window;
-  int clicks = 0;
-  window.at("link").onClick = [&](int /*index*/) { ++clicks; };
-  window.at("link").onMouseUp = [&](int, forms::MouseButton) { ++clicks; };
-  show(window,
-       {press('L', VK_MENU), expectFocus("text"), press(VK_TAB, VK_SHIFT), press(VK_SPACE),
-        press(VK_RETURN), press(VK_SPACE, VK_CONTROL), expectFocus("link"), [](WindowView& view) {
-          const HWND link = view.viewOf(*view.window().find("link", -1)).handle();
-          RECT place{};
-          ::GetWindowRect(link, &place);
-          moveMouse({place.left + 1, place.top + 1});
-          useMouse(MOUSEEVENTF_LEFTDOWN);
-          moveMouse({place.left + 1, place.bottom + 1});
-          useMouse(MOUSEEVENTF_LEFTUP);
-        }});
-  EXPECT_EQ(clicks, 6) << "each raises both, and a button that comes up elsewhere none";
-  EXPECT_EQ(window.as<forms::TextBox>("text").text(), u"");
-}
-
-TEST(WindowsKeyboard, ClosesAnOpenListByEscapeAndNothingElse) {
-  TestWindow window;
-  window.at("first").onClick = [](int /*index*/) { FAIL() << "that is what Escape clicks"; };
-  HWND combo = nullptr;
-  show(window, {[&](WindowView& view) {
-                  combo = view.viewOf(window.at("combo")).handle();
-                  ::SetFocus(combo);
-                  ::SendMessageW(combo, CB_SHOWDROPDOWN, TRUE, 0);
-                },
-                press(VK_ESCAPE),
-                [&](WindowView& /*view*/) {
-                  EXPECT_FALSE(::SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0));
-                }});
-}
-
-TEST(WindowsKeyboard, LeavesWhatHasBeenDisabled) {
-  TestWindow window;
-  window.at("first").onClick = [&](int /*index*/) { window.at("first").setEnabled(false); };
-  show(window, {press(VK_TAB), press(VK_SPACE), expectFocus("second")});
-}
 
 TEST(WindowsHost, TakesNoInputMeanwhileAndHasTheKeyboardAgain) {
   const HWND host =
@@ -401,12 +176,6 @@ TEST(WindowsHost, HasADialogOnEachThread) {
   });
   use();
   other.join();
-}
-
-TEST(WindowsHost, HearsNothingOfWhatAHandlerThrows) {
-  TestWindow window;
-  window.at("first").onClick = [](int /*index*/) { throw std::runtime_error("thrown"); };
-  show(window, {press(VK_TAB), press(VK_SPACE), expectFocus("first")});
 }
 
 TEST(WindowsPlace, IsOnTheScreenAndKeptUntilTheUserMovesTheWindow) {
