@@ -8,6 +8,7 @@
 #include "looks.h"
 #include "mouse_releases.h"
 #include "text.h"
+#include "window_style.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {
@@ -23,6 +24,15 @@ QString shortened(const QString& text, const QFontMetrics& font, int width,
   const int room = width - font.horizontalAdvance(end);
   if (end.isEmpty() || room < width / 4) return font.elidedText(text, Qt::ElideMiddle, width);
   return font.elidedText(text.left(kept), Qt::ElideRight, room) + end;
+}
+
+/// The selected entry of a list that has not the keyboard.
+void drawQuietly(QPainter& painter, const QStyleOptionViewItem& entry) {
+  constexpr int kFaint = 15;
+  const Shades& shades = shadesOf(entry.palette);
+  const QColor base = entry.palette.color(QPalette::Base);
+  drawBox(painter, entry.rect,
+          {mixed(base, shades.accent, kFaint), shades.accentOutline, 1, kSquare});
 }
 
 class EntryDelegate : public QStyledItemDelegate {
@@ -41,6 +51,10 @@ class EntryDelegate : public QStyledItemDelegate {
         2 * margin;
     if (entry.fontMetrics.horizontalAdvance(entry.text) > room) {
       entry.text = shortened(entry.text, entry.fontMetrics, room, row_);
+    }
+    if (entry.state.testFlag(QStyle::State_Selected) && !entry.widget->hasFocus()) {
+      drawQuietly(*painter, entry);
+      entry.state.setFlag(QStyle::State_Selected, false);
     }
     style.drawControl(QStyle::CE_ItemViewItem, &entry, painter, entry.widget);
   }

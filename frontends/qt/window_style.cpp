@@ -19,8 +19,7 @@ namespace {
 constexpr int kRing = 2;
 constexpr int kBesideRing = 3;
 constexpr int kScrollBar = 9;
-/// What an area shows has square corners, and would cover rounder ones of its frame.
-constexpr double kFieldRound = 1;
+constexpr double kRound = 3;
 
 /// The rectangle in dots of the screen. Qt rounds the place and the size of a widget separately.
 QRect dotsOf(const QRect& rect, const QTransform& toDots) {
@@ -48,7 +47,7 @@ QColor outlineOf(const QStyleOption& option) {
 /// What takes a text or a mark.
 Box fieldOf(const QStyleOption& option) {
   const auto ground = has(option, QStyle::State_Enabled) ? QPalette::Base : QPalette::Window;
-  return {option.palette.color(ground), outlineOf(option), 1, kFieldRound};
+  return {option.palette.color(ground), outlineOf(option), 1, kSquare};
 }
 
 bool isMain(const QStyleOptionButton& button) {
@@ -60,8 +59,7 @@ Box buttonOf(const QStyleOption& option, bool main) {
   constexpr int kHover = 8;
   constexpr int kPressed = 20;
   constexpr int kSmall = 14;
-  constexpr double kButtonRound = 3;
-  const double round = option.rect.height() < kSmall ? kFieldRound : kButtonRound;
+  const double round = option.rect.height() < kSmall ? kSquare : kRound;
   const Shades& shades = shadesOf(option.palette);
   const QColor ground = main ? shades.accent : shades.button;
   // Away from the text, which stays as easy to read.
@@ -249,7 +247,7 @@ void drawBox(QPainter& painter, const QRect& rect, const Box& box) {
   const QTransform toDots = painter.deviceTransform();
   const double scale = painter.device()->devicePixelRatioF();
   const int width = std::max(1, static_cast<int>(std::floor(box.width * scale)));
-  if (box.round <= kFieldRound) {
+  if (box.round <= kSquare) {
     return drawSquare(painter, dotsOf(rect, toDots), width, box);
   }
   const double half = width / 2.0;
@@ -296,7 +294,7 @@ void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
       break;
     }
     case PE_Frame:
-      return drawBox(*painter, option->rect, {.outline = outlineOf(*option), .round = kFieldRound});
+      return drawBox(*painter, option->rect, {.outline = outlineOf(*option), .round = kSquare});
     case PE_PanelScrollAreaCorner:
       return painter->fillRect(option->rect, option->palette.color(QPalette::Base));
     case PE_FrameFocusRect:

@@ -35,6 +35,8 @@ struct Box {
   int width = 1;     ///< of the outline, in logical pixels: rounded down to dots of the screen
   double round = 3;  ///< radius of the corners
 };
+/// The radius of the corners of boxes and lists: what they show would cover rounder ones.
+inline constexpr double kSquare = 1;
 /// Draws it inside the rectangle. All sides are on dots of the screen, also at a scale such as 1.25
 /// that has the edges of widgets between them: what a style draws there may be outside of what may
 /// be painted.
