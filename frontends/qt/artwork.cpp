@@ -1,5 +1,6 @@
 #include <QFile>
 #include <QHash>
+#include <QImage>
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -36,10 +37,31 @@ const QIcon& iconOf(const QString& name) {
 
 }  // namespace
 
-QPixmap picture(forms::Picture picture, QSize size, double pixelRatio, bool dark) {
+QPixmap picture(forms::Picture picture, QSize size, double pixelRatio, const QPalette& palette) {
   const QString name = toQt(picture);
-  const QIcon& darkOne = dark ? iconOf(name + "-dark") : iconOf(name);
+  if (isHighContrast(palette)) {
+    return inColors(iconOf(name).pixmap(size, pixelRatio), palette.color(QPalette::WindowText),
+                    palette.color(QPalette::Window));
+  }
+  const QIcon& darkOne = isDark(palette) ? iconOf(name + "-dark") : iconOf(name);
   return (darkOne.isNull() ? iconOf(name) : darkOne).pixmap(size, pixelRatio);
+}
+
+QPixmap inColors(const QPixmap& picture, const QColor& marks, const QColor& ground) {
+  // No mark and no line of the drawings is brighter.
+  constexpr int kBrightestMark = 150;
+  constexpr int kWhite = 255;
+  QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      const QRgb dot = image.pixel(x, y);
+      const int above = std::max(qGray(dot) - kBrightestMark, 0);
+      QColor color = mixed(marks, ground, above * 100 / (kWhite - kBrightestMark));
+      color.setAlpha(qAlpha(dot));
+      image.setPixelColor(x, y, color);
+    }
+  }
+  return QPixmap::fromImage(image);
 }
 
 QIcon pictureIcon(forms::Picture picture) {
@@ -66,7 +88,7 @@ QCursor cursorOf(int resourceId, double pixelRatio) {
   static QHash<std::pair<int, double>, QCursor> made;
   const std::pair key(resourceId, pixelRatio);
   if (!made.contains(key)) {
-    made[key] = QCursor(picture(found->picture, kSize, pixelRatio, false), found->hotSpot.x(),
+    made[key] = QCursor(iconOf(toQt(found->picture)).pixmap(kSize, pixelRatio), found->hotSpot.x(),
                         found->hotSpot.y());
   }
   return made[key];

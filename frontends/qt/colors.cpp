@@ -78,6 +78,15 @@ bool isDark(const QPalette& palette) {
   return forms::isDark(rgbOf(palette.color(QPalette::Window)));
 }
 
+bool isHighContrast(const QPalette& palette) {
+  const auto color = [&palette](QPalette::ColorRole role) {
+    return palette.color(QPalette::Active, role);
+  };
+  const QColor window = color(QPalette::Window);
+  return (window == Qt::black || window == Qt::white) && color(QPalette::Base) == window &&
+         color(QPalette::Button) == window;
+}
+
 QColor mixed(const QColor& color, const QColor& other, int percent) {
   const auto channel = [percent](int one, int two) { return one + (two - one) * percent / 100; };
   return {channel(color.red(), other.red()), channel(color.green(), other.green()),

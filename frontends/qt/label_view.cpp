@@ -47,7 +47,7 @@ void LabelView::setPlace(const forms::PixelRect& place) {
 void LabelView::setPicture(forms::Picture picture) {
   if (control().kind() == forms::Kind::Label) return;
   label().setPixmap(
-      qt::picture(picture, label().size(), label().devicePixelRatioF(), isDark(label().palette())));
+      qt::picture(picture, label().size(), label().devicePixelRatioF(), label().palette()));
 }
 
 }  // namespace kvrnstep::qt

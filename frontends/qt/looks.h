@@ -33,6 +33,8 @@ QFont fittedCaptionFont(const QString& text, int width);
 QColor colorOf(std::int32_t color, const QPalette& palette);
 /// Whether windows of this palette are dark.
 bool isDark(const QPalette& palette);
+/// Whether the palette tells windows, boxes and buttons apart by their outlines alone.
+bool isHighContrast(const QPalette& palette);
 /// What windows are drawn with besides the colours of their palette.
 struct Shades {
   QColor outline;        ///< around boxes, buttons and marks
@@ -55,8 +57,12 @@ QColor textOn(const QColor& ground);
 QColor visibleOn(const QColor& ground, const QColor& color);
 
 /// The picture at this size in logical pixels, for a display of this density; on a dark ground
-/// another drawing of it where there is one.
-QPixmap picture(forms::Picture picture, QSize size, double pixelRatio, bool dark);
+/// another drawing of it where there is one, and in the palette's own colours where that is one of
+/// high contrast.
+QPixmap picture(forms::Picture picture, QSize size, double pixelRatio, const QPalette& palette);
+/// The picture with one colour in place of all that is dark in it, and the other one in place
+/// of white.
+QPixmap inColors(const QPixmap& picture, const QColor& marks, const QColor& ground);
 /// The picture as an icon of a button.
 QIcon pictureIcon(forms::Picture picture);
 /// The program's icon, in all the sizes in which desktops show it with a window.

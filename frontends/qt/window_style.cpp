@@ -218,6 +218,21 @@ void drawComboBox(QPainter& painter, const QStyleOptionComboBox& box, const QSty
   drawArrowHead(painter, arrow, false, box.palette.color(QPalette::ButtonText));
 }
 
+/// A picture on a button, in the colour of texts where its own colours would say another thing.
+void drawIcon(QPainter& painter, const QStyleOptionButton& button) {
+  QPixmap picture = button.icon.pixmap(button.iconSize, painter.device()->devicePixelRatioF());
+  if (isHighContrast(button.palette)) {
+    const QColor text = button.palette.color(QPalette::ButtonText);
+    picture = inColors(picture, text, text);
+  } else if (!has(button, QStyle::State_Enabled)) {
+    const QColor& grey = shadesOf(button.palette).outline;
+    picture = inColors(picture, grey, grey);
+  }
+  const QRect place =
+      QStyle::alignedRect(button.direction, Qt::AlignCenter, button.iconSize, button.rect);
+  painter.drawPixmap(place.topLeft(), picture);
+}
+
 /// As most boxes are, and much faster than round corners.
 void drawSquare(QPainter& painter, const QRect& dots, int width, const Box& box) {
   const QTransform fromDots = painter.deviceTransform().inverted();
@@ -321,8 +336,11 @@ void WindowStyle::drawControl(ControlElement element, const QStyleOption* option
     return painter->fillRect(option->rect.adjusted(0, option->rect.height() - 1, 0, 0),
                              option->palette.color(QPalette::Window));
   }
-  if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
-      element == CE_PushButtonLabel && button != nullptr && isMain(*button)) {
+  const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+  if (element == CE_PushButtonLabel && button != nullptr && !button->icon.isNull()) {
+    return drawIcon(*painter, *button);
+  }
+  if (element == CE_PushButtonLabel && button != nullptr && isMain(*button)) {
     QStyleOptionButton main(*button);
     main.palette.setColor(QPalette::ButtonText, shadesOf(option->palette).onAccent);
     return QProxyStyle::drawControl(element, &main, painter, widget);
@@ -370,9 +388,13 @@ int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
 
 QIcon WindowStyle::standardIcon(StandardPixmap picture, const QStyleOption* option,
                                 const QWidget* widget) const {
-  if (picture == SP_MessageBoxInformation) return pictureIcon("information");
-  if (picture == SP_MessageBoxWarning) return pictureIcon("exclamation");
-  return QProxyStyle::standardIcon(picture, option, widget);
+  if (picture != SP_MessageBoxInformation && picture != SP_MessageBoxWarning) {
+    return QProxyStyle::standardIcon(picture, option, widget);
+  }
+  const forms::Picture name = picture == SP_MessageBoxWarning ? "exclamation" : "information";
+  if (widget == nullptr || !isHighContrast(widget->palette())) return pictureIcon(name);
+  constexpr QSize kSize(32, 32);
+  return qt::picture(name, kSize, widget->devicePixelRatioF(), widget->palette());
 }
 
 int WindowStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
