@@ -54,6 +54,8 @@ Shades shadesFor(const QPalette& palette) {
   const bool dark = forms::isDark(rgbOf(window));
   Shades shades;
   shades.outline = visibleOn(window, palette.color(QPalette::Active, QPalette::Dark));
+  constexpr int kHalf = 50;
+  shades.disabledOutline = mixed(window, shades.outline, kHalf);
   shades.button = dark ? button : mixed(button, base, 50);
   shades.accent = accent;
   shades.onAccent = textOn(accent);

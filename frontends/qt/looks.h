@@ -37,12 +37,13 @@ bool isDark(const QPalette& palette);
 bool isHighContrast(const QPalette& palette);
 /// What windows are drawn with besides the colours of their palette.
 struct Shades {
-  QColor outline;        ///< around boxes, buttons and marks
-  QColor button;         ///< the ground of buttons
-  QColor accent;         ///< the ground of the main button …
-  QColor onAccent;       ///< … its text …
-  QColor accentOutline;  ///< … and its outline
-  QColor focus;          ///< around what has the keyboard
+  QColor outline;          ///< around boxes, buttons and marks …
+  QColor disabledOutline;  ///< … and around those that are disabled
+  QColor button;           ///< the ground of buttons
+  QColor accent;           ///< the ground of the main button and of marks …
+  QColor onAccent;         ///< … what is drawn on it …
+  QColor accentOutline;    ///< … and its outline
+  QColor focus;            ///< around what has the keyboard
   QColor link;
   QColor hoverLink;    ///< a link under the mouse …
   QColor hoverGround;  ///< … and what is behind it

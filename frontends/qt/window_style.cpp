@@ -40,8 +40,9 @@ bool isHovered(const QStyleOption& option) {
 }
 
 QColor outlineOf(const QStyleOption& option) {
-  return isHovered(option) ? option.palette.color(QPalette::WindowText)
-                           : shadesOf(option.palette).outline;
+  if (isHovered(option)) return option.palette.color(QPalette::WindowText);
+  const Shades& shades = shadesOf(option.palette);
+  return has(option, QStyle::State_Enabled) ? shades.outline : shades.disabledOutline;
 }
 
 /// What takes a text or a mark.
@@ -66,7 +67,7 @@ Box buttonOf(const QStyleOption& option, bool main) {
   const QColor towards = main ? shades.onAccent.lightness() > 127 ? Qt::black : Qt::white
                               : option.palette.color(QPalette::WindowText);
   if (!has(option, QStyle::State_Enabled)) {
-    return {option.palette.color(QPalette::Window), shades.outline, 1, round};
+    return {option.palette.color(QPalette::Window), outlineOf(option), 1, round};
   }
   const bool down = has(option, QStyle::State_Sunken) || has(option, QStyle::State_On);
   return {mixed(ground, towards,
