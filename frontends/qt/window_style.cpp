@@ -51,6 +51,22 @@ Box fieldOf(const QStyleOption& option) {
   return {option.palette.color(ground), outlineOf(option), 1, kSquare};
 }
 
+/// The box of a check mark or of an option. What is chosen has the accent colour.
+Box indicatorOf(const QStyleOption& option) {
+  Box box = fieldOf(option);
+  const bool marked = has(option, QStyle::State_On) || has(option, QStyle::State_NoChange);
+  if (!has(option, QStyle::State_Enabled) || !marked) return box;
+  const Shades& shades = shadesOf(option.palette);
+  box.ground = shades.accent;
+  if (!isHovered(option)) box.outline = shades.accentOutline;
+  return box;
+}
+
+QColor markColorOf(const QStyleOption& option) {
+  return has(option, QStyle::State_Enabled) ? shadesOf(option.palette).onAccent
+                                            : option.palette.color(QPalette::Text);
+}
+
 bool isMain(const QStyleOptionButton& button) {
   return button.features.testFlag(QStyleOptionButton::DefaultButton) &&
          has(button, QStyle::State_Enabled);
@@ -83,13 +99,13 @@ QPen markPen(const QColor& color, double width) {
 
 void drawCheckBox(QPainter& painter, const QStyleOption& option) {
   const QRect& rect = option.rect;
-  drawBox(painter, rect, fieldOf(option));
+  drawBox(painter, rect, indicatorOf(option));
   const auto point = [&rect](double x, double y) {
     return QPointF(rect.x() + x * rect.width(), rect.y() + y * rect.height());
   };
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(markPen(option.palette.color(QPalette::Text), 2));
+  painter.setPen(markPen(markColorOf(option), 2));
   if (has(option, QStyle::State_NoChange)) {
     painter.drawLine(point(0.28, 0.5), point(0.72, 0.5));
   } else if (has(option, QStyle::State_On)) {
@@ -99,8 +115,8 @@ void drawCheckBox(QPainter& painter, const QStyleOption& option) {
 }
 
 void drawOption(QPainter& painter, const QStyleOption& option) {
-  constexpr double kDot = 0.28;
-  const Box field = fieldOf(option);
+  constexpr double kDot = 0.2;
+  const Box field = indicatorOf(option);
   const double half = std::min(option.rect.width(), option.rect.height()) / 2.0;
   const QPointF middle = QRectF(option.rect).center();
   painter.save();
@@ -110,7 +126,7 @@ void drawOption(QPainter& painter, const QStyleOption& option) {
   painter.drawEllipse(middle, half - 0.5, half - 0.5);
   if (has(option, QStyle::State_On)) {
     painter.setPen(Qt::NoPen);
-    painter.setBrush(option.palette.color(QPalette::Text));
+    painter.setBrush(markColorOf(option));
     painter.drawEllipse(middle, 2 * half * kDot, 2 * half * kDot);
   }
   painter.restore();
@@ -120,20 +136,19 @@ bool isLink(const QLabel& label) {
   return label.font().underline();
 }
 
-/// What the ring is to be around: of a check box or a link not the whole place.
+/// What the ring is to be around: of check boxes, options and links the caption, which leaves the
+/// mark and the rows above and below alone.
 QRect ringedPart(const QWidget& widget) {
   const QStyle& style = *widget.style();
   QStyleOptionButton option;
   option.initFrom(&widget);
   if (const auto* box = qobject_cast<const QCheckBox*>(&widget)) {
     option.text = box->text();
-    return style.subElementRect(QStyle::SE_CheckBoxFocusRect, &option, box) |
-           style.subElementRect(QStyle::SE_CheckBoxIndicator, &option, box);
+    return style.subElementRect(QStyle::SE_CheckBoxFocusRect, &option, box);
   }
   if (const auto* button = qobject_cast<const QRadioButton*>(&widget)) {
     option.text = button->text();
-    return style.subElementRect(QStyle::SE_RadioButtonFocusRect, &option, button) |
-           style.subElementRect(QStyle::SE_RadioButtonIndicator, &option, button);
+    return style.subElementRect(QStyle::SE_RadioButtonFocusRect, &option, button);
   }
   const auto* label = qobject_cast<const QLabel*>(&widget);
   if (label == nullptr || !isLink(*label)) return widget.rect();
@@ -144,7 +159,7 @@ QRect ringedPart(const QWidget& widget) {
 
 /// How far the ring is from what it is around. Boxes and buttons have it on their own outlines.
 QSize ringMargin(const QWidget& widget) {
-  if (widget.inherits("QCheckBox") || widget.inherits("QRadioButton")) return {kBesideRing, kRing};
+  if (widget.inherits("QCheckBox") || widget.inherits("QRadioButton")) return {1, 0};
   const auto* label = qobject_cast<const QLabel*>(&widget);
   const bool beside = label != nullptr && (isLink(*label) || label->text().isEmpty());
   return beside ? QSize(kRing, kRing) : QSize(0, 0);

@@ -28,6 +28,7 @@ void writeList(forms::Window& window) {
     static_cast<forms::TextControl*>(window.find(name, index))->setText(value);
   };
   click(window, "optNA", 2);
+  window.setFocus(*window.find("optNA", 2));
   text("cboPreSuf", 0, u"Step");
   text("cboPreSuf", 1, u")");
   text("txtBEndAt", -1, u"8");
