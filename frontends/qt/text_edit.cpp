@@ -10,7 +10,7 @@
 namespace kvrnstep::qt {
 
 TextEdit::TextEdit(forms::TextBox& box, QWidget* parent) : Typing(box, parent) {
-  constexpr double kMargin = 2;
+  constexpr double kMargin = 4;
   constexpr double kGutter = 6;
   const forms::ControlRow& row = box.row();
   if (row.readOnly) {

@@ -165,6 +165,11 @@ QSize ringMargin(const QWidget& widget) {
   return beside ? QSize(kRing, kRing) : QSize(0, 0);
 }
 
+bool isField(const QWidget& widget) {
+  return widget.inherits("QLineEdit") || widget.inherits("QComboBox") ||
+         widget.inherits("QAbstractScrollArea");
+}
+
 /// Buttons and pictures have a gap within the ring, because they may be as dark.
 void drawRing(QPainter& painter, const QStyleOption& option, const QWidget& ringed) {
   const QSize margin = ringMargin(ringed);
@@ -172,7 +177,10 @@ void drawRing(QPainter& painter, const QStyleOption& option, const QWidget& ring
   const QRect around =
       part.adjusted(-margin.width(), -margin.height(), margin.width(), margin.height()) &
       option.rect;
-  drawBox(painter, around, {.outline = shadesOf(option.palette).focus, .width = kRing});
+  drawBox(painter, around,
+          {.outline = shadesOf(option.palette).focus,
+           .width = kRing,
+           .round = isField(ringed) ? kSquare : kRound});
   const auto* label = qobject_cast<const QLabel*>(&ringed);
   if (label == nullptr ? !ringed.inherits("QPushButton") : !label->text().isEmpty()) return;
   drawBox(painter, around.adjusted(kRing, kRing, -kRing, -kRing),
@@ -249,6 +257,20 @@ void drawIcon(QPainter& painter, const QStyleOptionButton& button) {
   painter.drawPixmap(place.topLeft(), picture);
 }
 
+/// Three short rows of squares in the corner by which a window is sized.
+void drawGrip(QPainter& painter, const QStyleOption& option) {
+  constexpr int kRows = 3;
+  constexpr int kSquareSize = 2;
+  constexpr int kStep = 4;
+  const QColor color = shadesOf(option.palette).outline;
+  for (int row = 0; row < kRows; ++row) {
+    for (int column = 0; column < kRows - row; ++column) {
+      const QPoint corner = option.rect.bottomRight() - QPoint(column + 1, row + 1) * kStep;
+      painter.fillRect(QRect(corner, QSize(kSquareSize, kSquareSize)), color);
+    }
+  }
+}
+
 /// As most boxes are, and much faster than round corners.
 void drawSquare(QPainter& painter, const QRect& dots, int width, const Box& box) {
   const QTransform fromDots = painter.deviceTransform().inverted();
@@ -295,11 +317,12 @@ void drawBox(QPainter& painter, const QRect& rect, const Box& box) {
 void drawArrowHead(QPainter& painter, const QRect& within, bool up, const QColor& color) {
   constexpr double kWide = 3;
   constexpr double kHigh = 1.5;
+  constexpr double kPen = 1.1;
   const QPointF middle = QRectF(within).center();
   const double tip = up ? -kHigh : kHigh;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(markPen(color, 1.5));
+  painter.setPen(markPen(color, kPen));
   painter.drawPolyline(QPolygonF{middle + QPointF(-kWide, -tip), middle + QPointF(0, tip),
                                  middle + QPointF(kWide, -tip)});
   painter.restore();
@@ -326,6 +349,10 @@ void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
     }
     case PE_Frame:
       return drawBox(*painter, option->rect, {.outline = outlineOf(*option), .round = kSquare});
+    case PE_PanelMenu:
+      return drawBox(
+          *painter, option->rect,
+          {option->palette.color(QPalette::Base), shadesOf(option->palette).outline, 1, kSquare});
     case PE_PanelScrollAreaCorner:
       return painter->fillRect(option->rect, option->palette.color(QPalette::Base));
     case PE_FrameFocusRect:
@@ -349,8 +376,17 @@ void WindowStyle::drawControl(ControlElement element, const QStyleOption* option
     QProxyStyle::drawControl(element, option, painter, widget);
     // Fusion has a line there, which has a gap below each menu.
     if (has(*option, State_Selected)) return;
-    return painter->fillRect(option->rect.adjusted(0, option->rect.height() - 1, 0, 0),
+    return painter->fillRect(option->rect.adjusted(0, option->rect.height() - 2, 0, 0),
                              option->palette.color(QPalette::Window));
+  }
+  if (element == CE_SizeGrip) return drawGrip(*painter, *option);
+  const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+  if (element == CE_MenuItem && entry != nullptr &&
+      entry->menuItemType == QStyleOptionMenuItem::Separator) {
+    constexpr int kBeside = 5;
+    const QRect line(option->rect.left() + kBeside, option->rect.center().y(),
+                     option->rect.width() - 2 * kBeside, 1);
+    return painter->fillRect(line, shadesOf(option->palette).disabledOutline);
   }
   const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
   if (element == CE_PushButtonLabel && button != nullptr && !button->icon.isNull()) {
@@ -384,6 +420,18 @@ QRect WindowStyle::subControlRect(ComplexControl control, const QStyleOptionComp
     return scrollBarPart(*bar, part);
   }
   return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+QRect WindowStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                  const QWidget* widget) const {
+  const QRect rect = QProxyStyle::subElementRect(element, option, widget);
+  // Boxes for a number have no room to spare.
+  constexpr int kWide = 60;
+  constexpr int kBesideText = 2;
+  const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+  const bool roomy = element == SE_LineEditContents && frame != nullptr && frame->lineWidth > 0 &&
+                     frame->rect.width() >= kWide;
+  return roomy ? rect.adjusted(kBesideText, 0, -kBesideText, 0) : rect;
 }
 
 int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,

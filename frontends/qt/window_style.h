@@ -19,6 +19,9 @@ class WindowStyle : public QProxyStyle {
                           QPainter* painter, const QWidget* widget) const override;
   [[nodiscard]] QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                      SubControl part, const QWidget* widget) const override;
+  /// Keeps the text of a wide box off the ring.
+  [[nodiscard]] QRect subElementRect(SubElement element, const QStyleOption* option,
+                                     const QWidget* widget) const override;
   [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
                                 const QWidget* widget) const override;
   /// The pictures of messages.
