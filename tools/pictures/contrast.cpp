@@ -77,10 +77,11 @@ bool hasIndicator(const QWidget& widget) {
   return widget.inherits("QCheckBox") || widget.inherits("QRadioButton");
 }
 
+constexpr int kIndicator = 18;
+
 /// The place of the text alone; empty where there is none.
 QRect textPlace(const QWidget& widget) {
   constexpr int kBorder = 4;
-  constexpr int kIndicator = 18;
   constexpr int kArrow = 24;
   QRect place = widget.rect().adjusted(kBorder, kBorder / 2, -kBorder, -kBorder / 2);
   if (hasIndicator(widget)) place.setLeft(kIndicator);
@@ -115,18 +116,48 @@ void note(Contrasts& found, const std::string& kind, double contrast) {
   if (!isNew) entry->second = std::min(entry->second, contrast);
 }
 
+void measureEntries(const Picture& picture, const QListView& list, Contrasts& found) {
+  const std::string selected =
+      list.hasFocus() ? "selected entry" : "selected entry, keyboard elsewhere";
+  for (int row = 0; row < list.model()->rowCount(); ++row) {
+    const QModelIndex index = list.model()->index(row, 0);
+    const QRect place = list.visualRect(index);
+    const bool isSelected = list.selectionModel()->isSelected(index);
+    note(found, isSelected ? selected : "texts", picture.contrastIn(*list.viewport(), place));
+    if (!isSelected) continue;
+    note(found, "outline of the selected entry", picture.contrastOfEdge(*list.viewport(), place));
+  }
+}
+
 void measureText(const Picture& picture, const QWidget& widget, Contrasts& found) {
   if (const auto* list = qobject_cast<const QListView*>(&widget)) {
-    for (int row = 0; row < list->model()->rowCount(); ++row) {
-      const QModelIndex index = list->model()->index(row, 0);
-      const bool selected = list->selectionModel()->isSelected(index);
-      note(found, selected ? "selected entry" : "texts",
-           picture.contrastIn(*list->viewport(), list->visualRect(index)));
-    }
-    return;
+    return measureEntries(picture, *list, found);
   }
   const QRect place = textPlace(widget);
   if (!place.isEmpty()) note(found, kindOfText(widget), picture.contrastIn(widget, place));
+}
+
+/// What is drawn on buttons without a text, and what tells that an option is chosen.
+void measureSign(const Picture& picture, const QWidget& widget, Contrasts& found) {
+  constexpr int kBorder = 4;
+  constexpr int kMark = 8;
+  const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+  const auto* label = qobject_cast<const QLabel*>(&widget);
+  std::string kind;
+  QRect place = widget.rect().adjusted(kBorder, 2, -kBorder, -2);
+  if (hasIndicator(widget)) {
+    if (!button->isChecked()) return;
+    kind = "marks of options";
+    place = QRect(kBorder - 1, (widget.height() - kMark) / 2, kMark, kMark);
+  } else if (button != nullptr && button->text().isEmpty()) {
+    kind = "signs on buttons";
+  } else if (label != nullptr && !label->pixmap(Qt::ReturnByValue).isNull()) {
+    kind = "signs in pictures";
+  } else {
+    return;
+  }
+  if (!widget.isEnabled()) kind += ", disabled";
+  note(found, kind, picture.contrastIn(widget, place));
 }
 
 void measureEdge(const Picture& picture, const QWidget& widget, Contrasts& found) {
@@ -147,9 +178,15 @@ void measureRing(QWidget& window, QWidget& widget, Contrasts& found) {
   if (QApplication::focusWidget() != &widget) return;
   constexpr int kBeside = 3;
   const Picture ringed(window);
+  // That of options is around the caption.
+  const int beside = hasIndicator(widget) ? kIndicator - kBeside : 0;
+  const QRect place = widget.rect().translated(beside, 0);
   note(found, "ring around what has the keyboard",
-       std::max(ringed.contrastOfEdge(widget, widget.rect()),
-                ringed.contrastOfEdge(widget, widget.rect().translated(-kBeside, 0))));
+       std::max(ringed.contrastOfEdge(widget, place),
+                ringed.contrastOfEdge(widget, place.translated(-kBeside, 0))));
+  if (const auto* list = qobject_cast<const QListView*>(&widget)) {
+    measureEntries(ringed, *list, found);
+  }
 }
 
 }  // namespace
@@ -168,6 +205,7 @@ void measure(QWidget& window, Contrasts& found) {
   for (const QWidget* widget : controls) {
     measureText(idle, *widget, found);
     measureEdge(idle, *widget, found);
+    measureSign(idle, *widget, found);
   }
   for (QWidget* widget : controls) widget->setAttribute(Qt::WA_UnderMouse);
   const Picture hovered(window);
@@ -181,8 +219,12 @@ void measure(QWidget& window, Contrasts& found) {
 }
 
 double leastContrast(const std::string& kind) {
-  const bool outline = kind.starts_with("outlines") || kind.starts_with("ring");
-  return outline ? forms::kVisible : forms::kReadable;
+  constexpr double kFaint = 1.5;
+  const auto isOf = [&kind](std::string_view thing) { return kind.starts_with(thing); };
+  // Paler than those of what can be used, but there.
+  if (isOf("outlines") && kind.ends_with("disabled")) return kFaint;
+  const bool text = !isOf("outline") && !isOf("ring") && !isOf("marks") && !isOf("signs");
+  return text ? forms::kReadable : forms::kVisible;
 }
 
 }  // namespace kvrnstep::pictures
