@@ -15,6 +15,8 @@
 #include <string>
 #include <vector>
 
+#include "folder.h"
+
 namespace {
 
 /// Runs a program, its output thrown away; false when that failed.
@@ -54,6 +56,27 @@ BENCHMARK_CAPTURE(process, listwright,
 BENCHMARK_CAPTURE(process, seq, {"seq", "-f", "Step %g.", "99"})
     ->UseRealTime()
     ->Unit(benchmark::kMicrosecond);
+
+#ifdef FIRST_DIALOG
+/// Until the dialog has been painted and the process has ended.
+void firstDialog(benchmark::State& state, const char* what) {
+  const kvrnstep::bench::Folder folder;
+  std::int64_t most = 0;
+  if (!run({FIRST_DIALOG, folder.path(), "design"}, "/dev/null", most)) {
+    state.SkipWithError("no display");
+  }
+  for (auto _ : state) {
+    if (!run({FIRST_DIALOG, folder.path(), what}, "/dev/null", most)) {
+      state.SkipWithError("the program failed");
+    }
+  }
+}
+void longer(benchmark::internal::Benchmark* bench) {
+  bench->MinTime(0.5)->UseRealTime()->Unit(benchmark::kMillisecond);
+}
+BENCHMARK_CAPTURE(firstDialog, ours, "ours")->Apply(longer);
+BENCHMARK_CAPTURE(firstDialog, bare, "bare")->Apply(longer);
+#endif
 
 /// A file of so many lines, all items of one list whose numbers are wrong.
 class ManyLines {
