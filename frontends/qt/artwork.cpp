@@ -71,9 +71,9 @@ QIcon pictureIcon(forms::Picture picture) {
 const QIcon& windowIcon() {
   static const QIcon icon = [] {
     QIcon made;
-    // Each is drawn for its size.
+    // Each is drawn for its size, and read when a desktop asks for it.
     for (const int size : {16, 24, 32, 48, 64}) {
-      made.addFile(QStringLiteral(":/listwright/program/%1.png").arg(size));
+      made.addFile(QStringLiteral(":/listwright/program/%1.png").arg(size), {size, size});
     }
     return made;
   }();

@@ -17,10 +17,19 @@ namespace {
 
 constexpr int kCaptionHeight = 11;
 
+/// Asking Qt about one family takes as long as asking it for all of them. A family that several
+/// makers have has theirs behind its name.
+bool isInstalled(const QString& family) {
+  static const QStringList all = QFontDatabase::families();
+  return std::ranges::any_of(all, [&](const QString& installed) {
+    return installed == family || installed.startsWith(family + " [");
+  });
+}
+
 QString firstInstalled(std::initializer_list<const char*> families,
                        QFontDatabase::SystemFont otherwise) {
   for (const char* family : families) {
-    if (QFontDatabase::hasFamily(family)) return family;
+    if (isInstalled(family)) return family;
   }
   return QFontDatabase::systemFont(otherwise).family();
 }
@@ -44,6 +53,8 @@ QString substitute(const QString& name) {
   });
   if (proportional) return captionFamily();
   if (name.compare("Times New Roman", Qt::CaseInsensitive) == 0) return "Liberation Serif";
+  // It may be one that Qt has by another name.
+  if (QFontDatabase::hasFamily(name)) return name;
   return firstInstalled({"Courier New", "Liberation Mono", "DejaVu Sans Mono"},
                         QFontDatabase::FixedFont);
 }
@@ -54,7 +65,7 @@ const QString& installedFamily(const QString& name) {
   static QHash<QString, QString> known;
   auto found = known.find(name);
   if (found == known.end()) {
-    found = known.insert(name, QFontDatabase::hasFamily(name) ? name : substitute(name));
+    found = known.insert(name, isInstalled(name) ? name : substitute(name));
   }
   return *found;
 }

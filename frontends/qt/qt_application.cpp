@@ -3,7 +3,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QThread>
-#include <QToolTip>
 #include <array>
 #include <mutex>
 #include <utility>
@@ -92,7 +91,8 @@ void createApplication(const std::string& platform) {
   if (!buses.accessibility) QAccessible::setRootObject(application);
   QGuiApplication::setQuitOnLastWindowClosed(false);
   followDesktop(application);
-  QToolTip::setFont(captionFont());
+  // Otherwise Qt finds the font that it would use, for boxes that have another one soon after.
+  QApplication::setFont(captionFont());
   ours = true;
 }
 

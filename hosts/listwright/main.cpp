@@ -1,3 +1,4 @@
+#include <clocale>
 #include <cstdio>
 #include <exception>
 #include <stdexcept>
@@ -35,6 +36,8 @@ ExitStatus showDialog(const Options& options) {
   makeWritableFolder(folderOf(arguments.s_IniPathAndName));
   const bool read = hosts::outputIsRead();
   if (!read) arguments.insert_copies = 1;
+  // Qt sets the locale for a time. A display whose locale differs from that is asked for both.
+  std::setlocale(LC_ALL, "");
   std::string list;
   const bool inserted = plugin(options).ShowListwrightDialog(list, arguments);
   if (!inserted) return NotInserted;

@@ -78,7 +78,11 @@ void ControlSync::applyCaption(const Changes& changes) {
 }
 
 void ControlSync::applyBox(const TextBox& box, const Changes& changes) {
-  if (changes.has(Property::Font)) setFont(box.font(), box.fontSize());
+  if (changes.has(Property::Font)) {
+    // Finding a font takes longer than making a box, and some boxes never come into view.
+    const bool inView = box.place().right() > 0;
+    inView ? setFont(box.font(), box.fontSize()) : mark(Property::Font);
+  }
   if (changes.has(Property::Text)) text()->showText();
   if (changes.has(Property::Text, Property::Selection)) text()->showSelection();
 }
