@@ -26,9 +26,14 @@ void TextBoxView::setFont(const std::u16string& font, float points) {
 void TextBoxView::recolor() {
   const auto& box = static_cast<const forms::TextBox&>(control());
   const QPalette own = widget()->parentWidget()->palette();
+  const QColor ground = colorOf(box.backColor(), own);
+  const QColor text = colorOf(box.foreColor(), own);
+  // Most have those of the window, and to set a palette takes its time.
+  const bool usual = ground == own.color(QPalette::Base) && text == own.color(QPalette::Text);
+  if (usual && !widget()->testAttribute(Qt::WA_SetPalette)) return;
   QPalette palette = own;
-  palette.setColor(QPalette::Base, colorOf(box.backColor(), own));
-  palette.setColor(QPalette::Text, colorOf(box.foreColor(), own));
+  palette.setColor(QPalette::Base, ground);
+  palette.setColor(QPalette::Text, text);
   palette.setColor(QPalette::Disabled, QPalette::Text,
                    own.color(QPalette::Disabled, QPalette::Text));
   widget()->setPalette(palette);

@@ -45,10 +45,6 @@ std::string Control::scriptName() const {
   return name;
 }
 
-Control* Control::buddy() const {
-  return window_.find(row_.buddy, row_.buddyIndex);
-}
-
 void Control::changed(Property property) {
   window_.changed(*this, property);
 }

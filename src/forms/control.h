@@ -142,7 +142,7 @@ class Control {
   [[nodiscard]] Window& window() const { return window_; }
   [[nodiscard]] Control* container() const { return container_; }
   /// What the row names as its buddy, or null.
-  [[nodiscard]] Control* buddy() const;
+  [[nodiscard]] Control* buddy() const { return buddy_; }
 
   [[nodiscard]] bool enabled() const { return enabled_; }
   void setEnabled(bool enabled) { assign(enabled_, enabled, Property::Enabled); }
@@ -189,11 +189,14 @@ class Control {
   }
 
  private:
+  friend class Window;
+
   [[nodiscard]] bool covered() const;
 
   Window& window_;
   const ControlRow& row_;
   Control* container_;
+  Control* buddy_ = nullptr;
   std::u16string caption_{row_.caption};
   Rect place_{row_.place};
   int cursor_ = 0;

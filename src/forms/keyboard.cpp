@@ -23,8 +23,7 @@ Control* findIf(const Window& window, Condition condition) {
 /// The spinner or the label of a box, or null.
 Control* leadingTo(const Control& box, Kind kind) {
   return findIf(box.window(), [&](const Control& control) {
-    return control.kind() == kind && control.row().buddy == box.row().name &&
-           control.row().buddyIndex == box.index();
+    return control.kind() == kind && control.buddy() == &box;
   });
 }
 

@@ -43,6 +43,10 @@ Group visibleIn(const Window& window, const Control* container) {
   return group;
 }
 
+bool holdsOthers(const Control& control) {
+  return control.kind() == Kind::Frame || control.kind() == Kind::Panel;
+}
+
 /// Adds the controls as the eye reads: rows from top to bottom, each from left to right, and what
 /// is in a container right behind it. Controls that overlap follow their upper left corners.
 void read(Group group, Group& order) {
@@ -59,7 +63,7 @@ void read(Group group, Group& order) {
   });
   for (Control* control : group) {
     order.push_back(control);
-    read(visibleIn(control->window(), control), order);
+    if (holdsOthers(*control)) read(visibleIn(control->window(), control), order);
   }
 }
 

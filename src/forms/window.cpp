@@ -31,11 +31,15 @@ Window::Window(const WindowDesign& design)
     Control* container = row.in.empty() ? nullptr : find(row.in, -1);
     controls_.push_back(kMakers.at(static_cast<std::size_t>(row.kind))(*this, row, container));
   }
+  for (const auto& control : controls_) {
+    const ControlRow& row = control->row();
+    if (!row.buddy.empty()) control->buddy_ = find(row.buddy, row.buddyIndex);
+  }
 }
 
 Control* Window::find(std::string_view name, int index) const {
   const auto found = std::ranges::find_if(controls_, [&](const auto& control) {
-    return control->row().name == name && control->row().index == index;
+    return control->index() == index && control->row().name == name;
   });
   return found == controls_.end() ? nullptr : found->get();
 }
