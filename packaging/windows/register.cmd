@@ -24,7 +24,7 @@ call :register %1
 
 :told
 if %failed%==1 (echo It did not work.) else (echo Done.)
-if %failed%==1 if "%PROCESSOR_ARCHITECTURE%"=="ARM64" echo This is Windows for ARM64: docs say what that means, see windows.md.
+if %failed%==1 if "%PROCESSOR_ARCHITECTURE%"=="ARM64" echo This is Windows for ARM64: see docs\windows.md.
 rem Explorer calls with the full name and a blank behind it, and closes the window at once.
 setlocal EnableDelayedExpansion
 set "line=!cmdcmdline:"=!"
