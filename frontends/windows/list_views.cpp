@@ -3,13 +3,18 @@
 #include <algorithm>
 #include <utility>
 
+#include "forms/shown_entry.h"
 #include "forms/user_actions.h"
 #include "text/windows/wide.h"
+#include "tool_tips.h"
 #include "window_view.h"
 
 namespace kvrnstep::windows {
 
 namespace {
+
+/// Between the edge of a list and its entries.
+constexpr int kBeside = 2;
 
 /// Messages that list boxes and combo boxes both have, under different numbers.
 struct FillMessages {
@@ -39,8 +44,59 @@ void fill(HWND list, const FillMessages& messages, const std::vector<std::u16str
 }  // namespace
 
 ListView::ListView(WindowView& window, forms::ListBox& list) : ControlView(window, list) {
-  create(WC_LISTBOXW, WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+  create(WC_LISTBOXW,
+         WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | LBS_OWNERDRAWFIXED |
+             LBS_HASSTRINGS,
          WS_EX_CLIENTEDGE);
+}
+
+std::optional<LRESULT> ListView::told(UINT message, WPARAM wide, LPARAM longer) {
+  if (message != WM_DRAWITEM) return ControlView::told(message, wide, longer);
+  draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(longer));
+  return TRUE;
+}
+
+/// As the system draws entries, but for those that are too wide.
+void ListView::draw(const DRAWITEMSTRUCT& entry) const {
+  const bool selected = (entry.itemState & ODS_SELECTED) != 0;
+  const bool enabled = (entry.itemState & ODS_DISABLED) == 0;
+  ::FillRect(entry.hDC, &entry.rcItem,
+             ::GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  if (entry.itemID < entries_.size()) {
+    ::SetTextColor(entry.hDC, ::GetSysColor(selected  ? COLOR_HIGHLIGHTTEXT
+                                            : enabled ? COLOR_WINDOWTEXT
+                                                      : COLOR_GRAYTEXT));
+    ::SetBkMode(entry.hDC, TRANSPARENT);
+    const std::u16string shown = shownOf(entry.hDC, entries_[entry.itemID]);
+    ::TextOutW(entry.hDC, entry.rcItem.left + kBeside, entry.rcItem.top, text::wide(shown),
+               static_cast<int>(shown.size()));
+  }
+  const bool marked = (entry.itemState & ODS_FOCUS) != 0;
+  if (marked && (entry.itemState & ODS_NOFOCUSRECT) == 0) {
+    ::DrawFocusRect(entry.hDC, &entry.rcItem);
+  }
+}
+
+std::u16string ListView::shownOf(HDC context, const std::u16string& entry) const {
+  RECT inside{};
+  ::GetClientRect(handle(), &inside);
+  return forms::shownEntry(control().row(), entry, static_cast<int>(inside.right) - 2 * kBeside,
+                           [context](const std::u16string& part) {
+                             SIZE size{};
+                             ::GetTextExtentPoint32W(context, text::wide(part),
+                                                     static_cast<int>(part.size()), &size);
+                             return static_cast<int>(size.cx);
+                           });
+}
+
+/// The tip tells the whole entry under the mouse where it is not drawn whole.
+void ListView::hover(LPARAM where) {
+  const auto found = static_cast<DWORD>(::SendMessageW(handle(), LB_ITEMFROMPOINT, 0, where));
+  const bool outside = HIWORD(found) != 0 || LOWORD(found) >= entries_.size();
+  std::u16string tip = outside ? std::u16string() : entries_[LOWORD(found)];
+  auto* const font = reinterpret_cast<HFONT>(::SendMessageW(handle(), WM_GETFONT, 0, 0));
+  if (shownOf(Drawing(handle(), font), tip) == tip) tip.clear();
+  if (std::exchange(tip_, tip) != tip) changeToolTip(window().tips(), handle(), tip);
 }
 
 void ListView::commanded(int notification) {
@@ -54,6 +110,14 @@ void ListView::commanded(int notification) {
 LRESULT ListView::received(UINT message, WPARAM wide, LPARAM longer) {
   const LRESULT result = ControlView::received(message, wide, longer);
   switch (message) {
+    case WM_SETFONT: {
+      const LONG line = Drawing(handle(), reinterpret_cast<HFONT>(wide)).metrics().tmHeight;
+      ::SendMessageW(handle(), LB_SETITEMHEIGHT, 0, line);
+      break;
+    }
+    case WM_MOUSEMOVE:
+      hover(longer);
+      break;
     case WM_VSCROLL:
     case WM_MOUSEWHEEL:
     case WM_KEYDOWN:

@@ -13,6 +13,7 @@ class ListView : public ControlView {
   [[nodiscard]] std::optional<POINT> menuPlace() const override;
   /// The first entry that equals a text but for letter case; −1 for none.
   [[nodiscard]] int find(const std::u16string& text) const;
+  std::optional<LRESULT> told(UINT message, WPARAM wide, LPARAM longer) override;
 
  protected:
   void commanded(int notification) override;
@@ -24,8 +25,12 @@ class ListView : public ControlView {
 
  private:
   [[nodiscard]] int asked(UINT message) const;
+  void draw(const DRAWITEMSTRUCT& entry) const;
+  [[nodiscard]] std::u16string shownOf(HDC context, const std::u16string& entry) const;
+  void hover(LPARAM where);
 
-  std::vector<std::u16string> entries_;  ///< as the window shows them
+  std::vector<std::u16string> entries_;  ///< as the window holds them
+  std::u16string tip_;
 };
 
 /// A line of text with a drop-down list.

@@ -12,11 +12,13 @@ namespace kvrnstep::windows {
 
 WindowHandle toolTipsOf(HWND window) {
   return WindowHandle(::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                                        WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0, 0, window, nullptr,
-                                        thisModule(), nullptr));
+                                        WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, window,
+                                        nullptr, thisModule(), nullptr));
 }
 
-void addToolTip(HWND tips, HWND control, std::u16string_view text) {
+namespace {
+
+void tell(HWND tips, UINT message, HWND control, std::u16string_view text) {
   std::u16string note(text);
   TTTOOLINFOW tool{};
   tool.cbSize = sizeof tool;
@@ -24,7 +26,18 @@ void addToolTip(HWND tips, HWND control, std::u16string_view text) {
   tool.hwnd = ::GetWindow(tips, GW_OWNER);
   tool.uId = reinterpret_cast<UINT_PTR>(control);
   tool.lpszText = text::wide(note.data());
-  ::SendMessageW(tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  ::SendMessageW(tips, message, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+}  // namespace
+
+void addToolTip(HWND tips, HWND control, std::u16string_view text) {
+  tell(tips, TTM_ADDTOOLW, control, text);
+}
+
+void changeToolTip(HWND tips, HWND control, std::u16string_view text) {
+  ::SendMessageW(tips, TTM_POP, 0, 0);
+  tell(tips, TTM_UPDATETIPTEXTW, control, text);
 }
 
 }  // namespace kvrnstep::windows

@@ -108,7 +108,7 @@ std::unique_ptr<forms::ControlSync> WindowView::makeView(Control& control) {
   for (const HWND window : {view.handle(), view.keyTarget()}) {
     if (window != nullptr) byHandle_.emplace(window, &view);
   }
-  if (!control.row().toolTip.empty()) {
+  if (!control.row().toolTip.empty() || control.kind() == Kind::ListBox) {
     addToolTip(tips_.get(), view.handle(), control.row().toolTip);
   }
   return made;

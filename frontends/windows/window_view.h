@@ -31,6 +31,7 @@ class WindowView final : public forms::ViewSync, public Receiver {
   [[nodiscard]] HWND parentFor(const forms::Control& control) const;
   [[nodiscard]] int dpi() const { return dpi_; }
   [[nodiscard]] HFONT captionFont() const { return captionFont_.get(); }
+  [[nodiscard]] HWND tips() const { return tips_.get(); }
   /// The control at a point of the screen, or null.
   [[nodiscard]] forms::Control* controlAt(POINT onScreen) const;
   /// Where a pop-up menu opens: at the mouse, or at the control where a key has asked for it.

@@ -8,6 +8,7 @@
 #include "dialogs/frm_listwright.h"
 #include "dialogs/frm_step_be.h"
 #include "dialogs/frm_step_ps_edit.h"
+#include "forms/shown_entry.h"
 #include "forms/user_actions.h"
 
 namespace kvrnstep::forms {
@@ -112,6 +113,22 @@ class Use : public testing::Test {
   }
   Window window{kUse};
 };
+
+TEST(ShownEntry, LosesItsMiddleAndKeepsItsEnd) {
+  ControlRow row{.kind = Kind::ListBox, .name = "list"};
+  const auto shown = [&](const char16_t* entry, int width) {
+    return shownEntry(row, entry, width,
+                      [](const auto& part) { return static_cast<int>(part.size()); });
+  };
+  EXPECT_EQ(shown(u"abcdefgh", 8), u"abcdefgh");
+  EXPECT_EQ(shown(u"abcdefgh", 6), u"abc\u2026gh");
+  EXPECT_EQ(shown(u"ab\U0001F600cd\U0001F600", 7), u"ab\u2026d\U0001F600") << "no halves";
+  EXPECT_EQ(shown(u"abc", 0), u"\u2026");
+  row.keptFrom = [](std::u16string_view entry) { return entry.find(u'{'); };
+  EXPECT_EQ(shown(u"abcdefgh{12}", 8), u"abc\u2026{12}");
+  EXPECT_EQ(shown(u"abcdefgh{123456789}", 8), u"abcd\u202689}") << "nothing of the beginning";
+  EXPECT_EQ(shown(u"abcdefgh", 6), u"abc\u2026gh") << "no end to keep";
+}
 
 TEST_F(Use, AListKeepsItsSelectionWhileItChanges) {
   auto& list = the<ListBox>("list");

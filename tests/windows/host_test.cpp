@@ -250,6 +250,33 @@ TEST(WindowsScale, ShowsOneLineInTheMiddleOfItsBox) {
        }});
 }
 
+TEST(WindowsList, TellsWhatItDoesNotDrawWhole) {
+  TestWindow window;
+  const std::u16string wide(99, u'm');
+  for (const auto& entry : {wide, std::u16string(u"a")})
+    window.as<forms::ListBox>("list").AddItem(entry);
+  show(window, {[&](WindowView& view) {
+         const HWND list = view.viewOf(window.at("list")).handle();
+         const auto tipAt = [&](int entry) {
+           RECT place{};
+           ::SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(entry),
+                          reinterpret_cast<LPARAM>(&place));
+           ::SendMessageW(list, WM_MOUSEMOVE, 0, MAKELPARAM(place.left, place.top));
+           std::array<char16_t, 200> text{};
+           TTTOOLINFOW tool{};
+           tool.cbSize = sizeof tool;
+           tool.uFlags = TTF_IDISHWND;
+           tool.hwnd = view.handle();
+           tool.uId = reinterpret_cast<UINT_PTR>(list);
+           tool.lpszText = reinterpret_cast<wchar_t*>(text.data());
+           ::SendMessageW(view.tips(), TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&tool));
+           return std::u16string(text.data());
+         };
+         EXPECT_EQ(tipAt(0), wide);
+         EXPECT_EQ(tipAt(1), u"");
+       }});
+}
+
 TEST(WindowsScale, FollowsTheMonitor) {
   TestWindow window;
   std::array<LONG, 3> before{};
