@@ -15,6 +15,13 @@
 
 namespace kvrnstep::windows {
 
+namespace {
+
+constexpr int kBeside = 4;
+constexpr int kAbove = 2;
+
+}  // namespace
+
 LRESULT MouseView::received(UINT message, WPARAM wide, LPARAM longer) {
   // Tab would skip it as a static control.
   if (message == WM_GETDLGCODE && forms::takesKeyboard(control())) return DLGC_BUTTON;
@@ -41,7 +48,12 @@ LRESULT MouseView::received(UINT message, WPARAM wide, LPARAM longer) {
 }
 
 LabelView::LabelView(WindowView& window, forms::Control& label) : MouseView(window, label) {
-  create(WC_STATICW, SS_LEFT | SS_NOTIFY | SS_CENTERIMAGE);
+  if (label.row().draggable) {
+    // It looks like a thing. The mouse and the keys never reach the system's button.
+    create(WC_BUTTONW, BS_PUSHBUTTON);
+  } else {
+    create(WC_STATICW, SS_LEFT | SS_NOTIFY | SS_CENTERIMAGE);
+  }
 }
 
 HBRUSH LabelView::colored(HDC context) {
@@ -52,10 +64,6 @@ HBRUSH LabelView::colored(HDC context) {
 }
 
 void LabelView::recolor() {
-  const auto systemColor = [](int number) {
-    const COLORREF color = ::GetSysColor(number);
-    return forms::Rgb{GetRValue(color), GetGValue(color), GetBValue(color)};
-  };
   const auto link = [&](double contrast) {
     const forms::Rgb color =
         forms::standingOut(systemColor(COLOR_HOTLIGHT), systemColor(COLOR_BTNFACE), contrast);
@@ -73,15 +81,13 @@ void LabelView::hover(bool on) {
   if (on) ::TrackMouseEvent(&leaving);
 }
 
-/// Labels that can be dragged are in one row with gaps between them. They take a part of the gaps,
-/// because otherwise some captions would be narrowed and others not.
-int LabelView::width(int planned) const {
-  constexpr int kSpare = 4;
-  return planned + (control().row().draggable ? toPixels(kSpare, window().dpi()) : 0);
-}
-
+/// What can be dragged has a border around the place of its text.
 void LabelView::setPlace(const forms::PixelRect& place) {
-  MouseView::setPlace({place.left, place.top, width(place.width), place.height});
+  const bool bordered = control().row().draggable;
+  const int beside = bordered ? toPixels(kBeside, window().dpi()) : 0;
+  const int above = bordered ? toPixels(kAbove, window().dpi()) : 0;
+  MouseView::setPlace(
+      {place.left - beside, place.top - above, place.width + 2 * beside, place.height + 2 * above});
 }
 
 void LabelView::setCaption(const std::u16string& caption) {
@@ -89,8 +95,10 @@ void LabelView::setCaption(const std::u16string& caption) {
 }
 
 void LabelView::fitCaption() {
-  Font fitted = fittedFont(control().caption(), width(pixelPlace().width), forms::isLink(control()),
-                           window().dpi());
+  // The border takes the other half of what is beside the text's place.
+  const int beside = control().row().draggable ? toPixels(kBeside, window().dpi()) : 0;
+  Font fitted = fittedFont(control().caption(), pixelPlace().width + beside,
+                           forms::isLink(control()), window().dpi());
   useFont(fitted.get());
   font_ = std::move(fitted);
 }
@@ -104,9 +112,9 @@ LRESULT LabelView::received(UINT message, WPARAM wide, LPARAM longer) {
   // While the mouse is captured the system sends no WM_SETCURSOR.
   if (message == WM_MOUSEMOVE && dragged_) ::SetCursor(cursorOf(control().dragCursor()));
   // Another window takes the mouse: the drag is over without a drop.
-  if (message == WM_CAPTURECHANGED && reinterpret_cast<HWND>(longer) != nullptr) dragged_ = false;
+  if (message == WM_CAPTURECHANGED && reinterpret_cast<HWND>(longer) != nullptr) setDragged(false);
   const LRESULT result = MouseView::received(message, wide, longer);
-  if (message == WM_PAINT && hasFocus()) drawFocus();
+  if (message == WM_PAINT && hasFocus() && !control().row().draggable) drawFocus();
   return result;
 }
 
@@ -124,12 +132,18 @@ void LabelView::drawFocus() const {
 
 void LabelView::pressed() {
   if (!control().row().draggable) return;
-  dragged_ = true;
+  setDragged(true);
   ::SetCursor(cursorOf(control().dragCursor()));
 }
 
+void LabelView::setDragged(bool dragged) {
+  dragged_ = dragged;
+  ::SendMessageW(handle(), BM_SETSTATE, dragged ? TRUE : FALSE, 0);
+}
+
 void LabelView::released(POINT onScreen) {
-  if (!std::exchange(dragged_, false)) return;
+  if (!dragged_) return;
+  setDragged(false);
   if (forms::Control* target = window().controlAt(onScreen)) {
     forms::userDropped(control(), *target);
   }

@@ -38,7 +38,7 @@ class LabelView : public MouseView {
  private:
   void drawFocus() const;
   void hover(bool on);
-  [[nodiscard]] int width(int planned) const;
+  void setDragged(bool dragged);
 
   Font font_;
   COLORREF color_ = 0;       ///< of a link …

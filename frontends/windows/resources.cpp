@@ -1,6 +1,7 @@
 #include "resources.h"
 
 #include <string>
+#include <utility>
 
 #include "resource_ids.h"
 
@@ -14,10 +15,19 @@ HANDLE load(LPCWSTR name, UINT kind, int pixels, UINT flags) {
 
 }  // namespace
 
+forms::Rgb systemColor(int number) {
+  const COLORREF color = ::GetSysColor(number);
+  return {GetRValue(color), GetGValue(color), GetBValue(color)};
+}
+
 Icon loadPicture(forms::Picture picture, int pixels) {
   if (picture.empty()) return Icon(nullptr);
+  const auto loaded = [pixels](const std::wstring& name) {
+    return Icon(static_cast<HICON>(load(name.c_str(), IMAGE_ICON, pixels, 0)));
+  };
   const std::wstring name(picture.begin(), picture.end());
-  return Icon(static_cast<HICON>(load(name.c_str(), IMAGE_ICON, pixels, 0)));
+  Icon dark = forms::isDark(systemColor(COLOR_BTNFACE)) ? loaded(name + L"-dark") : nullptr;
+  return dark != nullptr ? std::move(dark) : loaded(name);
 }
 
 HICON windowIcon(int pixels) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "forms/contrast.h"
 #include "forms/control.h"
 #include "handle.h"
 #include "platform/windows/this_module.h"
@@ -9,7 +10,10 @@ namespace kvrnstep::windows {
 
 using platform::thisModule;
 
-/// The picture at that size, scaled from the nearest one that there is; null for no picture.
+/// One of the system's colours, by its number.
+forms::Rgb systemColor(int number);
+/// The picture at that size, scaled from the nearest one that there is, for dark windows where they
+/// are and it has such a drawing; null for no picture.
 Icon loadPicture(forms::Picture picture, int pixels);
 /// The icon of the windows. The system owns it.
 HICON windowIcon(int pixels);
