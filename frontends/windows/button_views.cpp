@@ -29,6 +29,7 @@ DWORD styleOf(const forms::Control& button) {
   if (button.kind() == forms::Kind::OptionButton) {
     return beginsGroup(button) ? DWORD{BS_RADIOBUTTON | WS_GROUP} : BS_RADIOBUTTON;
   }
+  if (button.row().prominent) return BS_DEFPUSHBUTTON;
   return button.picture().empty() ? BS_PUSHBUTTON : BS_PUSHBUTTON | BS_ICON;
 }
 
@@ -38,6 +39,16 @@ ButtonView::ButtonView(WindowView& window, forms::Control& control) : ControlVie
   create(WC_BUTTONW, styleOf(control));
   // The system would click an option button that gets the keyboard.
   ::SendMessageW(handle(), BM_SETDONTCLICK, TRUE, 0);
+}
+
+LRESULT ButtonView::received(UINT message, WPARAM wide, LPARAM longer) {
+  if (control().row().prominent) {
+    // It only looks like the button of Enter: whoever looks for that one does not find it, and when
+    // the focus moves its look stays.
+    if (message == WM_GETDLGCODE) return DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON;
+    if (message == BM_SETSTYLE) wide = BS_DEFPUSHBUTTON;
+  }
+  return ControlView::received(message, wide, longer);
 }
 
 void ButtonView::commanded(int notification) {

@@ -10,6 +10,7 @@ class ButtonView : public ControlView {
   ButtonView(WindowView& window, forms::Control& control);
 
  protected:
+  LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
   void commanded(int notification) override;
   void setCaption(const std::u16string& caption) override;
   void fitCaption() override;

@@ -80,6 +80,10 @@ LRESULT Edit::received(UINT message, WPARAM wide, LPARAM longer) {
     fitScrollBars(handle(), !box().row().horizontalScroll);
   }
   if (movesCaret(message)) userMovedCaret();
+  // Nothing can be typed where a caret would be. The control makes it anew with these messages.
+  if (box().row().readOnly && (message == WM_SETFOCUS || message == WM_SETFONT)) {
+    ::HideCaret(handle());
+  }
   return result;
 }
 

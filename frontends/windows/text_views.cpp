@@ -2,6 +2,7 @@
 
 #include "box_font.h"
 #include "forms/contrast.h"
+#include "scale.h"
 #include "window_view.h"
 
 namespace kvrnstep::windows {
@@ -48,6 +49,9 @@ void TextBoxView::setFont(const std::u16string& font, float points) {
   Font made = boxFont(font, points, window().dpi());
   useFont(made.get());
   font_ = std::move(made);
+  if (!box().row().readOnly) return;
+  constexpr int kGutter = 6;
+  ::SendMessageW(handle(), EM_SETMARGINS, EC_LEFTMARGIN, toPixels(kGutter, window().dpi()));
 }
 
 void TextBoxView::recolor() {

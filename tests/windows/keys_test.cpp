@@ -97,7 +97,12 @@ TEST(WindowsKeyboard, EnterMnemonicsAndShortcutsReachTheirControls) {
   window.at("second").onClick = [&](int /*index*/) { told += "second "; };
   window.at("entry").onClick = [&](int /*index*/) { told += "entry "; };
   show(window, {press(VK_RETURN), press('E', VK_CONTROL), press(VK_TAB), press(VK_RETURN),
-                press('S', VK_MENU), expectFocus("second"), press(VK_ESCAPE), press(VK_RETURN)});
+                press('S', VK_MENU), expectFocus("second"), press(VK_ESCAPE), press(VK_RETURN),
+                press(VK_TAB), [](WindowView& view) {
+                  const HWND main = view.viewOf(*view.window().find("second", -1)).handle();
+                  EXPECT_EQ(::GetWindowLongPtrW(main, GWL_STYLE) & BS_TYPEMASK, BS_DEFPUSHBUTTON)
+                      << "its look stays, although Enter presses another one";
+                }});
   EXPECT_EQ(told, "entry first second first second ");
   EXPECT_EQ(window.as<forms::TextBox>("text").text(), u"\r\n");
 }
