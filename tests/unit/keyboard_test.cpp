@@ -74,7 +74,7 @@ TEST(Keyboard, AReleaseCountsInTheBoxThatSawThePress) {
   userPressedKey(end, '4');
   userLeft(window);
   userPressedKey(*window.find("optNA", 0), '5');
-  for (const KeyCode key : {'3', '4', '5'}) EXPECT_FALSE(userReleasedKey(window, key));
+  for (const KeyCode key : {U'3', U'4', U'5'}) EXPECT_FALSE(userReleasedKey(window, key));
   EXPECT_EQ(released, "end end start ");
 }
 
