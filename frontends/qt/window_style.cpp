@@ -242,19 +242,13 @@ void drawComboBox(QPainter& painter, const QStyleOptionComboBox& box, const QSty
   drawArrowHead(painter, arrow, false, box.palette.color(QPalette::ButtonText));
 }
 
-/// A picture on a button, in the colour of texts where its own colours would say another thing.
-void drawIcon(QPainter& painter, const QStyleOptionButton& button) {
-  QPixmap picture = button.icon.pixmap(button.iconSize, painter.device()->devicePixelRatioF());
-  if (isHighContrast(button.palette)) {
-    const QColor text = button.palette.color(QPalette::ButtonText);
-    picture = inColors(picture, text, text);
-  } else if (!has(button, QStyle::State_Enabled)) {
-    const QColor& grey = shadesOf(button.palette).outline;
-    picture = inColors(picture, grey, grey);
-  }
+/// A sign on a button, in the colour of its text.
+void drawSign(QPainter& painter, const QStyleOptionButton& button) {
+  const QPixmap sign = button.icon.pixmap(button.iconSize, painter.device()->devicePixelRatioF());
+  const QColor text = button.palette.color(QPalette::ButtonText);
   const QRect place =
       QStyle::alignedRect(button.direction, Qt::AlignCenter, button.iconSize, button.rect);
-  painter.drawPixmap(place.topLeft(), picture);
+  painter.drawPixmap(place.topLeft(), inColors(sign, text, text));
 }
 
 /// Three short rows of squares in the corner by which a window is sized.
@@ -390,7 +384,7 @@ void WindowStyle::drawControl(ControlElement element, const QStyleOption* option
   }
   const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
   if (element == CE_PushButtonLabel && button != nullptr && !button->icon.isNull()) {
-    return drawIcon(*painter, *button);
+    return drawSign(*painter, *button);
   }
   if (element == CE_PushButtonLabel && button != nullptr && isMain(*button)) {
     QStyleOptionButton main(*button);
