@@ -28,7 +28,7 @@ QString shortened(const QString& text, const QFontMetrics& font, int width,
 
 /// The selected entry of a list that has not the keyboard.
 void drawQuietly(QPainter& painter, const QStyleOptionViewItem& entry) {
-  constexpr int kFaint = 15;
+  constexpr int kFaint = 45;
   const Shades& shades = shadesOf(entry.palette);
   const QColor base = entry.palette.color(QPalette::Base);
   drawBox(painter, entry.rect,
@@ -52,7 +52,8 @@ class EntryDelegate : public QStyledItemDelegate {
     if (entry.fontMetrics.horizontalAdvance(entry.text) > room) {
       entry.text = shortened(entry.text, entry.fontMetrics, room, row_);
     }
-    if (entry.state.testFlag(QStyle::State_Selected) && !entry.widget->hasFocus()) {
+    if (entry.state.testFlag(QStyle::State_Selected) && !entry.widget->hasFocus() &&
+        !isHighContrast(entry.palette)) {
       drawQuietly(*painter, entry);
       entry.state.setFlag(QStyle::State_Selected, false);
     }
