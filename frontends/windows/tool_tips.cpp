@@ -11,9 +11,12 @@
 namespace kvrnstep::windows {
 
 WindowHandle toolTipsOf(HWND window) {
-  return WindowHandle(::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                                        WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, window,
-                                        nullptr, thisModule(), nullptr));
+  WindowHandle tips(::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
+                                      WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, window,
+                                      nullptr, thisModule(), nullptr));
+  // The longest names of files would be wider than the screen.
+  ::SendMessageW(tips.get(), TTM_SETMAXTIPWIDTH, 0, ::GetSystemMetrics(SM_CXSCREEN) / 2);
+  return tips;
 }
 
 namespace {
