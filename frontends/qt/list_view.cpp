@@ -5,6 +5,7 @@
 #include <QStyledItemDelegate>
 #include <QToolTip>
 
+#include "forms/shown_entry.h"
 #include "looks.h"
 #include "mouse_releases.h"
 #include "text.h"
@@ -14,17 +15,6 @@
 namespace kvrnstep::qt {
 
 namespace {
-
-/// An entry that is too wide loses its middle, but nothing of its end that the control wants kept.
-QString shortened(const QString& text, const QFontMetrics& font, int width,
-                  const forms::ControlRow& row) {
-  const qsizetype kept =
-      row.keptFrom == nullptr ? -1 : static_cast<qsizetype>(row.keptFrom(fromQt(text)));
-  const QString end = kept < 0 ? QString() : text.mid(kept);
-  const int room = width - font.horizontalAdvance(end);
-  if (end.isEmpty() || room < width / 4) return font.elidedText(text, Qt::ElideMiddle, width);
-  return font.elidedText(text.left(kept), Qt::ElideRight, room) + end;
-}
 
 /// The selected entry of a list that has not the keyboard.
 void drawQuietly(QPainter& painter, const QStyleOptionViewItem& entry) {
@@ -49,9 +39,10 @@ class EntryDelegate : public QStyledItemDelegate {
     const int room =
         style.subElementRect(QStyle::SE_ItemViewItemText, &entry, entry.widget).width() -
         2 * margin;
-    if (entry.fontMetrics.horizontalAdvance(entry.text) > room) {
-      entry.text = shortened(entry.text, entry.fontMetrics, room, row_);
-    }
+    entry.text = toQt(
+        forms::shownEntry(row_, fromQt(entry.text), room, [&entry](const std::u16string& part) {
+          return entry.fontMetrics.horizontalAdvance(toQt(part));
+        }));
     if (entry.state.testFlag(QStyle::State_Selected) && !entry.widget->hasFocus() &&
         !isHighContrast(entry.palette)) {
       drawQuietly(*painter, entry);
