@@ -24,9 +24,9 @@ class SignalsKeptOff {
   sigset_t before_{};
 };
 
-/// Has work done on a thread that nobody waits for, neither the caller nor the end of the process,
-/// because a server may never answer. The work throws nothing. The thread gets no signals: the
-/// host's handlers expect the host's threads.
+/// Does work on a thread of its own. Neither the caller nor the end of the process waits for it,
+/// because a server may never answer. The work must not throw. The thread gets no signals, because
+/// the host's handlers expect the host's threads.
 template <class Work>
 void startOwnThread(Work work) {
   const SignalsKeptOff keptOff;

@@ -19,7 +19,7 @@ constexpr int kConnectMilliseconds = 2000;
 /// The system may start the scheduler only when it is called, so its first answer can take a while.
 constexpr double kAnswerSeconds = 5.0;
 
-/// For everything, because a scheduler may send a byte now and then.
+/// The time for the whole job, because a scheduler may send a byte now and then.
 using Clock = std::chrono::steady_clock;
 constexpr auto kLongest = std::chrono::seconds(6);
 
@@ -61,7 +61,7 @@ bool sent(http_t* connection, cups_dest_t* printer, cups_dinfo_t* abilities, int
 }
 
 bool printed(const std::string& document, Clock::time_point deadline) {
-  // libcups would ask for one on the terminal of the host.
+  // Without this libcups would ask for a password on the terminal of the host.
   const cups_password_cb2_t noPassword = [](const char*, http_t*, const char*, const char*,
                                             void*) -> const char* { return nullptr; };
   cupsSetPasswordCB2(noPassword, nullptr);
@@ -70,7 +70,7 @@ bool printed(const std::string& document, Clock::time_point deadline) {
   const Owned<cups_dest_t> printer(cupsGetNamedDest(connection.get(), nullptr, nullptr));
   if (printer == nullptr) return false;
   const Owned<cups_dinfo_t> abilities(cupsCopyDestInfo(connection.get(), printer.get()));
-  // Whoever waits for this does so until then.
+  // The caller waits until this time at most.
   const auto inTime = [deadline] { return Clock::now() < deadline; };
   if (abilities == nullptr || !inTime()) return false;
 
@@ -89,9 +89,9 @@ bool printed(const std::string& document, Clock::time_point deadline) {
 
 }  // namespace
 
-/// libcups keeps its connection, its settings and the way it asks for a password by thread: in a
-/// thread of our own they are not those of a host that prints too. When it is first used it has the
-/// whole process ignore SIGPIPE. That is left so, because the host's own use of it may rely on it.
+/// libcups has a connection, settings and a way to ask for passwords for each thread. A thread of
+/// our own leaves those of the host alone. When libcups is first used it makes the whole process
+/// ignore SIGPIPE. That is not undone, because the host may use libcups too and rely on it.
 extern "C" [[gnu::visibility("default")]] bool kvrnstepPrint(const char* text, std::size_t length) {
   try {
     const auto deadline = Clock::now() + kLongest;

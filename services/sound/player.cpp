@@ -21,10 +21,10 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-/// What is written at once, and how much of it the server holds.
+/// How much is written at once, and how much the server keeps.
 constexpr auto kPiece = 20ms;
 constexpr pa_usec_t kHeld = std::chrono::microseconds(200ms).count();
-/// A sound that comes later than this tells nobody anything any more.
+/// A sound that comes later than this is useless.
 constexpr auto kLatest = 2s;
 
 struct Close {
@@ -128,7 +128,7 @@ void Player::playToEnd(const Request& request) {
   }
 }
 
-/// Forgets what gives way to the sound that is playing.
+/// Forgets requests that give way to the sound that is playing.
 bool Player::isReplaced() {
   const std::lock_guard lock(mutex_);
   while (!requests_.empty() && requests_.front().giveWay) requests_.pop_front();

@@ -12,9 +12,8 @@ namespace kvrnstep::driving {
 /// What has opened and waits for its user.
 enum class Opened : std::uint8_t { Window, PopUp, Message, Question, FileBox };
 
-/// A front end with a player in the place of its user. It has the player act whenever a window or
-/// an open pop-up menu waits for its user, each time when all that the last action led to is done
-/// and drawn.
+/// A front end whose user is a player. Whenever a window or an open pop-up menu waits for its user,
+/// and all that the last action caused is done and drawn, it lets the player act.
 class Driver {
  public:
   virtual ~Driver() = default;
@@ -23,9 +22,9 @@ class Driver {
   virtual forms::Toolkit& toolkit() = 0;
   void setPlayer(Player& player) { player_ = &player; }
 
-  /// Carries a gesture out on the real thing: where there are widgets, by mouse and key events on
-  /// them. It is complete when this returns. The stage has checked that the control is in reach;
-  /// false means that the front end finds the gesture impossible all the same.
+  /// Carries a gesture out, by mouse and key events if there are widgets. The gesture is complete
+  /// when this returns. The stage has checked that a user can reach the control. False means that
+  /// the front end finds the gesture impossible nevertheless.
   virtual bool carryOut(const Gesture& gesture) = 0;
 
   /// What the front end really shows of a property, where it can tell.

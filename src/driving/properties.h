@@ -17,13 +17,12 @@ std::optional<Value> held(const Thing& thing, std::string_view property);
 /// A field of the host context.
 std::optional<Value> held(const plugin::HostContext& context, std::string_view field);
 
-/// Assigns a property as the window's own code does. False: a control or a window has none of that
-/// name, or none that can be assigned, or the word is no value for it.
+/// Assigns a property as the window's own code does. False: there is no such property, it cannot be
+/// assigned, or the word is not a value of it.
 template <class Thing>
 bool assign(Thing& thing, std::string_view property, const std::u16string& word);
 
-/// Whether a front end that shows this shows what the control holds, because some values look
-/// alike.
+/// Whether what a front end shows agrees with what the control holds; some values look alike.
 bool looksLike(const forms::Control& control, std::string_view property, const Value& shown);
 
 }  // namespace kvrnstep::driving

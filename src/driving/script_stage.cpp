@@ -124,7 +124,7 @@ void scrollToEntry(const Gesture& gesture) {
   if (top != list.topIndex()) forms::userScrolled(list, top);
 }
 
-/// Calls `action` for a script. What it throws about the script becomes the reason.
+/// Calls `action` for a script. If it throws WrongScript, the text of that becomes the reason.
 template <class Action>
 Outcome judged(std::string& reason, Action action) {
   try {
@@ -161,7 +161,7 @@ Outcome ScriptStage::perform(std::string_view name, const std::vector<std::u16st
     for (std::size_t i = 0; i < words.size(); ++i) addWord(gesture, verb.words[i], words[i]);
     if (verb.what == What::Press) gesture.control = entryWith(gesture.window, gesture.text);
     if (!inReach(gesture)) return false;
-    // A user may try to drag anything, and nothing comes of it.
+    // A user may try to drag any control; those that cannot be dragged do nothing.
     if (gesture.what == What::Drag && !gesture.control->row().draggable) return true;
     scrollToEntry(gesture);
     return driver_.carryOut(gesture);

@@ -13,8 +13,8 @@ namespace kvrnstep::driving {
 /// The calling thread's host context.
 using ContextFunction = plugin::HostContext&();
 
-/// A toolkit that has a driver use what it shows. It carries out what a script says of the topmost
-/// window, in the script's words, and reports what a user would notice.
+/// A toolkit whose windows a driver uses. It carries out the commands of a script for the topmost
+/// window, and reports what a user would notice.
 class ScriptStage final : public forms::Toolkit, public Stage {
  public:
   /// All must outlive the stage. Without a context its fields cannot be read.
@@ -50,7 +50,7 @@ class ScriptStage final : public forms::Toolkit, public Stage {
     std::string_view property;
   };
 
-  // These throw WrongScript where a script names what is not there.
+  // These throw WrongScript if a script names something that does not exist.
   [[nodiscard]] forms::Window& topmost() const;
   [[nodiscard]] forms::Control& named(std::string_view name) const;
   [[nodiscard]] Target targetOf(std::string_view text) const;

@@ -48,8 +48,8 @@ void WidgetDriver::act() {
     closing = useBox(turn, box);
   }
   turn.busy = false;
-  // A box that is still opening may miss its key, and gets it again with the next call. The key may
-  // open a complaint; the user then acts there before strike() returns.
+  // A box that is still opening may miss its key; the next call presses it again. The key may also
+  // open a message of the box. The player then acts there before strike() returns.
   if (closing) strike(turn.leaves || ++turn.keys > kPatience ? kEscape : kEnter);
 }
 
@@ -59,7 +59,8 @@ bool WidgetDriver::isShown(const forms::MenuEntry& menu) {
   });
 }
 
-/// Answers a box, and reads what it may ask or say before it closes. True: a key closes it now.
+/// Answers a box, and the questions and messages that come before it closes. True: a key closes it
+/// now.
 bool WidgetDriver::useBox(Turn& turn, void* box) {
   if (turn.box == nullptr) {
     turn.box = box;
@@ -73,7 +74,7 @@ bool WidgetDriver::useBox(Turn& turn, void* box) {
 
 void WidgetDriver::answer(Turn& turn, void* box) {
   const auto answer = player().answer();
-  // A file box takes no empty name and says nothing.
+  // A file box ignores an empty name without a message.
   turn.leaves = !answer || (answer->empty() && turn.what == Opened::FileBox);
   if (turn.leaves) return;
   enterLine(box);

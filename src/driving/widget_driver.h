@@ -7,8 +7,8 @@
 
 namespace kvrnstep::driving {
 
-/// Plays the user on real widgets. How a gesture is put together is said here. What moves a mouse,
-/// presses a key and finds a widget belongs to each system.
+/// Plays the user on real widgets. This class knows the steps of each gesture. Each system has its
+/// own way to move the mouse, press keys and find widgets.
 class WidgetDriver : public Driver {
  public:
   bool carryOut(const Gesture& gesture) final;
@@ -25,8 +25,8 @@ class WidgetDriver : public Driver {
   };
   enum class Part : std::uint8_t { Whole, DropDown, UpArrow, DownArrow, Entry };
 
-  /// The user's turn in what has opened last; to be called again and again while anything is open,
-  /// from whatever loop runs, when all input before it has been dealt with.
+  /// Lets the player act in what has opened last. To be called again and again while anything is
+  /// open, from any loop that runs, when all earlier input has been handled.
   void act();
 
   // What each system does.
@@ -34,7 +34,7 @@ class WidgetDriver : public Driver {
   virtual void callAct(bool on) = 0;
   /// Null for a window that is not open.
   [[nodiscard]] virtual forms::ViewSync* viewOf(const forms::Window& window) const = 0;
-  /// Deals with all that is waiting, and draws what has changed.
+  /// Handles all events that are waiting, and draws what has changed.
   virtual void settle() = 0;
   /// Whether the window is on the screen with all that has changed, and takes input.
   virtual bool waits(const forms::Window& window) = 0;
@@ -48,8 +48,8 @@ class WidgetDriver : public Driver {
   virtual bool clickAt(const Spot& spot, forms::MouseButton button, bool twice) = 0;
   /// Presses the left button at one place and releases it at the other, moving in between.
   virtual bool drag(const Spot& from, const Spot& to) = 0;
-  /// The key that types a character, in whatever window has the keyboard. It comes up when all that
-  /// its press leads to is there.
+  /// The key that types a character, in whatever window has the keyboard. It is released when all
+  /// that its press causes is shown.
   virtual void strike(std::u16string_view character) = 0;
 
   /// Moves or sizes a window in whole pixels. False: it has another place or size now.

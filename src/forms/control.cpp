@@ -202,7 +202,8 @@ void OptionButton::setValue(bool value) {
 }
 
 void Spinner::setValue(std::int32_t value) {
-  // Even if it becomes the old one when it is clamped, because the box shows another one.
+  // Even if the value within the range is the old one, because the box shows the value outside of
+  // it.
   if (value != value_) putValue(value);
 }
 

@@ -54,7 +54,7 @@ struct RectIn {
 using Size = SizeIn<double>;
 /// Of a control: in the scale of its window, relative to its container.
 using Rect = RectIn<double>;
-/// What is inside of both; its size is 0 where nothing is.
+/// The part that is inside of both; its size is 0 if there is none.
 Rect common(const Rect& one, const Rect& other);
 
 enum class Kind : std::uint8_t {
@@ -80,7 +80,7 @@ enum class MouseButton : std::uint8_t { Left, Middle, Right };
 /// artwork.
 using Picture = std::string_view;
 
-/// One row of a window's declaration table. Only what differs from the usual is written out.
+/// One row of a window's declaration table. It names only what differs from the defaults.
 struct ControlRow {
   Kind kind;
   std::string_view name;
@@ -141,7 +141,7 @@ class Control {
   [[nodiscard]] std::string scriptName() const;
   [[nodiscard]] Window& window() const { return window_; }
   [[nodiscard]] Control* container() const { return container_; }
-  /// What the row names as its buddy, or null.
+  /// The control that the row names as its buddy, or null.
   [[nodiscard]] Control* buddy() const { return buddy_; }
 
   [[nodiscard]] bool enabled() const { return enabled_; }
@@ -162,11 +162,11 @@ class Control {
   /// Resource id of the mouse cursor over the control; 0 for the usual one.
   [[nodiscard]] int cursor() const { return cursor_; }
   void setCursor(int resourceId) { assign(cursor_, resourceId, Property::Cursor); }
-  /// The same for the cursor while the control is dragged.
+  /// The resource id of the cursor while the control is dragged.
   [[nodiscard]] int dragCursor() const { return dragCursor_; }
   void setDragCursor(int resourceId) { assign(dragCursor_, resourceId, Property::Cursor); }
 
-  /// Whether a user can reach the control: it and its containers are visible and enabled, some of
+  /// Whether a user can reach the control: it and its containers are visible and enabled, a part of
   /// it is inside the window, and no frame is in front of it. Menus need only be enabled and
   /// visible.
   [[nodiscard]] bool reachable() const;
@@ -180,7 +180,7 @@ class Control {
 
  protected:
   void changed(Property property);
-  /// Takes the value of a property over, and tells of it if it is another one.
+  /// Sets the value of a property, and reports it if the value changes.
   template <class Held, class Value>
   void assign(Held& held, const Value& value, Property property) {
     if (held == value) return;
@@ -311,10 +311,10 @@ class ListBox : public WithEntries<Control> {
  public:
   using WithEntries::WithEntries;
 
-  /// Puts an entry in before the one at `index`, or behind the last one. The selected entry stays
+  /// Inserts an entry before the one at `index`, or adds it at the end. The selected entry stays
   /// selected.
   void InsertItem(int index, std::u16string text);
-  /// Nothing is selected afterwards if it was the selected entry.
+  /// If it was the selected entry, none is selected afterwards.
   void RemoveItem(int index);
   /// Selects an entry, −1 for none. If that changes the selection the entry comes into view and
   /// onClick is raised.
@@ -323,7 +323,7 @@ class ListBox : public WithEntries<Control> {
   /// Scrolls so that the entry is the first visible one, as far as the list reaches. Where there
   /// is no such entry the list stays where it is.
   void setTopIndex(int index);
-  /// The entry that really is the first visible one.
+  /// The entry that is really the first visible one, however far was asked for.
   [[nodiscard]] int firstInView() const;
   /// The top index that brings the entry into view with the least scrolling; the present one if
   /// the entry is in view.
@@ -374,7 +374,8 @@ class Spinner : public Control {
   /// Writes the value into the box even if the spinner holds it, because the box may be empty.
   void putValue(std::int32_t value);
 
-  /// An arrow was clicked; raised after the value has changed, or could not change any further.
+  /// An arrow was clicked. Raised after the value has changed, also if it could not change any
+  /// further.
   std::function<void(int index)> onUpClick;
   std::function<void(int index)> onDownClick;
 
@@ -388,7 +389,7 @@ class MenuEntry : public Control {
   using Control::Control;
 
   [[nodiscard]] bool separator() const { return caption() == u"-"; }
-  /// It has entries of its own, or pops up.
+  /// Whether it has entries, or is a pop-up menu.
   [[nodiscard]] bool opensMenu() const;
   [[nodiscard]] bool checked() const { return checked_; }
   void setChecked(bool checked) { assign(checked_, checked, Property::Checked); }

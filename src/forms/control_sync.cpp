@@ -107,7 +107,8 @@ void ControlSync::applyList(const ListBox& list, const Changes& changes) {
   if (!scrolledAsAsked()) userScrolled(this->list(), scroll().first);
 }
 
-/// A scroll bar or a larger scale may leave room for fewer entries than the control reckons with.
+/// Because of a scroll bar or a larger scale the widget may show fewer entries than the control
+/// expects.
 void ControlSync::bringIntoView(int index) {
   if (index < 0) return;
   const Scroll now = scroll();
@@ -123,7 +124,8 @@ bool ControlSync::scrolledAsAsked() const {
 
 void ControlSync::userPressedButton() {
   if (applying_) return;
-  // The widget may have changed its mark and those of its neighbours; the controls' values count.
+  // The widget may have changed its mark and those of its neighbours. They must show the values of
+  // the controls again.
   view_.markKind(control_.kind(), Property::Value);
   userClicked(control_);
 }
@@ -161,7 +163,7 @@ void TextSync::userChangedText() {
 }
 
 void TextSync::userMovedCaret() {
-  // While a text is being replaced, userChangedText() tells of the caret, too.
+  // While a text is being replaced, userChangedText() reports the caret too.
   if (showing_ || box_.window().unloaded() || !showsText()) return;
   const TextSelection caret = selectionIn(box_.text());
   if (caret == box_.selection()) return;

@@ -55,8 +55,8 @@ struct Scroll {
   int last = 0;
 };
 
-/// Keeps the text of a control and the widget that shows it alike. What the widget tells while it
-/// is being changed is not the user's doing.
+/// Keeps the text of a control and the widget that shows it alike. Events of the widget while the
+/// program changes it are not actions of the user.
 class TextSync {
  public:
   explicit TextSync(TextControl& box) : box_(box) {}
@@ -78,7 +78,7 @@ class TextSync {
 
   /// Whether the widget shows the control's text, as far as it can.
   [[nodiscard]] virtual bool showsText() const { return shownText() == box_.text(); }
-  /// What the control's text becomes by what the user has changed in the widget.
+  /// The control's text after the user has changed the text in the widget.
   [[nodiscard]] virtual std::u16string editedText() const { return shownText(); }
   /// The widget's caret or marked part, as places in that text.
   [[nodiscard]] virtual TextSelection selectionIn(const std::u16string& text) const = 0;
@@ -94,9 +94,9 @@ class TextSync {
   bool showing_ = false;
 };
 
-/// Keeps the widget of one control in line with it. What has changed is marked, and shown later all
-/// at once. What is shown of each kind of control, and in which order, is decided here. A front end
-/// implements the setters for what its widgets can show, and tells what the user does.
+/// Keeps the widget of one control up to date. Changes are marked, and shown together later. This
+/// class decides what is shown of each kind of control, and in which order. A front end implements
+/// the setters for what its widgets can show, and reports what the user does.
 class ControlSync {
  public:
   ControlSync(ViewSync& view, Control& control) : view_(view), control_(control) {}
@@ -109,20 +109,20 @@ class ControlSync {
   void markAll() { changes_.addAll(); }
   void applyChanges();
 
-  /// Told once, of the control that the row names as its buddy.
+  /// Called once, with the control that the row names as its buddy.
   virtual void setBuddy(ControlSync& /*buddy*/) {}
   /// Whether Tab leads to the control.
   virtual void setTabStop(bool /*on*/) {}
   /// Of a control that holds a text.
   [[nodiscard]] virtual TextSync* text() { return nullptr; }
   [[nodiscard]] virtual Scroll scroll() const { return {}; }
-  /// A list that cannot be scrolled as far as was asked is scrolled as far as it reaches.
+  /// A list is scrolled as far as it reaches, even if more was asked for.
   [[nodiscard]] bool scrolledAsAsked() const;
 
  protected:
   /// The place of the widget in its parent.
   [[nodiscard]] PixelRect pixelPlace() const;
-  /// While the program changes the widget, what it tells is not the user's doing.
+  /// While the program changes the widget, its events are not actions of the user.
   [[nodiscard]] bool applying() const { return applying_; }
 
   virtual void setPlace(const PixelRect& place) = 0;

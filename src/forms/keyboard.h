@@ -10,7 +10,7 @@
 /// front end maps its keys to these.
 namespace kvrnstep::forms {
 
-/// A key that does something else than type or move a caret.
+/// A key that neither types nor moves a caret.
 enum class CommandKey : std::uint8_t {
   Enter,
   Escape,
@@ -21,8 +21,8 @@ enum class CommandKey : std::uint8_t {
   Menu,  ///< the menu key, or Shift+F10
 };
 
-/// A key was pressed while the control had the keyboard. True: it has been dealt with, and the
-/// widget must not see it.
+/// A key was pressed while the control had the keyboard. True: the key has been handled, and the
+/// widget must not get it.
 ///
 /// - Escape clicks the button that the window's design names for it.
 /// - Enter in a box of one line clicks the button that the design names for Enter; in a list it is
@@ -59,7 +59,7 @@ std::vector<Control*> tabOrder(const Window& window);
 Control* firstFocus(const Window& window);
 
 /// The letter, in upper case, that reaches the control together with Alt; 0 where it has none. Each
-/// letter has one owner: where a menu and a button want the same one, it opens the menu.
+/// letter belongs to one control: if a menu and a button want the same letter, it opens the menu.
 [[nodiscard]] char16_t mnemonicOf(const Control& control);
 
 /// The caption with "&" before the letter that mnemonicOf() tells, and nowhere else.

@@ -7,12 +7,13 @@ namespace kvrnstep::forms {
 
 namespace {
 
-/// How far apart two stretches of a line are; 0 where they touch.
+/// The distance between two intervals; 0 if they touch.
 double gap(double begin, double end, double otherBegin, double otherEnd) {
   return std::max({0.0, otherBegin - end, begin - otherEnd});
 }
 
-/// The greater, the better: first how much of the window the screen shows, then how near it is.
+/// How well the screen suits the window: first how much of the window it shows, then how near it
+/// is.
 std::pair<double, double> suitability(const Rect& window, const Rect& screen) {
   return {common(window, screen).area(),
           -gap(window.left, window.right(), screen.left, screen.right()) -

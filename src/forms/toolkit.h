@@ -63,15 +63,15 @@ class Toolkit {
   virtual std::optional<std::u16string> ask(const Question& question) = 0;
   /// The full path of a file that is there; nothing when the dialog was cancelled.
   virtual std::optional<std::u16string> ShowOpenDialog(const FileDialog& dialog) = 0;
-  /// The full path of a file to be written; the user has been asked before an existing one is
-  /// named. Nothing when the dialog was cancelled.
+  /// The full path of a file to be written. For an existing file the user has confirmed it. Nothing
+  /// when the dialog was cancelled.
   virtual std::optional<std::u16string> ShowSaveDialog(const FileDialog& dialog) = 0;
   /// Opens a pop-up menu of the window at the mouse and returns when it has closed; an entry that
   /// was picked has then been dealt with.
   virtual void popUp(MenuEntry& menu) = 0;
   /// The size of the screen that dialogs are centred on, in twips.
   virtual Size screenSize() = 0;
-  /// The size in points that a font really gets, because it is a whole number of pixels high.
+  /// The size in points that a font really has, because its height is a whole number of pixels.
   virtual double fontSize(const std::u16string& /*font*/, double points) {
     return std::round(points * kPixelsPerPoint) / kPixelsPerPoint;
   }
@@ -79,7 +79,7 @@ class Toolkit {
   virtual void setClipboard(const std::u16string& text) = 0;
   /// Sends a text to the default printer as one job; without a printer nothing happens.
   virtual void print(const std::u16string& text) = 0;
-  /// Shows that the user has to wait, or no longer.
+  /// Shows that the user has to wait, or that the wait is over.
   virtual void setBusy(bool busy) = 0;
   /// Starts a sound and returns at once; what cannot be played is silent.
   virtual void playSound(const std::u16string& file, SoundMode mode) = 0;

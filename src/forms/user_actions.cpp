@@ -16,7 +16,7 @@ class UserAction {
   UserAction(const UserAction&) = delete;
   UserAction& operator=(const UserAction&) = delete;
 
-  // What of a window only its user changes.
+  // Parts of a window that only its user changes.
   static auto& heldKeys(Window& window) { return window.heldKeys_; }
   static bool& minimized(Window& window) { return window.minimized_; }
   static void setPlace(Window& window, const Rect& place) { window.place_ = place; }

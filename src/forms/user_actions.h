@@ -4,9 +4,9 @@
 
 #include "forms/window.h"
 
-/// What a user can do to a window. A front end passes each of the user's actions on through one
-/// of these functions and does nothing else with it. Actions on a control that is disabled or out
-/// of reach are ignored. When an action ends all that it changed is shown.
+/// What a user can do to a window. A front end calls one of these functions for each action of the
+/// user and does nothing else. Actions on a control that is disabled or out of reach are ignored.
+/// At the end of an action all that it has changed is shown.
 namespace kvrnstep::forms {
 
 /// The left button, or the keyboard in its place: presses a button, toggles a check box, selects

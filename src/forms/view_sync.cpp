@@ -16,7 +16,7 @@ int rounded(double value) {
   return static_cast<int>(std::lround(value));
 }
 
-/// Whether Tab may lead another way because of the change.
+/// Whether the change may change the order of Tab.
 bool rearranges(const Control& control, Property property) {
   return property == Property::Place || property == Property::Visible ||
          property == Property::Enabled ||
@@ -95,8 +95,9 @@ void ViewSync::update() {
   if (!open_ || updating_) return;
   const Meanwhile updating(updating_);
   updateBegins();
-  // A window that is placed on a monitor of another density is told so meanwhile. It is enough to
-  // follow a few times, if ever two monitors should send it to and fro.
+  // While a window is placed on a monitor of another density, it is told the new density and gets
+  // another size. This is repeated a few times only, because two monitors could send the window to
+  // and fro for ever.
   constexpr int kMostTimes = 3;
   for (int time = 1; time == 1 || (rescaled_ && time <= kMostTimes); ++time) applyAll();
   giveKeyboard(std::exchange(focus_, nullptr));

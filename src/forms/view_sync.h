@@ -12,18 +12,17 @@
 
 namespace kvrnstep::forms {
 
-/// Where a window is shown whose stored place may be off the screens. It stays there if all of it
-/// can be seen. Otherwise it moves onto the screen that it is on or next to, no further than
-/// needed. If it is larger than that screen its right and its bottom are cut off, because the title
-/// bar and the menu bar are at the left and the top.
+/// The place at which a window is shown, because its stored place may be off the screens. It stays
+/// there if all of it can be seen. Otherwise it moves onto the screen that it is on or next to, no
+/// further than needed. If it is larger than that screen its right and its bottom are cut off,
+/// because the title bar and the menu bar are at the left and the top.
 /// @param wanted the outside of the window; all are in the same unit
-/// @param screens what each screen has for windows; without any, nothing is known
+/// @param screens the room for windows on each screen; empty if it is not known
 Rect placeOnScreen(const Rect& wanted, std::span<const Rect> screens);
 
-/// Keeps what a front end shows of a window in line with it: knows what has changed, shows it when
-/// the user's action has been dealt with, in the one order in which that works, and turns sizes
-/// from twips into pixels and back. A front end implements the setters and tells what the user
-/// does.
+/// Keeps what a front end shows of a window up to date. It remembers what has changed, shows it at
+/// the end of the user's action, in the one order that works, and converts sizes from twips to
+/// pixels and back. A front end implements the setters and reports what the user does.
 class ViewSync {
  public:
   explicit ViewSync(Window& window);
@@ -76,18 +75,19 @@ class ViewSync {
   /// Makes the views of all controls, containers first, and joins buddies.
   void makeViews();
   void destroyViews() { views_.clear(); }
-  /// Marks everything as changed and shows it, so many pixels to 1/96 inch.
+  /// Marks everything as changed and shows it, with so many pixels for 1/96 inch.
   void showAll(double scale);
   /// The monitor has another density, which the next update() shows. The window stays where the
   /// desktop has moved it, unless it is being placed: then its new size may need another place.
   void rescaledTo(double scale);
-  /// Nothing is shown any more: the window has been unloaded, or somebody else has destroyed it.
+  /// Stops showing anything, because the window has been unloaded, or something else has destroyed
+  /// it.
   void close() { open_ = false; }
   [[nodiscard]] PixelSize innerSize() const;
-  /// The least that a user can make of the inner size.
+  /// The least inner size that a user can choose.
   [[nodiscard]] PixelSize smallestInnerSize() const;
 
-  /// The window is there now. `byUser` is false where the desktop has put it there on its own.
+  /// The window has this place now. `byUser` is false if the desktop has moved it on its own.
   void movedTo(PixelPoint position, bool byUser);
   void resizedTo(PixelSize inner);
   void minimizedTo(bool minimized);

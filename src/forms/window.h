@@ -20,16 +20,16 @@ class ViewSync;
 inline constexpr double kTwipsPerPixel = 15;
 inline constexpr double kPixelsPerPoint = 96.0 / 72.0;
 
-/// What the platform's title bar, borders and menu bar take of a window's outside, in twips. It
-/// is the same everywhere: a front end gives a window the inner size that follows from it and
-/// lets the platform add the borders that it really has.
+/// The room that title bar, borders and menu bar take of a window's outside, in twips. It is the
+/// same on every platform: a front end makes the inside as large as what remains, and the platform
+/// adds the borders that it really has.
 struct Chrome {
   static constexpr double kSides = 6 * kTwipsPerPixel;
   static constexpr double kTitleAndBorders = 31 * kTwipsPerPixel;
   static constexpr double kMenuBar = 20 * kTwipsPerPixel;
 };
 
-/// How a window is declared: all of its own that is not a control.
+/// The declaration of a window without its controls.
 struct WindowDesign {
   std::string_view name;  ///< the name of the class
   std::u16string_view caption;
@@ -42,7 +42,7 @@ struct WindowDesign {
                                          ///< front of earlier ones
 };
 
-/// A key of the keyboard, by whatever number a front end tells keys apart.
+/// The number of a key of the keyboard; each front end may have numbers of its own.
 using KeyCode = std::uint32_t;
 
 /// A window as a plain object that owns its controls. Sizes and places are of its outside, in
@@ -77,7 +77,7 @@ class Window {
 
   /// Loads the window, shows it modally and returns when it has been unloaded.
   void showModal(Toolkit& toolkit);
-  /// Closes the window: raises onQueryUnload, once, and then takes it off the screen.
+  /// Closes the window: calls onQueryUnload once, and then removes the window from the screen.
   void unload();
   [[nodiscard]] bool unloaded() const { return unloaded_; }
   void setFocus(Control& control);

@@ -13,8 +13,9 @@ namespace kvrnstep::generator {
 
 namespace {
 
-/// How wide labels are made with blanks in front. Aligned ones are as wide as the widest from step
-/// 1 on, wherever the list starts; beyond step 99 only numbers are aligned.
+/// The width to which labels are filled up with blanks on their left. Aligned labels are as wide as
+/// the widest label from step 1 on, even if the list starts later. If the list goes beyond step 99,
+/// only numbers are aligned.
 std::size_t labelWidth(const ListSettings& settings, Numeral numeral) {
   constexpr int kLastAligned = 99;
   std::size_t width = 1;
@@ -43,8 +44,8 @@ std::u16string prepared(std::u16string affix, bool addBlank) {
   return affix;
 }
 
-/// Adds a prefix or a suffix. Its macros are replaced in this order, so that a letter that is put
-/// in may complete a later macro.
+/// Adds a prefix or a suffix. Its macros are replaced in this order, because a letter that replaces
+/// one macro may complete a later one.
 void addAffix(std::u16string& list, std::u16string_view affix, int step) {
   static constexpr std::array<std::pair<std::u16string_view, Numeral>, 3> kMacros{
       {{u"{STEP_#}", text::decimal}, {u"{STEP_L}", ToStepLetters}, {u"{STEP_R}", ToRomanNumeral}}};

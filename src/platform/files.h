@@ -24,26 +24,25 @@ std::optional<std::string> readFile(const std::u16string& path, std::size_t larg
 /// content or the whole new one is there, because a temporary file in the same folder takes the
 /// place of the target. Links are followed; the target keeps its permissions and, where the system
 /// allows it, its owner, group, access control list and extended attributes; nobody gains a right
-/// to read it. A file that holds the bytes already is not touched. A file in a folder that takes no
-/// new ones is written in place, its former bytes kept elsewhere until that is done.
-/// Temporary files of processes that are gone are removed from the folder.
-/// False, and nothing has changed, when there are more than `largest` bytes, when the target is no
-/// regular file or may not be written, or when its folder is missing or takes no file that is not
-/// there yet. A file without any write permission counts as not writable, even for root.
+/// to read it. A file that holds the bytes already is not touched. If no file can be made in the
+/// folder, the target is written in place, and its former bytes are kept elsewhere until that is
+/// done. Temporary files of processes that are gone are removed from the folder. False, and nothing
+/// has changed, when there are more than `largest` bytes, when the target is no regular file or may
+/// not be written, or when its folder is missing, or no new file can be made there. A file without
+/// any write permission counts as not writable, even for root.
 bool replaceFile(const std::u16string& path, std::string_view bytes,
                  std::size_t largest = kLargestFile);
 
 /// As `replaceFile`, but false if something of that name is there.
 bool saveNewFile(const std::u16string& path, std::string_view bytes);
 
-/// What a file is to hold, by what it holds; nothing for a file that is missing.
+/// Makes the new content of a file from the present one, which is nothing for a missing file.
 using Change = std::function<std::string(std::optional<std::string_view> bytes)>;
 
-/// Replaces what a file holds by what `change` makes of it, which can be asked more than once.
-/// Meanwhile no other caller changes a file of that folder, where the system locks folders. If
-/// others change the file nevertheless, their content is changed in turn.
-/// False, and nothing has changed, when the file is there and cannot be read, or cannot be
-/// replaced.
+/// Replaces the content of a file by what `change` makes of it. Where the system locks folders, no
+/// other caller changes a file of the folder meanwhile. If other programs change the file
+/// nevertheless, `change` is called again, with their content. False, and nothing has changed, when
+/// the file is there and cannot be read, or cannot be replaced.
 bool changeFile(const std::u16string& path, const Change& change);
 
 /// Creates an empty file; one that is there already keeps its content. False when it can neither be

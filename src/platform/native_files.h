@@ -9,7 +9,7 @@
 #include <vector>
 
 /// The system's calls for files, in `posix/` and `windows/`. How a file is saved, what is read and
-/// which names a folder's list leaves out is decided once, in the files of this folder.
+/// which names the list of a folder leaves out are decided once, in the files of this folder.
 namespace kvrnstep::platform::native {
 
 /// A path as the system takes it. It is not always UTF-16, because a link on Linux may lead to a
@@ -88,7 +88,7 @@ File openOrCreate(const Path& path);
 enum class Creation { kDone, kNameTaken, kFolderRefuses, kFailed };
 /// Creates a file, which must not be there yet.
 /// @param forUsAlone nobody else may read it until `takeAfter`
-/// @param result set to what came of it
+/// @param result set to the outcome
 File createNew(const Path& path, bool forUsAlone, Creation& result);
 
 /// Gives a file another name, in place of whatever file has that name, in one step.
@@ -107,12 +107,12 @@ std::uint32_t processNumber();
 /// to any other file, nor while some process has this number or has the file open.
 void removeLeftover(const Path& path, std::uint32_t process);
 
-/// A folder in which only this user reads, with its separator; it stays when the process ends.
-/// Empty when there is none.
+/// A folder that only this user can read, with its separator. It stays when the process ends. Empty
+/// when there is none.
 Path privateFolder();
 
-/// Waits until no other caller has the lock of this folder. The result has it until it is closed,
-/// and is not open where folders have no locks or another caller keeps it for two seconds.
+/// Waits for the lock of this folder. The result has the lock until it is closed. It is not open if
+/// folders have no locks, or if another caller keeps the lock for two seconds.
 File lockFolder(const Path& folder);
 
 }  // namespace kvrnstep::platform::native

@@ -30,8 +30,8 @@ struct ProfileKey {
 };
 
 /// Writes keys as WritePrivateProfileStringA does, one after the other. Where the system has no
-/// such function they are one change of the file, during which nobody else makes one by this
-/// function.
+/// such function the file is changed once for all of them, and no other call of this function
+/// changes it meanwhile.
 /// @return false when one could not be written or `isProfileName` says no to any
 bool writePrivateProfileStrings(std::string_view section, const std::vector<ProfileKey>& keys,
                                 const std::u16string& file);
@@ -58,8 +58,8 @@ inline std::string_view firstLine(std::string_view value) {
   return value.substr(0, value.find_first_of("\r\n"));
 }
 
-/// The system's own functions. Nothing where it has none, or where they cannot be given this path
-/// or would change these texts: then the rules above hold.
+/// The system's own functions. Nothing if there are none, if they cannot take this path, or if they
+/// would change these texts. Then the rules above are used.
 namespace native {
 
 #ifdef _WIN32

@@ -16,7 +16,7 @@ using native::Target;
 /// Whether a save may go on, asked when everything is ready for it.
 using MayGoOn = std::function<bool()>;
 
-/// What the names of temporary files begin with. The number of the process and one of its own
+/// What the names of temporary files begin with. The number of the process and a running number
 /// follow.
 const Path& temporaryStart() {
   static const Path start = native::pathOf(u".kvrnstep-");
@@ -74,8 +74,8 @@ bool overwrite(const Path& target, std::string_view bytes) {
   return writeAll(file, bytes) && file.cutTo(bytes.size()) && file.sync() && file.close();
 }
 
-/// Writes into the target itself. Its former bytes are in a file of their own meanwhile, which
-/// stays if the process ends in between or they cannot be put back.
+/// Writes into the target itself. Meanwhile another file holds the former bytes. It stays if the
+/// process ends in between, or if the bytes cannot be put back.
 bool saveInPlace(const Path& target, const std::string& former, std::string_view bytes,
                  const MayGoOn& mayGoOn) {
   const Path folder = native::privateFolder();
@@ -145,7 +145,8 @@ bool changeFile(const std::u16string& path, const Change& change) {
   const File lock = native::lockFolder(native::folderPart(*target));
   for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
     const auto before = readFile(path);
-    // A file that is there and cannot be read is not replaced by what is to be changed of it.
+    // A file that exists but cannot be read must not be replaced, because its content would be
+    // lost.
     if (!before && !nothingIsAt(path)) return false;
     const std::string changed = change(before);
     if (changed == before) return true;

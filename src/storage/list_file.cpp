@@ -22,7 +22,7 @@ std::string_view takeLine(std::string_view& bytes) {
   return line;
 }
 
-/// The entries without those of another list, each of which takes one of its equals away.
+/// The entries without those of another list. Each entry there removes one equal entry.
 ListEntries without(const ListEntries& entries, const ListEntries& others) {
   std::multiset<std::u16string_view> taken(others.begin(), others.end());
   ListEntries left;
@@ -36,7 +36,7 @@ ListEntries without(const ListEntries& entries, const ListEntries& others) {
   return left;
 }
 
-/// Nothing for a text with other characters than Windows-1252 has.
+/// Nothing if Windows-1252 lacks one of the characters.
 std::optional<std::string> toWindows1252(std::u16string_view text) {
   constexpr unsigned kBytes = 256;
   std::string bytes;
@@ -49,8 +49,8 @@ std::optional<std::string> toWindows1252(std::u16string_view text) {
   return bytes;
 }
 
-/// The bytes of a file in place of others: in Windows-1252 if those are, so that its lines stay
-/// byte for byte, and if the text can be read back from it.
+/// The bytes that replace those of a file. They are in Windows-1252 if the file is and the text can
+/// be read back, so that unchanged lines stay byte for byte.
 std::string encoded(const std::u16string& text, std::string_view former) {
   const auto bytes = text::isUtf8(former) ? std::nullopt : toWindows1252(text);
   return bytes && text::fromBytes(*bytes) == text ? *bytes : text::toBytes(text);
@@ -59,7 +59,7 @@ std::string encoded(const std::u16string& text, std::string_view former) {
 }  // namespace
 
 LoadedList parseList(std::string_view bytes) {
-  // All lines decide on the encoding, those that are not read included.
+  // The whole file decides on the encoding, including lines that are not read.
   const auto decode = text::isUtf8(bytes) ? text::fromUtf8 : text::fromAnsi;
   LoadedList list;
   const auto breaks = static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\r'));
@@ -81,7 +81,7 @@ void ListFile::save(const ListEntries& edited) {
   const ListEntries loaded = parseList(loaded_).entries;
   if (edited == loaded) return;
   platform::changeFile(path_, [&](std::optional<std::string_view> bytes) {
-    // Of a file that has gone nothing counts as deleted by others.
+    // If the file is gone, others have not deleted its entries.
     const ListEntries before = bytes ? loaded : ListEntries();
     const auto [found, rest] = parseList(bytes.value_or(""));
     const ListEntries kept = without(edited, without(before, found));

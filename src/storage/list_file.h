@@ -25,7 +25,7 @@ struct LoadedList {
 LoadedList parseList(std::string_view bytes);
 
 /// A list file as a dialog has found it. Others may change the file while the dialog is open, so a
-/// save carries over what the dialog has changed.
+/// save writes only what the dialog has changed.
 class ListFile {
  public:
   explicit ListFile(std::u16string path) : path_(std::move(path)) {}

@@ -18,9 +18,9 @@ std::u16string ReadIniKey(std::u16string_view sSection, std::u16string_view sKey
 /// Keys and their values.
 using IniKeys = std::vector<std::pair<std::u16string, std::u16string>>;
 
-/// Stores values, creating file, section and keys as needed, all at once where that is possible: so
-/// neither another dialog nor a host finds some of them only. Texts end at their first NUL, values
-/// at their first line break. A write that fails is lost and leaves the file as it was.
+/// Stores values, creating file, section and keys as needed, all in one write where that is
+/// possible, so that other dialogs and hosts never find only some of them. Texts end at their first
+/// NUL, values at their first line break. A write that fails is lost and leaves the file as it was.
 void WriteIniKeys(std::u16string_view sSection, const IniKeys& keys,
                   const std::u16string& sIniFile);
 void WriteIniKey(std::u16string_view sSection, std::u16string_view sKey, std::u16string_view sValue,

@@ -3,8 +3,9 @@
 #include <string>
 #include <string_view>
 
-/// Between the UTF-16 of the inside and the 8-bit text of files, paths and C interfaces. None of
-/// these functions fails, and whatever `toBytes` wrote comes back from `fromBytes` unchanged.
+/// Converts between the UTF-16 inside the plug-in and the 8-bit text of files, paths and C
+/// interfaces. None of these functions fails, and `fromBytes` returns exactly the text that
+/// `toBytes` was given.
 namespace kvrnstep::text {
 
 /// The text as files hold it. On Windows that is the system's code page, which other programs
@@ -13,11 +14,11 @@ namespace kvrnstep::text {
 std::string toBytes(std::u16string_view text);
 
 /// Reads the bytes as UTF-8 if all of them are that, otherwise by `fromAnsi`, so that files from
-/// every system open with their accents.
+/// every system can be read.
 std::u16string fromBytes(std::string_view bytes);
 
-/// UTF-8. Half a surrogate pair is no character of UTF-8, but is written as three bytes all the
-/// same, so that it can be read back. Byte order marks are ordinary characters.
+/// UTF-8. Half a surrogate pair is no valid UTF-8, but is written as three bytes nevertheless, so
+/// that it can be read back. Byte order marks are ordinary characters.
 std::string toUtf8(std::u16string_view text);
 
 /// Text in the system's code page on Windows, elsewhere in Windows-1252.

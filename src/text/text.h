@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-/// Small operations on text that have no better home.
+/// Small operations on text.
 namespace kvrnstep::text {
 
 /// The text without the blanks (U+0020, nothing else) at both ends; a part of what was passed.

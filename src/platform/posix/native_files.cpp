@@ -65,8 +65,8 @@ std::optional<Path> linkTarget(const Path& path) {
   return Path(target.data(), static_cast<std::size_t>(length));
 }
 
-/// The folder's list tells what most entries are. Links, and all entries on file systems that do
-/// not tell, have to be asked one by one.
+/// The list of the folder says what most entries are. Links must be looked up one by one, and so
+/// must all entries on file systems whose lists do not say it.
 bool isFile(DIR& folder, const dirent& entry) {
   if (entry.d_type == DT_REG) return true;
   if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return false;
@@ -185,8 +185,8 @@ File openOrCreate(const Path& path) {
   return openFile(path, O_WRONLY | O_CREAT, 0666);
 }
 
-/// The lock tells processes that see each other's files, but not each other's numbers, that
-/// somebody still writes it.
+/// Processes in different containers may see each other's files, but not each other's numbers. The
+/// lock tells them that the file is still being written.
 File createNew(const Path& path, bool forUsAlone, Creation& result) {
   File file = openFile(path, O_WRONLY | O_CREAT | O_EXCL, forUsAlone ? 0600 : 0666);
   result = file.open()                         ? Creation::kDone
@@ -230,7 +230,7 @@ void removeLeftover(const Path& path, std::uint32_t process) {
   if (ours && ::flock(handle, LOCK_EX | LOCK_NB) == 0) remove(path);
 }
 
-/// The surroundings of a program with the rights of another user are not to be trusted.
+/// The environment of a program that runs with the rights of another user cannot be trusted.
 Path privateFolder() {
   const char* state = ::secure_getenv("XDG_STATE_HOME");
   const char* home = ::secure_getenv("HOME");

@@ -22,8 +22,8 @@ constexpr std::size_t kRights = 2;
 constexpr char kOwningGroup = 0x04;
 constexpr char kEverybody = 0x20;
 
-/// What a call that fills memory gives, which tells the size when it gets no memory. Nothing when
-/// it fails.
+/// The bytes that a call fills in; without memory for them the call returns their number. Nothing
+/// when it fails.
 template <class Call>
 std::optional<std::string> filledBy(Call call) {
   std::string bytes;
@@ -42,8 +42,8 @@ std::optional<std::string> attribute(const Path& path, const char* name) {
       [&](char* bytes, std::size_t size) { return ::getxattr(path.c_str(), name, bytes, size); });
 }
 
-/// Copies what the system allows. Lists of rights are not among it: one is copied by itself, and
-/// those of other kinds may give rights to the owning group.
+/// Copies the attributes that the system lets us copy. Access control lists are left out: one kind
+/// is copied by a function of its own, and other kinds may give rights to the owning group.
 void copyAttributes(const Path& from, int file) {
   const auto names = filledBy(
       [&](char* bytes, std::size_t size) { return ::listxattr(from.c_str(), bytes, size); });
@@ -60,8 +60,9 @@ bool hasNone(int error) {
   return error == ENODATA || error == ENOTSUP;
 }
 
-/// Gives everybody and the owning group only what both have. Where the group is another one, some
-/// of everybody come into its rights, and some of the group's former members are now everybody.
+/// Leaves the owning group and everybody else only the rights that both have. The new file has
+/// another group: its members had the rights of everybody else before, and members of the old group
+/// have them now.
 mode_t withSharedRights(mode_t mode) {
   constexpr mode_t kOthers = 7;
   constexpr unsigned kToGroup = 3;
@@ -90,7 +91,7 @@ bool File::takeAfter(const Path& other) const {
   struct stat wanted {};
   struct stat own {};
   if (::stat(other.c_str(), &wanted) != 0) return false;
-  // Each by itself, because a user may give a file to a group, but not away.
+  // Owner and group one by one, because a user may change the group of a file, but not the owner.
   const bool groupGiven = ::fchown(file, static_cast<uid_t>(-1), wanted.st_gid) == 0;
   const bool ownerGiven = ::fchown(file, wanted.st_uid, static_cast<gid_t>(-1)) == 0;
   if (!(groupGiven && ownerGiven) && ::fstat(file, &own) != 0) return false;
@@ -101,7 +102,7 @@ bool File::takeAfter(const Path& other) const {
   auto list = attribute(other, kAccessList);
   if (!list && !hasNone(errno)) return false;
   if (list && !sameGroup) shareRights(*list);
-  // Without a list, the folder may have given this file one.
+  // The old file has no list, but the folder may have given one to this file.
   const int listed = list ? ::fsetxattr(file, kAccessList, list->data(), list->size(), 0)
                           : ::fremovexattr(file, kAccessList);
   if (listed != 0 && (list || !hasNone(errno))) return false;

@@ -68,8 +68,8 @@ void* keepModule() {
   return kept;
 }
 
-/// It may be the last reference, and nothing tells when the caller's last instruction in this
-/// module has run. So another thread waits far longer than that takes, and ends with the reference.
+/// It may be the last reference, and the caller still runs instructions of this module. So another
+/// thread waits far longer than these take, and then gives up the reference as it ends.
 void letModuleGo(void* kept) {
   if (kept == nullptr) return;
   const HANDLE thread = ::CreateThread(nullptr, 0, letGo, kept, 0, nullptr);

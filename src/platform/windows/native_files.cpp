@@ -54,8 +54,8 @@ bool hasAttribute(const Path& path, DWORD which) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & which) != 0;
 }
 
-/// Files that are kept in a cloud, deduplicated or projected carry tags, too, but are reached by
-/// their own names.
+/// Not only links have tags. Files in a cloud, deduplicated and projected files have tags too, and
+/// are opened by their own names.
 bool standsForAnother(const Path& path) {
   WIN32_FIND_DATAW found{};
   const HANDLE search = ::FindFirstFileW(wide(path), &found);
@@ -142,7 +142,7 @@ bool File::takeAfter(const Path& other) const {
   if (size > 0 && ::GetFileSecurityW(wide(other), kRights, rights.data(), size, &size) != FALSE) {
     ::SetFileSecurityW(wide(path_), kRights, rights.data());
   }
-  // The bytes of the new file are all here.
+  // The mark of a file whose bytes are not on this machine; those of the new file are.
   const DWORD attributes = ::GetFileAttributesW(wide(other)) & ~DWORD{FILE_ATTRIBUTE_OFFLINE};
   ::SetFileAttributesW(wide(path_), attributes);
   return true;
@@ -164,7 +164,8 @@ File openOrCreate(const Path& path) {
   return openFile(path, GENERIC_WRITE, OPEN_ALWAYS);
 }
 
-/// It is not shared, so nobody else reads it until it is closed, whether that was asked for or not.
+/// `forUsAlone` needs nothing here: the file is not shared, so nobody else can read it until it is
+/// closed.
 File createNew(const Path& path, bool /*forUsAlone*/, Creation& result) {
   File file = openFile(path, GENERIC_WRITE, CREATE_NEW, false);
   const DWORD error = file.open() ? ERROR_SUCCESS : ::GetLastError();

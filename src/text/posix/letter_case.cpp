@@ -9,8 +9,8 @@
 namespace kvrnstep::text {
 
 char16_t detail::inCase(char16_t character, LetterCase wanted) {
-  // It knows the letters of Unicode and nothing of languages. A system without it has capitals and
-  // small letters for ASCII only.
+  // This locale has the letters of Unicode and the rules of no language. Without it only ASCII
+  // letters have another case.
   static const std::unique_ptr<std::remove_pointer_t<locale_t>, decltype(&::freelocale)> alphabets(
       ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr), ::freelocale);
   if (!alphabets) return character;

@@ -6,8 +6,8 @@
 
 namespace kvrnstep::text {
 
-/// The text in the system's code page. Nothing when a character has no place of its own there: one
-/// that merely looks alike will not do.
+/// The text in the system's code page. Nothing when the code page lacks one of its characters; a
+/// character that looks similar does not count.
 std::optional<std::string> toAnsi(std::u16string_view text);
 
 }  // namespace kvrnstep::text

@@ -39,7 +39,7 @@ std::optional<std::string> toAnsi(std::u16string_view text) {
 
 std::string toBytes(std::u16string_view text) {
   auto ansi = toAnsi(text);
-  // A text of accents may look like UTF-8 in the code page, and would be read as that.
+  // In the code page the bytes of a text may be valid UTF-8 by chance, and would be read as UTF-8.
   return ansi && fromBytes(*ansi) == text ? std::move(*ansi) : toUtf8(text);
 }
 
