@@ -3,46 +3,48 @@
 #include <string>
 #include <string_view>
 
-#include "lines/item.h"
-#include "lines/line_label.h"
+#include "lines/line_reader.h"
 #include "lines/lines.h"
-#include "lines/text_lines.h"
+#include "lines/part.h"
 
 namespace kvrnstep::lines {
 
 namespace {
 
+/// A line that is an item.
+struct Above {
+  std::size_t begin = 0;
+  std::size_t depth = 0;
+  std::string_view line;   ///< with its end
+  std::string_view label;  ///< what is before the item's text
+};
+
 /// The last item above a place that is no further in than the depth.
-std::optional<Item> itemAbove(std::string_view text, std::size_t place, std::size_t depth,
-                              const LineLabel* description) {
-  Item item;
+std::optional<Above> itemAbove(std::string_view text, std::size_t place, std::size_t depth,
+                               const Rules& rules) {
   while (place > 0) {
     place = text.substr(0, place - 1).rfind('\n') + 1;
-    const TextLine line = lineAt(text, place);
-    const bool found = line.hasText && findItem(text, line, description, item);
-    if (found && item.depth <= depth) return item;
+    TextLine line{.next = place};
+    line.goOn(text);
+    Item item;
+    if (line.hasText && findItem(text, line, rules.label, item) && item.depth <= depth) {
+      return Above{place, item.depth, text.substr(place, line.next - place),
+                   text.substr(place, behindBlanks(text, item.end) - place)};
+    }
   }
   return std::nullopt;
 }
 
-std::string_view lineOf(std::string_view text, const Item& item) {
-  return text.substr(item.line, lineAt(text, item.line).next - item.line);
-}
-
-/// What is before the text of an item, with a blank at least.
-std::string labelOf(std::string_view text, const Item& item) {
-  std::string label(text.substr(item.line, behindBlanks(text, item.end) - item.line));
-  if (label.back() != ' ' && label.back() != '\t') label += ' ';
-  return label;
-}
-
-/// The lines with that label. Those without text get none unless there is only one.
-std::string labelled(std::string_view lines, const std::string& label) {
+/// The lines with that label and a blank at least. Those without text get none unless there is only
+/// one.
+std::string labelled(std::string_view lines, std::string_view label) {
+  std::string labelAndBlank(label);
+  if (!label.ends_with(' ') && !label.ends_with('\t')) labelAndBlank += ' ';
+  if (lines.empty()) return labelAndBlank;
   std::string result;
-  for (TextLine line; result.empty() || line.next < lines.size();) {
-    line = lineAt(lines, line.next);
+  for (TextLine line; line.goOn(lines);) {
     const bool gets = line.hasText || line.next - line.begin == lines.size();
-    if (gets) result += label;
+    if (gets) result += labelAndBlank;
     const std::size_t from = gets ? line.text : line.begin;
     result += lines.substr(from, line.next - from);
   }
@@ -52,15 +54,13 @@ std::string labelled(std::string_view lines, const std::string& label) {
 /// What the labels of lines become behind others; nothing where the last one of these would change,
 /// or nothing else.
 std::optional<std::string> setRight(std::string_view before, std::string_view above,
-                                    const std::string& lines, const LineOptions& options) {
-  LineOptions goOn = options;
-  goOn.line = 0;
-  goOn.linesAbove = options.line - (before.empty() ? 2 : 3);
-  goOn.keepStart = true;
+                                    const std::string& lines, const Rules& rules) {
   std::string known(before);
   known += above;
+  known += lines;
+  const Part part{0, known.size(), rules.options.line - (before.empty() ? 2 : 3)};
   std::string result;
-  renumber(known + lines, goOn, [&](std::string_view piece) { result += piece; });
+  renumberPart(known, part, rules, [&](std::string_view piece) { result += piece; });
   const std::size_t from = before.empty() ? 0 : result.find('\n') + 1;
   if (result.compare(from, above.size(), above) != 0) return std::nullopt;
   result.erase(0, from + above.size());
@@ -70,24 +70,24 @@ std::optional<std::string> setRight(std::string_view before, std::string_view ab
 }  // namespace
 
 void continueList(std::string_view text, const LineOptions& options, const Write& write) {
+  LineOptions goOn = options;
+  goOn.keepStart = true;
+  const Rules rules(goOn);
   const std::size_t mark = byteOrderMark(text);
   const std::string_view lines = text.substr(mark);
   const std::size_t place = placeOfLine(lines, options.line);
-  const TextLine first = lineAt(lines, place);
-  std::optional<LineLabel> described;
-  if (options.list) described.emplace(*options.list, options.digits);
-  const LineLabel* const description = described ? &*described : nullptr;
-
+  TextLine first{.next = place};
+  first.goOn(lines);
   constexpr std::size_t kAny = std::numeric_limits<std::size_t>::max();
-  const std::size_t depth = first.begin == first.end ? kAny : depthOf(lines, first);
+  const std::size_t depth = first.begin == first.end ? kAny : first.depth;
   std::optional<std::string> result;
-  if (const auto above = itemAbove(lines, place, depth, description)) {
+  if (const auto above = itemAbove(lines, place, depth, rules)) {
     // The lines get the label above, which is then set right, with the item before it where that is
     // what tells an i that is a letter.
-    const auto before = itemAbove(lines, above->line, above->depth, description);
-    const std::string same = labelled(lines.substr(place), labelOf(lines, *above));
-    if (before) result = setRight(lineOf(lines, *before), lineOf(lines, *above), same, options);
-    if (!result) result = setRight("", lineOf(lines, *above), same, options);
+    const auto before = itemAbove(lines, above->begin, above->depth, rules);
+    const std::string same = labelled(lines.substr(place), above->label);
+    if (before) result = setRight(before->line, above->line, same, rules);
+    if (!result) result = setRight("", above->line, same, rules);
   }
   if (!result) throw NoLabel("there is no label above");
   write(text.substr(0, mark + place));

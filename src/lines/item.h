@@ -4,8 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "lines/line_label.h"
-#include "lines/text_lines.h"
+#include "lines/labels.h"
 
 namespace kvrnstep::lines {
 
@@ -22,17 +21,15 @@ struct Numbers {
   }
 };
 
-/// The beginning of a line that has a label.
+/// The label that a line begins with.
 struct Item {
   LabelKind kind = LabelKind::Decimal;
   char delimiter = '.';
   std::string_view label;
   Numbers readings;       ///< of labels that are not decimal
-  std::size_t line = 0;   ///< place where its line begins
-  std::size_t begin = 0;  ///< place of the label, or of its prefix
+  std::size_t width = 0;  ///< of the label, with the blanks that align it behind a prefix
   std::size_t end = 0;    ///< place behind the delimiter, or the visible part of a suffix
   std::size_t depth = 0;  ///< column of the beginning
-  std::size_t width = 0;  ///< of the label, with the blanks that align it behind a prefix
 
   /// Decimal labels are read only where somebody wants to know: most do not matter.
   [[nodiscard]] Numbers numbers() const {
@@ -40,11 +37,5 @@ struct Item {
   }
   [[nodiscard]] bool hasLeadingZero() const { return label.size() > 1 && label.front() == '0'; }
 };
-
-/// Looks for the label that a line with text begins with.
-/// @param description what labels look like; null for all that are a number, letters or a Roman
-/// numeral with a delimiter and then a blank, a tab or the line's end
-bool findItem(std::string_view text, const TextLine& line, const LineLabel* description,
-              Item& item);
 
 }  // namespace kvrnstep::lines

@@ -44,8 +44,8 @@ std::size_t widestLabel(const LabelStyle& style, const Sequence& numbers, std::s
 /// Adds a label that exists to the text.
 void appendLabel(std::string& text, const LabelStyle& style, std::int64_t number);
 
-/// The number that a label stands for; -1 where it is none of the kind. Letters and Roman numerals
-/// may be small or capital, but not mixed.
+/// The number that a label stands for; -1 where it is none of the kind.
+/// @param label digits only, small letters only or capital letters only
 std::int64_t numberOf(Numerals numerals, std::string_view label);
 
 /// Characters of the label that the text begins with, the longest one of the style, with those of

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "lines/lines.h"
 #include "lines/text_lines.h"
 #include "text/codepage.h"
 
@@ -28,12 +29,6 @@ LabelStyle labelStyle(const generator::ListSettings& settings, std::size_t digit
   }
 }
 
-constexpr std::string_view kBlanks = " \t";
-
-std::string_view withoutLeadingBlanks(std::string_view text) {
-  return text.substr(behindBlanks(text, 0));
-}
-
 bool isWordAt(std::string_view text, std::size_t place) {
   constexpr std::string_view kWord =
       "0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
@@ -42,8 +37,7 @@ bool isWordAt(std::string_view text, std::size_t place) {
 
 }  // namespace
 
-LineLabel::LineLabel(const generator::ListSettings& settings, std::size_t digits)
-    : rightAligned_(settings.on(generator::RightAlign)) {
+LineLabel::LineLabel(const generator::ListSettings& settings, std::size_t digits) {
   const bool hasLabel = settings.Selection != generator::PrefixSuffix;
   const bool addBlank = settings.on(generator::PreSufSpace);
   addAffix(text::toUtf8(settings.Prefix), addBlank);
@@ -53,7 +47,14 @@ LineLabel::LineLabel(const generator::ListSettings& settings, std::size_t digits
     pieces_.emplace_back();
   }
   addAffix(hasLabel && settings.Suffix.empty() ? ". " : text::toUtf8(settings.Suffix), addBlank);
-  rightAligned_ = rightAligned_ && hasLabel;
+  rightAligned_ = hasLabel && settings.on(generator::RightAlign);
+  std::string& first = pieces_.front().text;
+  leadingBlanks_ = first.substr(0, behindBlanks(first, 0));
+  first.erase(0, leadingBlanks_.size());
+  std::string& last = pieces_.back().text;
+  const std::size_t visible = last.find_last_not_of(" \t") + 1;
+  trailingBlanks_ = last.substr(visible);
+  last.erase(visible);
 }
 
 void LineLabel::addAffix(std::string affix, bool addBlank) {
@@ -72,20 +73,25 @@ void LineLabel::addAffix(std::string affix, bool addBlank) {
   }
 }
 
-std::optional<Numerals> LineLabel::missing(std::int64_t number) const {
-  for (std::size_t i = 0; i + 1 < pieces_.size(); ++i) {
-    const Numerals numerals = pieces_[i].style.numerals;
-    if (!labelExists(numerals, number)) return numerals;
-  }
-  return std::nullopt;
+bool LineLabel::exists(std::int64_t number) const {
+  return std::all_of(pieces_.begin(), pieces_.end() - 1,
+                     [&](const Piece& piece) { return labelExists(piece.style.numerals, number); });
 }
 
-std::size_t LineLabel::alignedWidth(const Sequence& numbers, std::size_t count) const {
-  if (!rightAligned_ || count == 0) return 0;
-  return widestLabel(std::ranges::find_if(pieces_, &Piece::isLabel)->style, numbers, count);
+void LineLabel::require(std::int64_t number, std::size_t line) const {
+  for (std::size_t i = 0; i + 1 < pieces_.size(); ++i) {
+    const Numerals numerals = pieces_[i].style.numerals;
+    if (!labelExists(numerals, number)) throw NoLabel(whyNoLabel(numerals, number, line));
+  }
 }
 
 void LineLabel::append(std::string& text, std::int64_t number, std::size_t width) const {
+  text += leadingBlanks_;
+  appendVisible(text, number, width);
+  text += trailingBlanks_;
+}
+
+void LineLabel::appendVisible(std::string& text, std::int64_t number, std::size_t width) const {
   for (const Piece& piece : pieces_) {
     text += piece.text;
     if (&piece == &pieces_.back()) return;
@@ -96,53 +102,37 @@ void LineLabel::append(std::string& text, std::int64_t number, std::size_t width
   }
 }
 
-std::string_view LineLabel::leadingBlanks() const {
-  const std::string_view first = pieces_.front().text;
-  return first.substr(0, behindBlanks(first, 0));
+const LabelStyle& LineLabel::style() const {
+  return std::ranges::find_if(pieces_, &Piece::isLabel)->style;
 }
 
-bool LineLabel::beginsWithLabel() const {
-  return withoutLeadingBlanks(pieces_.front().text).empty();
-}
-
-bool LineLabel::findNumber(const Piece& piece, std::string_view line, FoundLabel& found) const {
-  const std::size_t field = found.end;
+bool LineLabel::findNumber(const Piece& piece, std::string_view line, Item& item) const {
+  const std::size_t field = item.end;
   const std::size_t label = piece.isLabel && rightAligned_ ? behindBlanks(line, field) : field;
   std::int64_t number = -1;
   const std::size_t length = findLabel(piece.style, line.substr(label), number);
   if (length == 0) return false;
+  item.end = label + length;
   // What a macro stands for counts where there is no label.
-  if (piece.isLabel || found.number < 0) {
-    found = {.field = field,
-             .label = label,
-             .width = length - (piece.style.ordinal && number > 0 ? 2 : 0),
-             .number = number};
-  }
-  found.end = label + length;
+  if (!piece.isLabel && item.readings.plain >= 0) return true;
+  item.label = line.substr(label, length - (piece.style.ordinal && number > 0 ? 2 : 0));
+  item.readings.plain = number;
+  item.width = label - field + item.label.size();
   return true;
 }
 
-std::optional<FoundLabel> LineLabel::find(std::string_view line) const {
-  FoundLabel found;
+bool LineLabel::find(std::string_view line, Item& item) const {
+  item = {.kind = LabelKind::Described};
   for (const Piece& piece : pieces_) {
-    const bool isFirst = &piece == &pieces_.front();
     const bool isLast = &piece == &pieces_.back();
-    std::string_view text = isFirst ? withoutLeadingBlanks(piece.text) : piece.text;
-    const std::size_t visible = isLast ? text.find_last_not_of(kBlanks) + 1 : text.size();
-    const bool endsInBlank = visible < text.size();
-    text = text.substr(0, visible);
-    if (line.substr(found.end, visible) != text) return std::nullopt;
-    found.end += visible;
-    if (endsInBlank && found.end < line.size() && behindBlanks(line, found.end) == found.end) {
-      return std::nullopt;
-    }
-    if (!isLast && !findNumber(piece, line, found)) return std::nullopt;
-    // A macro at the label's end would take letters of a word.
-    if (isLast && visible == 0 && isWordAt(line, found.end)) {
-      return std::nullopt;
-    }
+    if (!line.substr(item.end).starts_with(piece.text)) return false;
+    item.end += piece.text.size();
+    if (!isLast && !findNumber(piece, line, item)) return false;
   }
-  return found;
+  const bool blankFollows = item.end == line.size() || behindBlanks(line, item.end) > item.end;
+  // A macro at the label's end would take letters of a word.
+  const bool needsNoWord = pieces_.back().text.empty();
+  return (trailingBlanks_.empty() || blankFollows) && !(needsNoWord && isWordAt(line, item.end));
 }
 
 }  // namespace kvrnstep::lines

@@ -2,25 +2,15 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "generator/list_settings.h"
+#include "lines/item.h"
 #include "lines/labels.h"
 
 namespace kvrnstep::lines {
-
-/// A label with its prefix and suffix, as it was found in a line. Places count from the line's
-/// first character behind its blanks.
-struct FoundLabel {
-  std::size_t field = 0;  ///< where the blanks that align the label behind its prefix begin
-  std::size_t label = 0;  ///< where the label begins
-  std::size_t width = 0;  ///< of the label, blanks and ordinal aside
-  std::size_t end = 0;    ///< behind the suffix, blanks at its end aside
-  std::int64_t number = -1;
-};
 
 /// What the settings of a list put before each line: prefix, label and suffix.
 class LineLabel {
@@ -28,27 +18,34 @@ class LineLabel {
   /// A suffix that is empty is ". ", since a label needs something between itself and the line.
   /// @param digits decimal labels are filled up to them with zeros
   LineLabel(const generator::ListSettings& settings, std::size_t digits);
+  /// A label that has nothing but a delimiter.
+  LineLabel(const LabelStyle& style, char delimiter)
+      : pieces_{{.style = style, .isLabel = true}, {.text = {delimiter}}} {}
 
-  /// In what the number cannot be written; nothing where all labels and macros exist.
-  [[nodiscard]] std::optional<Numerals> missing(std::int64_t number) const;
-  /// The widest of so many labels, prefix and suffix aside; 0 where labels are not aligned.
-  [[nodiscard]] std::size_t alignedWidth(const Sequence& numbers, std::size_t count) const;
+  /// Whether the number can be written, as label and in macros.
+  [[nodiscard]] bool exists(std::int64_t number) const;
+  /// @throws NoLabel where it cannot
+  void require(std::int64_t number, std::size_t line) const;
   /// Adds prefix, label and suffix.
   /// @param width what the label is filled up to with blanks, on its left
   void append(std::string& text, std::int64_t number, std::size_t width) const;
+  /// The same without the blanks at both ends.
+  void appendVisible(std::string& text, std::int64_t number, std::size_t width) const;
 
   /// Looks for prefix, label and suffix in a line, from behind its blanks on. Where the suffix ends
-  /// in a blank, any blanks or the line's end will do.
-  [[nodiscard]] std::optional<FoundLabel> find(std::string_view line) const;
+  /// in a blank, any blanks or the line's end will do. Places count from there.
+  bool find(std::string_view line, Item& item) const;
 
   /// The blanks that the prefix begins with.
-  [[nodiscard]] std::string_view leadingBlanks() const;
+  [[nodiscard]] const std::string& leadingBlanks() const { return leadingBlanks_; }
   /// Whether nothing visible stands before the label.
-  [[nodiscard]] bool beginsWithLabel() const;
+  [[nodiscard]] bool beginsWithLabel() const { return pieces_.front().text.empty(); }
   /// Whether numbers follow from the labels: they do not where there is only prefix and suffix.
   [[nodiscard]] bool numbered() const { return pieces_.size() > 1; }
   /// Whether labels are filled up with blanks to one width.
   [[nodiscard]] bool rightAligned() const { return rightAligned_; }
+  /// Of the label itself, where there is one.
+  [[nodiscard]] const LabelStyle& style() const;
 
  private:
   /// A text, and the label or macro behind it.
@@ -58,11 +55,13 @@ class LineLabel {
     bool isLabel = false;  ///< and no macro
   };
 
-  bool findNumber(const Piece& piece, std::string_view line, FoundLabel& found) const;
+  bool findNumber(const Piece& piece, std::string_view line, Item& item) const;
   void addAffix(std::string affix, bool addBlank);
 
+  std::string leadingBlanks_;
   std::vector<Piece> pieces_{1};  ///< behind the last one there is only text
-  bool rightAligned_;
+  std::string trailingBlanks_;
+  bool rightAligned_ = false;
 };
 
 }  // namespace kvrnstep::lines

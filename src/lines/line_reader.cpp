@@ -12,7 +12,7 @@ bool isBlankOrEnd(std::string_view line, std::size_t place) {
 
 bool isHeading(std::string_view line) {
   constexpr std::size_t kMostSigns = 6;
-  const std::size_t signs = std::min(line.find_first_not_of('#'), line.size());
+  const std::size_t signs = behindRun(line, '#', '#');
   return signs >= 1 && signs <= kMostSigns && isBlankOrEnd(line, signs);
 }
 
@@ -21,12 +21,51 @@ bool isBullet(std::string_view line) {
   return kBullets.find(line.front()) != std::string_view::npos && isBlankOrEnd(line, 1);
 }
 
+/// Characters that can be a label, and of which kind; nothing for all others.
+std::size_t possibleLabel(std::string_view line, LabelKind& kind) {
+  const char first = line.front();
+  kind = first <= '9' ? LabelKind::Decimal : first >= 'a' ? LabelKind::Small : LabelKind::Capital;
+  if (kind == LabelKind::Decimal) return behindRun(line, '0', '9');
+  return kind == LabelKind::Small ? behindRun(line, 'a', 'z') : behindRun(line, 'A', 'Z');
+}
+
+/// Whether letters with points follow one another, as in "e. g." or "J. R. Smith".
+/// @param line from the first point on
+bool isAbbreviation(std::string_view line) {
+  if (line.size() < 4 || !line.starts_with(". ") || line[3] != '.') return false;
+  const int smallLetter = line[2] | ('a' - 'A');
+  return smallLetter >= 'a' && smallLetter <= 'z';
+}
+
+/// @param line from behind its blanks
+bool findAny(std::string_view line, Item& item) {
+  const std::size_t size = possibleLabel(line, item.kind);
+  if (size == 0 || size == line.size()) return false;
+  item.delimiter = line[size];
+  if (item.delimiter != '.' && item.delimiter != ')' && item.delimiter != ':') return false;
+  if (!isBlankOrEnd(line, size + 1)) return false;
+  item.label = line.substr(0, size);
+  item.width = size;
+  item.end = size + 1;
+  if (item.kind == LabelKind::Decimal) return size <= kMostDigits;
+  if (isAbbreviation(line.substr(size))) return false;
+  item.readings = {numberOf(Numerals::Letters, item.label), numberOf(Numerals::Roman, item.label)};
+  return item.readings.plain >= 0 || item.readings.roman >= 0;
+}
+
 }  // namespace
 
+bool findItem(std::string_view text, const TextLine& line,
+              const std::optional<LineLabel>& described, Item& item) {
+  const std::string_view visible = text.substr(line.text, line.end - line.text);
+  if (!(described ? described->find(visible, item) : findAny(visible, item))) return false;
+  item.end += line.text;
+  item.depth = line.depth;
+  return true;
+}
+
 bool LineReader::next() {
-  if (line_.next >= text_.size()) return false;
-  line_ = lineAt(text_, line_.next);
-  ++number_;
+  if (!line_.goOn(text_)) return false;
   kind_ = kindOf(text_.substr(line_.text, line_.end - line_.text));
   return true;
 }
@@ -38,9 +77,8 @@ LineKind LineReader::kindOf(std::string_view visible) {
     return LineKind::Code;
   }
   if (!line_.hasText) return LineKind::Blank;
-  if (findItem(text_, line_, description_, item_)) {
-    const std::size_t content = behindBlanks(text_.substr(0, line_.end), item_.end);
-    takeFence(text_.substr(content, line_.end - content));
+  if (findItem(text_, line_, described_, item_)) {
+    takeFence(visible.substr(behindBlanks(visible, item_.end - line_.text)));
     return LineKind::Item;
   }
   if (isHeading(visible)) return LineKind::Heading;
@@ -54,7 +92,7 @@ LineKind LineReader::kindOf(std::string_view visible) {
 void LineReader::takeFence(std::string_view content) {
   constexpr std::size_t kLeast = 3;
   if (content.empty() || (content.front() != '`' && content.front() != '~')) return;
-  const std::size_t length = std::min(content.find_first_not_of(content.front()), content.size());
+  const std::size_t length = behindRun(content, content.front(), content.front());
   const std::string_view rest = content.substr(length);
   if (isCode()) {
     const bool ends = behindBlanks(rest, 0) == rest.size();

@@ -26,7 +26,6 @@ struct LineOptions {
   /// From 1 on: only what is around that line changes. `number`: its paragraph; otherwise the lists
   /// up to where all lists end. One behind the last is the text's end.
   std::size_t line = 0;
-  std::size_t linesAbove = 0;  ///< what messages count lines from
 };
 
 /// Takes the new text, block by block.
@@ -53,9 +52,5 @@ void unnumber(std::string_view text, const LineOptions& options, const Write& wr
 /// above which is no further in, and come at its depth. From an empty line any label counts.
 /// @throws NoLabel before anything is written, also where there is no label above
 void continueList(std::string_view text, const LineOptions& options, const Write& write);
-
-/// Takes away what `number` with the same options has put in.
-/// @return false, and nothing is written, where the text is not as `number` makes it
-bool undoNumber(std::string_view text, const LineOptions& options, const Write& write);
 
 }  // namespace kvrnstep::lines

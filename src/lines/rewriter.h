@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <memory>
 #include <string_view>
+#include <vector>
 
 #include "lines/lines.h"
 
@@ -17,12 +17,17 @@ class Rewriter {
 
   /// What follows up to the place stays as it is.
   void keepTo(std::size_t place) {
-    put(text_.substr(place_, place - place_));
+    add(text_.substr(place_, place - place_));
     place_ = place;
   }
   /// What follows up to the place is left out.
   void skipTo(std::size_t place) { place_ = place; }
-  void add(std::string_view piece) { put(piece); }
+  void add(std::string_view piece) {
+    if (piece.size() > block_.size() - size_) flush();
+    if (piece.size() > block_.size()) return write_(piece);
+    std::copy(piece.begin(), piece.end(), block_.data() + size_);
+    size_ += piece.size();
+  }
 
   /// The rest stays as it is.
   void finish() {
@@ -31,27 +36,16 @@ class Rewriter {
   }
 
  private:
-  static constexpr std::size_t kBlock = std::size_t{64} * 1024;
-
-  void put(std::string_view piece) {
-    if (piece.size() > kBlock - size_) {
-      flush();
-      if (piece.size() > kBlock) return write_(piece);
-    }
-    std::copy(piece.begin(), piece.end(), block_.get() + size_);
-    size_ += piece.size();
-  }
-
   void flush() {
-    if (size_ > 0) write_({block_.get(), size_});
+    if (size_ > 0) write_({block_.data(), size_});
     size_ = 0;
   }
 
   std::string_view text_;
   const Write& write_;
   std::size_t place_ = 0;
-  std::unique_ptr<char[]> block_ = std::make_unique_for_overwrite<char[]>(kBlock);
-  std::size_t size_ = 0;
+  std::vector<char> block_ = std::vector<char>(std::size_t{64} * 1024);
+  std::size_t size_ = 0;  ///< of what is in it
 };
 
 }  // namespace kvrnstep::lines
