@@ -84,12 +84,13 @@ void ListFile::save(const ListEntries& edited) {
     // If the file is gone, others have not deleted its entries.
     const ListEntries before = bytes ? loaded : ListEntries();
     const auto [found, rest] = parseList(bytes.value_or(""));
-    const ListEntries kept = without(edited, without(before, found));
-    const ListEntries added = without(without(found, before), without(edited, before));
+    const bool changedByOthers = found != before;
     std::u16string lines;
-    for (const auto* entries : {&kept, &added}) {
-      for (const auto& entry : *entries) lines += entry + u"\r\n";
-    }
+    const auto add = [&](const ListEntries& entries) {
+      for (const auto& entry : entries) lines.append(entry).append(u"\r\n");
+    };
+    add(changedByOthers ? without(edited, without(before, found)) : edited);
+    if (changedByOthers) add(without(without(found, before), without(edited, before)));
     return encoded(lines + rest, bytes.value_or(""));
   });
 }
