@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <array>
 
 #include "platform/native_files.h"
 
@@ -31,6 +32,18 @@ std::optional<std::string> readFile(const std::u16string& path, std::size_t larg
   const auto size = file.size();
   if (!size || *size > largest) return std::nullopt;
   return readAll(file, static_cast<std::size_t>(*size));
+}
+
+bool fileHolds(const std::u16string& path, std::string_view bytes) {
+  const auto file = native::openToRead(native::pathOf(path));
+  if (file.size() != bytes.size()) return false;
+  std::array<char, 1U << 14U> part{};
+  for (;;) {
+    const auto count = file.read(part.data(), part.size());
+    if (!count || !bytes.starts_with(std::string_view(part.data(), *count))) return false;
+    if (*count == 0) return bytes.empty();
+    bytes.remove_prefix(*count);
+  }
 }
 
 bool createEmptyFile(const std::u16string& path) {

@@ -20,6 +20,9 @@ inline constexpr std::size_t kAnySize = std::numeric_limits<std::size_t>::max();
 /// one of more than `largest` bytes.
 std::optional<std::string> readFile(const std::u16string& path, std::size_t largest = kLargestFile);
 
+/// Whether a file has exactly this content, found out without a copy of it.
+bool fileHolds(const std::u16string& path, std::string_view bytes);
+
 /// Makes the file hold exactly these bytes, creating it if need be. Whatever happens, the whole old
 /// content or the whole new one is there, because a temporary file in the same folder takes the
 /// place of the target. Links are followed; the target keeps its permissions and, where the system

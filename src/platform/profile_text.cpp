@@ -47,7 +47,10 @@ class ProfileLines {
 
   std::optional<ProfileLine> next() {
     if (at_ == bytes_.size()) return std::nullopt;
-    const auto textEnd = std::min(bytes_.find_first_of("\r\n", at_), bytes_.size());
+    const auto rest = bytes_.substr(at_);
+    const auto textLength = static_cast<std::size_t>(
+        std::ranges::find_if(rest, [](char c) { return c == '\r' || c == '\n'; }) - rest.begin());
+    const auto textEnd = at_ + textLength;
     const std::size_t endLength = bytes_.substr(textEnd, 2) == "\r\n" ? 2 : 1;
     const auto end = bytes_.substr(textEnd, endLength);
     if (!end.empty()) usedEnd_ = end;

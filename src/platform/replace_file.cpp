@@ -102,7 +102,7 @@ bool save(const std::u16string& path, std::string_view bytes, std::size_t larges
   const Target found = target ? native::targetAt(*target) : Target::kOther;
   if (found == Target::kOther) return false;
   const bool isThere = found == Target::kWritableFile;
-  if (isThere && !differs && readFile(path, bytes.size()) == bytes) return true;
+  if (isThere && !differs && fileHolds(path, bytes)) return true;
 
   const Path folder = native::folderPart(*target);
   removeLeftovers(folder);
@@ -152,7 +152,7 @@ bool changeFile(const std::u16string& path, const Change& change) {
     if (changed == before) return true;
     bool asBefore = true;
     const auto mayGoOn = [&] {
-      return asBefore = readFile(path) == before && (before || nothingIsAt(path));
+      return asBefore = before ? fileHolds(path, *before) : nothingIsAt(path);
     };
     if (save(path, changed, kLargestFile, mayGoOn, true)) return true;
     if (asBefore) return false;
