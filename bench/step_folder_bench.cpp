@@ -48,10 +48,7 @@ void stepFileList(benchmark::State& state) {
   kvrnstep::bench::inDialog([&](const kvrnstep::dialogs::frmListwright& dialog) {
     auto& list = *static_cast<kvrnstep::forms::ListBox*>(dialog.find("lstStepf", -1));
     for (auto _ : state) {
-      list.Clear();
-      for (auto& entry : kvrnstep::stepfiles::stepFileEntries(folder)) {
-        list.AddItem(std::move(entry));
-      }
+      list.setItems(kvrnstep::stepfiles::stepFileEntries(folder));
     }
   });
 }

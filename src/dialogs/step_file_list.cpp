@@ -24,10 +24,7 @@ StepFileList::StepFileList(Dialog& dialog, std::function<void(const std::u16stri
 }
 
 void StepFileList::FillStepFileList() {
-  lstStepf.Clear();
-  for (auto& entry : stepfiles::stepFileEntries(dialog_.host().sPthStepFolder)) {
-    lstStepf.AddItem(std::move(entry));
-  }
+  lstStepf.setItems(stepfiles::stepFileEntries(dialog_.host().sPthStepFolder));
 }
 
 void StepFileList::DeleteStepFile(const std::u16string& path) {

@@ -284,11 +284,12 @@ class WithEntries : public Base {
   [[nodiscard]] const std::u16string& List(int index) const {
     return entries_.items.at(static_cast<std::size_t>(index));
   }
-  /// Removes all entries; the text of a combo box stays.
-  void Clear() {
-    entries_ = Entries();
+  /// Puts these in the place of all entries; the text of a combo box stays.
+  void setItems(std::vector<std::u16string> items) {
+    entries_ = {.items = std::move(items)};
     this->changed(Property::Items);
   }
+  void Clear() { setItems({}); }
   void AddItem(std::u16string text) {
     entries_.items.push_back(std::move(text));
     this->changed(Property::Items);

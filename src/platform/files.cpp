@@ -51,13 +51,10 @@ bool createEmptyFile(const std::u16string& path) {
 }
 
 std::vector<std::u16string> filesIn(const std::u16string& folder) {
-  std::vector<std::u16string> names;
-  if (folder.empty()) return names;
-  for (const native::Path& file : native::filesIn(native::pathOf(folder))) {
-    auto name = native::textOf(file);
-    // A name in another encoding could not be found again by its characters.
-    if (native::pathOf(name) == file) names.push_back(std::move(name));
-  }
+  if (folder.empty()) return {};
+  const auto files = native::filesIn(native::pathOf(folder));
+  std::vector<std::u16string> names(files.size());
+  std::ranges::transform(files, names.begin(), native::textOf);
   return names;
 }
 

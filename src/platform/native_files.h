@@ -97,7 +97,8 @@ bool rename(const Path& from, const Path& to);
 bool remove(const Path& path);
 
 /// The names of the files in a folder that begin like this, links to files included, in no order.
-/// None when it cannot be read.
+/// None when it cannot be read, and no names in another encoding than that of the system, because
+/// they could not be found again by their characters.
 std::vector<Path> filesIn(const Path& folder, const Path& start = {});
 
 /// The number of this process.

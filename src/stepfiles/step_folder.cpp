@@ -19,7 +19,8 @@ bool isStepFile(std::u16string_view name) {
 
 /// Letter case decides only between names that are otherwise equal.
 bool comesBefore(std::u16string_view one, std::u16string_view other) {
-  const auto [rest, otherRest] = std::ranges::mismatch(one, other);
+  const auto both = static_cast<std::ptrdiff_t>(std::min(one.size(), other.size()));
+  const auto [rest, otherRest] = std::mismatch(one.begin(), one.begin() + both, other.begin());
   const auto order = std::lexicographical_compare_three_way(
       rest, one.end(), otherRest, other.end(),
       [](char16_t a, char16_t b) { return text::smallLetter(a) <=> text::smallLetter(b); });

@@ -6,9 +6,6 @@ namespace kvrnstep::text {
 
 namespace {
 
-constexpr char16_t kEndOfAscii = 0x80;
-constexpr char16_t kFromCapitalToSmall = u'a' - u'A';
-
 std::u16string converted(std::u16string_view text, char16_t (*conversion)(char16_t)) {
   std::u16string result(text);
   std::ranges::transform(result, result.begin(), conversion);
@@ -16,18 +13,6 @@ std::u16string converted(std::u16string_view text, char16_t (*conversion)(char16
 }
 
 }  // namespace
-
-char16_t smallLetter(char16_t character) {
-  if (character >= kEndOfAscii) return detail::inCase(character, detail::LetterCase::Small);
-  const bool capital = character >= u'A' && character <= u'Z';
-  return static_cast<char16_t>(capital ? character + kFromCapitalToSmall : character);
-}
-
-char16_t capitalLetter(char16_t character) {
-  if (character >= kEndOfAscii) return detail::inCase(character, detail::LetterCase::Capital);
-  const bool small = character >= u'a' && character <= u'z';
-  return static_cast<char16_t>(small ? character - kFromCapitalToSmall : character);
-}
 
 std::u16string lowerCase(std::u16string_view text) {
   return converted(text, smallLetter);

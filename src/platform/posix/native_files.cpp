@@ -211,7 +211,8 @@ std::vector<Path> filesIn(const Path& folder, const Path& start) {
   if (!opened) return names;
   while (const dirent* entry = ::readdir(opened.get())) {
     Path name = &entry->d_name[0];
-    if (name.starts_with(start) && isFile(*opened, *entry)) names.push_back(std::move(name));
+    if (!name.starts_with(start) || !text::isUtf8(name)) continue;
+    if (isFile(*opened, *entry)) names.push_back(std::move(name));
   }
   return names;
 }
