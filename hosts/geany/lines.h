@@ -1,7 +1,7 @@
 #pragma once
 
-/// What can be done with lines of the current document: those of the selection, or around the caret
-/// where there is none.
+/// The changes of lines of the current document: those of the selection, or those around the caret
+/// if nothing is selected.
 typedef enum LineChange {
   NumberLines,    ///< the selection or the paragraph
   RenumberLists,  ///< in the selection, or around the caret
@@ -9,5 +9,5 @@ typedef enum LineChange {
   ContinueList    ///< the selection or the caret's line, behind the last label above
 } LineChange;
 
-/// Changes them in one step of Undo. If that cannot be, the status bar says why.
+/// Changes them in one step of Undo. If they cannot be changed, the status bar says why.
 void changeLines(LineChange change);

@@ -48,8 +48,8 @@ static char* depthOf(ScintillaObject* sci) {
   return text;
 }
 
-/// The list with the line ends of the document, all lines as far in as the selection's first one.
-/// To be freed.
+/// The list with the line ends of the document. All its lines are indented as the first line of the
+/// selection. To be freed.
 static char* fitted(GeanyDocument* document, const char* list) {
   ScintillaObject* sci = document->editor->sci;
   const int end = sci_get_selection_end(sci);
@@ -72,7 +72,7 @@ static char* fitted(GeanyDocument* document, const char* list) {
   return g_string_free(text, FALSE);
 }
 
-/// The document comes to the front first, because other programs may have had Geany open another.
+/// The document comes to the front first, because Geany may have opened another one meanwhile.
 static void replaceSelection(const GeanyData* data, GeanyDocument* document, const char* list) {
   gtk_notebook_set_current_page(GTK_NOTEBOOK(data->main_widgets->notebook),
                                 document_get_notebook_page(document));
@@ -123,7 +123,7 @@ static int showDialog(const GeanyData* data, GeanyDocument* document, const Libr
   dialog.i_EditorSize = pango_font_description_get_size(font) / PANGO_SCALE;
   dialog.bytSpcCount = CLAMP(editor_get_indent_prefs(document->editor)->width, 0, 255);
 
-  // Geany goes on painting behind the dialog, but an invisible widget gets all keys and clicks.
+  // Geany draws its windows behind the dialog, but an invisible widget gets all keys and clicks.
   GtkWidget* shield = gtk_invisible_new();
   g_signal_connect(shield, "button-press-event", G_CALLBACK(onClick), (gpointer)library);
   gtk_grab_add(shield);

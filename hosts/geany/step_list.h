@@ -8,5 +8,5 @@
 /// @param type the listing type that the dialog opens with; -1: what the open defaults say
 void insertStepList(const GeanyData* data, int type);
 
-/// To be called before Geany takes its data down: a dialog that is open then inserts nothing more.
+/// To be called before Geany frees its data. An open dialog then inserts nothing any more.
 void forgetDocuments(void);

@@ -54,7 +54,7 @@ int write(void* problem, const char* piece, std::size_t size) {
   return written ? 0 : 1;
 }
 
-/// Whether nobody reads the text any more; on Windows the system says no more than EINVAL.
+/// Whether nobody reads the text any more. On Windows the only error for that is EINVAL.
 bool isClosedPipe(int problem) {
 #ifdef _WIN32
   return problem == EPIPE || problem == EINVAL;

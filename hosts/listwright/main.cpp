@@ -19,7 +19,7 @@ kvrnstep::Listwright plugin(const Options& options) {
                                                            : options.plugin);
 }
 
-/// A text that was handed out, as one of ours.
+/// Copies a text of the library, and frees it.
 std::string taken(char* text) {
   std::string copy = text == nullptr ? "" : text;
   kvrnstep_free(text);
@@ -36,7 +36,8 @@ ExitStatus showDialog(const Options& options) {
   makeWritableFolder(folderOf(arguments.s_IniPathAndName));
   const bool read = hosts::outputIsRead();
   if (!read) arguments.insert_copies = 1;
-  // Qt sets the locale for a time. A display whose locale differs from that is asked for both.
+  // Qt sets this locale while it starts. If the locale were another one before, the display would
+  // be asked for both.
   std::setlocale(LC_ALL, "");
   std::string list;
   const bool inserted = plugin(options).ShowListwrightDialog(list, arguments);

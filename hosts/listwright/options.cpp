@@ -102,7 +102,7 @@ class CommandLine {
     throw std::runtime_error(name + " takes no value");
   }
 
-  /// Takes the names of files, which the library would take apart where they have brackets.
+  /// Takes the names of files out, because the library would split names with brackets.
   /// @return the options as the library takes them, the last one first. It would look for an empty
   /// value behind "=" in the next argument, so values become arguments of their own.
   std::vector<std::string> withoutFiles(const hosts::Arguments& arguments) {
@@ -304,7 +304,7 @@ class CommandLine {
     followValues();
   }
 
-  /// Options that others switch on.
+  /// Options that are switched on by others.
   void followValues() {
     kvrnstep_list& list = options_.described;
     if (list.bytSpcCount > 0 && app_.count("--indent") > 0) {
@@ -354,7 +354,7 @@ class CommandLine {
 }  // namespace
 
 std::optional<Options> parseOptions(const hosts::Arguments& arguments) {
-  // To take all of it apart takes longer than the list, and the process ends soon.
+  // Destroying it takes longer than making a list, and the process ends soon.
   static CommandLine& line = *new CommandLine;
   if (!line.parse(arguments)) return std::nullopt;
   return line.options();

@@ -125,7 +125,7 @@ inline constexpr WORD DISPATCH_METHOD = 1;
 inline constexpr WORD DISPATCH_PROPERTYGET = 2;
 inline constexpr WORD DISPATCH_PROPERTYPUT = 4;
 
-/// Types of what a variant holds.
+/// The types of values in a variant.
 enum VariantType : VARTYPE {
   VT_EMPTY = 0,
   VT_NULL = 1,
@@ -202,7 +202,7 @@ using VARIANTARG = VARIANT;
 
 struct DISPPARAMS {
   VARIANTARG* rgvarg;         ///< the arguments, the last one first
-  DISPID* rgdispidNamedArgs;  ///< positions of the named ones, which come first here
+  DISPID* rgdispidNamedArgs;  ///< positions of the named arguments, which come first in `rgvarg`
   UINT cArgs;
   UINT cNamedArgs;
 };

@@ -13,7 +13,7 @@
 
 namespace kvrnstep::driving {
 
-/// The value of a property, or what belongs to an event: a text, or a bare word.
+/// The value of a property, or a detail of an event: a text, or a bare word.
 using Value = std::variant<bool, double, std::u16string, std::string>;
 
 /// Plays the user; implemented by the program.
@@ -23,8 +23,8 @@ class Player {
   /// The topmost window, or the pop-up menu over it, waits for its user: do one thing. Called until
   /// it has closed.
   virtual void act() = 0;
-  /// The answer to the text-input box or file dialog that is open; nothing is Cancel. A file is
-  /// named as a user would, with its folder or without.
+  /// The answer to the text-input box or file dialog that is open; nothing is Cancel. A file may be
+  /// named with its folder or without, as users do.
   virtual std::optional<std::u16string> answer() { return std::nullopt; }
   /// Something happened that a user would notice: "opened", "message" …
   virtual void happened(std::string_view /*what*/, const std::vector<Value>& /*details*/) {}
@@ -54,8 +54,8 @@ class Stage {
   virtual std::optional<Value> contextField(std::string_view name) = 0;
 };
 
-/// The library's function `kvrnstepDrive`: has the named front end ("headless", "qt", "windows")
-/// serve all calls from now on. Null, with the reason in `problem`, when that is not possible.
+/// The library's function `kvrnstepDrive`: from now on the named front end ("headless", "qt",
+/// "windows") serves all calls. Null, with the reason in `problem`, when that is not possible.
 using DriveFunction = Stage* (*)(const char* frontEnd, Player* player, std::string* problem);
 
 }  // namespace kvrnstep::driving

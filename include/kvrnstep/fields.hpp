@@ -1,7 +1,7 @@
 #pragma once
 
-// The parameters of a call and the values of a list, each written down once, with what they are
-// where a host says nothing. It needs the standard library and kvrnstep.h alone.
+// The parameters of a call and the values of a list, each written down once, with its default. This
+// header needs only the standard library and kvrnstep.h.
 
 #include <array>
 #include <cstddef>

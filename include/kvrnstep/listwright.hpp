@@ -125,7 +125,7 @@ class Listwright {
     return reinterpret_cast<Function*>(found);
   }
 
-  /// A text of the library's as one of ours.
+  /// Copies a text of the library, and frees it.
   [[nodiscard]] std::string taken(char* text) const {
     if (text == nullptr) return {};
     std::string copy = text;

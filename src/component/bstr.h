@@ -6,7 +6,7 @@
 
 #include "kvrnstep/component.hpp"
 
-/// Between the counted texts of the interfaces and ours.
+/// Converts between the counted texts of the interfaces and our own.
 namespace kvrnstep::component {
 
 inline std::u16string textOf(BSTR text) {
@@ -14,7 +14,7 @@ inline std::u16string textOf(BSTR text) {
   return {reinterpret_cast<const char16_t*>(text), SysStringLen(text)};
 }
 
-/// A text that the caller of the boundary frees.
+/// A text that the host frees.
 /// @throws std::bad_alloc
 inline BSTR newBstr(std::u16string_view text) {
   BSTR copy = SysAllocStringLen(reinterpret_cast<const OLECHAR*>(text.data()),

@@ -71,10 +71,10 @@ int readLabels(const kvrnstep_lines& given, lines::LineOptions& options) {
   return KVRNSTEP_DONE;
 }
 
-/// The host's `take` wants no more.
+/// The host's `take` wants no more pieces.
 struct NotTaken : std::exception {};
 
-/// @param changed the new text, unless `take` gets it, or why a label cannot be
+/// @param changed the new text, unless `take` gets it; or why a label does not exist
 int changeLines(decltype(lines::number)& change, const kvrnstep_lines* given, std::string_view text,
                 std::string& changed) {
   const auto settings = known(given, kLinesDefaults);

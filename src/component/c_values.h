@@ -14,12 +14,11 @@
 #include "kvrnstep/kvrnstep.h"
 #include "text/codepage.h"
 
-/// What comes from C and what goes there. UTF-8 and C structs are converted here, and no exception
-/// passes out.
+/// Values from and to hosts in C. UTF-8 and C structs are converted here, and exceptions end here.
 namespace kvrnstep::component {
 
-// No padding at the end: a later version would put a new field there, and an older host may leave
-// any value in it.
+// There is no padding at the end. A later version would put a new field there, and the padding of
+// an older host may have any value.
 static_assert(std::has_unique_object_representations_v<kvrnstep_dialog>);
 static_assert(std::has_unique_object_representations_v<kvrnstep_list>);
 static_assert(std::has_unique_object_representations_v<kvrnstep_lines>);
@@ -35,8 +34,8 @@ constexpr std::size_t least(const kvrnstep_lines& /*lines*/) {
   return offsetof(kvrnstep_lines, line);
 }
 
-/// A struct as this version knows it, with the defaults in fields that its host does not know;
-/// nothing where the host did not initialise its own.
+/// A struct as this version knows it. Fields that the host does not know have their defaults.
+/// Nothing if the host did not initialise its struct.
 template <class Struct>
 std::optional<Struct> known(const Struct* given, Struct defaults) {
   if (given == nullptr || given->size < least(defaults)) return std::nullopt;
@@ -45,7 +44,7 @@ std::optional<Struct> known(const Struct* given, Struct defaults) {
   return defaults;
 }
 
-/// Fills as much of the host's struct as the host knows.
+/// Fills those fields of the host's struct that the host knows.
 template <class Struct>
 void initialise(Struct* given, std::uint32_t size, const Struct& defaults) {
   if (given == nullptr || size < sizeof(given->size)) return;
@@ -65,7 +64,7 @@ inline char* copyOf(const std::string& bytes) {
   return copy;
 }
 
-/// Numbers are taken as they are or not at all.
+/// A number is taken as it is, or refused if it does not fit.
 template <class Narrow>
 bool fits(std::int32_t number) {
   using Limits = std::numeric_limits<Narrow>;
@@ -84,7 +83,7 @@ struct Take {
   }
 };
 
-/// Nothing is thrown into a host.
+/// No exception may reach a host.
 template <class Result, class Function>
 Result guarded(Result failure, Function function) noexcept {
   try {

@@ -8,7 +8,7 @@ namespace kvrnstep::component {
 
 namespace {
 
-/// Creates objects of one class. It exists as long as the module, so its references count as
+/// Creates objects of one class. It exists as long as the module, so references to it count as
 /// references to the module.
 template <class Class>
 // NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): nobody deletes it

@@ -14,10 +14,10 @@ namespace kvrnstep::component {
 namespace {
 
 struct Nothing {};
-/// What a variant holds; monostate for what no member can use: Null, arrays …
+/// The value of a variant; monostate for values that no member can use, such as Null and arrays.
 using Value = std::variant<std::monostate, Nothing, bool, std::int64_t, double, std::u16string>;
 
-/// A value that is in the variant, or that the variant points to.
+/// The value in the variant, or the one that the variant points to.
 template <class T>
 T held(const VARIANT& variant, T own) {
   return (variant.vt & VT_BYREF) != 0 ? *static_cast<const T*>(variant.byref) : own;
@@ -107,7 +107,7 @@ Value valueOf(const VARIANT& argument) {
   }
 }
 
-/// Nothing at all is 0. No result: the value is no number.
+/// An empty variant is 0. No result: the value is not a number.
 std::optional<double> numberOf(const Value& value) {
   if (std::holds_alternative<Nothing>(value)) return 0;
   if (const auto* truth = std::get_if<bool>(&value)) return *truth ? -1 : 0;

@@ -15,18 +15,18 @@ const VARIANT& referred(const VARIANT& argument);
 /// Whether the caller left this argument out.
 bool isMissing(const VARIANT& argument);
 
-/// An object stands for its default property. Nothing at all is an empty text; numbers are written
-/// in decimal.
+/// An object stands for its default property. An empty variant is an empty text; numbers are
+/// written in decimal.
 HRESULT readValue(const VARIANT& argument, std::u16string& value);
-/// Numbers of any type and texts that are numbers, rounded with halves to even; True is −1, and
-/// all bits of a byte; nothing at all is 0.
+/// Numbers of any type and texts that are numbers, rounded with halves to even; True is −1, in a
+/// byte 255; an empty variant is 0.
 HRESULT readValue(const VARIANT& argument, std::int16_t& value);
 HRESULT readValue(const VARIANT& argument, std::int32_t& value);
 HRESULT readValue(const VARIANT& argument, std::uint8_t& value);
 /// Any number but 0 is True, and so is the text "True".
 HRESULT readValue(const VARIANT& argument, bool& value);
 
-/// An argument that a text is written back into; what was passed by value is left as it is.
+/// Writes a text back into an argument. An argument that was passed by value is left as it is.
 struct TextTarget {
   const VARIANT* argument = nullptr;
 };

@@ -47,7 +47,8 @@ class ListwrightObject final : public Object<_Listwright, kInterfaceListwright> 
       {u"ShowListwrightDialog", KVRNSTEP_SHOW_LISTWRIGHT_DIALOG, DISPATCH_METHOD, kCallParameters},
   }};
 
-  /// Takes over what an early-bound host passes, and leaves alone what it left out.
+  /// Takes over the arguments of an early-bound host. Arguments that it left out keep their
+  /// defaults.
   struct Take {
     template <class Field, class Given>
     void operator()(Field& field, Given given) const {

@@ -14,7 +14,7 @@
 
 namespace kvrnstep::component {
 
-/// Runs work for a host, into which no exception may pass.
+/// Runs work for a host; no exception may reach the host.
 template <class Work>
 HRESULT guarded(Work work) noexcept {
   try {
@@ -26,7 +26,7 @@ HRESULT guarded(Work work) noexcept {
   }
 }
 
-/// Hands out the text that `work` makes.
+/// Gives the host the text that `work` makes.
 template <class Work>
 HRESULT handOut(BSTR* result, Work work) noexcept {
   if (result == nullptr) return E_POINTER;

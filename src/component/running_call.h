@@ -13,7 +13,7 @@ inline std::atomic<ULONG>& held() {
   return count;
 }
 
-/// A call in which messages of the host are dealt with, who may release everything meanwhile.
+/// A call that also handles messages of the host. The host may release everything meanwhile.
 class RunningCall {
  public:
   RunningCall() { ++held(); }

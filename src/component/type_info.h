@@ -4,8 +4,8 @@
 
 namespace kvrnstep::component {
 
-// How many descriptions each object has of its members, and the description of an interface. Only
-// Windows has type libraries; the one in this module is asked there.
+// The number of type descriptions that each object has, and the description of an interface. They
+// come from the type library in this module, which only Windows has.
 #ifdef _WIN32
 inline constexpr UINT kTypeInfoCount = 1;
 HRESULT typeInfo(const GUID& interfaceId, ITypeInfo** info);

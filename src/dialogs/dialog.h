@@ -14,7 +14,7 @@ inline constexpr int kLinkCursor = 104;  ///< resource id
 /// A window of the plug-in. It keeps keys in the settings file of the host, among them its place.
 class Dialog : public forms::Window {
  public:
-  /// All must outlive the dialog.
+  /// All arguments must outlive the dialog.
   /// @param placeKeys what the keys of its place begin with: "StepBE" for "StepBE_LT" (left
   /// edge), "StepBE_TT" (top edge), "StepBE_HT" (height) and "StepBE_WT" (width), which are in
   /// twips
@@ -32,9 +32,9 @@ class Dialog : public forms::Window {
 
   /// Moves the window to where it was when it was last closed, the first time to the middle of the
   /// screen. One that the user can size gets its last size too, half of its own the first time. An
-  /// edge whose key holds no number stays as it is.
+  /// edge stays as it is if the value of its key is not a number.
   void restorePlace();
-  /// Keeps these keys and the place in one write. Of a window that is minimized no place is kept.
+  /// Stores these keys and the place in one write. The place of a minimized window is not stored.
   void saveKeys(modSecns::IniKeys keys = {}) const;
 
  private:

@@ -19,7 +19,7 @@ class frmListwright : public Dialog {
  public:
   frmListwright(forms::Toolkit& toolkit, const plugin::HostContext& host);
 
-  /// Listing type to begin with, 0 to 3.
+  /// Listing type to begin with.
   void LwStepStart(const std::int16_t& theLwStepStart) { lwStepStart_ = theLwStepStart; }
   [[nodiscard]] std::int16_t LwStepStart() const { return lwStepStart_; }
   /// Whether the host's listing type counts more than the one in stored defaults.
@@ -47,9 +47,10 @@ class frmListwright : public Dialog {
   void lblD_MouseUp(int index);
 
   void SetActionsEnabled(bool bolEnable);
-  /// Makes the list, with the count that is in the End box. False: there is none, and the user has
-  /// been told why.
-  /// @param forPreview says nothing of a list that is too long, because there is one for each key
+  /// Makes the list, with the count that is in the End box. False: no list can be made, and the
+  /// user has been told why.
+  /// @param forPreview shows no message about a list that is too long, because each key makes a
+  /// list
   bool BuildStepList(bool forPreview = false);
   [[nodiscard]] std::u16string takeList(bool forPreview = false);
   void PrintStepList(const std::u16string& text);

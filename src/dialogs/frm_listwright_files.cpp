@@ -33,7 +33,7 @@ constexpr std::u16string_view kViolation = u"File name extension violation occur
 
 /// A path with the extension ".step" in place of another one: the plain name, or the first one
 /// with a number behind it that is not in use.
-/// @param inUse set to whether all of them are
+/// @param inUse set to whether all names that were tried are in use
 std::u16string replacementPath(const std::u16string& path, bool& inUse) {
   constexpr int kMostNumbers = 32000;
   const std::u16string base =
@@ -80,7 +80,7 @@ void frmListwright::SaveStepFileAs() {
   if (path->ends_with(u"step")) {
     stepfiles::writeStepFile(*path, settings);
   } else if (PathPart(*path, PathMode::Extension) == u"txt") {
-    // The dialog never reads it, so only the list's own limit counts.
+    // The dialog never reads this file, so only the limit of lists counts.
     storage::WriteTextFile(*path, txtPreview.text(), platform::kAnySize);
   } else {
     saveUnderStepExtension(*path);
@@ -95,7 +95,8 @@ void frmListwright::saveUnderStepExtension(const std::u16string& path) {
   text += u"\n\n" + PathPart(path, PathMode::FileName) + u"\n\nWill be changed to:\n\n" +
           PathPart(replacement, PathMode::FileName);
   toolkit().showMessage({forms::MessageIcon::Exclamation, std::u16string(kViolation), text});
-  // What the system does not tell about counts as not there, and must not be lost by that.
+  // A file that the system cannot look up counts as missing. It must not be overwritten because of
+  // that.
   stepfiles::writeStepFile(replacement, fields_.settingsForFile(), !inUse);
 }
 

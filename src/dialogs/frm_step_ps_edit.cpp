@@ -107,7 +107,7 @@ void frmStepPSEdit::cmdDelete_Click() {
   if (!entrySelected()) return;
   const int removed = selected();
   lstEdit.RemoveItem(removed);
-  // The entry that moved up, or the new last one.
+  // The entry that has moved up to this place, or the last entry.
   lstEdit.setIndex(std::min(removed, lstEdit.ListCount() - 1));
   if (!entrySelected()) enableSelectionButtons(false);
   enableSort();

@@ -18,14 +18,14 @@ class ListFields {
 
   [[nodiscard]] NumericFields& numbers() { return numbers_; }
 
-  /// Does nothing where there is no such type.
+  /// Does nothing if there is no such type.
   void selectType(std::int16_t type);
   /// The list as the boxes describe it, with the count that was taken from the End box.
   [[nodiscard]] generator::ListSettings settings() const;
   /// The list as it goes into a step file: its numbers are those of the spinners.
   [[nodiscard]] generator::ListSettings settingsForFile() const;
   void show(const generator::ListSettings& settings);
-  /// What a step file that cannot be read leads to: no texts, no options, the least numbers.
+  /// The setup for a step file that cannot be read: no texts, no options, the least numbers.
   void showEmpty();
 
   [[nodiscard]] stepfiles::OpenDefaults openDefaults() const;

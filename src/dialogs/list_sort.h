@@ -6,8 +6,8 @@
 
 #include "forms/control.h"
 
-/// Sorting by UTF-16 code units: letter case matters, no language does, and a text comes before
-/// all that begin with it.
+/// Sorting by UTF-16 code units. Letter case matters and languages do not. A text comes before
+/// longer texts that begin with it.
 namespace kvrnstep::dialogs {
 
 /// Sorts the entries of a list box in place; afterwards none is selected. The box shows the old

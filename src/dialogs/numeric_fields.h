@@ -24,7 +24,7 @@ class NumericFields {
   void putCountBack();
   [[nodiscard]] bool countGiven() const { return iStepCount != 0; }
 
-  /// The numbers that the boxes hold, and the one that takeCount() has taken.
+  /// Start and Line Spacing as their boxes have them, and the count that takeCount() has taken.
   void readBoxes(generator::ListSettings& settings) const;
   void readSpinners(generator::ListSettings& settings) const;
   void show(const generator::ListSettings& settings);

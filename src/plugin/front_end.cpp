@@ -10,7 +10,7 @@ namespace kvrnstep::plugin {
 
 namespace {
 
-/// Null as long as people use the plug-in. Any thread may ask.
+/// Null as long as people use the plug-in. Any thread may read it.
 std::atomic<forms::Toolkit*> driven = nullptr;
 
 }  // namespace

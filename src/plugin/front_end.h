@@ -12,13 +12,13 @@ namespace kvrnstep::plugin {
 /// The front end for the calling thread; null when it cannot show a window.
 forms::Toolkit* frontEnd(std::string& problem);
 
-/// Has another front end serve all calls from now on.
+/// From now on all calls use this front end.
 void useFrontEnd(forms::Toolkit& toolkit);
 
-/// The one for people: a module in the plug-in's folder, or on Windows a part of the plug-in.
+/// The front end for people: a module in the plug-in's folder, or on Windows a part of the plug-in.
 forms::Toolkit* toolkitForPeople(std::string& problem);
 
-/// What a module of the plug-in's folder exports as `symbol`; null when that fails.
+/// The address of what a module in the plug-in's folder exports as `symbol`; null when that fails.
 /// @param name the module's, without extension
 void* loadedSymbol(const std::string& name, const char* symbol, std::string& problem);
 

@@ -8,14 +8,14 @@
 
 namespace kvrnstep::plugin {
 
-/// What a host passes to a call, under the names that hosts use. Parameters that may be left out
-/// have their value here.
+/// What a host passes to a call, under the names that hosts use. Here are the defaults of
+/// parameters that may be left out.
 struct CallArguments {
-  std::int16_t iBuildStep = 0;    ///< listing type to start with, 0 to 3
+  std::int16_t iBuildStep = 0;    ///< listing type to start with
   bool BuMenuMode = false;        ///< the listing type wins over the stored defaults
   bool insertCopies = false;      ///< Insert fills the clipboard, too; only C hosts can ask for it
   std::u16string SEC_APP_NAME;    ///< section of the settings file that holds every key
-  std::u16string SEC_APP_LWDR;    ///< a second section name; carried, never read
+  std::u16string SEC_APP_LWDR;    ///< a second section name; never used
   std::u16string swavAlertQ;      ///< sound file of an alert
   std::u16string swavFinishQ;     ///< sound file of a finished edit
   std::u16string sPthStepFolder;  ///< folder of all of the plug-in's own files

@@ -40,7 +40,7 @@ std::u16string FieldReader::text() {
   rest_.remove_prefix(field.size());
   if (!inQuotes) field = field.substr(0, field.find_last_not_of(kBlanks) + 1);
 
-  // What follows a closing quote up to the comma is lost.
+  // Characters between a closing quote and the comma are ignored.
   const std::size_t end = rest_.find_first_of(kFieldEnds);
   ended_ = end == std::u16string_view::npos || rest_[end] != u',';
   rest_.remove_prefix(std::min(end, rest_.size()));

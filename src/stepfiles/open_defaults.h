@@ -26,8 +26,8 @@ inline constexpr auto kTypedDefaults = std::to_array<TypedDefault>({
     {{}, u"", u"end_my_step.dat"},
 });
 
-/// The stored setup that presets the dialog. A field is empty if what is stored is no number; the
-/// dialog then keeps what it shows.
+/// The stored setup that presets the dialog. A field is empty if its stored value is not a number;
+/// the dialog then keeps what it shows.
 struct OpenDefaults {
   std::optional<std::int16_t> Selection;
   std::array<std::optional<std::int16_t>, kListOptionCount> Option;
@@ -42,7 +42,7 @@ struct OpenDefaultsPlace {
   std::u16string stepFolder;
 };
 
-/// What is not stored is as in the dialog's design.
+/// Values that are not stored are those of the dialog's design.
 OpenDefaults readOpenDefaults(const OpenDefaultsPlace& place);
 
 /// Stores them and switches them on. Empty fields are not written.

@@ -1,6 +1,6 @@
-// What the compiler's library wants of threads, made of the system's own locks and slots. The
-// linker takes these functions instead of those that come with the compiler, which keep a slot and
-// two handles of the process each time that the module is loaded.
+// The thread functions that the compiler's library needs, made of the system's own locks and slots.
+// The linker takes these instead of those that come with the compiler, which keep a slot and two
+// handles of the process each time that the module is loaded.
 
 #include <pthread.h>
 #include <windows.h>
@@ -32,7 +32,8 @@ enum Once : pthread_once_t { kNotYet = PTHREAD_ONCE_INIT, kRunning, kDone };
 SRWLOCK onceLock = SRWLOCK_INIT;
 CONDITION_VARIABLE onceDone = CONDITION_VARIABLE_INIT;
 
-/// What a thread has set for a key. The system calls back with this alone, and in a way of its own.
+/// The value that a thread has set for a key. The system passes nothing else to its callback, which
+/// has another calling convention.
 struct Specific {
   void (*destroy)(void*);
   const void* value;
@@ -49,13 +50,13 @@ struct Key {
   DWORD slot;
   void (*destroy)(void*);
 };
-/// The compiler's library has one key for all variables of threads.
+/// The compiler's library uses one key for all thread-local variables.
 std::array<Key, 4> keys;
 pthread_key_t keyCount = 0;
 SRWLOCK keyLock = SRWLOCK_INIT;
 
-/// Runs when the module is unloaded, after all other destructors. What the threads have set goes
-/// with the slots.
+/// Runs when the module is unloaded, after all other destructors. The values of the threads are
+/// freed with the slots.
 __attribute__((destructor(101))) void freeAll() {
   for (pthread_key_t key = 0; key < keyCount; ++key) ::FlsFree(keys.at(key).slot);
   __gnu_cxx::__freeres();
@@ -90,7 +91,8 @@ int pthread_mutex_destroy(pthread_mutex_t* /*mutex*/) {
   return 0;
 }
 
-/// The compiler's library takes none twice, those neither that may be.
+/// A simple lock is enough, because the compiler's library never locks a mutex twice, not even a
+/// recursive one.
 int pthread_mutex_lock(pthread_mutex_t* mutex) {
   ::AcquireSRWLockExclusive(ofSystem<SRWLOCK>(mutex));
   return 0;

@@ -2,7 +2,7 @@
 
 extern "C" KvrnstepFrontEnd kvrnstepFrontEnd;
 
-// The front end for people is linked in, because hosts are to need one file only.
+// The front end for people is linked in, so that hosts need one file only.
 namespace kvrnstep::plugin {
 
 forms::Toolkit* toolkitForPeople(std::string& problem) {

@@ -17,7 +17,8 @@ using text::wide;
 constexpr std::u16string_view kTitle = u"kvrn Listwright";
 constexpr std::u16string_view kClasses = u"Software\\Classes\\";
 constexpr std::u16string_view kVersion = u"5.0";
-/// Of the type library. Where calls pass between apartments it is looked for without a language.
+/// The language of the type library. For calls between apartments the system looks it up without a
+/// language.
 constexpr std::array<std::u16string_view, 2> kLanguages{u"\\0\\", u"\\409\\"};
 /// The system's class that marshals the calls of an interface by its type library.
 constexpr std::u16string_view kMarshaler = u"{00020424-0000-0000-C000-000000000046}";
@@ -86,7 +87,7 @@ class Writer {
   }
 
   [[nodiscard]] LSTATUS result() const { return result_; }
-  /// Whether anything may have been written.
+  /// Whether anything may have been written so far.
   [[nodiscard]] bool began() const { return began_; }
 
  private:
@@ -140,7 +141,7 @@ bool otherBuildIsRegistered(HKEY root) {
   return emulated != FALSE && exists(root, keyOfClass(kComponentClasses.front()), kOtherView);
 }
 
-/// Deletes keys below one root and remembers the first failure. A key that is not there is none.
+/// Deletes keys below one root and remembers the first failure. A missing key is not a failure.
 class Eraser {
  public:
   explicit Eraser(HKEY root) : root_(root) {}
@@ -177,7 +178,7 @@ LSTATUS eraseAll(HKEY root) {
     eraser.erase(keyOfClass(one));
     eraser.erase(keyOfInterface(one));
   }
-  // Asked when our own keys are gone, because both builds may see the same ones.
+  // To be called when our own keys are gone, because both builds may see the same ones.
   const bool shared = otherBuildIsRegistered(root);
   for (const Class& one : kComponentClasses) {
     if (!shared) eraser.erase(keyOfName(one));
@@ -202,7 +203,7 @@ LSTATUS writeAllIn(HKEY root) {
 HRESULT registerComponent() {
   const LSTATUS result = writeAllIn(HKEY_LOCAL_MACHINE);
   if (result == ERROR_ACCESS_DENIED) return registerForUser();
-  // What this user alone has would win over what all have now.
+  // A registration for this user alone would have priority over the one for all users.
   if (result == ERROR_SUCCESS) eraseAll(HKEY_CURRENT_USER);
   return HRESULT_FROM_WIN32(result);
 }

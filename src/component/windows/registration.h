@@ -6,14 +6,14 @@
 namespace kvrnstep::component {
 
 /// Writes the classes, their names and the type library with this module's path, for all users if
-/// that is allowed, otherwise for the current one. A failure leaves nothing behind. Where it is
-/// there for all users, what the current one had goes.
+/// that is allowed, otherwise for the current one. A failure leaves nothing behind. If it is
+/// registered for all users, a registration for the current one is removed.
 HRESULT registerComponent();
 /// The same for the current user alone.
 HRESULT registerForUser();
 
-/// Deletes what `registerComponent` wrote, for all users and for the current one. What the build
-/// for the other number of bits shares with this one stays as long as that one is registered.
+/// Deletes what `registerComponent` wrote, for all users and for the current one. Keys that the
+/// builds for 32 and 64 bits share stay as long as the other build is registered.
 HRESULT unregisterComponent();
 /// The same for the current user alone.
 HRESULT unregisterForUser();
