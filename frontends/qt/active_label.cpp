@@ -34,7 +34,8 @@ class PressableLabel : public QAccessibleWidget {
   }
   void doAction(const QString& action) override {
     if (action != pressAction()) return QAccessibleWidget::doAction(action);
-    // Later, because the screen reader waits for its answer, and a window that opens may stay.
+    // Later, because the screen reader waits for an answer, and the click may open a window that
+    // stays open.
     QMetaObject::invokeMethod(
         &label_,
         [&label = label_] {
@@ -71,13 +72,13 @@ QAccessibleInterface* describe(const QString& /*className*/, QObject* object) {
 
 QWidget* makeGroup(QWidget* parent) {
   auto* group = new Group(parent);
-  // Controls that stand behind it do not show through.
+  // Controls behind it must not show through.
   group->setAutoFillBackground(true);
   return group;
 }
 
 void announceLabelsAndGroups() {
-  // Qt takes the same factory once only.
+  // Qt ignores a factory that is installed already.
   QAccessible::installFactory(describe);
 }
 

@@ -9,7 +9,7 @@ namespace kvrnstep::qt {
 class WindowView;
 
 /// A text or a picture. If it reacts to clicks or can be dragged, it can have the keyboard, and
-/// screen readers are told of it as of a link or a button that they can press.
+/// screen readers are told that it is a link or a button that they can press.
 ///
 /// A drag begins with the press of the left button and ends with its release. It never leaves the
 /// window, so no other program is told of it.
@@ -44,10 +44,10 @@ class ActiveLabel : public MouseReleases<QLabel> {
   int shortcut_ = 0;
 };
 
-/// A plain ground for controls, of which screen readers are told as of a group.
+/// A plain ground for controls. Screen readers are told that it is a group.
 QWidget* makeGroup(QWidget* parent);
 
-/// Tells Qt what screen readers are to hear of active labels and groups.
+/// Tells Qt what to say to screen readers about active labels and groups.
 void announceLabelsAndGroups();
 
 }  // namespace kvrnstep::qt

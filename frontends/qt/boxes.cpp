@@ -25,8 +25,8 @@ void prepare(QDialog& box) {
   new FocusRing(box);
 }
 
-/// Widens the box until its title, of which only the desktop knows the font, has room beside the
-/// buttons of the frame.
+/// Widens the box until its title has room beside the buttons of the frame. Only the desktop knows
+/// the font of the title.
 void fitTitle(QMessageBox& box) {
   constexpr int kHigh = 15;
   constexpr int kFrame = 100;
@@ -56,7 +56,7 @@ MessageBox::MessageBox(const forms::Message& message, QWidget* owner)
 QuestionBox::QuestionBox(const forms::Question& question, QWidget* owner) : QInputDialog(owner) {
   constexpr int kNarrowest = 280;
   QString prompt = toQt(question.prompt);
-  // The last break ends the last line, behind which Qt would begin another one.
+  // The last break ends the last line; Qt would begin another line behind it.
   if (prompt.endsWith('\n')) prompt.chop(1);
   setWindowTitle(toQt(question.title));
   setLabelText(prompt);

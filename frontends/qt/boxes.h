@@ -28,7 +28,7 @@ class FileBox : public QFileDialog {
   FileBox(const forms::FileDialog& dialog, QFileDialog::AcceptMode mode, QWidget* owner);
 
  protected:
-  /// Qt would take a name that was cleared for that of a file called ".step".
+  /// Qt would treat an empty name as the file ".step".
   void accept() override;
 };
 

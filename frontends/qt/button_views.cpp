@@ -29,7 +29,7 @@ class WholePlace : public Base {
   }
 };
 
-/// A button that can look like the one of Enter without being that.
+/// A button that can look like the default button, though Enter does not press it.
 class PushButton : public QPushButton {
  public:
   PushButton(bool prominent, QWidget* parent) : QPushButton(parent), prominent_(prominent) {

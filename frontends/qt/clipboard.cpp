@@ -24,8 +24,8 @@ constexpr const char* kKeeper = "kvrnstep-clipboard";
 constexpr int kReadyWithinMilliseconds = 2000;
 constexpr int kFetchedWithinMilliseconds = 300;
 
-/// Hands the text to a program that serves the clipboard from then on, in a process that is not a
-/// child of this one. It writes when it has the clipboard.
+/// Passes the text to a program that serves the clipboard from then on, in a process that is not a
+/// child of this one. The program writes a byte when it has the clipboard.
 bool handToKeeper(const QString& text) {
   // A file in memory: writing to it neither blocks nor raises a signal, whatever the keeper does.
   const int memory = memfd_create(kKeeper, MFD_CLOEXEC);
@@ -46,8 +46,8 @@ bool handToKeeper(const QString& text) {
   return ready;
 }
 
-/// A text that tells when its bytes are fetched by another program. Our own boxes ask for a text,
-/// not for bytes.
+/// A text that notices when another program fetches its bytes. Our own boxes ask for a text, not
+/// for bytes.
 class FetchedText : public QMimeData {
  public:
   explicit FetchedText(const QString& text) { setText(text); }
@@ -77,9 +77,9 @@ void offerUntilFetched(const QString& text) {
 }  // namespace
 
 void putOnClipboard(const QString& text) {
-  // On X11 the owner of the clipboard has to answer whoever wants its contents, and on Wayland
-  // desktops fetch a copy that outlives the owner. Where the application is the host's, its own
-  // event loop sees to both as long as it runs.
+  // On X11 the owner of the clipboard must answer each program that asks for its contents. On
+  // Wayland the desktop fetches a copy that outlives the owner. If the application object is the
+  // host's, the host's event loop does both as long as it runs.
   if (applicationIsOurs()) {
     if (QGuiApplication::platformName() == "xcb" && handToKeeper(text)) return;
     if (isOnWayland()) return offerUntilFetched(text);

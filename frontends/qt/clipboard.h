@@ -4,8 +4,8 @@
 
 namespace kvrnstep::qt {
 
-/// Replaces what is on the clipboard by the text, and takes care that it stays there when the
-/// dialog has closed and the process has ended.
+/// Replaces what is on the clipboard by the text, and makes it stay there when the dialog has
+/// closed and the process has ended.
 void putOnClipboard(const QString& text);
 
 }  // namespace kvrnstep::qt

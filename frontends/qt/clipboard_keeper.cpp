@@ -15,8 +15,8 @@
 
 namespace {
 
-/// Takes back what this process has inherited: signals that the host blocks or ignores, and files
-/// that it has left open.
+/// Undoes what this process has inherited: signals that the host blocks or ignores, and files that
+/// it has left open.
 void forgetHost() {
   sigset_t none;
   sigemptyset(&none);
@@ -30,8 +30,8 @@ QByteArray readInput() {
   return input.open(stdin, QIODevice::ReadOnly) ? input.readAll() : QByteArray();
 }
 
-/// Goes on in a child. The parent passes on the byte that is written to what this returns, and
-/// ends.
+/// Goes on in a child, and returns where the child writes its byte. The parent passes the byte on,
+/// and ends.
 int continueInChild() {
   std::array<int, 2> ends{-1, -1};
   if (pipe(ends.data()) != 0) _exit(EXIT_FAILURE);
@@ -56,7 +56,7 @@ int main(int argc, char** argv) {
     return EXIT_FAILURE;
   }
 
-  // No theme of the desktop is loaded, and its session does not count this program.
+  // No theme of the desktop is loaded, and the desktop's session does not manage this program.
   for (const char* name : {"QT_QPA_PLATFORMTHEME", "SESSION_MANAGER"}) qunsetenv(name);
   qputenv("QT_QPA_PLATFORM", "xcb");
   QGuiApplication::setDesktopSettingsAware(false);

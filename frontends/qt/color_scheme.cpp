@@ -18,7 +18,7 @@ constexpr const char* kPortalPath = "/org/freedesktop/portal/desktop";
 constexpr const char* kSettings = "org.freedesktop.portal.Settings";
 const QString kAppearance = QStringLiteral("org.freedesktop.appearance");
 
-/// The value itself: each program that has passed it on may have packed it into another variant.
+/// The value without the variants around it, because each program that passes it on may add one.
 QVariant unwrapped(QVariant value) {
   while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
   return value;
@@ -39,7 +39,7 @@ QVariantMap appearanceByPortal() {
   return all.value(kAppearance);
 }
 
-/// Three shares of 1; anything else is no colour.
+/// Three numbers from 0 to 1; anything else is not a colour.
 QColor accentOf(const QVariant& value) {
   const auto argument = value.value<QDBusArgument>();
   if (argument.currentSignature() != QLatin1String("(ddd)")) return {};
@@ -73,7 +73,7 @@ ColorScheme schemeOfGtkSettings() {
   return scheme;
 }
 
-/// The colours of a palette of which the others are made.
+/// The colours of a palette from which all others are made.
 struct Colors {
   QRgb window;
   QRgb base;

@@ -6,19 +6,19 @@
 
 namespace kvrnstep::qt {
 
-/// What a desktop asks of the windows of its programs.
+/// The wishes of a desktop for the windows of its programs.
 struct ColorScheme {
   bool dark = false;
   bool highContrast = false;
   QColor accent{};  ///< invalid: none
 };
 
-/// What this desktop asks for: by GTK_THEME, by its portal or in the settings of GTK. Needs the
-/// application; takes a fifth of a second at most.
+/// The wishes of this desktop: from GTK_THEME, from its portal, or from the settings of GTK. Needs
+/// the application object, and takes a fifth of a second at most.
 ColorScheme desktopScheme();
 
-/// Starts the bell whenever the desktop's portal tells of a changed setting. Where no portal runs
-/// it never does.
+/// Starts the timer whenever the desktop's portal reports a changed setting; never if no portal
+/// runs.
 void ringWhenDesktopChanges(QTimer& bell);
 
 /// Colours of which every text has a contrast of 4.5 with its ground, disabled ones too.

@@ -37,7 +37,7 @@ class EntryCombo : public QComboBox {
     setModel(new QStringListModel(this));
     edit->setPlaceholderText(toQt(combo.row().hint));
     setInsertPolicy(QComboBox::NoInsert);
-    // Leaving the box with a text that is also an entry would count as choosing that entry.
+    // Otherwise leaving the box with a text that is also an entry would choose that entry.
     disconnect(edit, SIGNAL(editingFinished()), this, nullptr);
   }
 
@@ -49,8 +49,8 @@ class EntryCombo : public QComboBox {
     QComboBox::showPopup();
   }
 
-  /// Qt closes the list when it asks whose Escape is. The key itself comes after that, to the box
-  /// if it was pressed before the list had the keyboard.
+  /// Qt first asks who wants Escape, and closes the list on that. Then it sends the key itself, to
+  /// the box if it was pressed before the list had the keyboard.
   void hidePopup() override {
     QComboBox::hidePopup();
     closing_ = true;

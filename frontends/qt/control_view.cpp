@@ -27,7 +27,7 @@ void ControlView::setPlace(const forms::PixelRect& place) {
 }
 
 void ControlView::setTabStop(bool on) {
-  // The option buttons of a group pass their turn on among themselves.
+  // Qt itself moves the turn of Tab within a group of option buttons.
   if (control().kind() == forms::Kind::OptionButton) return;
   widget_->setFocusPolicy(on ? focusPolicy_ : Qt::NoFocus);
 }

@@ -10,7 +10,7 @@ namespace kvrnstep::qt {
 
 class WindowView;
 
-/// Draws one control with a widget and passes the user's actions on it on. The widget belongs to
+/// Draws one control with a widget, and passes on what the user does there. The widget belongs to
 /// its parent widget.
 class ControlView : public forms::ControlSync {
  public:
@@ -20,10 +20,10 @@ class ControlView : public forms::ControlSync {
   [[nodiscard]] QWidget* widget() const { return widget_; }
   void setTabStop(bool on) override;
 
-  /// Whether a key that is pressed now is the widget's, whatever it means elsewhere.
+  /// Whether keys that are pressed now belong to the widget, whatever they mean elsewhere.
   [[nodiscard]] virtual bool usesKeys() const { return false; }
 
-  /// Where on the screen a menu opens that a key has asked for.
+  /// The place on the screen where a menu opens that a key has opened.
   [[nodiscard]] virtual QPoint menuPlace() const { return QCursor::pos(); }
 
  protected:

@@ -25,7 +25,7 @@ constexpr const char* kNoDisplay =
 
 using Connection = std::shared_ptr<xcb_connection_t>;
 
-/// Null where no X server answers, or one that has no such screen.
+/// Null if no X server answers, or if it does not have that screen.
 Connection connectX() {
   int screen = 0;
   Connection connection(xcb_connect(nullptr, &screen), xcb_disconnect);
@@ -34,8 +34,8 @@ Connection connectX() {
   return screen < screens.rem ? connection : nullptr;
 }
 
-/// Asks on another thread, because the library waits for an answer as long as none comes. A thread
-/// whose server says nothing is left to wait.
+/// Asks on another thread, because the library waits without a limit. If the server does not
+/// answer, the thread is left waiting.
 Connection connectXInTime() {
   if (qEnvironmentVariableIsEmpty("DISPLAY")) return nullptr;
   std::promise<Connection> promise;
@@ -82,7 +82,7 @@ bool settingsReadable(const QString& named) {
 /// The display of a platform that is named with its options, "offscreen:option=value"; nothing
 /// where it does not answer.
 std::optional<Display> displayOf(const QString& named) {
-  // The others, which draw on a bare screen, end the process where they find none.
+  // The others draw on a bare screen, and end the process if they find none.
   static const QStringList kKnown{"xcb", "wayland", "wayland-egl", "offscreen", "minimal", "vnc"};
   const QString platform = named.section(':', 0, 0);
   if (!kKnown.contains(platform) || !pluginInstalled(platform) || !settingsReadable(named)) {

@@ -4,8 +4,8 @@
 
 namespace kvrnstep::qt {
 
-/// Shows which control of a window has the keyboard, whatever kind it is and however it got there.
-/// Screen readers hear nothing of it.
+/// Shows which control of a window has the keyboard, for all kinds of controls. Screen readers do
+/// not see the ring.
 class FocusRing : public QFocusFrame {
  public:
   explicit FocusRing(QWidget& window);

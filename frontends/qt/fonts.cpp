@@ -17,8 +17,8 @@ namespace {
 
 constexpr int kCaptionHeight = 11;
 
-/// Asking Qt about one family takes as long as asking it for all of them. A family that several
-/// makers have has theirs behind its name.
+/// Asking Qt about one family takes as long as asking for all. If several makers have a family of
+/// the same name, Qt adds the maker to the name.
 bool isInstalled(const QString& family) {
   static const QStringList all = QFontDatabase::families();
   return std::ranges::any_of(all, [&](const QString& installed) {
@@ -53,7 +53,7 @@ QString substitute(const QString& name) {
   });
   if (proportional) return captionFamily();
   if (name.compare("Times New Roman", Qt::CaseInsensitive) == 0) return "Liberation Serif";
-  // It may be one that Qt has by another name.
+  // Qt may know it by another name.
   if (QFontDatabase::hasFamily(name)) return name;
   return firstInstalled({"Courier New", "Liberation Mono", "DejaVu Sans Mono"},
                         QFontDatabase::FixedFont);

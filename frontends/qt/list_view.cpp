@@ -51,7 +51,7 @@ class EntryDelegate : public QStyledItemDelegate {
     style.drawControl(QStyle::CE_ItemViewItem, &entry, painter, entry.widget);
   }
 
-  /// Tells the whole entry where it is not drawn whole.
+  /// A tip shows the whole entry if it is not drawn as a whole.
   bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                  const QModelIndex& index) override {
     if (event->type() != QEvent::ToolTip) {

@@ -5,8 +5,8 @@
 
 namespace kvrnstep::qt {
 
-/// Gives the host its C locale back: Qt sets it from the environment, at its start and again
-/// when the first key is pressed.
+/// Restores the host's C locale. Qt sets it from the environment at its start, and again when the
+/// first key is pressed.
 class LocaleGuard {
  public:
   LocaleGuard() : saved_(current()) {}

@@ -19,8 +19,8 @@ namespace kvrnstep::qt {
 /// The font of captions. It is narrow and 11 logical pixels high, because the places of the
 /// controls are given.
 QFont captionFont();
-/// The font of a text box: the named one, or a close relative where it is not installed. Without
-/// a name it is the caption font; 0 points is the height of captions.
+/// The font of a text box: the named one, or a similar one if it is not installed. Without a name
+/// it is the caption font; 0 points is the height of captions.
 QFont boxFont(std::u16string_view name, float points);
 /// Gives a widget a font unless it has inherited that one.
 void useFont(QWidget& widget, const QFont& font);
@@ -48,7 +48,7 @@ struct Shades {
   QColor hoverLink;    ///< a link under the mouse …
   QColor hoverGround;  ///< … and what is behind it
 };
-/// They stand out from the palette's window. Found once for each palette.
+/// These colours can be seen on the palette's window. They are made once for each palette.
 const Shades& shadesOf(const QPalette& palette);
 /// A colour with some of another one in it.
 QColor mixed(const QColor& color, const QColor& other, int percent);
@@ -71,8 +71,9 @@ const QIcon& windowIcon();
 /// The mouse cursor of that resource; the usual one for an unknown one.
 QCursor cursorOf(int resourceId, double pixelRatio);
 
-/// Draws a window and all that it holds in our style, in the application's colours, whatever style
-/// the application has: ours leaves room for texts in controls of the given sizes.
+/// Draws a window and its controls in our style, in the application's colours. The style of the
+/// application is not used, because the controls have fixed sizes, and only our style leaves room
+/// for their texts.
 void useWindowStyle(QWidget& window);
 
 }  // namespace kvrnstep::qt

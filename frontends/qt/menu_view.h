@@ -16,7 +16,7 @@ class MenuView : public ControlView {
   [[nodiscard]] QAction& action() const { return *action_; }
   /// Null for a plain entry.
   [[nodiscard]] QMenu* menu() const { return menu_; }
-  /// The menu that the entry stands in; null for a menu of the menu bar or a pop-up menu.
+  /// The menu that has the entry; null for a menu of the menu bar or a pop-up menu.
   [[nodiscard]] MenuView* parent() const { return parent_; }
 
  protected:

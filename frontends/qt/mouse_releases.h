@@ -20,7 +20,7 @@ inline std::optional<forms::MouseButton> mouseButton(Qt::MouseButton button) {
   }
 }
 
-/// A widget that tells its control of each mouse button that is released over it.
+/// A widget that reports to its control each mouse button that is released over it.
 template <class Base>
 class MouseReleases : public Base {
  public:

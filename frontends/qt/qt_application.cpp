@@ -26,15 +26,16 @@ bool ours = false;
 class HiddenVariables {
  public:
   HiddenVariables() {
-    // A theme would bring a second toolkit into the host; the session and the start-up notice are
-    // the host's own.
+    // A theme would load a second toolkit into the host. The session and the start-up notice belong
+    // to the host.
     for (const char* name : {"QT_QPA_PLATFORMTHEME", "SESSION_MANAGER", "DESKTOP_STARTUP_ID",
                              "XDG_ACTIVATION_TOKEN"}) {
       if (qEnvironmentVariableIsSet(name)) values_.emplace_back(name, qgetenv(name));
       qunsetenv(name);
     }
   }
-  /// Has Qt find no such bus. It looks for one once, and would wait for a silent one.
+  /// Makes Qt find no such bus. Qt looks for the bus once, and would wait for one that does not
+  /// answer.
   void hideBus(const char* name) {
     values_.emplace_back(name, qgetenv(name));
     qputenv(name, "unix:path=/dev/null");
@@ -55,7 +56,7 @@ class HiddenVariables {
   std::vector<std::pair<const char*, QByteArray>> values_;
 };
 
-/// Takes the desktop's colours over, now and when they change. A host with Qt has chosen its own.
+/// Uses the desktop's colours, now and when they change. A host with Qt has chosen its own.
 void followDesktop(QObject* application) {
   const auto choose = [] { QApplication::setPalette(paletteOf(desktopScheme())); };
   choose();
@@ -87,7 +88,7 @@ void createApplication(const std::string& platform) {
   QApplication::setStyle(new WindowStyle);
   // Never deleted: a later call needs it again, and Qt cannot be started twice reliably.
   auto* application = new QApplication(count, arguments.data());
-  // Otherwise Qt looks for this bus only when a window is shown.
+  // Now, because Qt would otherwise look for this bus only when a window is shown.
   if (!buses.accessibility) QAccessible::setRootObject(application);
   QGuiApplication::setQuitOnLastWindowClosed(false);
   followDesktop(application);

@@ -9,7 +9,7 @@
 
 namespace kvrnstep::qt {
 
-/// Is told of what opens, before it waits for its user.
+/// Called for everything that opens, before it waits for its user.
 class Attendant {
  public:
   virtual ~Attendant() = default;

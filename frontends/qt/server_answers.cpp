@@ -31,7 +31,7 @@ QByteArray socketOfBus(const QByteArray& address) {
   return {};
 }
 
-/// A connection to a server's socket, on which nothing waits for longer than it may.
+/// A connection to a server's socket. Each wait on it has a limit.
 class Conversation {
  public:
   explicit Conversation(const QByteArray& path)
@@ -56,7 +56,7 @@ class Conversation {
     return connected_ && ::send(server_, words.data(), static_cast<std::size_t>(words.size()),
                                 MSG_NOSIGNAL) == words.size();
   }
-  /// What the server says next; empty when it says nothing in time.
+  /// The next bytes of the server; empty if none come in time.
   [[nodiscard]] QByteArray answer(const QDeadlineTimer& deadline) const {
     pollfd ready{server_, POLLIN, 0};
     std::array<char, 1024> bytes{};
@@ -70,8 +70,8 @@ class Conversation {
   bool connected_ = false;
 };
 
-/// A call without arguments, as a message of D-Bus. The interface is called as its owner; nobody is
-/// started to answer it.
+/// A call without arguments, as a message of D-Bus. The interface has the same name as its owner.
+/// No program is started to answer it.
 QByteArray busCall(quint32 serial, const QByteArray& owner, const QByteArray& object,
                    const QByteArray& method) {
   const auto number = [](auto value) {
@@ -127,7 +127,7 @@ bool serverAnswers(const QByteArray& path, QByteArrayView greeting) {
 BusesThatAnswer busesThatAnswer() {
   QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
   if (address.isEmpty()) {
-    // Where there is none Qt would start one.
+    // If there is none, Qt would start one.
     const QByteArray bus = qgetenv("XDG_RUNTIME_DIR") + "/bus";
     if (!QFileInfo::exists(bus)) return {};
     address = "unix:path=" + bus;

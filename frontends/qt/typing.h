@@ -52,8 +52,8 @@ class Typing : public Base, public forms::TextSync {
     const bool allowed = mayType(event->commitString());
     Base::inputMethodEvent(allowed ? event : &nothing);
     if (!allowed || event->commitString().isEmpty()) return;
-    // The input method has taken the keys, so one is made up for the text. Later, because the input
-    // method must have finished before anything else opens.
+    // The input method has taken the keys, so a key is simulated for the text. Later, because the
+    // input method must have finished before anything else opens.
     constexpr forms::KeyCode kNoKey = 0;
     const auto strikeKey = [&box = box()] {
       forms::userPressedKey(box, kNoKey);

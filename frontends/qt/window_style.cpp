@@ -45,7 +45,7 @@ QColor outlineOf(const QStyleOption& option) {
   return has(option, QStyle::State_Enabled) ? shades.outline : shades.disabledOutline;
 }
 
-/// What takes a text or a mark.
+/// The ground of controls that hold a text or a mark.
 Box fieldOf(const QStyleOption& option) {
   const auto ground = has(option, QStyle::State_Enabled) ? QPalette::Base : QPalette::Window;
   return {option.palette.color(ground), outlineOf(option), 1, kSquare};
@@ -136,8 +136,8 @@ bool isLink(const QLabel& label) {
   return label.font().underline();
 }
 
-/// What the ring is to be around: of check boxes, options and links the caption, which leaves the
-/// mark and the rows above and below alone.
+/// The part that the ring is drawn around. Of check boxes, options and links it is the caption, so
+/// that the ring does not touch the mark or the rows above and below.
 QRect ringedPart(const QWidget& widget) {
   const QStyle& style = *widget.style();
   QStyleOptionButton option;
@@ -280,7 +280,8 @@ void drawSquare(QPainter& painter, const QRect& dots, int width, const Box& box)
   fill(right - width, dots.top(), right, bottom, box.outline);
 }
 
-/// Not plain grounds and menus, nor what asks its window's style or draws nothing of its own.
+/// Not for plain grounds and menus, nor for widgets that ask the window's style or draw nothing
+/// themselves.
 bool needsOurStyle(const QWidget& part) {
   const QMetaObject* kind = part.metaObject();
   return kind != &QWidget::staticMetaObject && kind != &QAbstractButton::staticMetaObject &&
@@ -350,7 +351,7 @@ void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
     case PE_PanelScrollAreaCorner:
       return painter->fillRect(option->rect, option->palette.color(QPalette::Base));
     case PE_FrameFocusRect:
-      return;  // the ring says it
+      return;  // the ring shows it
     default:
       break;
   }
@@ -419,7 +420,7 @@ QRect WindowStyle::subControlRect(ComplexControl control, const QStyleOptionComp
 QRect WindowStyle::subElementRect(SubElement element, const QStyleOption* option,
                                   const QWidget* widget) const {
   const QRect rect = QProxyStyle::subElementRect(element, option, widget);
-  // Boxes for a number have no room to spare.
+  // Boxes for a number have no room for more.
   constexpr int kWide = 60;
   constexpr int kBesideText = 2;
   const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);

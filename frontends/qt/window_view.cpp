@@ -63,8 +63,8 @@ WindowView::~WindowView() {
   delete ground_;
 }
 
-/// Somebody else destroys the window. The controls stay as long as the view, because an event of
-/// one of them may have led to this.
+/// Something else destroys the window. The controls live as long as the view, because an event of
+/// one of them may have caused this.
 void WindowView::lose() {
   close();
   static_cast<void>(topLevel_.release());
@@ -137,7 +137,7 @@ bool WindowView::frameEvent(QEvent::Type type) {
       forms::userClosed(window());
       return true;
     case QEvent::Move:
-      // On Wayland nobody is told where windows are, and Qt makes places up.
+      // On Wayland programs are not told where windows are, and Qt invents places.
       if (!isOnWayland() && topLevel_->isVisible() && !topLevel_->isMinimized()) {
         movedTo({topLevel_->x(), topLevel_->y()}, placed_);
       }
@@ -153,7 +153,7 @@ bool WindowView::frameEvent(QEvent::Type type) {
       minimizedTo(topLevel_->isMinimized());
       return false;
     case QEvent::PaletteChange:
-      // Later, because the window hears of new colours before its controls have them.
+      // Later, because the window is told of new colours before its controls have them.
       QMetaObject::invokeMethod(
           topLevel_.get(), [this] { recolored(); }, Qt::QueuedConnection);
       return false;

@@ -14,8 +14,8 @@
 
 namespace kvrnstep::qt {
 
-/// Draws one window for as long as it is open. As an event filter it sees what is done to the
-/// window by means of its frame, and the keys of its controls before these see them.
+/// Draws one window for as long as it is open. As an event filter it sees what the user does with
+/// the frame of the window, and the keys of the controls before they get them.
 class WindowView final : public QObject, public forms::ViewSync {
  public:
   WindowView(forms::Window& window, QWidget* owner);
@@ -33,7 +33,7 @@ class WindowView final : public QObject, public forms::ViewSync {
 
   // For the views of the controls.
   [[nodiscard]] QWidget* parentFor(const forms::Control& control);
-  /// The control that a click at that point of the screen would meet, or null.
+  /// The control that a click at that point of the screen would hit, or null.
   [[nodiscard]] forms::Control* controlAt(QPoint onScreen) const;
   /// Null in a window without menus.
   [[nodiscard]] QMenuBar* menuBar() const { return menuBar_; }

@@ -10,8 +10,8 @@ struct xcb_connection_t;
 
 namespace kvrnstep::qt {
 
-/// Deals with what the X server and the window manager tell of a window and Qt leaves out. On other
-/// displays it does nothing.
+/// Handles messages of the X server and the window manager that Qt ignores. On other displays it
+/// does nothing.
 ///
 /// - A window stays in front of its owner.
 /// - A window that somebody else destroys on the screen is closed, as are the boxes over it.
@@ -20,13 +20,13 @@ namespace kvrnstep::qt {
 ///   the keyboard again, unless the user has minimized it.
 class XWatch final : public QAbstractNativeEventFilter {
  public:
-  /// To be made before the window is shown.
+  /// To be constructed before the window is shown.
   explicit XWatch(QWidget& window);
   ~XWatch() override = default;
   XWatch(const XWatch&) = delete;
   XWatch& operator=(const XWatch&) = delete;
 
-  /// To be told when the window is shown.
+  /// To be called when the window is shown.
   void shown();
 
   bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;

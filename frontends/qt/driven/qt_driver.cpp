@@ -44,7 +44,7 @@ QPoint middleOf(const QWidget& widget) {
   return widget.visibleRegion().boundingRect().center();
 }
 
-/// The widget, or a part of it, is what a click at this point of its window meets.
+/// Whether a click at this point of the window hits the widget or a part of it.
 bool meets(const QWidget& widget, QPoint point) {
   const QWidget& window = *widget.window();
   const QPoint inWindow = widget.mapTo(&window, point);
@@ -60,8 +60,8 @@ QWindow* keyWindow() {
   return top == nullptr ? nullptr : top->windowHandle();
 }
 
-/// A person is slow: the key comes up when all that its press leads to is there, in whatever window
-/// has the keyboard by then.
+/// A person is slow: the key is released when all that its press causes is shown, in the window
+/// that has the keyboard by then.
 void press(Qt::Key key, Qt::KeyboardModifiers modifiers, const QString& text = {}) {
   const auto send = [=](QTest::KeyAction action) {
     if (QWindow* window = keyWindow()) QTest::sendKeyEvent(action, window, key, text, modifiers);
@@ -235,7 +235,7 @@ void QtDriver::useFrame(const forms::Window& window, What what) {
   }
   const bool minimized = what == What::Minimize;
   shown.setWindowState(shown.windowState().setFlag(Qt::WindowMinimized, minimized));
-  // A window manager has its own time, and may still be busy with showing the window.
+  // A window manager may take a while, and may still be busy with showing the window.
   [[maybe_unused]] const bool done =
       QTest::qWaitFor([&] { return window.minimized() == minimized; });
 }
@@ -248,7 +248,7 @@ void* QtDriver::openBox() {
 
 void QtDriver::enterLine(void* box) {
   auto& line = *static_cast<QDialog*>(box)->findChild<QLineEdit*>();
-  // The completer's list would take the key that closes the box.
+  // Otherwise the list of the completer would get the key that closes the box.
   line.setCompleter(nullptr);
   line.setFocus();
   line.selectAll();
