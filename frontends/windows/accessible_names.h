@@ -12,8 +12,8 @@ namespace kvrnstep::windows {
 class ControlView;
 
 /// Tells screen readers, through a service of the system, what a window's controls are called and
-/// what they are, where the system can't tell from the controls themselves. Without the service it
-/// does nothing.
+/// what they are, if the system cannot find that out from the controls themselves. Without the
+/// service it does nothing.
 class AccessibleNames {
  public:
   AccessibleNames();

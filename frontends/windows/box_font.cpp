@@ -42,8 +42,8 @@ int widthOf(const std::u16string& text, const LOGFONTW& font) {
   return room.right;
 }
 
-/// A font that is missing is replaced by one of fixed pitch, because it is most likely an editor's
-/// and the lines of a list have to line up.
+/// A missing font is replaced by one of fixed pitch, because it is most likely an editor's font,
+/// and the lines of a list must line up.
 bool wantsOnePitch(std::u16string_view name) {
   return !name.empty() && name != u"MS Sans Serif" && name != kCaptionFamily;
 }

@@ -47,7 +47,7 @@ std::optional<CommandKey> commandKeyOf(const MSG& message) {
 
 char16_t letterWithAlt(const MSG& message) {
   if (message.message != WM_SYSCHAR) return 0;
-  // Given a character instead of a pointer, the function returns its capital.
+  // If the function gets a character instead of a pointer, it returns the capital letter.
   const auto character = static_cast<ULONG_PTR>(static_cast<WORD>(message.wParam));
   return static_cast<char16_t>(
       reinterpret_cast<ULONG_PTR>(::CharUpperW(reinterpret_cast<LPWSTR>(character))));

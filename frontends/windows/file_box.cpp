@@ -31,7 +31,7 @@ class KeptFolder {
   std::array<wchar_t, 0x8000> folder_{};
 };
 
-/// The dialogs in the system's code page …
+/// The dialogs that take texts in the system's code page …
 struct InCodePage {
   using Request = OPENFILENAMEA;
   using Char = char;
@@ -44,7 +44,7 @@ struct InCodePage {
   static BOOL save(Request* request) { return ::GetSaveFileNameA(request); }
 };
 
-/// … and for all other texts.
+/// … and those for all other texts.
 struct InUtf16 {
   using Request = OPENFILENAMEW;
   using Char = wchar_t;

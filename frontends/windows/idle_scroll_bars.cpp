@@ -29,7 +29,7 @@ void show(HWND edit, int bar, LONG_PTR style, bool on) {
 }  // namespace
 
 void fitScrollBars(HWND edit, bool wraps) {
-  // Measuring a longer one would take longer than a key may.
+  // Measuring a longer text would delay each key.
   constexpr int kLongest = 1 << 16;
   if (::GetWindowTextLengthW(edit) > kLongest) {
     show(edit, SB_VERT, WS_VSCROLL, true);
@@ -45,7 +45,7 @@ void fitScrollBars(HWND edit, bool wraps) {
       whole.right - whole.left - 2 * metric(SM_CXEDGE) - LOWORD(margins) - HIWORD(margins);
   const LONG height = whole.bottom - whole.top - 2 * metric(SM_CYEDGE);
   const SIZE taken = sizeOfText(edit, width, wraps);
-  // Each bar takes room that the other one may be needed for then.
+  // Each bar takes room, so that the other one may be needed too.
   const LONG barHigh = metric(SM_CYHSCROLL);
   const LONG barWide = metric(SM_CXVSCROLL);
   bool across = !wraps && taken.cx > width;

@@ -4,8 +4,8 @@
 
 namespace kvrnstep::windows {
 
-/// Hides those scroll bars of an edit control of several lines by which nothing can be scrolled. By
-/// itself the control would show them disabled.
+/// Hides the scroll bars of an edit control of several lines while they could scroll nothing. The
+/// control itself would show them disabled.
 /// @param wraps whether the control breaks lines at its right edge
 void fitScrollBars(HWND edit, bool wraps);
 

@@ -73,7 +73,7 @@ void LabelView::recolor() {
   hoverColor_ = link(forms::kUnderMouse);
 }
 
-/// A link looks otherwise while the mouse is over it.
+/// A link looks different while the mouse is over it.
 void LabelView::hover(bool on) {
   if (!forms::isLink(control()) || std::exchange(hovered_, on) == on) return;
   ::InvalidateRect(handle(), nullptr, TRUE);

@@ -89,7 +89,7 @@ std::u16string ListView::shownOf(HDC context, const std::u16string& entry) const
                            });
 }
 
-/// The tip tells the whole entry under the mouse where it is not drawn whole.
+/// The tip shows the whole entry under the mouse if it is not drawn as a whole.
 void ListView::hover(LPARAM where) {
   const auto found = static_cast<DWORD>(::SendMessageW(handle(), LB_ITEMFROMPOINT, 0, where));
   const bool outside = HIWORD(found) != 0 || LOWORD(found) >= entries_.size();

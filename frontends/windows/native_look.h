@@ -5,7 +5,7 @@
 namespace kvrnstep::windows {
 
 /// While it lives, windows that this thread makes have the common controls of the module's manifest
-/// and are scaled by the monitor that they are on, whatever the host's windows do.
+/// and the scale of the monitor that they are on, even if the host's windows have not.
 class NativeLook {
  public:
   NativeLook();

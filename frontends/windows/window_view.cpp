@@ -50,7 +50,7 @@ void wakeLoop() {
   ::PostThreadMessageW(::GetCurrentThreadId(), WM_NULL, 0, 0);
 }
 
-/// Whether the control is there to be looked at only.
+/// Whether the user can only look at the control.
 bool decorates(const Control& control) {
   return control.kind() == Kind::StatusBar ||
          (control.kind() == Kind::Image && !forms::takesKeyboard(control));
@@ -135,7 +135,8 @@ Control* WindowView::controlAt(POINT onScreen) const {
 }
 
 void WindowView::show() {
-  // What has the keyboard is shown from the first moment on, also to those who came by mouse.
+  // The control that has the keyboard is marked from the first moment on, also if the user has used
+  // the mouse.
   ::SendMessageW(handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
   ::ShowWindow(handle(), SW_SHOW);
   ::SetForegroundWindow(handle());
@@ -157,7 +158,7 @@ bool WindowView::translates(MSG& message) {
   return taken;
 }
 
-/// Tells the window of keys that go down and come up, whoever deals with them.
+/// Reports keys that are pressed and released to the window, whatever handles them.
 void WindowView::tellOf(const MSG& message) {
   const auto code = static_cast<forms::KeyCode>(HIWORD(message.lParam)) & (KF_EXTENDED | 0xFFU);
   const bool repeated = (HIWORD(message.lParam) & KF_REPEAT) != 0;
@@ -232,7 +233,7 @@ LRESULT WindowView::received(UINT message, WPARAM wide, LPARAM longer) {
       if (wide != FALSE) forms::userClosed(window());
       return 0;
     case WM_NCDESTROY:
-      // Somebody else destroys the window.
+      // Something else destroys the window.
       close();
       wakeLoop();
       return ::DefWindowProcW(release(), message, wide, longer);

@@ -95,7 +95,8 @@ bool WindowsToolkit::dealWithOne() {
   if (message.message == WM_QUIT) {
     quit(static_cast<int>(message.wParam));
   } else if (::CallMsgFilterW(&message, MSGF_DIALOGBOX) != FALSE) {
-    // The host, whose loop does not run meanwhile, has dealt with it by its hook.
+    // The loop of the host does not run meanwhile, but the host has handled the message by its
+    // hook.
   } else if (open_.empty() || !open_.back()->translates(message)) {
     ::TranslateMessage(&message);
     ::DispatchMessageW(&message);

@@ -15,7 +15,7 @@ class Attendant {
   virtual void windowIdle(WindowView& view) = 0;
 };
 
-/// Shows windows with those of the system.
+/// Shows windows with the controls of the system.
 class WindowsToolkit final : public forms::Toolkit {
  public:
   explicit WindowsToolkit(Attendant* attendant = nullptr) : attendant_(attendant) {}

@@ -11,7 +11,7 @@ using forms::Kind;
 
 namespace {
 
-/// What asks a list for its entries.
+/// The messages that ask a list for its entries.
 struct EntryMessages {
   UINT count;
   UINT length;

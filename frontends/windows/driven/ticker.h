@@ -6,9 +6,9 @@
 
 namespace kvrnstep::windows {
 
-/// Calls an action again and again as long as it lives, from whatever loop of this thread runs:
-/// menus and message boxes wait in loops of the system's own. A call comes when all input before it
-/// has been dealt with, and also while the action itself lets messages run. There is one at a time.
+/// Calls an action again and again as long as it lives, from any loop of this thread, because menus
+/// and message boxes have loops of the system's own. A call comes when all earlier input has been
+/// handled, and also while the action itself lets messages run. There is one ticker at a time.
 class Ticker {
  public:
   explicit Ticker(std::function<void()> action);

@@ -6,9 +6,9 @@
 
 #include "forms/control.h"
 
-/// What comes from a mouse and a keyboard, handed to the system as their drivers do: the system
-/// finds the window, disabled ones get nothing. It is queued here and dealt with by whatever loop
-/// runs next.
+/// Input from a mouse and a keyboard, passed to the system as their drivers do: the system finds
+/// the window, and disabled windows get nothing. The input is queued, and the next loop that runs
+/// handles it.
 namespace kvrnstep::windows {
 
 /// A click at a point of the window. False: the window is hidden or disabled, or something else
@@ -18,7 +18,7 @@ bool clickAt(HWND window, POINT inside, forms::MouseButton button = forms::Mouse
 /// … at the middle of it, or of what is visible of it.
 bool clickOn(HWND window);
 
-/// The window, or a part of it, is what a click at this point of the screen meets.
+/// Whether a click at this point of the screen hits the window or a part of it.
 bool meets(HWND window, POINT onScreen);
 void moveMouse(POINT onScreen);
 /// Presses or releases a button: MOUSEEVENTF_LEFTDOWN …

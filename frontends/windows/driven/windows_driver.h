@@ -6,8 +6,8 @@
 
 namespace kvrnstep::windows {
 
-/// Hands input to the system as the drivers of mouse and keyboard do. It is queued, and dealt with
-/// by whatever loop runs next.
+/// Hands input to the system as the drivers of mouse and keyboard do. It is queued, and the next
+/// loop that runs handles it.
 class WindowsDriver final : public driving::WidgetDriver, private Attendant {
  public:
   forms::Toolkit& toolkit() override { return native_; }
