@@ -33,7 +33,7 @@ struct Item {
 
   /// Decimal labels are read only where somebody wants to know: most do not matter.
   [[nodiscard]] Numbers numbers() const {
-    return kind == LabelKind::Decimal ? Numbers{numberOf(Numerals::Decimal, label), -1} : readings;
+    return kind == LabelKind::Decimal ? Numbers{numberOf(Numbered, label), -1} : readings;
   }
   [[nodiscard]] bool hasLeadingZero() const { return label.size() > 1 && label.front() == '0'; }
 };

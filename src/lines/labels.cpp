@@ -18,12 +18,12 @@ constexpr std::int64_t kLastNumber = 999'999'999'999'999'999;
 constexpr std::size_t kLongestRoman = 15;
 constexpr char kCaseBit = 'a' - 'A';
 
-std::int64_t firstOf(Numerals numerals) {
-  return numerals == Numerals::Decimal ? 0 : 1;
+std::int64_t firstOf(ListingType type) {
+  return type == Numbered ? 0 : 1;
 }
 
-std::int64_t lastOf(Numerals numerals) {
-  return numerals == Numerals::Roman ? 3999 : kLastNumber;
+std::int64_t lastOf(ListingType type) {
+  return type == RomanNumeral ? 3999 : kLastNumber;
 }
 
 std::string romanOf(std::int64_t number, bool upperCase) {
@@ -59,7 +59,7 @@ std::int64_t numberOfRoman(std::string_view label) {
     before = kValues[symbol];
   }
   const bool upperCase = label.front() < 'a';
-  return labelExists(Numerals::Roman, number) && romanOf(number, upperCase) == label ? number : -1;
+  return labelExists(RomanNumeral, number) && romanOf(number, upperCase) == label ? number : -1;
 }
 
 }  // namespace
@@ -73,22 +73,22 @@ std::int64_t Sequence::at(std::size_t index) const {
   return number;
 }
 
-bool labelExists(Numerals numerals, std::int64_t number) {
-  return number >= firstOf(numerals) && number <= lastOf(numerals);
+bool labelExists(ListingType type, std::int64_t number) {
+  return number >= firstOf(type) && number <= lastOf(type);
 }
 
-std::string whyNoLabel(Numerals numerals, std::int64_t number, std::size_t line) {
-  const char* const what = numerals == Numerals::Roman     ? "Roman numeral"
-                           : numerals == Numerals::Letters ? "letter"
-                                                           : "label";
+std::string whyNoLabel(ListingType type, std::int64_t number, std::size_t line) {
+  const char* const what = type == RomanNumeral   ? "Roman numeral"
+                           : type == Alphabetical ? "letter"
+                                                  : "label";
   return "line " + std::to_string(line) + ": there is no " + what + " for " +
-         std::to_string(number) + ", they go from " + std::to_string(firstOf(numerals)) + " to " +
-         std::to_string(lastOf(numerals));
+         std::to_string(number) + ", they go from " + std::to_string(firstOf(type)) + " to " +
+         std::to_string(lastOf(type));
 }
 
 std::size_t labelWidth(const LabelStyle& style, std::int64_t number) {
-  if (style.numerals == Numerals::Roman) return romanOf(number, true).size();
-  if (style.numerals == Numerals::Letters) {
+  if (style.type == RomanNumeral) return romanOf(number, true).size();
+  if (style.type == Alphabetical) {
     return static_cast<std::size_t>((number + kLetters - 1) / kLetters);
   }
   std::size_t digits = 1;
@@ -99,19 +99,19 @@ std::size_t labelWidth(const LabelStyle& style, std::int64_t number) {
 std::size_t widestLabel(const LabelStyle& style, const Sequence& numbers, std::size_t count) {
   const auto width = [&](std::size_t index) {
     const std::int64_t number = numbers.at(index);
-    return labelExists(style.numerals, number) ? labelWidth(style, number) : 0;
+    return labelExists(style.type, number) ? labelWidth(style, number) : 0;
   };
   std::size_t widest = std::max(width(0), width(count - 1));
   // Other labels only grow with their number.
-  if (style.numerals != Numerals::Roman) return widest;
+  if (style.type != RomanNumeral) return widest;
   for (std::size_t i = 1; i < count && width(i) > 0; ++i) widest = std::max(widest, width(i));
   return widest;
 }
 
 void appendLabel(std::string& text, const LabelStyle& style, std::int64_t number) {
-  if (style.numerals == Numerals::Roman) {
+  if (style.type == RomanNumeral) {
     text += romanOf(number, style.upperCase);
-  } else if (style.numerals == Numerals::Letters) {
+  } else if (style.type == Alphabetical) {
     text.append(labelWidth(style, number),
                 static_cast<char>((style.upperCase ? 'A' : 'a') + (number - 1) % kLetters));
   } else {
@@ -126,19 +126,19 @@ void appendLabel(std::string& text, const LabelStyle& style, std::int64_t number
   }
 }
 
-std::int64_t numberOf(Numerals numerals, std::string_view label) {
-  if (numerals == Numerals::Decimal) return numberOfDigits(label);
-  return numerals == Numerals::Letters ? numberOfLetters(label) : numberOfRoman(label);
+std::int64_t numberOf(ListingType type, std::string_view label) {
+  if (type == Numbered) return numberOfDigits(label);
+  return type == Alphabetical ? numberOfLetters(label) : numberOfRoman(label);
 }
 
 std::size_t findLabel(const LabelStyle& style, std::string_view text, std::int64_t& number) {
-  std::size_t length = style.numerals == Numerals::Decimal ? behindRun(text, '0', '9')
-                       : style.upperCase                   ? behindRun(text, 'A', 'Z')
-                                                           : behindRun(text, 'a', 'z');
-  if (style.numerals == Numerals::Letters && length > 0) {
+  std::size_t length = style.type == Numbered ? behindRun(text, '0', '9')
+                       : style.upperCase      ? behindRun(text, 'A', 'Z')
+                                              : behindRun(text, 'a', 'z');
+  if (style.type == Alphabetical && length > 0) {
     length = behindRun(text, text.front(), text.front());
   }
-  while (length > 0 && (number = numberOf(style.numerals, text.substr(0, length))) < 0) --length;
+  while (length > 0 && (number = numberOf(style.type, text.substr(0, length))) < 0) --length;
   if (length == 0 || !style.ordinal || number == 0) return length;
   // Whoever has changed a number may have left the ordinal.
   for (const std::string_view ordinal : {"st", "nd", "rd", "th"}) {

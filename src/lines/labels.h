@@ -5,17 +5,17 @@
 #include <string>
 #include <string_view>
 
+#include "kvrnstep/list_options.hpp"
+
 /// Labels of lines, as bytes and without an end: z is followed by aa, bb and so on, zz by aaa.
 namespace kvrnstep::lines {
 
 /// Longer numbers fit no integer.
 inline constexpr std::size_t kMostDigits = 18;
 
-enum class Numerals : std::uint8_t { Decimal, Letters, Roman };
-
 /// How the labels of one list are written.
 struct LabelStyle {
-  Numerals numerals = Numerals::Decimal;
+  ListingType type = Numbered;
   bool upperCase = false;  ///< of letters and Roman numerals
   bool ordinal = false;    ///< 1st, 2nd …; of decimals
   std::size_t digits = 0;  ///< filled up to with zeros; of decimals
@@ -32,9 +32,9 @@ struct Sequence {
 
 /// Whether there is such a label: decimals from 0 on, letters from 1 on, Roman numerals of 1 to
 /// 3999.
-bool labelExists(Numerals numerals, std::int64_t number);
+bool labelExists(ListingType type, std::int64_t number);
 /// Says that a line cannot have its label.
-std::string whyNoLabel(Numerals numerals, std::int64_t number, std::size_t line);
+std::string whyNoLabel(ListingType type, std::int64_t number, std::size_t line);
 
 /// Characters of a label that exists, without those of an ordinal.
 std::size_t labelWidth(const LabelStyle& style, std::int64_t number);
@@ -46,7 +46,7 @@ void appendLabel(std::string& text, const LabelStyle& style, std::int64_t number
 
 /// The number that a label stands for; -1 where it is none of the kind.
 /// @param label digits only, small letters only or capital letters only
-std::int64_t numberOf(Numerals numerals, std::string_view label);
+std::int64_t numberOf(ListingType type, std::string_view label);
 
 /// Characters of the label that the text begins with, the longest one of the style, with those of
 /// an ordinal; 0 for none.

@@ -12,21 +12,14 @@ namespace kvrnstep::lines {
 
 namespace {
 
-constexpr std::array<std::pair<std::string_view, Numerals>, 3> kMacros{
-    {{"{STEP_#}", Numerals::Decimal},
-     {"{STEP_L}", Numerals::Letters},
-     {"{STEP_R}", Numerals::Roman}}};
+constexpr std::array<std::pair<std::string_view, ListingType>, 3> kMacros{
+    {{"{STEP_#}", Numbered}, {"{STEP_L}", Alphabetical}, {"{STEP_R}", RomanNumeral}}};
 
 LabelStyle labelStyle(const generator::ListSettings& settings, std::size_t digits) {
-  const bool upperCase = settings.on(generator::UpperCase);
-  switch (settings.Selection) {
-    case generator::Alphabetical:
-      return {.numerals = Numerals::Letters, .upperCase = upperCase};
-    case generator::RomanNumeral:
-      return {.numerals = Numerals::Roman, .upperCase = upperCase};
-    default:
-      return {.ordinal = settings.on(generator::AppendOrdinal), .digits = digits};
-  }
+  const auto type =
+      isListingType(settings.Selection) ? static_cast<ListingType>(settings.Selection) : Numbered;
+  if (type != Numbered) return {.type = type, .upperCase = settings.on(UpperCase)};
+  return {.ordinal = settings.on(AppendOrdinal), .digits = digits};
 }
 
 bool isWordAt(std::string_view text, std::size_t place) {
@@ -66,7 +59,7 @@ void LineLabel::addAffix(std::string affix, bool addBlank) {
       pieces_.back().text += rest.front();
       rest.remove_prefix(1);
     } else {
-      pieces_.back().style = {.numerals = macro->second, .upperCase = true};
+      pieces_.back().style = {.type = macro->second, .upperCase = true};
       pieces_.emplace_back();
       rest.remove_prefix(macro->first.size());
     }
@@ -75,13 +68,13 @@ void LineLabel::addAffix(std::string affix, bool addBlank) {
 
 bool LineLabel::exists(std::int64_t number) const {
   return std::all_of(pieces_.begin(), pieces_.end() - 1,
-                     [&](const Piece& piece) { return labelExists(piece.style.numerals, number); });
+                     [&](const Piece& piece) { return labelExists(piece.style.type, number); });
 }
 
 void LineLabel::require(std::int64_t number, std::size_t line) const {
   for (std::size_t i = 0; i + 1 < pieces_.size(); ++i) {
-    const Numerals numerals = pieces_[i].style.numerals;
-    if (!labelExists(numerals, number)) throw NoLabel(whyNoLabel(numerals, number, line));
+    const ListingType type = pieces_[i].style.type;
+    if (!labelExists(type, number)) throw NoLabel(whyNoLabel(type, number, line));
   }
 }
 

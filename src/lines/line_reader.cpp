@@ -49,7 +49,7 @@ bool findAny(std::string_view line, Item& item) {
   item.end = size + 1;
   if (item.kind == LabelKind::Decimal) return size <= kMostDigits;
   if (isAbbreviation(line.substr(size))) return false;
-  item.readings = {numberOf(Numerals::Letters, item.label), numberOf(Numerals::Roman, item.label)};
+  item.readings = {numberOf(Alphabetical, item.label), numberOf(RomanNumeral, item.label)};
   return item.readings.plain >= 0 || item.readings.roman >= 0;
 }
 

@@ -93,7 +93,7 @@ class Relabelling {
 
   /// Whether there are labels for all numbers that its items may get.
   [[nodiscard]] bool allExist(const List& list) const {
-    const auto least = list.kind == LabelKind::Decimal ? Numerals::Decimal : Numerals::Roman;
+    const auto least = list.kind == LabelKind::Decimal ? Numbered : RomanNumeral;
     const auto exists = [&](std::int64_t number) {
       return rules_.label ? rules_.label->exists(number) : labelExists(least, number);
     };
@@ -147,7 +147,7 @@ class Relabelling {
                                    const Sequence& numbers) const {
     LabelStyle style{.upperCase = list.kind == LabelKind::Capital, .digits = rules_.options.digits};
     if (list.kind != LabelKind::Decimal) {
-      style.numerals = facts_[list.number].isRoman ? Numerals::Roman : Numerals::Letters;
+      style.type = facts_[list.number].isRoman ? RomanNumeral : Alphabetical;
     }
     // Zeros that the first label will not have would not be seen the next time.
     const bool keepsZero = labelWidth({}, numbers.first) < first.label.size();

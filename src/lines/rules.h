@@ -16,9 +16,9 @@ struct Rules {
   explicit Rules(const LineOptions& given) : options(given) {
     if (!options.list) return;
     label.emplace(*options.list, options.digits);
-    const auto type = options.list->Selection;
     const bool inFront = label->beginsWithLabel();
-    needsSibling = inFront && (type == generator::Alphabetical || type == generator::RomanNumeral);
+    const auto type = options.list->Selection;
+    needsSibling = inFront && type != Numbered && type != PrefixSuffix;
     alignment = label->rightAligned() && inFront ? Alignment::Right : Alignment::Left;
     alignsBehindPrefix = label->rightAligned() && !inFront;
   }
