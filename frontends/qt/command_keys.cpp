@@ -1,39 +1,31 @@
 #include "command_keys.h"
 
+#include <array>
+#include <utility>
+
 namespace kvrnstep::qt {
 
 using forms::CommandKey;
 
 namespace {
 
-std::optional<CommandKey> withoutModifiers(int key) {
-  switch (key) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      return CommandKey::Enter;
-    case Qt::Key_Escape:
-      return CommandKey::Escape;
-    case Qt::Key_Space:
-      return CommandKey::Space;
-    case Qt::Key_Up:
-      return CommandKey::Up;
-    case Qt::Key_Down:
-      return CommandKey::Down;
-    case Qt::Key_F4:
-      return CommandKey::Ask;
-    case Qt::Key_Menu:
-      return CommandKey::Menu;
-    default:
-      return std::nullopt;
-  }
-}
+constexpr auto kWithoutModifiers = std::to_array<std::pair<int, CommandKey>>({
+    {Qt::Key_Return, CommandKey::Enter},
+    {Qt::Key_Enter, CommandKey::Enter},
+    {Qt::Key_Escape, CommandKey::Escape},
+    {Qt::Key_Space, CommandKey::Space},
+    {Qt::Key_Up, CommandKey::Up},
+    {Qt::Key_Down, CommandKey::Down},
+    {Qt::Key_F4, CommandKey::Ask},
+    {Qt::Key_Menu, CommandKey::Menu},
+});
 
 }  // namespace
 
 std::optional<CommandKey> commandKey(const QKeyEvent& event) {
   const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
   const bool arrow = event.key() == Qt::Key_Up || event.key() == Qt::Key_Down;
-  if (modifiers == Qt::NoModifier) return withoutModifiers(event.key());
+  if (modifiers == Qt::NoModifier) return forms::commandIn(kWithoutModifiers, event.key());
   if (modifiers == Qt::AltModifier && arrow) return CommandKey::Ask;
   if (modifiers == Qt::ShiftModifier && event.key() == Qt::Key_F10) return CommandKey::Menu;
   return std::nullopt;

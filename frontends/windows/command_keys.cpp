@@ -1,5 +1,8 @@
 #include "command_keys.h"
 
+#include <array>
+#include <utility>
+
 namespace kvrnstep::windows {
 
 using forms::CommandKey;
@@ -10,26 +13,15 @@ bool isHeld(int key) {
   return ::GetKeyState(key) < 0;
 }
 
-std::optional<CommandKey> withoutModifiers(WPARAM key) {
-  switch (key) {
-    case VK_RETURN:
-      return CommandKey::Enter;
-    case VK_ESCAPE:
-      return CommandKey::Escape;
-    case VK_SPACE:
-      return CommandKey::Space;
-    case VK_UP:
-      return CommandKey::Up;
-    case VK_DOWN:
-      return CommandKey::Down;
-    case VK_F4:
-      return CommandKey::Ask;
-    case VK_APPS:
-      return CommandKey::Menu;
-    default:
-      return std::nullopt;
-  }
-}
+constexpr auto kWithoutModifiers = std::to_array<std::pair<WPARAM, CommandKey>>({
+    {VK_RETURN, CommandKey::Enter},
+    {VK_ESCAPE, CommandKey::Escape},
+    {VK_SPACE, CommandKey::Space},
+    {VK_UP, CommandKey::Up},
+    {VK_DOWN, CommandKey::Down},
+    {VK_F4, CommandKey::Ask},
+    {VK_APPS, CommandKey::Menu},
+});
 
 }  // namespace
 
@@ -38,7 +30,8 @@ std::optional<CommandKey> commandKeyOf(const MSG& message) {
   const bool shift = isHeld(VK_SHIFT);
   const bool alt = isHeld(VK_MENU);
   if (isHeld(VK_CONTROL)) return std::nullopt;
-  if (message.message == WM_KEYDOWN && !shift && !alt) return withoutModifiers(key);
+  if (message.message == WM_KEYDOWN && !shift && !alt)
+    return forms::commandIn(kWithoutModifiers, key);
   if (message.message != WM_SYSKEYDOWN) return std::nullopt;
   if (key == VK_F10 && shift && !alt) return CommandKey::Menu;
   if ((key == VK_UP || key == VK_DOWN) && alt && !shift) return CommandKey::Ask;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,15 @@ enum class CommandKey : std::uint8_t {
   Ask,   ///< F4, or Alt with an arrow: asks for a value
   Menu,  ///< the menu key, or Shift+F10
 };
+
+/// The command of a key in a front end's table of keys and commands, if it is one.
+template <class Table, class Key>
+std::optional<CommandKey> commandIn(const Table& table, Key key) {
+  for (const auto& [known, command] : table) {
+    if (known == key) return command;
+  }
+  return std::nullopt;
+}
 
 /// A key was pressed while the control had the keyboard. True: the key has been handled, and the
 /// widget must not get it.
