@@ -20,6 +20,7 @@ using forms::Kind;
 using forms::ListBox;
 using forms::MenuEntry;
 using forms::OptionButton;
+using forms::Rect;
 using forms::Spinner;
 using forms::TextBox;
 using forms::TextControl;
@@ -54,21 +55,9 @@ std::optional<T> parsed(const std::u16string& word) {
   }
 }
 
-template <class T>
-double left(const T& thing) {
-  return thing.place().left;
-}
-template <class T>
-double top(const T& thing) {
-  return thing.place().top;
-}
-template <class T>
-double width(const T& thing) {
-  return thing.place().width;
-}
-template <class T>
-double height(const T& thing) {
-  return thing.place().height;
+template <class T, double Rect::*Number>
+double placed(const T& thing) {
+  return thing.place().*Number;
 }
 std::u16string toolTip(const Control& control) {
   return std::u16string(control.row().toolTip);
@@ -146,10 +135,10 @@ constexpr std::array kOfControls{
     row<Control, &Control::enabled, &Control::setEnabled>("enabled"),
     row<Control, &Control::visible, &Control::setVisible>("visible"),
     row<Control, toolTip>("tooltip"),
-    row<Control, left<Control>, &Control::setLeft>("left"),
-    row<Control, top<Control>>("top"),
-    row<Control, width<Control>, &Control::setWidth>("width"),
-    row<Control, height<Control>>("height"),
+    row<Control, placed<Control, &Rect::left>, &Control::setLeft>("left"),
+    row<Control, placed<Control, &Rect::top>>("top"),
+    row<Control, placed<Control, &Rect::width>, &Control::setWidth>("width"),
+    row<Control, placed<Control, &Rect::height>>("height"),
     row<ComboBox, selected<ComboBox>, &ComboBox::choose>("index", of(Kind::ComboBox)),
     row<ListBox, selected<ListBox>, &ListBox::setIndex>("index", of(Kind::ListBox)),
     row<ComboBox, items<ComboBox>>("items", of(Kind::ComboBox)),
@@ -166,10 +155,10 @@ constexpr std::array kOfControls{
 
 constexpr std::array kOfWindows{
     row<Window, &Window::caption>("caption"),
-    row<Window, left<Window>, &Window::setLeft>("left"),
-    row<Window, top<Window>, &Window::setTop>("top"),
-    row<Window, width<Window>, &Window::setWidth>("width"),
-    row<Window, height<Window>, &Window::setHeight>("height"),
+    row<Window, placed<Window, &Rect::left>, &Window::setLeft>("left"),
+    row<Window, placed<Window, &Rect::top>, &Window::setTop>("top"),
+    row<Window, placed<Window, &Rect::width>, &Window::setWidth>("width"),
+    row<Window, placed<Window, &Rect::height>, &Window::setHeight>("height"),
 };
 
 template <class Table>
