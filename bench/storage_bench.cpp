@@ -133,33 +133,36 @@ void ReadSetting(benchmark::State& state) {
 }
 BENCHMARK(ReadSetting)->Unit(benchmark::kMicrosecond);
 
-void WriteSetting(benchmark::State& state) {
+/// @param write writes a value into the settings file of that path
+void writeValues(benchmark::State& state,
+                 void (*write)(const char16_t* value, const std::u16string& path)) {
   const Folder folder;
   put(folder("ini"), largeSettings());
   const auto path = text::fromBytes(folder("ini"));
   bool even = false;
   for (auto _ : state) {
     even = !even;
-    modSecns::WriteIniKey(u"Steps", u"Listwright_LT", even ? u"1000" : u"2000", path);
+    write(even ? u"1000" : u"2000", path);
   }
+}
+
+void WriteSetting(benchmark::State& state) {
+  writeValues(state, [](const char16_t* value, const std::u16string& path) {
+    modSecns::WriteIniKey(u"Steps", u"Listwright_LT", value, path);
+  });
 }
 BENCHMARK(WriteSetting)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 /// What a dialog writes when it closes.
 void WriteSettings(benchmark::State& state) {
-  const Folder folder;
-  put(folder("ini"), largeSettings());
-  const auto path = text::fromBytes(folder("ini"));
-  bool even = false;
-  for (auto _ : state) {
-    even = !even;
+  writeValues(state, [](const char16_t* value, const std::u16string& path) {
     modSecns::IniKeys keys;
     for (const auto* name : {u"Font", u"EditorFont", u"EditorSize", u"Display", u"Listwright_LT",
                              u"Listwright_TT", u"Listwright_HT", u"Listwright_WT"}) {
-      keys.emplace_back(name, even ? u"1000" : u"2000");
+      keys.emplace_back(name, value);
     }
     modSecns::WriteIniKeys(u"Steps", keys, path);
-  }
+  });
 }
 BENCHMARK(WriteSettings)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
