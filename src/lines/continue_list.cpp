@@ -19,7 +19,7 @@ struct Above {
   std::string_view label;  ///< what is before the item's text
 };
 
-/// The last item above a place that is no further in than the depth.
+/// The last item above a place that is not indented deeper than `depth`.
 std::optional<Above> itemAbove(std::string_view text, std::size_t place, std::size_t depth,
                                const Rules& rules) {
   while (place > 0) {
@@ -35,8 +35,8 @@ std::optional<Above> itemAbove(std::string_view text, std::size_t place, std::si
   return std::nullopt;
 }
 
-/// The lines with that label and a blank at least. Those without text get none unless there is only
-/// one.
+/// The lines, each with that label and at least one blank. Lines without text get no label, unless
+/// there is only one line.
 std::string labelled(std::string_view lines, std::string_view label) {
   std::string labelAndBlank(label);
   if (!label.ends_with(' ') && !label.ends_with('\t')) labelAndBlank += ' ';
@@ -51,8 +51,8 @@ std::string labelled(std::string_view lines, std::string_view label) {
   return result;
 }
 
-/// What the labels of lines become behind others; nothing where the last one of these would change,
-/// or nothing else.
+/// The lines with their labels set right, as the continuation of `before` and `above`. Nothing if
+/// `above` would change too, or if the lines do not change.
 std::optional<std::string> setRight(std::string_view before, std::string_view above,
                                     const std::string& lines, const Rules& rules) {
   std::string known(before);
@@ -82,8 +82,8 @@ void continueList(std::string_view text, const LineOptions& options, const Write
   const std::size_t depth = first.begin == first.end ? kAny : first.depth;
   std::optional<std::string> result;
   if (const auto above = itemAbove(lines, place, depth, rules)) {
-    // The lines get the label above, which is then set right, with the item before it where that is
-    // what tells an i that is a letter.
+    // The lines first get the label above, and then all labels are set right. The item before that
+    // one is needed to know whether an i is a letter.
     const auto before = itemAbove(lines, above->begin, above->depth, rules);
     const std::string same = labelled(lines.substr(place), above->label);
     if (before) result = setRight(before->line, above->line, same, rules);

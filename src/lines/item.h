@@ -31,7 +31,7 @@ struct Item {
   std::size_t end = 0;    ///< place behind the delimiter, or the visible part of a suffix
   std::size_t depth = 0;  ///< column of the beginning
 
-  /// Decimal labels are read only where somebody wants to know: most do not matter.
+  /// Decimal labels are read only when they are needed, because most are not.
   [[nodiscard]] Numbers numbers() const {
     return kind == LabelKind::Decimal ? Numbers{numberOf(Numbered, label), -1} : readings;
   }

@@ -54,7 +54,7 @@ std::int64_t numberOfRoman(std::string_view label) {
   for (const char c : label) {
     const std::size_t symbol = kSymbols.find(static_cast<char>(c & ~kCaseBit));
     if (symbol == std::string_view::npos) return -1;
-    // A smaller one in front of a larger one has been added, but is to be taken away.
+    // A smaller symbol before a larger one is subtracted, but it has been added already.
     number += kValues[symbol] - (before < kValues[symbol] ? 2 * before : 0);
     before = kValues[symbol];
   }
@@ -121,7 +121,7 @@ void appendLabel(std::string& text, const LabelStyle& style, std::int64_t number
     if (digits.size() < style.digits) text.append(style.digits - digits.size(), '0');
     text += digits;
     if (!style.ordinal || number == 0) return;
-    // The last two digits decide, and 0 is another case than 100.
+    // The last two digits decide. 100 is added, because 100 has an ordinal and 0 has none.
     text += text::toUtf8(generator::OrdinalSuffix(static_cast<int>(number % 100) + 100));
   }
 }
@@ -140,7 +140,7 @@ std::size_t findLabel(const LabelStyle& style, std::string_view text, std::int64
   }
   while (length > 0 && (number = numberOf(style.type, text.substr(0, length))) < 0) --length;
   if (length == 0 || !style.ordinal || number == 0) return length;
-  // Whoever has changed a number may have left the ordinal.
+  // The ordinal may be a wrong one, because the user may have changed only the number.
   for (const std::string_view ordinal : {"st", "nd", "rd", "th"}) {
     if (text.substr(length).starts_with(ordinal)) return length + ordinal.size();
   }

@@ -18,7 +18,7 @@ struct LabelStyle {
   ListingType type = Numbered;
   bool upperCase = false;  ///< of letters and Roman numerals
   bool ordinal = false;    ///< 1st, 2nd …; of decimals
-  std::size_t digits = 0;  ///< filled up to with zeros; of decimals
+  std::size_t digits = 0;  ///< of decimals, which get zeros in front up to them
 };
 
 /// Numbers of lines, one after the other.
@@ -26,14 +26,15 @@ struct Sequence {
   std::int64_t first = 1;
   std::int64_t step = 1;
 
-  /// One that is too large or too small for a label is the largest or smallest there is.
+  /// A number that is too large or too small for any label becomes the largest or smallest possible
+  /// one.
   [[nodiscard]] std::int64_t at(std::size_t index) const;
 };
 
 /// Whether there is such a label: decimals from 0 on, letters from 1 on, Roman numerals of 1 to
 /// 3999.
 bool labelExists(ListingType type, std::int64_t number);
-/// Says that a line cannot have its label.
+/// The message that a line cannot have its label.
 std::string whyNoLabel(ListingType type, std::int64_t number, std::size_t line);
 
 /// Characters of a label that exists, without those of an ordinal.

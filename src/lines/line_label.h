@@ -16,7 +16,7 @@ namespace kvrnstep::lines {
 class LineLabel {
  public:
   /// A suffix that is empty is ". ", since a label needs something between itself and the line.
-  /// @param digits decimal labels are filled up to them with zeros
+  /// @param digits decimal labels get zeros in front up to so many digits
   LineLabel(const generator::ListSettings& settings, std::size_t digits);
   /// A label that has nothing but a delimiter.
   LineLabel(const LabelStyle& style, char delimiter)
@@ -27,7 +27,7 @@ class LineLabel {
   /// @throws NoLabel where it cannot
   void require(std::int64_t number, std::size_t line) const;
   /// Adds prefix, label and suffix.
-  /// @param width what the label is filled up to with blanks, on its left
+  /// @param width the width up to which the label gets blanks on its left
   void append(std::string& text, std::int64_t number, std::size_t width) const;
   /// The same without the blanks at both ends.
   void appendVisible(std::string& text, std::int64_t number, std::size_t width) const;
@@ -38,9 +38,9 @@ class LineLabel {
 
   /// The blanks that the prefix begins with.
   [[nodiscard]] const std::string& leadingBlanks() const { return leadingBlanks_; }
-  /// Whether nothing visible stands before the label.
+  /// Whether nothing visible is before the label.
   [[nodiscard]] bool beginsWithLabel() const { return pieces_.front().text.empty(); }
-  /// Whether numbers follow from the labels: they do not where there is only prefix and suffix.
+  /// Whether labels have numbers; with only a prefix and a suffix they have none.
   [[nodiscard]] bool numbered() const { return pieces_.size() > 1; }
   /// Whether labels are filled up with blanks to one width.
   [[nodiscard]] bool rightAligned() const { return rightAligned_; }

@@ -17,7 +17,7 @@ namespace {
 
 using generator::ListSettings;
 
-/// The bytes of a text, with the line ends that another text begins with.
+/// The bytes of a text, with the line ends of the other text's first line.
 std::string withLineEndsOf(std::string_view other, const std::u16string& text) {
   const std::size_t lineFeed = std::min(other.find('\n'), other.size());
   const bool crLf = other.substr(0, lineFeed).ends_with('\r') && lineFeed < other.size();
@@ -30,8 +30,8 @@ std::string withLineEndsOf(std::string_view other, const std::u16string& text) {
   return result;
 }
 
-/// What `number` puts into a part, and where. To take it out again is the same way with the
-/// opposite of each step, so both are here.
+/// What `number` puts into a part, and where. Taking it out needs the same steps, each of them
+/// reversed, so both are here.
 class Numbering {
  public:
   enum Direction : std::uint8_t { PutIn, TakeOut };
@@ -41,7 +41,7 @@ class Numbering {
             Direction direction)
       : Numbering(text, part, options, options.list.value_or(ListSettings()), direction) {}
 
-  /// @return false as soon as there is something else than what was to be taken out
+  /// @return false as soon as the text differs from what is to be taken out
   bool run(const Write& write) {
     Rewriter out(text_, write);
     std::size_t index = 0;
@@ -113,8 +113,8 @@ class Numbering {
     piece_ = indent_;
     label_.append(piece_, number, width_);
     if (direction_ == PutIn) return change(out, line.text, piece_);
-    // The blanks that it begins with follow the line's own. Text is behind it: otherwise there
-    // would be no label, and its blanks would be in front.
+    // The blanks that the label begins with follow the line's own blanks. Text must follow the
+    // label, because a line without text gets none.
     const std::size_t blanks = behindBlanks(piece_, 0);
     const std::size_t place = line.text - std::min(blanks, line.text);
     if (place < line.begin || !change(out, place, piece_)) return false;
@@ -123,7 +123,7 @@ class Numbering {
            holdsText(text_.substr(rest, line.end - rest));
   }
 
-  /// The blank lines behind a line, which end as that does; none where it does not.
+  /// The blank lines behind a line, with the same line ends; none behind a line without a line end.
   [[nodiscard]] const std::string& spacingBehind(const TextLine& line) const {
     return spacings_.at(line.next - line.end);
   }

@@ -7,7 +7,8 @@ namespace kvrnstep::lines {
 
 namespace {
 
-/// Two labels that follow one another tell; otherwise the first one that cannot be both.
+/// If the first two labels follow one another, they decide; otherwise the first label decides that
+/// cannot be both.
 void read(List& list, const Numbers& numbers, std::int64_t step) {
   if (list.reading != Reading::Either) return;
   const bool second = list.count == 2;
@@ -91,8 +92,8 @@ std::size_t Outline::levelOf(const Item& item) const {
   return innermost(item, [&](const List& list) { return endsInLine(list, item); });
 }
 
-/// A label that is narrower than those before it could be the first of an inner list. It is not
-/// where it is the next one, or where the list's own first label shows that lines were moved.
+/// A label that is narrower than those before it could be the first of an inner list. It is not if
+/// it is the next label of the list, or if the list's own first label shows that lines were moved.
 bool Outline::endsInLine(const List& list, const Item& item) const {
   if (list.alignment == Alignment::Left || item.hasLeadingZero()) return false;
   if (item.depth + item.width != list.end) return false;
@@ -101,7 +102,7 @@ bool Outline::endsInLine(const List& list, const Item& item) const {
   return !inOrder || (isNext(list, item.numbers()) && !item.numbers().has(1));
 }
 
-/// Whether the item is the first of a list in place of one that is separated.
+/// Whether the item begins a new list in the place of one that is separated.
 bool Outline::beginsAnew(const List& list, const Item& item) const {
   return line().behindBlankLine && item.numbers().has(1) && !isNext(list, item.numbers());
 }
@@ -114,7 +115,8 @@ bool Outline::isNext(const List& list, const Numbers& numbers) const {
   return follows(1) || follows(rules_.options.start);
 }
 
-/// The label that the first list will begin with may be one that it has got.
+/// The label that the first list will begin with counts too, because a previous run may have
+/// written it.
 bool Outline::beginsRight(const List& list) const {
   return list.first.has(1) || list.first.has(rules_.options.start);
 }
@@ -124,7 +126,8 @@ bool Outline::isConfirmed(const List& list) const {
   return !list.isSingle(rules_) || beginsRight(list);
 }
 
-/// Whether the only item of the list is none, and ends lists like other text behind a blank line.
+/// Whether the only item of the list does not count as one. Like other text behind a blank line it
+/// then ends lists.
 bool Outline::isOtherText(const List& list) const {
   return list.behindBlankLine && !isConfirmed(list);
 }
@@ -165,8 +168,9 @@ void Outline::join(List& list, const Item& item) {
 }
 
 void Outline::watchWidths(const Item& item) {
-  // Where all lists begin at 1, their first labels are as narrow as there are: no inner list can
-  // end in line with one, and behind wider labels the outer list is seen to begin in one column.
+  // If all lists begin at 1, no label is narrower than their first ones. So no inner list can end
+  // in line with a first label, and wider labels later show that the outer list begins in one
+  // column.
   const LineOptions& options = rules_.options;
   const bool narrow = item.kind == LabelKind::Decimal && options.start == 1 && options.step > 0 &&
                       !options.keepStart;

@@ -11,12 +11,12 @@
 
 namespace kvrnstep::lines {
 
-/// What labels of letters are, as far as they tell.
+/// What is known about labels that may be letters or Roman numerals.
 enum class Reading : std::uint8_t { Either, Letters, Roman };
 
 /// One list of a text, as far as it has been read.
 struct List {
-  std::size_t number = 0;  ///< of all lists, in the order of their first items
+  std::size_t number = 0;  ///< running number of the list, in the order of first items
   LabelKind kind = LabelKind::Decimal;
   char delimiter = '.';
   Alignment alignment = Alignment::Unknown;
@@ -32,9 +32,10 @@ struct List {
   [[nodiscard]] bool hasStyleOf(const Item& item) const {
     return kind == item.kind && delimiter == item.delimiter;
   }
-  /// The last column that is the list's own; what begins behind it is in the list.
+  /// The last column of the list itself; a line that begins behind it is inside the list.
   [[nodiscard]] std::size_t depth() const { return alignment == Alignment::Right ? end - 1 : left; }
-  /// Whether it has one item, by a letter or two. That is no list unless it is the first label.
+  /// Whether it has one item only, with letters. Such an item counts as a list only if it has the
+  /// first label.
   [[nodiscard]] bool isSingle(const Rules& rules) const {
     return kind != LabelKind::Decimal && rules.needsSibling && count == 1;
   }
@@ -44,7 +45,7 @@ struct List {
 /// The lists of a part, item by item.
 class Outline {
  public:
-  /// @param ended is told of every list when it ends
+  /// @param ended is called with every list when it ends
   Outline(std::string_view text, const Part& part, const Rules& rules,
           std::function<void(const List&)> ended)
       : reader_(text, part, rules.label), rules_(rules), ended_(std::move(ended)) {}
@@ -54,11 +55,11 @@ class Outline {
 
   [[nodiscard]] const TextLine& line() const { return reader_.line(); }
   [[nodiscard]] const Item& item() const { return reader_.item(); }
-  /// The one of the item.
+  /// The list that the item belongs to.
   [[nodiscard]] const List& list() const { return open_.back(); }
-  /// How many lists there are around it.
+  /// The number of lists around that one.
   [[nodiscard]] std::size_t level() const { return open_.size() - 1; }
-  /// Whether labels of other widths could make other lists: then nothing is settled before all
+  /// Whether labels of other widths could make other lists. Then the lists are known only when all
   /// labels have been written.
   [[nodiscard]] bool dependsOnWidths() const { return dependsOnWidths_; }
 

@@ -15,7 +15,7 @@ namespace {
 
 /// How one list is to be labelled.
 struct ListPlan {
-  bool isList = false;  ///< and does not only look like one
+  bool isList = false;  ///< false if it only looks like one
   LineLabel label;
   Sequence numbers;
   std::size_t left = 0;   ///< of aligned labels: the column where the widest one begins …
@@ -149,13 +149,13 @@ class Relabelling {
     if (list.kind != LabelKind::Decimal) {
       style.type = facts_[list.number].isRoman ? RomanNumeral : Alphabetical;
     }
-    // Zeros that the first label will not have would not be seen the next time.
+    // If the first label has no leading zero afterwards, the next run could not know the width.
     const bool keepsZero = labelWidth({}, numbers.first) < first.label.size();
     if (style.digits == 0 && first.hasLeadingZero() && keepsZero) style.digits = first.label.size();
     return style;
   }
 
-  /// Labels that have become wider than the others move all to the right.
+  /// If a label becomes wider than the others, all move to the right.
   void align(ListPlan& plan, const AlignedList& list) const {
     const std::size_t widest = widestLabel(plan.label.style(), plan.numbers, list.count);
     const std::size_t width = std::max(list.width, widest);
@@ -204,7 +204,7 @@ void renumberPart(std::string_view text, const Part& part, const Rules& rules, c
   if (rules.label && !rules.label->numbered()) return write(text);
   const Relabelling relabelling(text, part, rules);
   if (!relabelling.dependsOnWidths()) return relabelling.relabel(write);
-  // Which labels are in line with which may be seen only when all are as wide as they will be.
+  // Only labels of the final width show which of them end in one column.
   constexpr int kMostRounds = 16;
   std::string settled(text.substr(part.begin, part.end - part.begin));
   for (int round = 0; round < kMostRounds; ++round) {

@@ -24,8 +24,8 @@ struct Rules {
   }
 
   const LineOptions& options;
-  std::optional<LineLabel> label;  ///< nothing: all labels that there are
-  bool needsSibling = true;        ///< of labels that are not decimal: a single one is no list
+  std::optional<LineLabel> label;  ///< nothing: labels of all kinds
+  bool needsSibling = true;        ///< a single item is not a list unless its label is decimal
   Alignment alignment = Alignment::Unknown;  ///< of all lists
   bool alignsBehindPrefix = false;           ///< labels are filled up with blanks there
 };
