@@ -46,7 +46,6 @@ void process(benchmark::State& state, const std::vector<std::string>& words) {
   for (auto _ : state) {
     if (!run(words, "/dev/null", most)) state.SkipWithError("the program failed");
   }
-  state.counters["KiB_at_most"] = static_cast<double>(most);
 }
 BENCHMARK_CAPTURE(process, listwright,
                   {LISTWRIGHT, "--list", "--end", "99", "--prefix", "Step", "--suffix", ".",
