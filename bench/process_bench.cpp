@@ -70,11 +70,8 @@ void firstDialog(benchmark::State& state, const char* what) {
     }
   }
 }
-void longer(benchmark::internal::Benchmark* bench) {
-  bench->MinTime(0.5)->UseRealTime()->Unit(benchmark::kMillisecond);
-}
-BENCHMARK_CAPTURE(firstDialog, ours, "ours")->Apply(longer);
-BENCHMARK_CAPTURE(firstDialog, bare, "bare")->Apply(longer);
+BENCHMARK_CAPTURE(firstDialog, ours, "ours")->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(firstDialog, bare, "bare")->UseRealTime()->Unit(benchmark::kMillisecond);
 #endif
 
 /// A file of so many lines, all items of one list whose numbers are wrong.
