@@ -225,6 +225,7 @@ TEST_F(Faults, OfEveryCallLeaveWhatWasStored) {
   const auto goesOn = [&](const std::string& how, std::size_t mostTemporary) {
     EXPECT_EQ(runScript(how), 0) << how << "\n" << output();
     EXPECT_EQ(windowEvents(), events) << how;
+    EXPECT_EQ(output().find("one32001.step"), std::string::npos) << how << ": all names are in use";
     EXPECT_EQ(judge.complaint(files(), mostTemporary), "") << how;
   };
   std::size_t runs = 0;
