@@ -33,7 +33,7 @@ inline bool holdsText(std::string_view line) {
   return line.find_first_not_of(" \t\r\v\f") != std::string_view::npos;
 }
 
-/// Places of one line in a text; at first it is the end of what is above.
+/// Places of one line in a text. A new one is before the first line, and that is no blank line.
 struct TextLine {
   std::size_t next = 0;    ///< behind its line end: LF, CR LF, or none where the text ends
   std::size_t number = 0;  ///< from 1 on
@@ -68,7 +68,7 @@ struct Part {
   std::size_t end = 0;
   std::size_t linesAbove = 0;
 
-  /// From which its first line is reached.
+  /// The place before its first line, to go on from.
   [[nodiscard]] TextLine above() const { return {.next = begin, .number = linesAbove}; }
 };
 
