@@ -4,8 +4,11 @@
 #include <imm.h>
 
 #include "control_view.h"
+#include "forms/contrast.h"
 #include "forms/user_actions.h"
+#include "handle.h"
 #include "idle_scroll_bars.h"
+#include "resources.h"
 #include "text/windows/wide.h"
 
 namespace kvrnstep::windows {
@@ -80,11 +83,29 @@ LRESULT Edit::received(UINT message, WPARAM wide, LPARAM longer) {
     fitScrollBars(handle(), !box().row().horizontalScroll);
   }
   if (movesCaret(message)) userMovedCaret();
-  // Nothing can be typed where a caret would be. The control makes it anew with these messages.
-  if (box().row().readOnly && (message == WM_SETFOCUS || message == WM_SETFONT)) {
-    ::HideCaret(handle());
-  }
+  if (box().row().readOnly) showFocus(message);
   return result;
+}
+
+/// Nothing can be typed where a caret would be, so the frame tells what has the keyboard.
+void Edit::showFocus(UINT message) const {
+  const bool moves = message == WM_SETFOCUS || message == WM_KILLFOCUS;
+  // The control makes its caret anew with these messages.
+  if (message == WM_SETFOCUS || message == WM_SETFONT) ::HideCaret(handle());
+  if (moves) ::RedrawWindow(handle(), nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);
+  if (message != WM_NCPAINT || ::GetFocus() != handle()) return;
+  const forms::Rgb color =
+      forms::standingOut(systemColor(COLOR_HIGHLIGHT), systemColor(COLOR_BTNFACE), forms::kVisible);
+  const Brush brush(::CreateSolidBrush(RGB(color.red, color.green, color.blue)));
+  RECT frame{};
+  ::GetWindowRect(handle(), &frame);
+  ::OffsetRect(&frame, -frame.left, -frame.top);
+  const HDC context = ::GetWindowDC(handle());
+  for (int line = 0; line < ::GetSystemMetrics(SM_CXEDGE); ++line) {
+    ::FrameRect(context, &frame, brush.get());
+    ::InflateRect(&frame, -1, -1);
+  }
+  ::ReleaseDC(handle(), context);
 }
 
 /// Gives the box the keyboard on a click. True: the click has no other effect.

@@ -39,6 +39,7 @@ class Edit final : public forms::TextSync, public Receiver {
   LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
 
  private:
+  void showFocus(UINT message) const;
   bool entered();
   void markPair(bool beforeCaret);
   [[nodiscard]] LRESULT wantedKeys(WPARAM wide, LPARAM longer);
