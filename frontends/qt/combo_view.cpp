@@ -63,6 +63,7 @@ class EntryCombo : public QComboBox {
  protected:
   void changeEvent(QEvent* event) override {
     // With a style of its own a box would make the list that drops down, which most never show.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     if (event->type() == QEvent::StyleChange) return QWidget::changeEvent(event);
     QComboBox::changeEvent(event);
   }

@@ -45,7 +45,7 @@ class WindowView final : public QObject, public forms::ViewSync {
  protected:
   std::unique_ptr<forms::ControlSync> makeView(forms::Control& control) override;
   void setTitle(const std::u16string& caption) override;
-  void setInnerSize(forms::PixelSize size) override;
+  void setInnerSize(forms::PixelSize inner) override;
   void setPosition(forms::PixelPoint position) override;
   void setTabOrder(const std::vector<forms::Control*>& order) override;
   void giveKeyboard(const forms::Control* control) override;

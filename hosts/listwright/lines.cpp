@@ -16,6 +16,7 @@ namespace listwright {
 
 namespace {
 
+// NOLINTBEGIN(cppcoreguidelines-no-malloc,cppcoreguidelines-owning-memory)
 /// All of standard input. `realloc` moves a large text without a copy when it needs more room.
 class Input {
  public:
@@ -44,6 +45,7 @@ class Input {
   std::unique_ptr<char, Free> bytes_;
   std::string_view text_;
 };
+// NOLINTEND(cppcoreguidelines-no-malloc,cppcoreguidelines-owning-memory)
 
 /// Takes a piece of the text; a null pointer is the end.
 int write(void* problem, const char* piece, std::size_t size) {

@@ -289,7 +289,7 @@ class CommandLine {
       throw std::runtime_error("--line: 1 is the least");
     if (options_.change == kvrnstep_continue_lines && lines.line == 0)
       throw std::runtime_error("--continue needs --line, the first line that gets a label");
-    if (lines.keep_start && options_.change == kvrnstep_number_lines)
+    if (lines.keep_start != 0 && options_.change == kvrnstep_number_lines)
       throw std::runtime_error("--keep-start goes with --renumber");
     for (const CLI::Option* option : app_.get_options()) {
       const bool describes = option->get_group() == kList || option->get_name() == "--type";

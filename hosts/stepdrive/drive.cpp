@@ -77,27 +77,18 @@ void Drive::carryOut(const ScriptLine& line) {
   } else if (is("icon", 1, 1)) {
     printIcon(words[1]);
   } else if (is("context", 1, 1)) {
-    const std::string name = hosts::toUtf8(words[1]);
-    const auto value = stage_->contextField(name);
-    if (!value) throw ScriptError("no field " + name + " in the host context");
-    print("context " + name + " = " + formatted(*value));
+    printField(hosts::toUtf8(words[1]));
   } else if (is("answer", 0, 1)) {
     answers_.push_back(words.size() == 2 ? std::optional(words[1]) : std::nullopt);
   } else if (is("show", 1, kAny)) {
-    for (std::size_t i = 1; i < words.size(); ++i) {
-      const std::string target = hosts::toUtf8(words[i]);
-      print(target + " = " + formatted(read(target)));
-    }
+    for (std::size_t i = 1; i < words.size(); ++i) show(hosts::toUtf8(words[i]));
   } else if (is("expect", 2, kAny)) {
     if (words.size() % 2 == 0) throw ScriptError("expect wants CONTROL.PROPERTY VALUE");
     for (std::size_t i = 1; i < words.size(); i += 2) {
       expect(line.number, hosts::toUtf8(words[i]), words[i + 1]);
     }
   } else if (is("set", 2, 2)) {
-    std::string reason;
-    if (stage_->assign(hosts::toUtf8(words[1]), words[2], reason) != Outcome::Done) {
-      throw ScriptError(reason);
-    }
+    assign(hosts::toUtf8(words[1]), words[2]);
   } else {
     userCommand(line);
   }
@@ -113,6 +104,21 @@ void Drive::printIcon(const std::u16string& number) {
   const auto which = hosts::numberOf<std::int16_t>(hosts::toUtf8(number));
   if (!which) throw ScriptError("icon wants a number");
   print("icon " + quoted(hosts::fromUtf8(plugin_.RequestProgramIcon(*which))));
+}
+
+void Drive::printField(const std::string& name) {
+  const auto value = stage_->contextField(name);
+  if (!value) throw ScriptError("no field " + name + " in the host context");
+  print("context " + name + " = " + formatted(*value));
+}
+
+void Drive::show(const std::string& target) {
+  print(target + " = " + formatted(read(target)));
+}
+
+void Drive::assign(const std::string& target, const std::u16string& value) {
+  std::string reason;
+  if (stage_->assign(target, value, reason) != Outcome::Done) throw ScriptError(reason);
 }
 
 Value Drive::read(const std::string& target) {

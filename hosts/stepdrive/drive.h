@@ -41,6 +41,9 @@ class Drive final : public kvrnstep::driving::Player {
   void carryOut(const ScriptLine& line);
   void call();
   void printIcon(const std::u16string& number);
+  void printField(const std::string& name);
+  void show(const std::string& target);
+  void assign(const std::string& target, const std::u16string& value);
   void expect(int lineNumber, const std::string& target, const std::u16string& wanted);
   void userCommand(const ScriptLine& line);
   kvrnstep::driving::Value read(const std::string& target);

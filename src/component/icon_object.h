@@ -27,7 +27,7 @@ class IconObject final : public Object<_cIcon, kInterfaceIcon> {
     std::int16_t id = 0;
     arguments.read(0, id);
     if (FAILED(arguments.result())) return arguments.result();
-    VARIANT path;
+    VARIANT path{};
     VariantInit(&path);
     path.vt = VT_BSTR;
     const HRESULT done = RequestProgramIcon(id, &path.bstrVal);

@@ -50,7 +50,7 @@ Value defaultOf(IUnknown* object) {
   if (object == nullptr || FAILED(object->QueryInterface(kIidDispatch, &found))) return {};
   auto* const asked = static_cast<IDispatch*>(found);
   DISPPARAMS none{};
-  VARIANT property;
+  VARIANT property{};
   VariantInit(&property);
   const HRESULT told = asked->Invoke(kDefaultProperty, kIidNull, 0, DISPATCH_PROPERTYGET, &none,
                                      &property, nullptr, nullptr);

@@ -117,12 +117,15 @@ bool frmListwright::BuildStepList(bool forPreview) {
     return false;
   }
   auto list = generator::generateList(fields_.settings(), host().bytSpcCount);
-  if (!list && !forPreview) {
+  if (list) {
+    lwOutputString_ = *std::move(list);
+    return true;
+  }
+  if (!forPreview) {
     toolkit().showMessage({forms::MessageIcon::Information, u"How long?",
                            u"The list is too long.\n\n16 MiB at most"});
   }
-  if (list) lwOutputString_ = *std::move(list);
-  return list.has_value();
+  return false;
 }
 
 std::u16string frmListwright::takeList(bool forPreview) {

@@ -68,9 +68,8 @@ void frmStepBE::LoadOrSaveSlots(bool bolSave, const std::u16string& sFile) {
     const auto texts = stepfiles::readStoredTexts(sFile);
     storageRead_ = texts.has_value();
     if (!texts) return;
-    for (int slot = 0; slot < txtHold.size(); ++slot) {
-      txtHold(slot).setText(texts->at(static_cast<std::size_t>(slot)));
-    }
+    int slot = 0;
+    for (const std::u16string& text : *texts) txtHold(slot++).setText(text);
     return;
   }
   stepfiles::StoredTexts texts;

@@ -13,8 +13,7 @@ namespace kvrnstep::dialogs {
 class ListFields {
  public:
   /// As for NumericFields; every change of a setting refreshes the preview.
-  ListFields(Dialog& dialog, std::function<void(bool)> SetActionsEnabled,
-             std::function<void()> RefreshPreview);
+  ListFields(Dialog& dialog, std::function<void(bool)> enable, std::function<void()> refresh);
 
   [[nodiscard]] NumericFields& numbers() { return numbers_; }
 

@@ -14,8 +14,7 @@ class NumericFields {
  public:
   /// @param SetActionsEnabled is told whether the numbers make a list
   /// @param RefreshPreview is called when the user has changed a number
-  NumericFields(Dialog& dialog, std::function<void(bool)> SetActionsEnabled,
-                std::function<void()> RefreshPreview);
+  NumericFields(Dialog& dialog, std::function<void(bool)> enable, std::function<void()> refresh);
 
   [[nodiscard]] bool startAndEndValid() const;
 

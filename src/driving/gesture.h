@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cassert>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -43,6 +44,7 @@ struct Gesture {
 
   template <class T>
   [[nodiscard]] T& on() const {
+    assert(control != nullptr);
     return static_cast<T&>(*control);
   }
   [[nodiscard]] forms::TextSelection selection() const {

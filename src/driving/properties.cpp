@@ -96,7 +96,7 @@ constexpr Kinds kText = of(Kind::TextBox) | of(Kind::ComboBox);
 template <class Thing>
 struct Property {
   std::string_view name;
-  Kinds kinds;
+  Kinds kinds = kAll;
   Value (*get)(const Thing& thing);
   bool (*set)(Thing& thing, const std::u16string& word);
 };
@@ -111,9 +111,9 @@ constexpr auto row(std::string_view name, Kinds kinds = kAll) {
       name, kinds,
       [](const Thing& thing) { return asValue(std::invoke(Get, static_cast<const T&>(thing))); },
       []([[maybe_unused]] Thing& thing, [[maybe_unused]] const std::u16string& word) {
-        if constexpr (std::is_null_pointer_v<decltype(Set)>)
+        if constexpr (std::is_null_pointer_v<decltype(Set)>) {
           return false;
-        else {
+        } else {
           const auto value = parsed<Held>(word);
           if (value) std::invoke(Set, static_cast<T&>(thing), *value);
           return value.has_value();

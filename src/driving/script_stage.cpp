@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cassert>
 #include <cmath>
+#include <memory>
 #include <stdexcept>
 
 #include "driving/properties.h"
@@ -181,6 +183,7 @@ void ScriptStage::addWord(Gesture& gesture, char sort, const std::u16string& wor
       if (gesture.numbers.back() < 0) throw WrongScript("no such selection");
       return;
     case 'l':
+      assert(gesture.control != nullptr);
       mustBe(sort, *gesture.control);
       [[fallthrough]];
     case 'i':
@@ -228,11 +231,11 @@ ScriptStage::Target ScriptStage::targetOf(std::string_view text) const {
   return {control, text.substr(dot + 1)};
 }
 
-Outcome ScriptStage::read(std::string_view text, Value& value, std::string& reason) {
+Outcome ScriptStage::read(std::string_view target, Value& value, std::string& reason) {
   return judged(reason, [&] {
-    const auto [control, property] = targetOf(text);
+    const auto [control, property] = targetOf(target);
     auto found = control != nullptr ? held(*control, property) : held(topmost(), property);
-    if (!found) throw WrongScript("no such property in " + std::string(text));
+    if (!found) throw WrongScript("no such property in " + std::string(target));
     value = std::move(*found);
     if (control == nullptr) return true;
     const auto shown = driver_.shown(*control, property);
@@ -241,13 +244,13 @@ Outcome ScriptStage::read(std::string_view text, Value& value, std::string& reas
   });
 }
 
-Outcome ScriptStage::assign(std::string_view text, const std::u16string& word,
+Outcome ScriptStage::assign(std::string_view target, const std::u16string& value,
                             std::string& reason) {
   return judged(reason, [&] {
-    const auto [control, property] = targetOf(text);
-    const bool done = control != nullptr ? driving::assign(*control, property, word)
-                                         : driving::assign(topmost(), property, word);
-    if (!done) throw WrongScript(std::string(text) + " cannot be assigned that value");
+    const auto [control, property] = targetOf(target);
+    const bool done = control != nullptr ? driving::assign(*control, property, value)
+                                         : driving::assign(topmost(), property, value);
+    if (!done) throw WrongScript(std::string(target) + " cannot be assigned that value");
     topmost().update();
     return true;
   });
@@ -264,12 +267,9 @@ std::optional<Value> ScriptStage::contextField(std::string_view name) {
 
 template <class Show>
 auto ScriptStage::attended(Opened what, const Window* window, const MenuEntry* menu, Show show) {
-  struct End {
-    Driver& driver;
-    ~End() { driver.closed(); }
-  };
   driver_.opens(what, window, menu);
-  const End end{driver_};
+  const auto closed = [](Driver* driver) { driver->closed(); };
+  const std::unique_ptr<Driver, decltype(closed)> end(&driver_, closed);
   return show();
 }
 

@@ -20,7 +20,7 @@ class ScriptStage final : public forms::Toolkit, public Stage {
   /// All must outlive the stage. Without a context its fields cannot be read.
   ScriptStage(Driver& driver, Player& player, ContextFunction* context = nullptr);
 
-  Outcome perform(std::string_view verb, const std::vector<std::u16string>& words,
+  Outcome perform(std::string_view name, const std::vector<std::u16string>& words,
                   std::string& reason) override;
   Outcome read(std::string_view target, Value& value, std::string& reason) override;
   Outcome assign(std::string_view target, const std::u16string& value,

@@ -105,13 +105,14 @@ bool WidgetDriver::leavePopUp(Turn& turn, const Gesture& gesture) {
 }
 
 bool WidgetDriver::begin(const Gesture& gesture, const forms::ViewSync& view) {
-  const Control* control = gesture.control;
+  if (gesture.control == nullptr) return beginWithWindow(gesture, view);
+  const Control& control = *gesture.control;
   switch (gesture.what) {
     case What::Click:
     case What::DoubleClick:
     case What::RightClick:
-      if (control->kind() == forms::Kind::Menu) return pickFromBar(*control);
-      return click(*control, gesture.entry ? Part::Entry : Part::Whole, gesture.entry.value_or(0),
+      if (control.kind() == forms::Kind::Menu) return pickFromBar(control);
+      return click(control, gesture.entry ? Part::Entry : Part::Whole, gesture.entry.value_or(0),
                    gesture.what == What::RightClick ? MouseButton::Right : MouseButton::Left,
                    gesture.what == What::DoubleClick);
     case What::Type: {
@@ -119,26 +120,33 @@ bool WidgetDriver::begin(const Gesture& gesture, const forms::ViewSync& view) {
       return enter(box, {box.text().size(), 0}) && type(gesture.text, view);
     }
     case What::Clear:
-      return enter(*control, {0, gesture.on<TextControl>().text().size()}) && type(kDelete, view);
+      return enter(control, {0, gesture.on<TextControl>().text().size()}) && type(kDelete, view);
     case What::Select:
-      return enter(*control, gesture.selection());
+      return enter(control, gesture.selection());
     case What::Press:
       // "Ctrl+S" types a control character.
-      strike(std::u16string(1, static_cast<char16_t>(control->row().shortcut.back() - '@')));
+      strike(std::u16string(1, static_cast<char16_t>(control.row().shortcut.back() - '@')));
       return true;
     case What::Choose:
-      return click(*control, Part::DropDown) && click(*control, Part::Entry, *gesture.entry);
+      return click(control, Part::DropDown) && click(control, Part::Entry, *gesture.entry);
     case What::SpinUp:
-      return click(*control, Part::UpArrow);
+      return click(control, Part::UpArrow);
     case What::SpinDown:
-      return click(*control, Part::DownArrow);
+      return click(control, Part::DownArrow);
     case What::Drag: {
-      const auto from = spotOf(*control, Part::Whole, 0);
+      const auto from = spotOf(control, Part::Whole, 0);
       const auto to = spotOf(*gesture.target, Part::Whole, 0);
       return from && to && drag(*from, *to);
     }
     case What::Pick:
-      return pickFromBar(*control);
+      return pickFromBar(control);
+    default:
+      return false;
+  }
+}
+
+bool WidgetDriver::beginWithWindow(const Gesture& gesture, const forms::ViewSync& view) {
+  switch (gesture.what) {
     case What::Move:
     case What::Resize:
       place(gesture, view);
@@ -150,10 +158,9 @@ bool WidgetDriver::begin(const Gesture& gesture, const forms::ViewSync& view) {
     case What::Close:
       useFrame(gesture.window, gesture.what);
       return true;
-    case What::Escape:
-      break;
+    default:
+      return false;
   }
-  return false;
 }
 
 bool WidgetDriver::click(const Control& control, Part part, int entry, MouseButton button,

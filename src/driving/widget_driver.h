@@ -72,9 +72,9 @@ class WidgetDriver : public Driver {
  private:
   /// Something that is open.
   struct Turn {
-    Opened what;
-    const forms::Window* window;
-    const forms::MenuEntry* menu;
+    Opened what{};
+    const forms::Window* window = nullptr;
+    const forms::MenuEntry* menu = nullptr;
     bool busy = false;    ///< the user is at work
     bool leaves = false;  ///< there is nothing left to do but to close it
     void* box = nullptr;  ///< the box itself, to tell it from what it asks
@@ -83,7 +83,7 @@ class WidgetDriver : public Driver {
 
   /// An entry that is to be picked from a menu of the menu bar.
   struct Pick {
-    const forms::Control* entry;
+    const forms::Control* entry = nullptr;
     bool done = false;
     int looks = 0;
   };
@@ -93,6 +93,7 @@ class WidgetDriver : public Driver {
   void answer(Turn& turn, void* box);
   bool leavePopUp(Turn& turn, const Gesture& gesture);
   bool begin(const Gesture& gesture, const forms::ViewSync& view);
+  bool beginWithWindow(const Gesture& gesture, const forms::ViewSync& view);
   bool click(const forms::Control& control, Part part = Part::Whole, int entry = 0,
              forms::MouseButton button = forms::MouseButton::Left, bool twice = false);
   bool enter(const forms::Control& box, forms::TextSelection selection);

@@ -16,7 +16,7 @@ auto guarded(Action action) -> decltype(action()) {
 /// A mark that is set for as long as this lives. An exception takes it back, too.
 class Meanwhile {
  public:
-  explicit Meanwhile(bool& mark) : mark_(mark) { mark_ = true; }
+  explicit Meanwhile(bool& mark) : mark_(mark) { mark = true; }
   ~Meanwhile() { mark_ = false; }
   Meanwhile(const Meanwhile&) = delete;
   Meanwhile& operator=(const Meanwhile&) = delete;

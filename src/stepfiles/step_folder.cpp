@@ -24,11 +24,11 @@ bool comesBefore(std::u16string_view one, std::u16string_view other) {
   const auto order = std::lexicographical_compare_three_way(
       rest, one.end(), otherRest, other.end(),
       [](char16_t a, char16_t b) { return text::smallLetter(a) <=> text::smallLetter(b); });
-  return order != 0 ? order < 0 : one < other;
+  return std::is_neq(order) ? std::is_lt(order) : one < other;
 }
 
 void eraseAll(std::u16string& text, std::u16string_view part) {
-  for (std::size_t place = 0; (place = text.find(part, place)) != text.npos;) {
+  for (std::size_t place = 0; (place = text.find(part, place)) != std::u16string::npos;) {
     text.erase(place, part.size());
   }
 }

@@ -146,7 +146,7 @@ std::optional<QtDriver::Spot> QtDriver::spotOf(const forms::Control& control, Pa
       combo != nullptr && part == Part::Entry ? combo->view() : widget);
   if (area != nullptr) widget = area->viewport();
   QPoint middle = middleOf(*widget);
-  if (part == Part::Entry) {
+  if (part == Part::Entry && area != nullptr) {
     if (combo != nullptr && !QTest::qWaitForWindowExposed(area->window())) return std::nullopt;
     auto& list = static_cast<QAbstractItemView&>(*area);
     const QModelIndex index = list.model()->index(entry, 0);

@@ -48,17 +48,7 @@ std::u16string entriesOf(const QAbstractItemModel& model) {
   return text::joined(entries);
 }
 
-std::optional<Value> ofKind(const QWidget& widget, Kind kind, std::string_view property) {
-  if (const auto* box = qobject_cast<const QCheckBox*>(&widget)) {
-    if (const auto value = ofCheckBox(*box, property)) return value;
-  }
-  if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
-    if (property == "caption") return fromQt(button->text());
-    if (property == "value" || property == "checked") return button->isChecked();
-  }
-  if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
-    if (property == "caption" && kind == Kind::Label) return fromQt(label->text());
-  }
+std::optional<Value> ofEntries(const QWidget& widget, std::string_view property) {
   if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) {
     if (property == "items") return entriesOf(*combo->model());
     if (property == "index") return static_cast<double>(combo->currentIndex());
@@ -69,6 +59,20 @@ std::optional<Value> ofKind(const QWidget& widget, Kind kind, std::string_view p
     if (property == "index") return rows.isEmpty() ? -1.0 : static_cast<double>(rows[0].row());
   }
   return std::nullopt;
+}
+
+std::optional<Value> ofKind(const QWidget& widget, Kind kind, std::string_view property) {
+  if (const auto* box = qobject_cast<const QCheckBox*>(&widget)) {
+    if (auto value = ofCheckBox(*box, property)) return value;
+  }
+  if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
+    if (property == "caption") return fromQt(button->text());
+    if (property == "value" || property == "checked") return button->isChecked();
+  }
+  const auto* label = qobject_cast<const QLabel*>(&widget);
+  if (label != nullptr && property == "caption" && kind == Kind::Label)
+    return fromQt(label->text());
+  return ofEntries(widget, property);
 }
 
 }  // namespace

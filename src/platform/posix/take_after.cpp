@@ -103,6 +103,7 @@ bool File::takeAfter(const Path& other) const {
   if (!list && !hasNone(errno)) return false;
   if (list && !sameGroup) shareRights(*list);
   // The old file has no list, but the folder may have given one to this file.
+  // NOLINTNEXTLINE(clang-analyzer-cplusplus.InnerPointer): nothing has freed the list
   const int listed = list ? ::fsetxattr(file, kAccessList, list->data(), list->size(), 0)
                           : ::fremovexattr(file, kAccessList);
   if (listed != 0 && (list || !hasNone(errno))) return false;
