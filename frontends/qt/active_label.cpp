@@ -10,9 +10,9 @@
 
 #include "forms/keyboard.h"
 #include "looks.h"
+#include "shapes.h"
 #include "text.h"
 #include "text/text.h"
-#include "window_style.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {

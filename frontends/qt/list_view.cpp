@@ -8,8 +8,8 @@
 #include "forms/shown_entry.h"
 #include "looks.h"
 #include "mouse_releases.h"
+#include "shapes.h"
 #include "text.h"
-#include "window_style.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {

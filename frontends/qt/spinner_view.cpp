@@ -6,8 +6,8 @@
 #include "forms/keyboard.h"
 #include "looks.h"
 #include "mouse_releases.h"
+#include "shapes.h"
 #include "text.h"
-#include "window_style.h"
 #include "window_view.h"
 
 namespace kvrnstep::qt {

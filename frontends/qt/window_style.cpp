@@ -4,13 +4,14 @@
 #include <QCheckBox>
 #include <QFocusFrame>
 #include <QLabel>
+#include <QPainter>
 #include <QPointer>
 #include <QRadioButton>
 #include <QStyleOption>
 #include <algorithm>
-#include <cmath>
 
 #include "looks.h"
+#include "shapes.h"
 
 namespace kvrnstep::qt {
 
@@ -19,17 +20,7 @@ namespace {
 constexpr int kRing = 2;
 constexpr int kBesideRing = 3;
 constexpr int kScrollBar = 9;
-constexpr double kRound = 3;
-
-/// The rectangle in dots of the screen. Qt rounds the place and the size of a widget separately.
-QRect dotsOf(const QRect& rect, const QTransform& toDots) {
-  const QRectF exact = toDots.mapRect(QRectF(rect));
-  const int left = qRound(exact.left());
-  const int top = qRound(exact.top());
-  const int right = std::min(left + qRound(exact.width()), qRound(exact.right()));
-  const int bottom = std::min(top + qRound(exact.height()), qRound(exact.bottom()));
-  return {QPoint(left, top), QSize(right - left, bottom - top)};
-}
+constexpr int kRound = 3;
 
 bool has(const QStyleOption& option, QStyle::StateFlag state) {
   return option.state.testFlag(state);
@@ -76,7 +67,7 @@ Box buttonOf(const QStyleOption& option, bool main) {
   constexpr int kHover = 8;
   constexpr int kPressed = 20;
   constexpr int kSmall = 14;
-  const double round = option.rect.height() < kSmall ? kSquare : kRound;
+  const int round = option.rect.height() < kSmall ? kSquare : kRound;
   const Shades& shades = shadesOf(option.palette);
   const QColor ground = main ? shades.accent : shades.button;
   // Away from the text, which stays as easy to read.
@@ -93,43 +84,17 @@ Box buttonOf(const QStyleOption& option, bool main) {
           main ? shades.accentOutline : outlineOf(option), 1, round};
 }
 
-QPen markPen(const QColor& color, double width) {
-  return {color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
-}
-
 void drawCheckBox(QPainter& painter, const QStyleOption& option) {
-  const QRect& rect = option.rect;
-  drawBox(painter, rect, indicatorOf(option));
-  const auto point = [&rect](double x, double y) {
-    return QPointF(rect.x() + x * rect.width(), rect.y() + y * rect.height());
-  };
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(markPen(markColorOf(option), 2));
-  if (has(option, QStyle::State_NoChange)) {
-    painter.drawLine(point(0.28, 0.5), point(0.72, 0.5));
-  } else if (has(option, QStyle::State_On)) {
-    painter.drawPolyline(QPolygonF{point(0.25, 0.52), point(0.43, 0.7), point(0.75, 0.3)});
-  }
-  painter.restore();
+  drawBox(painter, option.rect, indicatorOf(option));
+  const bool partly = has(option, QStyle::State_NoChange);
+  if (!partly && !has(option, QStyle::State_On)) return;
+  drawMark(painter, option.rect, partly ? Mark::Dash : Mark::Check, markColorOf(option));
 }
 
 void drawOption(QPainter& painter, const QStyleOption& option) {
-  constexpr double kDot = 0.2;
-  const Box field = indicatorOf(option);
-  const double half = std::min(option.rect.width(), option.rect.height()) / 2.0;
-  const QPointF middle = QRectF(option.rect).center();
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(field.outline, field.width));
-  painter.setBrush(field.ground);
-  painter.drawEllipse(middle, half - 0.5, half - 0.5);
-  if (has(option, QStyle::State_On)) {
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(markColorOf(option));
-    painter.drawEllipse(middle, 2 * half * kDot, 2 * half * kDot);
-  }
-  painter.restore();
+  const bool chosen = has(option, QStyle::State_On);
+  drawCircle(painter, option.rect, indicatorOf(option),
+             chosen ? markColorOf(option) : Qt::transparent);
 }
 
 bool isLink(const QLabel& label) {
@@ -265,21 +230,6 @@ void drawGrip(QPainter& painter, const QStyleOption& option) {
   }
 }
 
-/// As most boxes are, and much faster than round corners.
-void drawSquare(QPainter& painter, const QRect& dots, int width, const Box& box) {
-  const QTransform fromDots = painter.deviceTransform().inverted();
-  const auto fill = [&](int left, int top, int right, int bottom, const QBrush& brush) {
-    painter.fillRect(fromDots.mapRect(QRectF(left, top, right - left, bottom - top)), brush);
-  };
-  const int right = dots.left() + dots.width();
-  const int bottom = dots.top() + dots.height();
-  if (box.ground != Qt::NoBrush) fill(dots.left(), dots.top(), right, bottom, box.ground);
-  fill(dots.left(), dots.top(), right, dots.top() + width, box.outline);
-  fill(dots.left(), bottom - width, right, bottom, box.outline);
-  fill(dots.left(), dots.top(), dots.left() + width, bottom, box.outline);
-  fill(right - width, dots.top(), right, bottom, box.outline);
-}
-
 /// Not for plain grounds and menus, nor for widgets that ask the window's style or draw nothing
 /// themselves.
 bool needsOurStyle(const QWidget& part) {
@@ -290,38 +240,6 @@ bool needsOurStyle(const QWidget& part) {
 }
 
 }  // namespace
-
-void drawBox(QPainter& painter, const QRect& rect, const Box& box) {
-  const QTransform toDots = painter.deviceTransform();
-  const double scale = painter.device()->devicePixelRatioF();
-  const int width = std::max(1, static_cast<int>(std::floor(box.width * scale)));
-  if (box.round <= kSquare) {
-    return drawSquare(painter, dotsOf(rect, toDots), width, box);
-  }
-  const double half = width / 2.0;
-  const QRectF middle = QRectF(dotsOf(rect, toDots)).adjusted(half, half, -half, -half);
-  const double round = std::max(0.0, box.round - box.width / 2.0);
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(box.outline, width / scale, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-  painter.setBrush(box.ground);
-  painter.drawRoundedRect(toDots.inverted().mapRect(middle), round, round);
-  painter.restore();
-}
-
-void drawArrowHead(QPainter& painter, const QRect& within, bool up, const QColor& color) {
-  constexpr double kWide = 3;
-  constexpr double kHigh = 1.5;
-  constexpr double kPen = 1.1;
-  const QPointF middle = QRectF(within).center();
-  const double tip = up ? -kHigh : kHigh;
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(markPen(color, kPen));
-  painter.drawPolyline(QPolygonF{middle + QPointF(-kWide, -tip), middle + QPointF(0, tip),
-                                 middle + QPointF(kWide, -tip)});
-  painter.restore();
-}
 
 void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                 QPainter* painter, const QWidget* widget) const {
