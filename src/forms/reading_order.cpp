@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <span>
 #include <tuple>
 
 #include "forms/keyboard.h"
@@ -19,15 +20,16 @@ struct Cut {
 constexpr std::array kRowsThenColumns{Cut{&Rect::top, &Rect::bottom},
                                       Cut{&Rect::left, &Rect::right}};
 
-/// The group cut wherever a straight line can be drawn that touches no control.
-std::vector<Group> parts(Group group, Cut cut) {
+/// The group cut wherever a straight line can be drawn that touches no control. The group itself is
+/// sorted, because copies of its parts would take longer than all else here.
+std::vector<std::span<Control*>> parts(std::span<Control*> group, Cut cut) {
   std::ranges::stable_sort(group, {}, [cut](const Control* c) { return c->place().*cut.begin; });
-  std::vector<Group> result;
+  std::vector<std::span<Control*>> result;
   double end = -std::numeric_limits<double>::infinity();
-  for (Control* control : group) {
+  for (Control*& control : group) {
     const Rect& place = control->place();
-    if (place.*cut.begin >= end) result.emplace_back();
-    result.back().push_back(control);
+    if (place.*cut.begin >= end) result.emplace_back(&control, 0);
+    result.back() = {result.back().data(), result.back().size() + 1};
     end = std::max(end, (place.*cut.end)());
   }
   return result;
@@ -49,12 +51,12 @@ bool holdsOthers(const Control& control) {
 
 /// Adds the controls as the eye reads: rows from top to bottom, each from left to right, and what
 /// is in a container right behind it. Controls that overlap follow their upper left corners.
-void read(Group group, Group& order) {
+void read(std::span<Control*> group, Group& order) {
   if (group.size() > 1) {
     for (const Cut& cut : kRowsThenColumns) {
       const auto cutUp = parts(group, cut);
       if (cutUp.size() == 1) continue;
-      for (const Group& part : cutUp) read(part, order);
+      for (const std::span<Control*> part : cutUp) read(part, order);
       return;
     }
   }
@@ -63,7 +65,9 @@ void read(Group group, Group& order) {
   });
   for (Control* control : group) {
     order.push_back(control);
-    if (holdsOthers(*control)) read(visibleIn(control->window(), control), order);
+    if (!holdsOthers(*control)) continue;
+    Group held = visibleIn(control->window(), control);
+    read(held, order);
   }
 }
 
@@ -97,8 +101,9 @@ bool takesInput(const Control& control) {
 }  // namespace
 
 std::vector<Control*> tabOrder(const Window& window) {
+  Group group = visibleIn(window, nullptr);
   Group asRead;
-  read(visibleIn(window, nullptr), asRead);
+  read(group, asRead);
   Group order = withLabelsBeforeTheirBoxes(asRead);
   std::ranges::stable_sort(order, {}, [](const Control* control) { return turn(*control); });
   return order;
