@@ -2,6 +2,7 @@
 
 #include <QKeySequence>
 #include <QMenuBar>
+#include <cassert>
 
 #include "forms/keyboard.h"
 #include "forms/user_actions.h"
@@ -22,6 +23,7 @@ MenuView::MenuView(WindowView& window, forms::MenuEntry& entry)
     menu_->setAccessibleName(toQt(forms::accessibleName(entry)));
     action_ = menu_->menuAction();
   } else {
+    assert(parent_ != nullptr);
     action_ = new QAction(parent_->menu());
     action_->setShortcut(
         QKeySequence::fromString(toQt(entry.row().shortcut), QKeySequence::PortableText));

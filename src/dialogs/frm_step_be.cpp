@@ -100,7 +100,7 @@ void frmStepBE::Form_Resize() {
   const double height = innerHeight();
   control<Control>("cmdOK").setPlace({kOkButton.left * width, kOkButton.top * height,
                                       kOkButton.width * width, kOkButton.height * height});
-  for (int slot = 0; slot < txtHold.size(); ++slot) layOutSlot(slot, width, height);
+  for (int slot = 0; slot < decltype(txtHold)::size(); ++slot) layOutSlot(slot, width, height);
 }
 
 void frmStepBE::keepMinimumSize() {

@@ -97,7 +97,8 @@ void LineReader::takeFence(std::string_view content) {
   if (isCode()) {
     const bool ends = behindBlanks(rest, 0) == rest.size();
     if (ends && content.front() == fenceCharacter_ && length >= fenceLength_) fenceLength_ = 0;
-  } else if (length >= kLeast && (content.front() == '~' || rest.find('`') == rest.npos)) {
+  } else if (length >= kLeast &&
+             (content.front() == '~' || rest.find('`') == std::string_view::npos)) {
     fenceCharacter_ = content.front();
     fenceLength_ = length;
   }
