@@ -21,7 +21,7 @@ forms::Rgb systemColor(int number) {
 }
 
 Icon loadPicture(forms::Picture picture, int pixels) {
-  if (picture.empty()) return Icon(nullptr);
+  if (picture.empty()) return {};
   const auto loaded = [pixels](const std::wstring& name) {
     return Icon(static_cast<HICON>(load(name.c_str(), IMAGE_ICON, pixels, 0)));
   };

@@ -21,7 +21,7 @@ class Receiver {
 
  protected:
   Receiver() = default;
-  virtual ~Receiver() { release(); }
+  ~Receiver() { release(); }
 
   /// To be called once.
   void adopt(HWND handle);

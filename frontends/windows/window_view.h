@@ -17,6 +17,8 @@ class WindowView final : public forms::ViewSync, public Receiver {
  public:
   WindowView(forms::Window& window, HWND owner);
   ~WindowView() override;
+  WindowView(const WindowView&) = delete;
+  WindowView& operator=(const WindowView&) = delete;
 
   [[nodiscard]] ControlView& viewOf(const forms::Control& control) const;
   [[nodiscard]] const MenuBar& menus() const { return menus_; }

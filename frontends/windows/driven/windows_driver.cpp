@@ -150,8 +150,8 @@ bool WindowsDriver::clickAt(const Spot& spot, MouseButton button, bool twice) {
 }
 
 bool WindowsDriver::drag(const Spot& from, const Spot& to) {
-  const auto source = static_cast<HWND>(from.widget);
-  const auto target = static_cast<HWND>(to.widget);
+  auto* const source = static_cast<HWND>(from.widget);
+  auto* const target = static_cast<HWND>(to.widget);
   POINT start{from.x, from.y};
   POINT end{to.x, to.y};
   ::ClientToScreen(source, &start);
@@ -240,7 +240,7 @@ void WindowsDriver::enterLine(void* box) {
 }
 
 void WindowsDriver::agree(void* box) {
-  const auto dialog = static_cast<HWND>(box);
+  auto* const dialog = static_cast<HWND>(box);
   HWND button = ::GetDlgItem(dialog, IDYES);
   while (button == nullptr || ::IsWindowVisible(button) == FALSE) {
     button = ::FindWindowExW(dialog, button, L"Button", nullptr);

@@ -36,12 +36,12 @@ CONDITION_VARIABLE onceDone = CONDITION_VARIABLE_INIT;
 /// has another calling convention.
 struct Specific {
   void (*destroy)(void*);
-  const void* value;
+  void* value;
 };
 void CALLBACK destroySpecific(void* memory) {
   auto* const own = static_cast<Specific*>(memory);
   if (own->destroy != nullptr && own->value != nullptr) {
-    own->destroy(const_cast<void*>(own->value));
+    own->destroy(own->value);
   }
   std::free(own);
 }
@@ -64,6 +64,8 @@ __attribute__((destructor(101))) void freeAll() {
 
 }  // namespace
 
+// The system's header names the parameters otherwise, and hides what a mutex is.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name,misc-non-copyable-objects)
 extern "C" {
 
 int pthread_once(pthread_once_t* once, void (*run)()) {
@@ -127,7 +129,7 @@ int pthread_key_create(pthread_key_t* key, void (*destroy)(void*)) {
 
 void* pthread_getspecific(pthread_key_t key) {
   const auto* const own = static_cast<const Specific*>(::FlsGetValue(keys.at(key).slot));
-  return own == nullptr ? nullptr : const_cast<void*>(own->value);
+  return own == nullptr ? nullptr : own->value;
 }
 
 int pthread_setspecific(pthread_key_t key, const void* value) {
@@ -137,7 +139,8 @@ int pthread_setspecific(pthread_key_t key, const void* value) {
     if (own == nullptr || ::FlsSetValue(keys.at(key).slot, own) == FALSE) return ENOMEM;
     own->destroy = keys.at(key).destroy;
   }
-  own->value = value;
+  own->value = const_cast<void*>(value);  // NOLINT(cppcoreguidelines-pro-type-const-cast)
   return 0;
 }
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name,misc-non-copyable-objects)
