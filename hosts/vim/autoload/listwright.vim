@@ -241,8 +241,11 @@ function! s:Wait(program, input, output, errors) abort
   let job = job_start(a:program, extend(input,
     \ {'out_io': 'file', 'out_name': a:output, 'err_io': 'file', 'err_name': a:errors}))
   try
+    " A list is there at once, and a dialog stays for long.
+    let pause = 1
     while job_status(job) ==# 'run'
-      sleep 10m
+      execute 'sleep' pause . 'm'
+      let pause = min([2 * pause, 20])
     endwhile
   finally
     call job_stop(job)
