@@ -13,6 +13,7 @@ const wchar_t* ownClass();
 /// Gets the messages of a window before the system deals with them.
 class Receiver {
  public:
+  virtual ~Receiver() { release(); }
   Receiver(const Receiver&) = delete;
   Receiver& operator=(const Receiver&) = delete;
 
@@ -21,7 +22,6 @@ class Receiver {
 
  protected:
   Receiver() = default;
-  ~Receiver() { release(); }
 
   /// To be called once.
   void adopt(HWND handle);
