@@ -74,8 +74,8 @@ bool fits(std::int32_t number) {
 /// Takes over what a host passes, and notes when a number does not fit.
 struct Take {
   bool allFit = true;
-  void operator()(bool& field, std::int32_t given) const { field = given != 0; }
-  void operator()(std::u16string& field, const char* given) const { field = textOf(given); }
+  void operator()(bool& field, std::int32_t given) { field = given != 0; }
+  void operator()(std::u16string& field, const char* given) { field = textOf(given); }
   template <class Number>
   void operator()(Number& field, std::int32_t given) {
     allFit = allFit && fits<Number>(given);

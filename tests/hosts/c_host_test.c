@@ -166,6 +166,7 @@ static void says_why_it_shows_nothing(void) {
   char* text = "untouched";
   kvrnstep_dialog_init(&dialog, sizeof dialog);
   EXPECT(dialog.i_EditorSize == 9 && dialog.bytSpcCount == 4);
+  dialog.BuMenuMode = dialog.insert_copies = -1;
   EXPECT(kvrnstep_show_dialog(&dialog, &text) == KVRNSTEP_NO_DISPLAY && text == NULL);
   EXPECT(kvrnstep_can_show_dialog(&text) == KVRNSTEP_NO_DISPLAY);
   EXPECT(text != NULL && strlen(text) > 10 && strchr(text, '\n') == NULL);
