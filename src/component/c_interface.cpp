@@ -17,7 +17,7 @@ namespace kvrnstep::component {
 namespace {
 
 std::optional<plugin::CallArguments> argumentsOf(const kvrnstep_dialog* given) {
-  const auto dialog = known(given, kDialogDefaults);
+  const auto dialog = known(given, kDialogDefaults, offsetof(kvrnstep_dialog, insert_copies));
   if (!dialog) return std::nullopt;
   plugin::CallArguments arguments;
   Take take;
@@ -70,7 +70,7 @@ int kvrnstep_can_show_dialog(char** problem) {
 
 char* kvrnstep_request_program_icon(int32_t piIndex101to103) {
   return guarded<char*>(nullptr, [&]() -> char* {
-    if (!fits<std::int16_t>(piIndex101to103)) return nullptr;
+    if (!std::in_range<std::int16_t>(piIndex101to103)) return nullptr;
     const auto path = plugin::cIcon::RequestProgramIcon(static_cast<std::int16_t>(piIndex101to103));
     return path.empty() ? nullptr : copyOf(text::toUtf8(path));
   });

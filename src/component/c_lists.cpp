@@ -24,7 +24,7 @@ struct Described {
 };
 
 std::optional<Described> described(const kvrnstep_list* given) {
-  const auto list = known(given, kListDefaults);
+  const auto list = known(given, kListDefaults, offsetof(kvrnstep_list, IndentSpacing));
   if (!list) return std::nullopt;
   Described result;
   Take take;
@@ -57,7 +57,7 @@ int generate(const generator::ListSettings& settings, std::size_t blanks, std::u
 /// Fills in what the labels look like, and the number that they begin with.
 int readLabels(const kvrnstep_lines& given, lines::LineOptions& options) {
   if (given.step_file != nullptr) {
-    if (!fits<std::uint8_t>(given.bytSpcCount)) return KVRNSTEP_BAD_ARGUMENT;
+    if (!std::in_range<std::uint8_t>(given.bytSpcCount)) return KVRNSTEP_BAD_ARGUMENT;
     options.indentBlanks = static_cast<std::uint8_t>(given.bytSpcCount);
     const int result = readStepFile(given.step_file, options.list.emplace());
     if (result != KVRNSTEP_DONE) return result;
@@ -77,10 +77,10 @@ struct NotTaken : std::exception {};
 /// @param changed the new text, unless `take` gets it; or why a label does not exist
 int changeLines(decltype(lines::number)& change, const kvrnstep_lines* given, std::string_view text,
                 std::string& changed) {
-  const auto settings = known(given, kLinesDefaults);
+  const auto settings = known(given, kLinesDefaults, offsetof(kvrnstep_lines, line));
   if (!settings || settings->start < -1 || settings->step == 0 ||
       settings->line < (&change == lines::continueList ? 1 : 0) ||
-      !fits<std::uint8_t>(settings->pad) || (text.data() == nullptr && !text.empty())) {
+      !std::in_range<std::uint8_t>(settings->pad) || (text.data() == nullptr && !text.empty())) {
     return KVRNSTEP_BAD_ARGUMENT;
   }
   lines::LineOptions options{.step = settings->step,
@@ -146,7 +146,7 @@ int kvrnstep_generate(const kvrnstep_list* list, char** text) {
 
 int kvrnstep_generate_from_step_file(const char* path, int32_t bytSpcCount, char** text) {
   return guardedList(text, [&](std::u16string& generated) -> int {
-    if (path == nullptr || !fits<std::uint8_t>(bytSpcCount)) return KVRNSTEP_BAD_ARGUMENT;
+    if (path == nullptr || !std::in_range<std::uint8_t>(bytSpcCount)) return KVRNSTEP_BAD_ARGUMENT;
     generator::ListSettings settings;
     const int result = readStepFile(path, settings);
     if (result != KVRNSTEP_DONE) return result;

@@ -6,10 +6,10 @@
 #include <cstdlib>
 #include <cstring>
 #include <exception>
-#include <limits>
 #include <optional>
 #include <string>
 #include <type_traits>
+#include <utility>
 
 #include "kvrnstep/kvrnstep.h"
 #include "text/codepage.h"
@@ -17,28 +17,15 @@
 /// Values from and to hosts in C. UTF-8 and C structs are converted here, and exceptions end here.
 namespace kvrnstep::component {
 
-// There is no padding at the end. A later version would put a new field there, and the padding of
-// an older host may have any value.
-static_assert(std::has_unique_object_representations_v<kvrnstep_dialog>);
-static_assert(std::has_unique_object_representations_v<kvrnstep_list>);
-static_assert(std::has_unique_object_representations_v<kvrnstep_lines>);
-
-/// The sizes of the shortest structs that are taken; a shorter one is a host's mistake.
-constexpr std::size_t least(const kvrnstep_dialog& /*dialog*/) {
-  return offsetof(kvrnstep_dialog, insert_copies);
-}
-constexpr std::size_t least(const kvrnstep_list& /*list*/) {
-  return offsetof(kvrnstep_list, IndentSpacing);
-}
-constexpr std::size_t least(const kvrnstep_lines& /*lines*/) {
-  return offsetof(kvrnstep_lines, line);
-}
-
 /// A struct as this version knows it. Fields that the host does not know have their defaults.
 /// Nothing if the host did not initialise its struct.
+/// @param least the size of the shortest struct that is taken; a shorter one is a host's mistake
 template <class Struct>
-std::optional<Struct> known(const Struct* given, Struct defaults) {
-  if (given == nullptr || given->size < least(defaults)) return std::nullopt;
+std::optional<Struct> known(const Struct* given, Struct defaults, std::size_t least) {
+  // There is no padding at the end. A later version would put a new field there, and the padding of
+  // an older host may have any value.
+  static_assert(std::has_unique_object_representations_v<Struct>);
+  if (given == nullptr || given->size < least) return std::nullopt;
   std::memcpy(static_cast<void*>(&defaults), given,
               std::min<std::size_t>(given->size, sizeof(Struct)));
   return defaults;
@@ -64,13 +51,6 @@ inline char* copyOf(const std::string& bytes) {
   return copy;
 }
 
-/// A number is taken as it is, or refused if it does not fit.
-template <class Narrow>
-bool fits(std::int32_t number) {
-  using Limits = std::numeric_limits<Narrow>;
-  return number >= Limits::min() && number <= Limits::max();
-}
-
 /// Takes over what a host passes, and notes when a number does not fit.
 struct Take {
   bool allFit = true;
@@ -78,7 +58,7 @@ struct Take {
   void operator()(std::u16string& field, const char* given) { field = textOf(given); }
   template <class Number>
   void operator()(Number& field, std::int32_t given) {
-    allFit = allFit && fits<Number>(given);
+    allFit = allFit && std::in_range<Number>(given);
     field = static_cast<Number>(given);
   }
 };

@@ -37,11 +37,7 @@ class ClassObject final : public IClassFactory {
     });
   }
   HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
-    if (lock != 0) {
-      AddRef();
-    } else {
-      Release();
-    }
+    lock != 0 ? AddRef() : Release();
     return S_OK;
   }
 };

@@ -27,15 +27,11 @@ class IconObject final : public Object<_cIcon, kInterfaceIcon> {
     std::int16_t id = 0;
     arguments.read(0, id);
     if (FAILED(arguments.result())) return arguments.result();
-    VARIANT path{};
-    VariantInit(&path);
+    VARIANT unwanted{};
+    VARIANT& path = result != nullptr ? *result : unwanted;
     path.vt = VT_BSTR;
     const HRESULT done = RequestProgramIcon(id, &path.bstrVal);
-    if (result != nullptr) {
-      *result = path;
-    } else {
-      VariantClear(&path);
-    }
+    VariantClear(&unwanted);
     return done;
   }
 };

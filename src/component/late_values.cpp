@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <utility>
 #include <variant>
 
 #include "component/bstr.h"
@@ -117,21 +118,6 @@ std::optional<double> numberOf(const Value& value) {
   return std::nullopt;
 }
 
-template <class Whole>
-HRESULT readWhole(const VARIANT& argument, Whole& value) {
-  using Limits = std::numeric_limits<Whole>;
-  const Value given = valueOf(argument);
-  const auto number = numberOf(given);
-  if (!number) return DISP_E_TYPEMISMATCH;
-  const auto rounded = text::roundToInt32(*number);
-  if (!rounded) return DISP_E_OVERFLOW;
-  // True has all bits set, in a byte too.
-  const bool fits = *rounded >= Limits::min() && *rounded <= Limits::max();
-  if (!fits && !std::holds_alternative<bool>(given)) return DISP_E_OVERFLOW;
-  value = static_cast<Whole>(*rounded);
-  return S_OK;
-}
-
 std::u16string decimalText(double number) {
   const bool whole = number == std::nearbyint(number) && std::abs(number) < 1e15;
   return whole ? text::decimal(static_cast<std::int64_t>(number))
@@ -165,17 +151,22 @@ HRESULT readValue(const VARIANT& argument, std::u16string& value) {
   return S_OK;
 }
 
-HRESULT readValue(const VARIANT& argument, std::int16_t& value) {
-  return readWhole(argument, value);
+template <std::integral Whole>
+HRESULT readValue(const VARIANT& argument, Whole& value) {
+  const Value given = valueOf(argument);
+  const auto number = numberOf(given);
+  if (!number) return DISP_E_TYPEMISMATCH;
+  const auto rounded = text::roundToInt32(*number);
+  if (!rounded) return DISP_E_OVERFLOW;
+  // True has all bits set, in a byte too.
+  const bool fits = std::in_range<Whole>(*rounded);
+  if (!fits && !std::holds_alternative<bool>(given)) return DISP_E_OVERFLOW;
+  value = static_cast<Whole>(*rounded);
+  return S_OK;
 }
-
-HRESULT readValue(const VARIANT& argument, std::int32_t& value) {
-  return readWhole(argument, value);
-}
-
-HRESULT readValue(const VARIANT& argument, std::uint8_t& value) {
-  return readWhole(argument, value);
-}
+template HRESULT readValue(const VARIANT& argument, std::int16_t& value);
+template HRESULT readValue(const VARIANT& argument, std::int32_t& value);
+template HRESULT readValue(const VARIANT& argument, std::uint8_t& value);
 
 HRESULT readValue(const VARIANT& argument, bool& value) {
   const Value given = valueOf(argument);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <string>
 
@@ -20,9 +21,8 @@ bool isMissing(const VARIANT& argument);
 HRESULT readValue(const VARIANT& argument, std::u16string& value);
 /// Numbers of any type and texts that are numbers, rounded with halves to even; True is −1, in a
 /// byte 255; an empty variant is 0.
-HRESULT readValue(const VARIANT& argument, std::int16_t& value);
-HRESULT readValue(const VARIANT& argument, std::int32_t& value);
-HRESULT readValue(const VARIANT& argument, std::uint8_t& value);
+template <std::integral Whole>
+HRESULT readValue(const VARIANT& argument, Whole& value);
 /// Any number but 0 is True, and so is the text "True".
 HRESULT readValue(const VARIANT& argument, bool& value);
 

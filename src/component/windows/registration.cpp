@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "platform/files.h"
 #include "platform/module.h"
@@ -15,7 +16,6 @@ namespace {
 using text::wide;
 
 constexpr std::u16string_view kTitle = u"kvrn Listwright";
-constexpr std::u16string_view kClasses = u"Software\\Classes\\";
 constexpr std::u16string_view kVersion = u"5.0";
 /// The language of the type library. For calls between apartments the system looks it up without a
 /// language.
@@ -50,85 +50,60 @@ std::u16string textOf(const GUID& id) {
   return text;
 }
 
-std::u16string joined(std::initializer_list<std::u16string_view> parts) {
-  std::u16string all;
-  for (const auto part : parts) all += part;
-  return all;
+// All keys are below this one of a root.
+std::u16string inClasses(std::u16string_view key) {
+  return u"Software\\Classes\\" + std::u16string(key);
 }
-
 std::u16string keyOfClass(const Class& one) {
-  return joined({kClasses, u"CLSID\\", textOf(one.id)});
-}
-std::u16string keyOfName(const Class& one) {
-  return joined({kClasses, one.name});
+  return u"CLSID\\" + textOf(one.id);
 }
 std::u16string keyOfInterface(const Class& one) {
-  return joined({kClasses, u"Interface\\", textOf(one.interfaceId)});
+  return u"Interface\\" + textOf(one.interfaceId);
 }
 std::u16string keyOfLibrary() {
-  return joined({kClasses, u"TypeLib\\", textOf(kLibrary)});
+  return u"TypeLib\\" + textOf(kLibrary);
 }
 std::u16string keyOfVersion() {
-  return joined({keyOfLibrary(), u"\\", kVersion});
+  return keyOfLibrary().append(u"\\").append(kVersion);
+}
+std::u16string keyOfModule(std::u16string_view language) {
+  return keyOfVersion().append(language).append(kSystem);
 }
 
-/// Writes keys below one root, up to the first failure.
-class Writer {
- public:
-  explicit Writer(HKEY root) : root_(root) {}
-
-  /// @param name of the value; null for the default value
-  void write(const std::u16string& key, std::u16string_view text, const wchar_t* name = nullptr) {
-    if (result_ != ERROR_SUCCESS) return;
-    const std::u16string value(text);
-    const auto size = static_cast<DWORD>((value.size() + 1) * sizeof(char16_t));
-    result_ = ::RegSetKeyValueW(root_, wide(key), name, REG_SZ, value.c_str(), size);
-    began_ = began_ || result_ == ERROR_SUCCESS;
-  }
-
-  [[nodiscard]] LSTATUS result() const { return result_; }
-  /// Whether anything may have been written so far.
-  [[nodiscard]] bool began() const { return began_; }
-
- private:
-  HKEY root_;
-  LSTATUS result_ = ERROR_SUCCESS;
-  bool began_ = false;
+struct Value {
+  std::u16string key;
+  std::u16string text;
+  const wchar_t* name = nullptr;  ///< null for the key's default value
 };
 
-void writeClass(Writer& writer, const Class& one, const std::u16string& module) {
-  const std::u16string key = keyOfClass(one);
-  writer.write(key, kTitle);
-  writer.write(key + u"\\InprocServer32", module);
-  writer.write(key + u"\\InprocServer32", u"Apartment", L"ThreadingModel");
-  writer.write(key + u"\\ProgID", one.name);
-  writer.write(key + u"\\Programmable", u"");
-  writer.write(key + u"\\TypeLib", textOf(kLibrary));
-  writer.write(key + u"\\Version", kVersion);
-  writer.write(keyOfName(one), kTitle);
-  writer.write(keyOfName(one) + u"\\CLSID", textOf(one.id));
-  writer.write(keyOfInterface(one), one.interfaceName);
-  writer.write(keyOfInterface(one) + u"\\ProxyStubClsid32", kMarshaler);
-  writer.write(keyOfInterface(one) + u"\\TypeLib", textOf(kLibrary));
-  writer.write(keyOfInterface(one) + u"\\TypeLib", kVersion, L"Version");
-}
-
-void writeAll(Writer& writer) {
+std::vector<Value> allValues() {
   const std::u16string module = platform::modulePath();
-  for (const Class& one : kComponentClasses) writeClass(writer, one, module);
-  writer.write(keyOfVersion(), u"kvrnstep");
-  for (const auto language : kLanguages) {
-    writer.write(joined({keyOfVersion(), language, kSystem}), module);
+  const std::u16string version(kVersion);
+  const std::u16string title(kTitle);
+  std::vector<Value> all;
+  for (const Class& one : kComponentClasses) {
+    const std::u16string key = keyOfClass(one);
+    const std::u16string name(one.name);
+    const std::u16string ofInterface = keyOfInterface(one);
+    all.insert(all.end(), {{key, title},
+                           {key + u"\\InprocServer32", module},
+                           {key + u"\\InprocServer32", u"Apartment", L"ThreadingModel"},
+                           {key + u"\\ProgID", name},
+                           {key + u"\\Programmable", u""},
+                           {key + u"\\TypeLib", textOf(kLibrary)},
+                           {key + u"\\Version", version},
+                           {name, title},
+                           {name + u"\\CLSID", textOf(one.id)},
+                           {ofInterface, std::u16string(one.interfaceName)},
+                           {ofInterface + u"\\ProxyStubClsid32", std::u16string(kMarshaler)},
+                           {ofInterface + u"\\TypeLib", textOf(kLibrary)},
+                           {ofInterface + u"\\TypeLib", version, L"Version"}});
   }
-  writer.write(keyOfVersion() + u"\\FLAGS", u"0");
-  writer.write(keyOfVersion() + u"\\HELPDIR", platform::moduleFolder());
-}
-
-bool exists(HKEY root, const std::u16string& key, REGSAM view) {
-  HKEY opened = nullptr;
-  if (::RegOpenKeyExW(root, wide(key), 0, KEY_READ | view, &opened) != ERROR_SUCCESS) return false;
-  ::RegCloseKey(opened);
-  return true;
+  for (const auto language : kLanguages) all.push_back({keyOfModule(language), module});
+  all.insert(all.end(), {{keyOfVersion(), u"kvrnstep"},
+                         {keyOfVersion() + u"\\FLAGS", u"0"},
+                         {keyOfVersion() + u"\\HELPDIR", platform::moduleFolder()}});
+  return all;
 }
 
 /// On 64-bit Windows the 32-bit and the 64-bit build share the names and the type library, but not
@@ -138,70 +113,71 @@ bool otherBuildIsRegistered(HKEY root) {
 #ifndef _WIN64
   ::IsWow64Process(::GetCurrentProcess(), &emulated);
 #endif
-  return emulated != FALSE && exists(root, keyOfClass(kComponentClasses.front()), kOtherView);
+  HKEY opened = nullptr;
+  const std::u16string key = inClasses(keyOfClass(kComponentClasses.front()));
+  if (emulated == FALSE ||
+      ::RegOpenKeyExW(root, wide(key), 0, KEY_READ | kOtherView, &opened) != ERROR_SUCCESS) {
+    return false;
+  }
+  ::RegCloseKey(opened);
+  return true;
 }
 
-/// Deletes keys below one root and remembers the first failure. A missing key is not a failure.
-class Eraser {
- public:
-  explicit Eraser(HKEY root) : root_(root) {}
+/// Deletes a key that writing the others may have made.
+void eraseIfEmpty(HKEY root, std::u16string_view key) {
+  const std::u16string path = inClasses(key);
+  HKEY opened = nullptr;
+  if (::RegOpenKeyExW(root, wide(path), 0, KEY_READ, &opened) != ERROR_SUCCESS) return;
+  DWORD keys = 0;
+  DWORD values = 0;
+  const LSTATUS result = ::RegQueryInfoKeyW(opened, nullptr, nullptr, nullptr, &keys, nullptr,
+                                            nullptr, &values, nullptr, nullptr, nullptr, nullptr);
+  ::RegCloseKey(opened);
+  if (result == ERROR_SUCCESS && keys == 0 && values == 0) ::RegDeleteKeyW(root, wide(path));
+}
 
-  void erase(const std::u16string& key) {
-    const LSTATUS result = ::RegDeleteTreeW(root_, wide(key));
-    const bool gone = result == ERROR_SUCCESS || result == ERROR_FILE_NOT_FOUND;
-    if (!gone && result_ == ERROR_SUCCESS) result_ = result;
-  }
-
-  /// Deletes a key that writing the others may have made.
-  void eraseIfEmpty(std::u16string_view key) {
-    const std::u16string path = joined({kClasses, key});
-    HKEY opened = nullptr;
-    if (::RegOpenKeyExW(root_, wide(path), 0, KEY_READ, &opened) != ERROR_SUCCESS) return;
-    DWORD keys = 0;
-    DWORD values = 0;
-    const LSTATUS result = ::RegQueryInfoKeyW(opened, nullptr, nullptr, nullptr, &keys, nullptr,
-                                              nullptr, &values, nullptr, nullptr, nullptr, nullptr);
-    ::RegCloseKey(opened);
-    if (result == ERROR_SUCCESS && keys == 0 && values == 0) ::RegDeleteKeyW(root_, wide(path));
-  }
-
-  [[nodiscard]] LSTATUS result() const { return result_; }
-
- private:
-  HKEY root_;
-  LSTATUS result_ = ERROR_SUCCESS;
-};
-
+/// Returns the first failure. A missing key is not a failure.
 LSTATUS eraseAll(HKEY root) {
-  Eraser eraser(root);
+  LSTATUS first = ERROR_SUCCESS;
+  const auto erase = [&](std::u16string_view key) {
+    const LSTATUS result = ::RegDeleteTreeW(root, wide(inClasses(key)));
+    if (first == ERROR_SUCCESS && result != ERROR_FILE_NOT_FOUND) first = result;
+  };
   for (const Class& one : kComponentClasses) {
-    eraser.erase(keyOfClass(one));
-    eraser.erase(keyOfInterface(one));
+    erase(keyOfClass(one));
+    erase(keyOfInterface(one));
   }
   // To be called when our own keys are gone, because both builds may see the same ones.
-  const bool shared = otherBuildIsRegistered(root);
-  for (const Class& one : kComponentClasses) {
-    if (!shared) eraser.erase(keyOfName(one));
+  if (otherBuildIsRegistered(root)) {
+    for (const auto language : kLanguages) erase(keyOfModule(language));
+  } else {
+    for (const Class& one : kComponentClasses) erase(one.name);
+    erase(keyOfLibrary());
   }
-  for (const auto language : kLanguages) {
-    if (shared) eraser.erase(joined({keyOfVersion(), language, kSystem}));
-  }
-  if (!shared) eraser.erase(keyOfLibrary());
-  for (const auto* parent : {u"CLSID", u"Interface", u"TypeLib"}) eraser.eraseIfEmpty(parent);
-  return eraser.result();
+  for (const auto* parent : {u"CLSID", u"Interface", u"TypeLib"}) eraseIfEmpty(root, parent);
+  return first;
 }
 
-LSTATUS writeAllIn(HKEY root) {
-  Writer writer(root);
-  writeAll(writer);
-  if (writer.result() != ERROR_SUCCESS && writer.began()) eraseAll(root);
-  return writer.result();
+/// Writes all or nothing.
+LSTATUS writeAll(HKEY root) {
+  bool began = false;
+  for (const auto& [key, text, name] : allValues()) {
+    const auto size = static_cast<DWORD>((text.size() + 1) * sizeof(char16_t));
+    const LSTATUS result =
+        ::RegSetKeyValueW(root, wide(inClasses(key)), name, REG_SZ, text.c_str(), size);
+    if (result != ERROR_SUCCESS) {
+      if (began) eraseAll(root);
+      return result;
+    }
+    began = true;
+  }
+  return ERROR_SUCCESS;
 }
 
 }  // namespace
 
 HRESULT registerComponent() {
-  const LSTATUS result = writeAllIn(HKEY_LOCAL_MACHINE);
+  const LSTATUS result = writeAll(HKEY_LOCAL_MACHINE);
   if (result == ERROR_ACCESS_DENIED) return registerForUser();
   // A registration for this user alone would have priority over the one for all users.
   if (result == ERROR_SUCCESS) eraseAll(HKEY_CURRENT_USER);
@@ -209,7 +185,7 @@ HRESULT registerComponent() {
 }
 
 HRESULT registerForUser() {
-  return HRESULT_FROM_WIN32(writeAllIn(HKEY_CURRENT_USER));
+  return HRESULT_FROM_WIN32(writeAll(HKEY_CURRENT_USER));
 }
 
 HRESULT unregisterComponent() {
