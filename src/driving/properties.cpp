@@ -90,38 +90,50 @@ using Kinds = unsigned;
 constexpr Kinds of(Kind kind) {
   return 1U << static_cast<unsigned>(kind);
 }
-constexpr Kinds kAll = ~0U;
+constexpr Kinds kWindow = of(Kind::Menu) << 1U;
+constexpr Kinds kAll = kWindow - 1;
 constexpr Kinds kText = of(Kind::TextBox) | of(Kind::ComboBox);
 
-template <class Thing>
 struct Property {
   std::string_view name;
-  Kinds kinds = kAll;
-  Value (*get)(const Thing& thing);
-  bool (*set)(Thing& thing, const std::u16string& word);
+  Kinds kinds;
+  Value (*get)(Window& window, Control* control);
+  bool (*set)(Window& window, Control* control, const std::u16string& word);
 };
+
+/// What has the properties of class T: the window or the control.
+template <class T>
+T& thing(Window& window, [[maybe_unused]] Control* control) {
+  if constexpr (std::is_same_v<T, Window>) {
+    return window;
+  } else {
+    return static_cast<T&>(*control);
+  }
+}
 
 /// The row of a property of a class: what reads it and what assigns it, which are members of the
 /// class or functions on it.
 template <class T, auto Get, auto Set = nullptr>
-constexpr auto row(std::string_view name, Kinds kinds = kAll) {
-  using Thing = std::conditional_t<std::is_same_v<T, Window>, Window, Control>;
+constexpr Property row(std::string_view name,
+                       Kinds kinds = std::is_same_v<T, Window> ? kWindow : kAll) {
   using Held = std::remove_cvref_t<std::invoke_result_t<decltype(Get), const T&>>;
-  return Property<Thing>{
-      name, kinds,
-      [](const Thing& thing) { return asValue(std::invoke(Get, static_cast<const T&>(thing))); },
-      []([[maybe_unused]] Thing& thing, [[maybe_unused]] const std::u16string& word) {
-        if constexpr (std::is_null_pointer_v<decltype(Set)>) {
-          return false;
-        } else {
-          const auto value = parsed<Held>(word);
-          if (value) std::invoke(Set, static_cast<T&>(thing), *value);
-          return value.has_value();
-        }
-      }};
+  return {name, kinds,
+          [](Window& window, Control* control) {
+            return asValue(std::invoke(Get, thing<T>(window, control)));
+          },
+          []([[maybe_unused]] Window& window, [[maybe_unused]] Control* control,
+             [[maybe_unused]] const std::u16string& word) {
+            if constexpr (std::is_null_pointer_v<decltype(Set)>) {
+              return false;
+            } else {
+              const auto value = parsed<Held>(word);
+              if (value) std::invoke(Set, thing<T>(window, control), *value);
+              return value.has_value();
+            }
+          }};
 }
 
-constexpr std::array kOfControls{
+constexpr std::array kProperties{
     row<TextControl, &TextControl::text, &TextControl::setText>("text", kText),
     row<CheckBox, &CheckBox::value, &CheckBox::setValue>("value", of(Kind::CheckBox)),
     row<OptionButton, &OptionButton::value, &OptionButton::setValue>("value",
@@ -151,9 +163,6 @@ constexpr std::array kOfControls{
     row<TextBox, &TextBox::backColor, &TextBox::setBackColor>("backcolor", of(Kind::TextBox)),
     row<TextBox, &TextBox::foreColor, &TextBox::setForeColor>("forecolor", of(Kind::TextBox)),
     row<Control, &Control::cursor, &Control::setCursor>("cursor"),
-};
-
-constexpr std::array kOfWindows{
     row<Window, &Window::caption>("caption"),
     row<Window, placed<Window, &Rect::left>, &Window::setLeft>("left"),
     row<Window, placed<Window, &Rect::top>, &Window::setTop>("top"),
@@ -161,19 +170,13 @@ constexpr std::array kOfWindows{
     row<Window, placed<Window, &Rect::height>, &Window::setHeight>("height"),
 };
 
-template <class Table>
-const auto* rowIn(const Table& table, Kinds kind, std::string_view name) {
-  const auto* found = std::ranges::find_if(
-      table, [&](const auto& row) { return row.name == name && (row.kinds & kind) != 0; });
-  return found == table.end() ? nullptr : found;
-}
-
-const Property<Control>* rowFor(const Control& control, std::string_view name) {
-  return rowIn(kOfControls, of(control.kind()), name);
-}
-
-const Property<Window>* rowFor(const Window& /*window*/, std::string_view name) {
-  return rowIn(kOfWindows, kAll, name);
+/// Null where there is no property of that name.
+const Property* propertyOf(const Control* control, std::string_view name) {
+  const Kinds kind = control == nullptr ? kWindow : of(control->kind());
+  const auto* found = std::ranges::find_if(kProperties, [&](const Property& property) {
+    return property.name == name && (property.kinds & kind) != 0;
+  });
+  return found == kProperties.end() ? nullptr : found;
 }
 
 /// The mark that shows a value of a check box: all values but 0 and 1 look the same.
@@ -183,21 +186,16 @@ double mark(double value) {
 
 }  // namespace
 
-template <class Thing>
-std::optional<Value> held(const Thing& thing, std::string_view property) {
-  const auto* row = rowFor(thing, property);
-  return row == nullptr ? std::nullopt : std::optional(row->get(thing));
+std::optional<Value> held(Window& window, Control* control, std::string_view property) {
+  const Property* found = propertyOf(control, property);
+  return found == nullptr ? std::nullopt : std::optional(found->get(window, control));
 }
-template std::optional<Value> held(const Control& control, std::string_view property);
-template std::optional<Value> held(const Window& window, std::string_view property);
 
-template <class Thing>
-bool assign(Thing& thing, std::string_view property, const std::u16string& word) {
-  const auto* row = rowFor(thing, property);
-  return row != nullptr && row->set(thing, word);
+bool assign(Window& window, Control* control, std::string_view property,
+            const std::u16string& word) {
+  const Property* found = propertyOf(control, property);
+  return found != nullptr && found->set(window, control, word);
 }
-template bool assign(Control& control, std::string_view property, const std::u16string& word);
-template bool assign(Window& window, std::string_view property, const std::u16string& word);
 
 std::optional<Value> held(const plugin::HostContext& context, std::string_view field) {
   std::optional<Value> found;

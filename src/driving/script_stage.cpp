@@ -234,7 +234,7 @@ ScriptStage::Target ScriptStage::targetOf(std::string_view text) const {
 Outcome ScriptStage::read(std::string_view target, Value& value, std::string& reason) {
   return judged(reason, [&] {
     const auto [control, property] = targetOf(target);
-    auto found = control != nullptr ? held(*control, property) : held(topmost(), property);
+    auto found = held(topmost(), control, property);
     if (!found) throw WrongScript("no such property in " + std::string(target));
     value = std::move(*found);
     if (control == nullptr) return true;
@@ -248,8 +248,7 @@ Outcome ScriptStage::assign(std::string_view target, const std::u16string& value
                             std::string& reason) {
   return judged(reason, [&] {
     const auto [control, property] = targetOf(target);
-    const bool done = control != nullptr ? driving::assign(*control, property, value)
-                                         : driving::assign(topmost(), property, value);
+    const bool done = driving::assign(topmost(), control, property, value);
     if (!done) throw WrongScript(std::string(target) + " cannot be assigned that value");
     topmost().update();
     return true;
