@@ -196,14 +196,11 @@ bool HeadlessToolkit::carryOut(const Gesture& gesture) {
 void HeadlessToolkit::click(const Gesture& gesture) {
   Control& control = *gesture.control;
   const bool left = gesture.what != What::RightClick;
+  if (left && control.kind() != Kind::ListBox) enter(control);
   forms::userReleasedMouse(control, left ? MouseButton::Left : MouseButton::Right);
-  if (!left) return;
-  if (control.kind() == Kind::ListBox) {
-    if (gesture.entry) forms::userClickedEntry(gesture.on<ListBox>(), *gesture.entry);
-  } else {
-    enter(control);
-    forms::userClicked(control);
-  }
+  if (!left || forms::takesKeyboard(control)) return;
+  if (control.kind() != Kind::ListBox) return forms::userClicked(control);
+  if (gesture.entry) forms::userClickedEntry(gesture.on<ListBox>(), *gesture.entry);
 }
 
 void HeadlessToolkit::enter(Control& control) {

@@ -3,7 +3,6 @@
 #include <QAccessibleWidget>
 #include <QGuiApplication>
 #include <QPainter>
-#include <QShortcutEvent>
 #include <QStyle>
 #include <QStyleOption>
 #include <utility>
@@ -107,18 +106,6 @@ void ActiveLabel::showText(const QString& text) {
   setFocusPolicy(Qt::NoFocus);
   setText(text);
   setFocusPolicy(policy);
-  if (shortcut_ != 0) releaseShortcut(shortcut_);
-  const QKeySequence mnemonic = QKeySequence::mnemonic(text);
-  shortcut_ = active_ && !mnemonic.isEmpty() ? grabShortcut(mnemonic) : 0;
-}
-
-bool ActiveLabel::event(QEvent* event) {
-  if (event->type() == QEvent::Shortcut &&
-      static_cast<QShortcutEvent*>(event)->shortcutId() == shortcut_ && shortcut_ != 0) {
-    forms::userActivated(control());
-    return true;
-  }
-  return MouseReleases<QLabel>::event(event);
 }
 
 void ActiveLabel::paintEvent(QPaintEvent* event) {
@@ -150,11 +137,6 @@ void ActiveLabel::paintGround(QPainter& painter, QPalette& colors) const {
 // Not passed on, because a plain label would begin to edit its text.
 void ActiveLabel::focusInEvent(QFocusEvent* /*event*/) {}
 void ActiveLabel::focusOutEvent(QFocusEvent* /*event*/) {}
-
-void ActiveLabel::released(forms::MouseButton button) {
-  MouseReleases<QLabel>::released(button);
-  if (button == forms::MouseButton::Left) forms::userClicked(control());
-}
 
 void ActiveLabel::mousePressEvent(QMouseEvent* event) {
   MouseReleases<QLabel>::mousePressEvent(event);

@@ -20,12 +20,10 @@ class ActiveLabel : public MouseReleases<QLabel> {
   ActiveLabel(const ActiveLabel&) = delete;
   ActiveLabel& operator=(const ActiveLabel&) = delete;
 
-  /// "&" marks the letter that activates the label or goes to its buddy.
+  /// "&" marks the letter of the mnemonic.
   void showText(const QString& text);
 
  protected:
-  void released(forms::MouseButton button) override;
-  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
@@ -41,7 +39,6 @@ class ActiveLabel : public MouseReleases<QLabel> {
   WindowView& window_;
   const bool active_;
   bool dragged_ = false;
-  int shortcut_ = 0;
 };
 
 /// A plain ground for controls. Screen readers are told that it is a group.

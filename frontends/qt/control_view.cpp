@@ -45,8 +45,7 @@ forms::TextSync* ControlView::text() {
 void showEntries(QAbstractItemModel* model, const std::vector<std::u16string>& entries) {
   QStringList texts;
   for (const std::u16string& entry : entries) texts << toQt(entry);
-  auto& shown = static_cast<QStringListModel&>(*model);
-  if (shown.stringList() != texts) shown.setStringList(texts);
+  static_cast<QStringListModel&>(*model).setStringList(texts);
 }
 
 GroundView::GroundView(WindowView& window, forms::Control& control)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QAbstractItemModel>
-#include <QCursor>
 #include <QWidget>
 
 #include "forms/control_sync.h"
@@ -19,12 +18,6 @@ class ControlView : public forms::ControlSync {
 
   [[nodiscard]] QWidget* widget() const { return widget_; }
   void setTabStop(bool on) override;
-
-  /// Whether keys that are pressed now belong to the widget, whatever they mean elsewhere.
-  [[nodiscard]] virtual bool usesKeys() const { return false; }
-
-  /// The place on the screen where a menu opens that a key has opened.
-  [[nodiscard]] virtual QPoint menuPlace() const { return QCursor::pos(); }
 
  protected:
   void setPlace(const forms::PixelRect& place) override;
@@ -47,7 +40,7 @@ class GroundView : public ControlView {
   GroundView(WindowView& window, forms::Control& control);
 };
 
-/// Has a QStringListModel hold the entries. Nothing where it holds them already.
+/// Has a QStringListModel hold the entries.
 void showEntries(QAbstractItemModel* model, const std::vector<std::u16string>& entries);
 
 }  // namespace kvrnstep::qt

@@ -17,7 +17,6 @@ class LabelView : public ControlView {
   void setPicture(forms::Picture picture) override;
   void setCursor(int resourceId) override;
   void recolor() override;
-  void setPlace(const forms::PixelRect& place) override;
 
  private:
   [[nodiscard]] ActiveLabel& label() const { return static_cast<ActiveLabel&>(*widget()); }

@@ -107,10 +107,11 @@ ListView::ListView(WindowView& window, forms::ListBox& box)
 }
 
 /// Under the selected entry.
-QPoint ListView::menuPlace() const {
+std::optional<forms::PixelPoint> ListView::menuPlace() const {
   const QRect entry = list().visualRect(list().model()->index(selectedRow(), 0));
-  const QPoint below = entry.isValid() ? entry.bottomLeft() + QPoint(8, 0) : QPoint(8, 8);
-  return list().viewport()->mapToGlobal(below);
+  const QPoint below = list().viewport()->mapToGlobal(
+      entry.isValid() ? entry.bottomLeft() + QPoint(8, 0) : QPoint(8, 8));
+  return forms::PixelPoint{below.x(), below.y()};
 }
 
 int ListView::selectedRow() const {

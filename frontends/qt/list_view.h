@@ -11,7 +11,7 @@ class ListView : public ControlView {
  public:
   ListView(WindowView& window, forms::ListBox& box);
 
-  [[nodiscard]] QPoint menuPlace() const override;
+  [[nodiscard]] std::optional<forms::PixelPoint> menuPlace() const override;
 
  protected:
   void setItems(const std::vector<std::u16string>& items) override;

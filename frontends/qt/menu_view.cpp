@@ -49,14 +49,14 @@ void MenuView::recolor() {
   menu_->setPalette(palette);
 }
 
-void MenuView::setEntry(const forms::DrawnEntry& entry) {
-  action_->setSeparator(entry.separator);
+void MenuView::setEntry(const forms::MenuEntry& entry, const std::u16string& caption) {
+  action_->setSeparator(entry.separator());
   // Some styles would write the text of a separator.
-  action_->setText(entry.separator ? QString() : toQt(entry.caption));
-  action_->setEnabled(entry.enabled);
-  action_->setVisible(entry.visible);
-  action_->setCheckable(entry.checked);
-  action_->setChecked(entry.checked);
+  action_->setText(entry.separator() ? QString() : toQt(caption));
+  action_->setEnabled(entry.enabled());
+  action_->setVisible(entry.visible());
+  action_->setCheckable(entry.checked());
+  action_->setChecked(entry.checked());
 }
 
 }  // namespace kvrnstep::qt

@@ -20,7 +20,7 @@ class MenuView : public ControlView {
   [[nodiscard]] MenuView* parent() const { return parent_; }
 
  protected:
-  void setEntry(const forms::DrawnEntry& entry) override;
+  void setEntry(const forms::MenuEntry& entry, const std::u16string& caption) override;
   void recolor() override;
 
  private:

@@ -29,7 +29,6 @@ class MouseReleases : public Base {
   [[nodiscard]] forms::Control& control() const { return control_; }
 
  protected:
-  virtual void released(forms::MouseButton button) { forms::userReleasedMouse(control_, button); }
   void mousePressEvent(QMouseEvent* event) override {
     Base::mousePressEvent(event);
     // Otherwise the parent would get the press, and with it the release.
@@ -40,7 +39,7 @@ class MouseReleases : public Base {
     const bool inside = this->rect().contains(event->position().toPoint());
     Base::mouseReleaseEvent(event);
     event->accept();
-    if (button && inside) released(*button);
+    if (button && inside) forms::userReleasedMouse(control_, *button);
   }
 
  private:

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QPointer>
 #include <QScreen>
-#include <algorithm>
 #include <utility>
 
 #include "clipboard.h"
@@ -88,12 +87,13 @@ std::optional<std::u16string> QtToolkit::askFile(const forms::FileDialog& dialog
 }
 
 void QtToolkit::popUp(forms::MenuEntry& menu) {
-  WindowView* view = viewOf(menu.window());
+  WindowView* view = WindowView::of(menu.window());
   if (view == nullptr || !view->open()) return;
   view->update();
   QMenu* shown = static_cast<MenuView&>(view->viewOf(menu)).menu();
   if (attendant_ != nullptr) attendant_->popUpOpened(*shown);
-  shown->exec(view->menuPlace());
+  const auto place = view->menuPlace();
+  shown->exec(place ? QPoint(place->left, place->top) : QCursor::pos());
 }
 
 void QtToolkit::print(const std::u16string& text) {
@@ -128,12 +128,6 @@ void QtToolkit::playSound(const std::u16string& file, forms::SoundMode mode) {
       functionBeside("kvrnstep-sound.so", "kvrnstepPlaySound"));
   const int giveWay = mode == forms::SoundMode::GiveWay ? 1 : 0;
   if (play != nullptr) play(toQt(file).toUtf8().constData(), giveWay);
-}
-
-WindowView* QtToolkit::viewOf(const forms::Window& window) const {
-  const auto found = std::ranges::find_if(
-      open_, [&](const WindowView* view) { return &view->window() == &window; });
-  return found == open_.end() ? nullptr : *found;
 }
 
 }  // namespace kvrnstep::qt

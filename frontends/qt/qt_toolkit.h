@@ -38,9 +38,6 @@ class QtToolkit final : public forms::Toolkit {
   void setClipboard(const std::u16string& text) override;
   void playSound(const std::u16string& file, forms::SoundMode mode) override;
 
-  /// Null for a window that is not open.
-  [[nodiscard]] WindowView* viewOf(const forms::Window& window) const;
-
  private:
   /// The topmost open window, or null. All that has changed is drawn before another one opens.
   QWidget* owner();

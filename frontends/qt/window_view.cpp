@@ -111,10 +111,9 @@ Control* WindowView::controlAt(QPoint onScreen) const {
 
 /// The view whose widget that is, or null.
 ControlView* WindowView::viewOf(const QObject* widget) const {
-  const auto& all = window().controls();
-  const auto found = std::ranges::find_if(
-      all, [&](const auto& control) { return viewOf(*control).widget() == widget; });
-  return found == all.end() ? nullptr : &viewOf(**found);
+  const Control* control =
+      window().findIf([&](const Control& each) { return viewOf(each).widget() == widget; });
+  return control == nullptr ? nullptr : &viewOf(*control);
 }
 
 bool WindowView::eventFilter(QObject* watched, QEvent* event) {
@@ -169,12 +168,9 @@ bool WindowView::pressed(ControlView& view, const QKeyEvent& event) {
     menuBar_->setActiveAction(menuBar_->actions().first());
     return true;
   }
-  const auto key = commandKey(event);
-  if (!key || view.usesKeys()) return false;
-  menuPlace_ = view.menuPlace();
-  const bool dealtWith = forms::userPressedCommandKey(view.control(), *key);
-  menuPlace_.reset();
-  return dealtWith;
+  const bool letter = event.modifiers() == Qt::AltModifier && event.key() <= 0xFFFF;
+  return (letter && forms::userPressedLetter(window(), static_cast<char16_t>(event.key()))) ||
+         ViewSync::pressed(view, commandKey(event));
 }
 
 void WindowView::released(const QKeyEvent& event) {
@@ -188,10 +184,6 @@ bool WindowView::repeats(const QKeyEvent& event) const {
   const Released& last = lastReleased_;
   const bool atOnce = event.timestamp() == last.time && event.nativeScanCode() == last.code;
   return atOnce && last.code != 0 && !last.counted;
-}
-
-QPoint WindowView::menuPlace() const {
-  return menuPlace_.value_or(QCursor::pos());
 }
 
 void WindowView::show() {

@@ -23,6 +23,10 @@ class WindowView final : public QObject, public forms::ViewSync {
   WindowView(const WindowView&) = delete;
   WindowView& operator=(const WindowView&) = delete;
 
+  /// The view that shows a window, or null.
+  static WindowView* of(const forms::Window& window) {
+    return static_cast<WindowView*>(window.view());
+  }
   /// Only while the view is open.
   [[nodiscard]] QWidget& topLevel() { return *topLevel_; }
   [[nodiscard]] ControlView& viewOf(const forms::Control& control) const;
@@ -37,8 +41,6 @@ class WindowView final : public QObject, public forms::ViewSync {
   [[nodiscard]] forms::Control* controlAt(QPoint onScreen) const;
   /// Null in a window without menus.
   [[nodiscard]] QMenuBar* menuBar() const { return menuBar_; }
-  /// Where on the screen a pop-up menu is to open.
-  [[nodiscard]] QPoint menuPlace() const;
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -76,7 +78,6 @@ class WindowView final : public QObject, public forms::ViewSync {
   QPointer<QMenuBar> menuBar_;
   QPointer<QWidget> ground_;  ///< holds the controls, below the menu bar
   QEventLoop loop_;
-  std::optional<QPoint> menuPlace_;
   Released lastReleased_{};
   /// The window has been active. A move before that is the window manager's, not the user's.
   bool placed_ = false;

@@ -1,7 +1,5 @@
 #include "button_views.h"
 
-#include <algorithm>
-
 #include "box_font.h"
 #include "resources.h"
 #include "scale.h"
@@ -15,12 +13,9 @@ namespace {
 /// Whether this is the first option button of its container. The arrow keys move within a group,
 /// and a group begins where the style says so.
 bool beginsGroup(const forms::Control& button) {
-  const auto& all = button.window().controls();
-  const auto first = std::ranges::find_if(all, [&](const auto& control) {
-    return control->kind() == forms::Kind::OptionButton &&
-           control->container() == button.container();
+  return &button == button.window().findIf([&](const forms::Control& control) {
+    return control.kind() == forms::Kind::OptionButton && control.container() == button.container();
   });
-  return first->get() == &button;
 }
 
 /// Of the kinds that don't change their mark themselves, because the control decides.

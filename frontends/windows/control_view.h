@@ -22,11 +22,6 @@ class ControlView : public forms::ControlSync, public Receiver {
   void rescale();
 
   void setTabStop(bool on) override;
-  /// Whether all keys are for the control at the moment.
-  [[nodiscard]] virtual bool usesKeys() const { return false; }
-  /// The place on the screen where a menu opens that a key has opened; without a value, at the
-  /// mouse.
-  [[nodiscard]] virtual std::optional<POINT> menuPlace() const { return std::nullopt; }
   /// Handles a message that the control sends to its parent; without a value the parent does what
   /// is usual.
   virtual std::optional<LRESULT> told(UINT message, WPARAM wide, LPARAM longer);

@@ -15,13 +15,6 @@
 
 namespace kvrnstep::windows {
 
-namespace {
-
-constexpr int kBeside = 4;
-constexpr int kAbove = 2;
-
-}  // namespace
-
 LRESULT MouseView::received(UINT message, WPARAM wide, LPARAM longer) {
   // Tab would skip it as a static control.
   if (message == WM_GETDLGCODE && forms::takesKeyboard(control())) return DLGC_BUTTON;
@@ -38,11 +31,9 @@ LRESULT MouseView::received(UINT message, WPARAM wide, LPARAM longer) {
   }
   if (::GetCapture() != handle()) return 0;
   ::ReleaseCapture();
-  const bool inside = isInside(handle(), longer);
   POINT where{GET_X_LPARAM(longer), GET_Y_LPARAM(longer)};
   ::ClientToScreen(handle(), &where);
-  if (inside) forms::userReleasedMouse(control(), mouse->button);
-  if (inside && left) forms::userClicked(control());
+  if (isInside(handle(), longer)) forms::userReleasedMouse(control(), mouse->button);
   if (left) released(where);
   return 0;
 }
@@ -81,23 +72,14 @@ void LabelView::hover(bool on) {
   if (on) ::TrackMouseEvent(&leaving);
 }
 
-/// What can be dragged has a border around the place of its text.
-void LabelView::setPlace(const forms::PixelRect& place) {
-  const bool bordered = control().row().draggable;
-  const int beside = bordered ? toPixels(kBeside, window().dpi()) : 0;
-  const int above = bordered ? toPixels(kAbove, window().dpi()) : 0;
-  MouseView::setPlace(
-      {place.left - beside, place.top - above, place.width + 2 * beside, place.height + 2 * above});
-}
-
 void LabelView::setCaption(const std::u16string& caption) {
   ::SetWindowTextW(handle(), text::wide(caption));
 }
 
 void LabelView::fitCaption() {
-  // The border takes the other half of what is beside the text's place.
-  const int beside = control().row().draggable ? toPixels(kBeside, window().dpi()) : 0;
-  Font fitted = fittedFont(control().caption(), pixelPlace().width + beside,
+  constexpr int kBorders = 4;
+  const int borders = control().row().draggable ? toPixels(kBorders, window().dpi()) : 0;
+  Font fitted = fittedFont(control().caption(), pixelPlace().width - borders,
                            forms::isLink(control()), window().dpi());
   useFont(fitted.get());
   font_ = std::move(fitted);

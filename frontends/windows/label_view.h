@@ -27,7 +27,6 @@ class LabelView : public MouseView {
 
  protected:
   HBRUSH colored(HDC context) override;
-  void setPlace(const forms::PixelRect& place) override;
   void setCaption(const std::u16string& caption) override;
   void fitCaption() override;
   void recolor() override;

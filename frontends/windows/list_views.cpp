@@ -62,12 +62,12 @@ void ListView::draw(const DRAWITEMSTRUCT& entry) const {
   const bool enabled = (entry.itemState & ODS_DISABLED) == 0;
   ::FillRect(entry.hDC, &entry.rcItem,
              ::GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
-  if (entry.itemID < entries_.size()) {
+  if (entry.itemID < shownItems().size()) {
     ::SetTextColor(entry.hDC, ::GetSysColor(selected  ? COLOR_HIGHLIGHTTEXT
                                             : enabled ? COLOR_WINDOWTEXT
                                                       : COLOR_GRAYTEXT));
     ::SetBkMode(entry.hDC, TRANSPARENT);
-    const std::u16string shown = shownOf(entry.hDC, entries_[entry.itemID]);
+    const std::u16string shown = shownOf(entry.hDC, shownItems()[entry.itemID]);
     ::TextOutW(entry.hDC, entry.rcItem.left + kBeside, entry.rcItem.top, text::wide(shown),
                static_cast<int>(shown.size()));
   }
@@ -92,8 +92,8 @@ std::u16string ListView::shownOf(HDC context, const std::u16string& entry) const
 /// The tip shows the whole entry under the mouse if it is not drawn as a whole.
 void ListView::hover(LPARAM where) {
   const auto found = static_cast<DWORD>(::SendMessageW(handle(), LB_ITEMFROMPOINT, 0, where));
-  const bool outside = HIWORD(found) != 0 || LOWORD(found) >= entries_.size();
-  std::u16string tip = outside ? std::u16string() : entries_[LOWORD(found)];
+  const bool outside = HIWORD(found) != 0 || LOWORD(found) >= shownItems().size();
+  std::u16string tip = outside ? std::u16string() : shownItems()[LOWORD(found)];
   auto* const font = reinterpret_cast<HFONT>(::SendMessageW(handle(), WM_GETFONT, 0, 0));
   if (shownOf(Drawing(handle(), font), tip) == tip) tip.clear();
   if (std::exchange(tip_, tip) != tip) changeToolTip(window().tips(), handle(), tip);
@@ -135,7 +135,7 @@ int ListView::asked(UINT message) const {
   return static_cast<int>(::SendMessageW(handle(), message, 0, 0));
 }
 
-std::optional<POINT> ListView::menuPlace() const {
+std::optional<forms::PixelPoint> ListView::menuPlace() const {
   RECT entry{};
   const auto index = static_cast<WPARAM>(std::max(asked(LB_GETCURSEL), asked(LB_GETTOPINDEX)));
   ::SendMessageW(handle(), LB_GETITEMRECT, index, reinterpret_cast<LPARAM>(&entry));
@@ -143,7 +143,7 @@ std::optional<POINT> ListView::menuPlace() const {
   ::GetClientRect(handle(), &inside);
   POINT below{entry.left, std::clamp(entry.bottom, inside.top, inside.bottom)};
   ::ClientToScreen(handle(), &below);
-  return below;
+  return forms::PixelPoint{static_cast<int>(below.x), static_cast<int>(below.y)};
 }
 
 int ListView::find(const std::u16string& text) const {
@@ -157,11 +157,10 @@ forms::Scroll ListView::scroll() const {
   ::GetClientRect(handle(), &inside);
   const int line = asked(LB_GETITEMHEIGHT);
   const int lines = line > 0 ? static_cast<int>(inside.bottom) / line : 0;
-  return {asked(LB_GETTOPINDEX), std::max(0, static_cast<int>(entries_.size()) - lines)};
+  return {asked(LB_GETTOPINDEX), std::max(0, static_cast<int>(shownItems().size()) - lines)};
 }
 
 void ListView::setItems(const std::vector<std::u16string>& items) {
-  if (std::exchange(entries_, items) == items) return;
   fill(handle(), {LB_RESETCONTENT, LB_INITSTORAGE, LB_ADDSTRING}, items);
 }
 
@@ -234,7 +233,6 @@ void ComboView::setPlace(const forms::PixelRect& place) {
 }
 
 void ComboView::setItems(const std::vector<std::u16string>& items) {
-  if (std::exchange(entries_, items) == items) return;
   fill(handle(), {CB_RESETCONTENT, CB_INITSTORAGE, CB_ADDSTRING}, items);
 }
 

@@ -10,7 +10,7 @@ class ListView : public ControlView {
  public:
   ListView(WindowView& window, forms::ListBox& list);
 
-  [[nodiscard]] std::optional<POINT> menuPlace() const override;
+  [[nodiscard]] std::optional<forms::PixelPoint> menuPlace() const override;
   /// The first entry that equals a text but for letter case; −1 for none.
   [[nodiscard]] int find(const std::u16string& text) const;
   std::optional<LRESULT> told(UINT message, WPARAM wide, LPARAM longer) override;
@@ -29,7 +29,6 @@ class ListView : public ControlView {
   [[nodiscard]] std::u16string shownOf(HDC context, const std::u16string& entry) const;
   void hover(LPARAM where);
 
-  std::vector<std::u16string> entries_;  ///< as the window holds them
   std::u16string tip_;
 };
 
@@ -55,8 +54,7 @@ class ComboView : public ControlView {
   [[nodiscard]] int selected() const;
 
   Edit edit_;
-  std::vector<std::u16string> entries_;  ///< as the list shows them
-  int depth_ = 0;                        ///< of the messages that are being dealt with
+  int depth_ = 0;  ///< of the messages that are being dealt with
   bool chosen_ = false;
   bool changed_ = false;
 };

@@ -18,13 +18,6 @@ namespace {
 
 constexpr UINT kFirstCommand = 1000;
 
-std::u16string labelOf(const Control& entry, const std::u16string& caption) {
-  const std::string_view keys = entry.row().shortcut;
-  std::u16string label = caption;
-  if (!keys.empty()) label.append(u"\t").append(keys.begin(), keys.end());
-  return label;
-}
-
 }  // namespace
 
 MenuBar::MenuBar(const forms::Window& window) : window_(window) {
@@ -100,33 +93,34 @@ UINT MenuBar::positionFor(const Control& entry) const {
   return position;
 }
 
-void MenuBar::show(const Control& entry, const forms::DrawnEntry& drawn) {
+void MenuBar::show(const MenuEntry& entry, std::u16string caption) {
   const HMENU parent = parentOf(entry);
   const auto place = placeOf(entry);
   if (parent == nullptr) return;
-  std::u16string label = labelOf(entry, drawn.caption);
+  const std::string_view keys = entry.row().shortcut;
+  if (!keys.empty()) caption.append(u"\t").append(keys.begin(), keys.end());
   MENUITEMINFOW item{};
   item.cbSize = sizeof item;
   item.fMask = MIIM_STATE | MIIM_STRING;
-  item.fState =
-      (drawn.enabled ? MFS_ENABLED : MFS_DISABLED) | (drawn.checked ? MFS_CHECKED : MFS_UNCHECKED);
-  item.dwTypeData = text::wide(label.data());
-  if (place && drawn.visible) {
+  item.fState = (entry.enabled() ? MFS_ENABLED : MFS_DISABLED) |
+                (entry.checked() ? MFS_CHECKED : MFS_UNCHECKED);
+  item.dwTypeData = text::wide(caption.data());
+  if (place && entry.visible()) {
     ::SetMenuItemInfoW(parent, static_cast<UINT>(place->position), TRUE, &item);
   } else if (place) {
     ::RemoveMenu(parent, static_cast<UINT>(place->position), MF_BYPOSITION);
-  } else if (drawn.visible) {
+  } else if (entry.visible()) {
     item.fMask |= MIIM_FTYPE | MIIM_ID | MIIM_SUBMENU;
-    item.fType = drawn.separator ? MFT_SEPARATOR : MFT_STRING;
+    item.fType = entry.separator() ? MFT_SEPARATOR : MFT_STRING;
     item.wID = commandOf(entry);
     item.hSubMenu = menuOf(entry);
     ::InsertMenuItemW(parent, positionFor(entry), TRUE, &item);
   }
 }
 
-void MenuEntryView::setEntry(const forms::DrawnEntry& entry) {
-  window().menus().show(control(), entry);
-  if (control().container() == nullptr) ::DrawMenuBar(window().handle());
+void MenuEntryView::setEntry(const MenuEntry& entry, const std::u16string& caption) {
+  window().menus().show(entry, caption);
+  if (entry.container() == nullptr) ::DrawMenuBar(window().handle());
 }
 
 }  // namespace kvrnstep::windows

@@ -30,7 +30,7 @@ class MenuBar {
   /// The entry of a command; null for other numbers.
   [[nodiscard]] forms::MenuEntry* entryOf(UINT command) const;
 
-  void show(const forms::Control& entry, const forms::DrawnEntry& drawn);
+  void show(const forms::MenuEntry& entry, std::u16string caption);
 
  private:
   [[nodiscard]] UINT commandOf(const forms::Control& entry) const;
@@ -51,7 +51,7 @@ class MenuEntryView : public ControlView {
   MenuEntryView(WindowView& window, forms::MenuEntry& entry) : ControlView(window, entry) {}
 
  protected:
-  void setEntry(const forms::DrawnEntry& entry) override;
+  void setEntry(const forms::MenuEntry& entry, const std::u16string& caption) override;
 };
 
 }  // namespace kvrnstep::windows

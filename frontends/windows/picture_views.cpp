@@ -32,11 +32,6 @@ void ImageView::setPicture(forms::Picture picture) {
   ::InvalidateRect(handle(), nullptr, TRUE);
 }
 
-void ImageView::recolor() {
-  // At first there is none yet.
-  if (picture_ != nullptr) setPicture(control().picture());
-}
-
 std::optional<LRESULT> ImageView::told(UINT message, WPARAM wide, LPARAM longer) {
   if (message != WM_DRAWITEM) return MouseView::told(message, wide, longer);
   draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(longer));

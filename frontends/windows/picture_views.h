@@ -13,7 +13,6 @@ class ImageView : public MouseView {
 
  protected:
   void setPicture(forms::Picture picture) override;
-  void recolor() override;
 
  private:
   void draw(const DRAWITEMSTRUCT& request) const;

@@ -173,33 +173,12 @@ void WindowView::tellOf(const MSG& message) {
 
 /// True when a key was a command that has been carried out.
 bool WindowView::pressed(const MSG& message) {
-  if (const char16_t letter = letterWithAlt(message)) return activatedBy(letter);
-  const auto key = commandKeyOf(message);
-  const ControlView* view = viewAt(message.hwnd);
-  if (!key || view == nullptr || view->usesKeys()) return false;
-  menuPlace_ = view->menuPlace();
-  const bool dealtWith = forms::userPressedCommandKey(view->control(), *key);
-  menuPlace_.reset();
-  return dealtWith;
-}
-
-/// Clicks the label or image that has this mnemonic. The system would give the focus to the control
-/// behind it.
-bool WindowView::activatedBy(char16_t letter) {
-  for (const auto& control : window().controls()) {
-    if (!forms::takesKeyboard(*control) || !control->reachable()) continue;
-    if (forms::mnemonicOf(*control) != letter) continue;
-    forms::userActivated(*control);
-    return true;
+  // The system would give the focus to the control behind a label.
+  if (const char16_t letter = letterWithAlt(message)) {
+    return forms::userPressedLetter(window(), letter);
   }
-  return false;
-}
-
-POINT WindowView::menuPlace() const {
-  if (menuPlace_) return *menuPlace_;
-  POINT mouse{};
-  ::GetCursorPos(&mouse);
-  return mouse;
+  const ControlView* view = viewAt(message.hwnd);
+  return view != nullptr && ViewSync::pressed(*view, commandKeyOf(message));
 }
 
 void WindowView::enteredByKey() {
@@ -342,13 +321,11 @@ void WindowView::setTabOrder(const std::vector<Control*>& order) {
 HWND WindowView::selectedFor(HWND held) const {
   const ControlView* view = viewAt(held);
   if (view == nullptr || view->control().kind() != Kind::OptionButton) return held;
-  for (const auto& other : window().controls()) {
-    if (other->kind() == Kind::OptionButton && forms::takesFocus(*other) &&
-        other->container() == view->control().container()) {
-      return viewOf(*other).handle();
-    }
-  }
-  return held;
+  const Control* selected = window().findIf([&](const Control& other) {
+    return other.kind() == Kind::OptionButton && forms::takesFocus(other) &&
+           other.container() == view->control().container();
+  });
+  return selected == nullptr ? held : viewOf(*selected).handle();
 }
 
 bool WindowView::holdsKeys(HWND control) const {

@@ -20,6 +20,10 @@ class WindowView final : public forms::ViewSync, public Receiver {
   WindowView(const WindowView&) = delete;
   WindowView& operator=(const WindowView&) = delete;
 
+  /// The view that shows a window, or null.
+  static WindowView* of(const forms::Window& window) {
+    return static_cast<WindowView*>(window.view());
+  }
   [[nodiscard]] ControlView& viewOf(const forms::Control& control) const;
   [[nodiscard]] const MenuBar& menus() const { return menus_; }
   [[nodiscard]] MenuBar& menus() { return menus_; }
@@ -36,8 +40,6 @@ class WindowView final : public forms::ViewSync, public Receiver {
   [[nodiscard]] HWND tips() const { return tips_.get(); }
   /// The control at a point of the screen, or null.
   [[nodiscard]] forms::Control* controlAt(POINT onScreen) const;
-  /// Where a pop-up menu opens: at the mouse, or at the control where a key has asked for it.
-  [[nodiscard]] POINT menuPlace() const;
   /// Passes a message that a control has sent to its parent to the control's view.
   std::optional<LRESULT> reflected(UINT message, WPARAM wide, LPARAM longer);
 
@@ -66,7 +68,6 @@ class WindowView final : public forms::ViewSync, public Receiver {
   void enteredByKey();
   void tellOf(const MSG& message);
   bool pressed(const MSG& message);
-  bool activatedBy(char16_t letter);
   [[nodiscard]] bool holdsKeys(HWND control) const;
   [[nodiscard]] HWND selectedFor(HWND held) const;
   [[nodiscard]] HWND stopAfter(HWND before) const;
@@ -85,7 +86,6 @@ class WindowView final : public forms::ViewSync, public Receiver {
   WindowHandle tips_;
   std::optional<AccessibleNames> names_{std::in_place};
   std::vector<HWND> depth_;
-  std::optional<POINT> menuPlace_;
   HWND lastFocus_ = nullptr;
   HWND focusBefore_ = nullptr;  ///< where the focus was before the changes that are being shown
 };

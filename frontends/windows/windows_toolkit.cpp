@@ -1,7 +1,5 @@
 #include "windows_toolkit.h"
 
-#include <algorithm>
-
 #include "box_font.h"
 #include "file_box.h"
 #include "forms/user_actions.h"
@@ -135,10 +133,12 @@ std::optional<std::u16string> WindowsToolkit::ShowSaveDialog(const forms::FileDi
 }
 
 void WindowsToolkit::popUp(forms::MenuEntry& menu) {
-  WindowView* view = viewOf(menu.window());
+  WindowView* view = WindowView::of(menu.window());
   if (view == nullptr) return;
   view->update();
-  const POINT place = view->menuPlace();
+  POINT place{};
+  ::GetCursorPos(&place);
+  if (const auto wanted = view->menuPlace()) place = {wanted->left, wanted->top};
   const auto picked = static_cast<UINT>(::TrackPopupMenu(view->menus().menuOf(menu),
                                                          TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x,
                                                          place.y, 0, view->handle(), nullptr));
@@ -170,12 +170,6 @@ void WindowsToolkit::setClipboard(const std::u16string& text) {
 
 void WindowsToolkit::playSound(const std::u16string& file, forms::SoundMode mode) {
   windows::playSound(file, mode);
-}
-
-WindowView* WindowsToolkit::viewOf(const forms::Window& window) const {
-  const auto found = std::ranges::find_if(
-      open_, [&](const WindowView* view) { return &view->window() == &window; });
-  return found == open_.end() ? nullptr : *found;
 }
 
 }  // namespace kvrnstep::windows

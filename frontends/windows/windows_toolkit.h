@@ -34,8 +34,6 @@ class WindowsToolkit final : public forms::Toolkit {
   void setClipboard(const std::u16string& text) override;
   void playSound(const std::u16string& file, forms::SoundMode mode) override;
 
-  /// Null for a window that is not open.
-  [[nodiscard]] WindowView* viewOf(const forms::Window& window) const;
   /// Deals with a message that is waiting. False: there is none.
   bool dealWithOne();
 

@@ -86,13 +86,6 @@ double wholeNumber(const std::u16string& word) {
   return value;
 }
 
-/// The control of a name such as "chkLWO(3)", or null.
-Control* controlNamed(const Window& window, std::string_view name) {
-  const auto& controls = window.controls();
-  const auto found = std::ranges::find(controls, name, &Control::scriptName);
-  return found == controls.end() ? nullptr : found->get();
-}
-
 void mustBe(char sort, const Control& control) {
   const auto must = [&](bool is, const char* otherwise) {
     if (!is) throw WrongScript(control.scriptName() + otherwise);
@@ -106,11 +99,9 @@ void mustBe(char sort, const Control& control) {
 
 /// The menu entry with that shortcut, or null.
 Control* entryWith(const Window& window, const std::u16string& shortcut) {
-  const auto& controls = window.controls();
-  const auto found = std::ranges::find_if(controls, [&](const auto& control) {
-    return !shortcut.empty() && std::ranges::equal(control->row().shortcut, shortcut);
+  return window.findIf([&](const Control& control) {
+    return !shortcut.empty() && std::ranges::equal(control.row().shortcut, shortcut);
   });
-  return found == controls.end() ? nullptr : found->get();
 }
 
 int entryCount(const Control& control) {
@@ -150,7 +141,7 @@ Window& ScriptStage::topmost() const {
 }
 
 Control& ScriptStage::named(std::string_view name) const {
-  Control* control = controlNamed(topmost(), name);
+  Control* control = topmost().findIf([&](const Control& c) { return c.scriptName() == name; });
   if (control != nullptr) return *control;
   throw WrongScript("no control " + std::string(name) + " in this window");
 }

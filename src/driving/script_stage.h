@@ -52,6 +52,7 @@ class ScriptStage final : public forms::Toolkit, public Stage {
 
   // These throw WrongScript if a script names something that does not exist.
   [[nodiscard]] forms::Window& topmost() const;
+  /// The control of a name such as "chkLWO(3)".
   [[nodiscard]] forms::Control& named(std::string_view name) const;
   [[nodiscard]] Target targetOf(std::string_view text) const;
   void addWord(Gesture& gesture, char sort, const std::u16string& word) const;

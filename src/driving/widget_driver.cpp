@@ -86,7 +86,7 @@ bool WidgetDriver::carryOut(const Gesture& gesture) {
   if (!turns_.empty() && turns_.back().what == Opened::PopUp) {
     return leavePopUp(turns_.back(), gesture);
   }
-  const forms::ViewSync* view = viewOf(gesture.window);
+  const forms::ViewSync* view = gesture.window.view();
   if (view == nullptr || !view->open()) return false;
   if (gesture.control != nullptr && shown(*gesture.control, "enabled") == Value(false)) {
     return false;
@@ -175,7 +175,7 @@ bool WidgetDriver::click(const Control& control, Part part, int entry, MouseButt
 /// Puts the keyboard into the box with a click, and the caret or the mark where it is wanted.
 bool WidgetDriver::enter(const Control& box, TextSelection selection) {
   if (!click(box)) return false;
-  viewOf(box.window())->syncOf(box).text()->setSelection(selection);
+  box.window().view()->syncOf(box).text()->setSelection(selection);
   settle();
   return true;
 }
@@ -221,7 +221,7 @@ void WidgetDriver::place(const Gesture& gesture, const forms::ViewSync& view) {
 }
 
 std::optional<Value> WidgetDriver::shown(const Control& control, std::string_view property) {
-  const forms::ViewSync* view = viewOf(control.window());
+  const forms::ViewSync* view = control.window().view();
   if (view == nullptr || !view->open()) return std::nullopt;
   forms::ControlSync& sync = view->syncOf(control);
   if (const forms::TextSync* box = sync.text()) {

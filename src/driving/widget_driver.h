@@ -32,8 +32,6 @@ class WidgetDriver : public Driver {
   // What each system does.
   /// Begins to call act(), or ends it.
   virtual void callAct(bool on) = 0;
-  /// Null for a window that is not open.
-  [[nodiscard]] virtual forms::ViewSync* viewOf(const forms::Window& window) const = 0;
   /// Handles all events that are waiting, and draws what has changed.
   virtual void settle() = 0;
   /// Whether the window is on the screen with all that has changed, and takes input.

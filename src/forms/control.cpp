@@ -5,7 +5,7 @@
 #include <limits>
 #include <utility>
 
-#include "forms/window.h"
+#include "forms/view_sync.h"
 #include "text/numbers.h"
 #include "text/text.h"
 
@@ -46,7 +46,7 @@ std::string Control::scriptName() const {
 }
 
 void Control::changed(Property property) {
-  window_.changed(*this, property);
+  if (ViewSync* view = window_.view()) view->changed(*this, property);
 }
 
 Rect Control::shownPlace() const {
@@ -54,8 +54,14 @@ Rect Control::shownPlace() const {
     return common(place_, {0, 0, container_->place_.width, container_->place_.height});
   }
   Rect shown = place_;
+  const double onePixel = kTwipsPerPixel / window_.design().twipsPerUnit;
+  if (row_.draggable) {
+    const double beside = 4 * onePixel;
+    const double above = 2 * onePixel;
+    return {shown.left - beside, shown.top - above, shown.width + 2 * beside,
+            shown.height + 2 * above};
+  }
   if (kind() == Kind::ListBox && container_ == nullptr) {
-    const double onePixel = kTwipsPerPixel / window_.design().twipsPerUnit;
     const double room = window_.innerHeight() - onePixel - shown.top;
     if (room > 0) shown.height = std::min(shown.height, room);
   }
@@ -214,9 +220,9 @@ void Spinner::putValue(std::int32_t value) {
 }
 
 bool MenuEntry::opensMenu() const {
-  return container() == nullptr || std::ranges::any_of(window().controls(), [&](const auto& entry) {
-           return entry->container() == this;
-         });
+  return container() == nullptr || window().findIf([this](const Control& entry) {
+    return entry.container() == this;
+  }) != nullptr;
 }
 
 }  // namespace kvrnstep::forms

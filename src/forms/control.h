@@ -154,8 +154,9 @@ class Control {
   void setLeft(double left) { assign(place_.left, left, Property::Place); }
   void setWidth(double width) { assign(place_.width, width, Property::Place); }
   void setPlace(const Rect& place) { assign(place_, place, Property::Place); }
-  /// The part of the place that is drawn: a list outside of containers ends inside the window, and
-  /// a button inside its container, because its borders would be cut off there.
+  /// The place that is drawn: a list outside of containers ends inside the window, and a button
+  /// inside its container, because its borders would be cut off there. What can be dragged has a
+  /// border around the place of its text.
   [[nodiscard]] Rect shownPlace() const;
   [[nodiscard]] Picture picture() const { return picture_; }
   void setPicture(Picture picture) { assign(picture_, picture, Property::Picture); }

@@ -22,13 +22,13 @@ Mark markOf(const Control& control) {
 
 }  // namespace
 
-DrawnEntry drawnEntry(const MenuEntry& entry) {
-  return {drawnCaption(entry), entry.separator(), entry.enabled(), entry.visible(),
-          entry.checked()};
-}
-
 PixelRect ControlSync::pixelPlace() const {
-  return view_.pixelPlace(control_);
+  const Rect place = control_.shownPlace();
+  const double twips = control_.window().design().twipsPerUnit;
+  const int left = view_.pixels(place.left * twips);
+  const int top = view_.pixels(place.top * twips);
+  return {left, top, view_.pixels(place.right() * twips) - left,
+          view_.pixels(place.bottom() * twips) - top};
 }
 
 void ControlSync::applyChanges() {
@@ -40,7 +40,7 @@ void ControlSync::applyChanges() {
 void ControlSync::apply(const Changes& changes) {
   if (control_.kind() == Kind::Menu) {
     if (changes.has(Property::Colors)) recolor();
-    return setEntry(drawnEntry(static_cast<const MenuEntry&>(control_)));
+    return setEntry(static_cast<const MenuEntry&>(control_), drawnCaption(control_));
   }
   if (changes.has(Property::Place)) setPlace(pixelPlace());
   if (changes.has(Property::Enabled)) setEnabled(control_.enabled());
@@ -48,13 +48,17 @@ void ControlSync::apply(const Changes& changes) {
   if (changes.has(Property::Cursor)) setCursor(control_.cursor());
   if (changes.has(Property::Colors)) recolor();
   switch (control_.kind()) {
-    case Kind::Button:
     case Kind::Label:
       applyCaption(changes);
-      if (changes.has(Property::Picture)) setPicture(control_.picture());
       break;
+    case Kind::Button:
+      applyCaption(changes);
+      [[fallthrough]];
     case Kind::Image:
-      if (changes.has(Property::Picture, Property::Place)) setPicture(control_.picture());
+      // In dark windows it may be another one.
+      if (changes.has(Property::Picture, Property::Place, Property::Colors)) {
+        setPicture(control_.picture());
+      }
       break;
     case Kind::CheckBox:
     case Kind::OptionButton:
@@ -87,8 +91,14 @@ void ControlSync::applyBox(const TextBox& box, const Changes& changes) {
   if (changes.has(Property::Text, Property::Selection)) text()->showSelection();
 }
 
+void ControlSync::applyItems(const Entries& entries) {
+  if (shownItems_ == entries.items) return;
+  shownItems_ = entries.items;
+  setItems(shownItems_);
+}
+
 void ControlSync::applyCombo(const ComboBox& combo, const Changes& changes) {
-  if (changes.has(Property::Items)) setItems(combo.entries().items);
+  if (changes.has(Property::Items)) applyItems(combo.entries());
   setIndex(combo.entries().selected);
   // Last, because the entries and the selected one change the text of the box too.
   text()->showText();
@@ -98,7 +108,7 @@ void ControlSync::applyCombo(const ComboBox& combo, const Changes& changes) {
 void ControlSync::applyList(const ListBox& list, const Changes& changes) {
   const bool filled = changes.has(Property::Items);
   const bool selected = filled || changes.has(Property::Index);
-  if (filled) setItems(list.entries().items);
+  if (filled) applyItems(list.entries());
   if (selected) setIndex(list.entries().selected);
   // Last, because widgets scroll on their own when they get entries or a selected one.
   if (selected || changes.has(Property::TopIndex)) setTopIndex(list.topIndex());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <bitset>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -38,16 +39,6 @@ using PixelRect = RectIn<int>;
 
 /// The mark of a check box or an option button.
 enum class Mark : std::uint8_t { Clear, On, Mixed };
-
-/// A menu entry as it is to be drawn.
-struct DrawnEntry {
-  std::u16string caption;
-  bool separator;
-  bool enabled;
-  bool visible;
-  bool checked;
-};
-DrawnEntry drawnEntry(const MenuEntry& entry);
 
 /// How far a list is scrolled: its first entry in view, and the last one that can be the first.
 struct Scroll {
@@ -115,6 +106,10 @@ class ControlSync {
   virtual void setTabStop(bool /*on*/) {}
   /// Of a control that holds a text.
   [[nodiscard]] virtual TextSync* text() { return nullptr; }
+  /// Whether keys that are pressed now belong to the widget, whatever they mean elsewhere.
+  [[nodiscard]] virtual bool usesKeys() const { return false; }
+  /// The place on the desktop where a menu opens that a key has opened; nothing: at the mouse.
+  [[nodiscard]] virtual std::optional<PixelPoint> menuPlace() const { return std::nullopt; }
   [[nodiscard]] virtual Scroll scroll() const { return {}; }
   /// A list is scrolled as far as it reaches, even if more was asked for.
   [[nodiscard]] bool scrolledAsAsked() const;
@@ -122,6 +117,8 @@ class ControlSync {
  protected:
   /// The place of the widget in its parent.
   [[nodiscard]] PixelRect pixelPlace() const;
+  /// The entries that the widget shows.
+  [[nodiscard]] const std::vector<std::u16string>& shownItems() const { return shownItems_; }
   /// While the program changes the widget, its events are not actions of the user.
   [[nodiscard]] bool applying() const { return applying_; }
 
@@ -133,18 +130,19 @@ class ControlSync {
   /// The caption or the room for it has changed.
   virtual void fitCaption() {}
   virtual void setMark(Mark /*mark*/) {}
-  /// The picture or the room for it has changed.
+  /// The picture, the room for it or the desktop's colours have changed.
   virtual void setPicture(Picture /*picture*/) {}
   virtual void setCursor(int /*resourceId*/) {}
   virtual void setFont(const std::u16string& /*font*/, float /*points*/) {}
   /// The control's colours or the desktop's have changed.
   virtual void recolor() {}
+  /// Called only if they are other ones than before.
   virtual void setItems(const std::vector<std::u16string>& /*items*/) {}
   virtual void setIndex(int /*index*/) {}
   /// Scrolls so that the entry is the first visible one, as far as the list reaches.
   virtual void setTopIndex(int /*index*/) {}
-  /// Of a menu entry; none of the other setters is called for it.
-  virtual void setEntry(const DrawnEntry& /*entry*/) {}
+  /// Shows all of a menu entry; of the other setters only recolor() is called for it.
+  virtual void setEntry(const MenuEntry& /*entry*/, const std::u16string& /*caption*/) {}
 
   void userPressedButton();
   /// −1 for none.
@@ -155,6 +153,7 @@ class ControlSync {
   void apply(const Changes& changes);
   void applyCaption(const Changes& changes);
   void applyBox(const TextBox& box, const Changes& changes);
+  void applyItems(const Entries& entries);
   void applyCombo(const ComboBox& combo, const Changes& changes);
   void applyList(const ListBox& list, const Changes& changes);
   void bringIntoView(int index);
@@ -163,6 +162,7 @@ class ControlSync {
   ViewSync& view_;
   Control& control_;
   Changes changes_;
+  std::vector<std::u16string> shownItems_;
   bool applying_ = false;
 };
 

@@ -12,24 +12,15 @@ namespace kvrnstep::forms {
 
 namespace {
 
-template <class Condition>
-Control* findIf(const Window& window, Condition condition) {
-  const auto& all = window.controls();
-  const auto found =
-      std::ranges::find_if(all, [&](const auto& control) { return condition(*control); });
-  return found == all.end() ? nullptr : found->get();
-}
-
 /// The spinner or the label of a box, or null.
 Control* leadingTo(const Control& box, Kind kind) {
-  return findIf(box.window(), [&](const Control& control) {
-    return control.kind() == kind && control.buddy() == &box;
-  });
+  return box.window().findIf(
+      [&](const Control& control) { return control.kind() == kind && control.buddy() == &box; });
 }
 
 /// Clicks the button whose row has that mark.
 bool clickMarked(const Window& window, bool ControlRow::*mark) {
-  Control* button = findIf(window, [&](const Control& c) { return c.row().*mark; });
+  Control* button = window.findIf([&](const Control& c) { return c.row().*mark; });
   if (button == nullptr || !button->reachable()) return false;
   userClicked(*button);
   return true;
@@ -125,16 +116,20 @@ bool userPressedCommandKey(Control& focus, CommandKey key) {
 }
 
 void userActivated(Control& control) {
-  if (!control.row().draggable) {
-    userReleasedMouse(control, MouseButton::Left);
-    userClicked(control);
-    return;
-  }
-  Control* target = findIf(control.window(), [](const Control& c) { return bool(c.onDragDrop); });
+  if (!control.row().draggable) return userReleasedMouse(control, MouseButton::Left);
+  Control* target = control.window().findIf([](const Control& c) { return bool(c.onDragDrop); });
   if (target == nullptr) return;
   userDropped(control, *target);
   control.window().setFocus(*target);
   control.window().update();
+}
+
+bool userPressedLetter(const Window& window, char16_t letter) {
+  Control* control = window.findIf([&](const Control& c) {
+    return takesKeyboard(c) && c.reachable() && mnemonicOf(c) == letter;
+  });
+  if (control != nullptr) userActivated(*control);
+  return control != nullptr;
 }
 
 void userDoubleClicked(Control& label) {
@@ -162,7 +157,7 @@ char16_t mnemonicOf(const Control& control) {
   const char16_t letter = wantedLetter(control);
   if (letter == 0 || inMenu(control)) return letter;
   const auto firstThatWantsIt = [&](bool menuBar) {
-    return findIf(control.window(), [&](const Control& other) {
+    return control.window().findIf([&](const Control& other) {
       return !inMenu(other) && inMenuBar(other) == menuBar && wantedLetter(other) == letter;
     });
   };

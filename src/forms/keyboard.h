@@ -47,7 +47,11 @@ bool userPressedCommandKey(Control& focus, CommandKey key);
 /// takes drops, and the keyboard goes there; on anything else it is a click of the left button.
 void userActivated(Control& control);
 
-/// A double click on a label that can be dragged does the same.
+/// A letter, in upper case, was pressed together with Alt. It activates the label or image whose
+/// mnemonic it is. False: there is none; toolkits know the mnemonics of other controls themselves.
+bool userPressedLetter(const Window& window, char16_t letter);
+
+/// A double click on a label that can be dragged activates it.
 void userDoubleClicked(Control& label);
 
 /// A label or an image that Tab leads to: one that can be clicked or dragged.
@@ -66,7 +70,7 @@ std::vector<Control*> tabOrder(const Window& window);
 
 /// Where the keyboard is when the window opens: the first control in that order that the user can
 /// set something with, of a group of option buttons the selected one. Null where there is none.
-Control* firstFocus(const Window& window);
+Control* firstFocus(const std::vector<Control*>& order);
 
 /// The letter, in upper case, that reaches the control together with Alt; 0 where it has none. Each
 /// letter belongs to one control: if a menu and a button want the same letter, it opens the menu.

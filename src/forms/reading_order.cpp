@@ -109,8 +109,7 @@ std::vector<Control*> tabOrder(const Window& window) {
   return order;
 }
 
-Control* firstFocus(const Window& window) {
-  const Group order = tabOrder(window);
+Control* firstFocus(const Group& order) {
   const auto found = std::ranges::find_if(
       order, [](const Control* control) { return control->reachable() && takesInput(*control); });
   return found == order.end() ? nullptr : *found;

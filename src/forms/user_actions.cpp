@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "forms/guard.h"
+#include "forms/keyboard.h"
 
 namespace kvrnstep::forms {
 
@@ -56,6 +57,7 @@ void userReleasedMouse(Control& control, MouseButton button) {
   act(control.window(), [&] {
     if (control.reachable() && control.onMouseUp) control.onMouseUp(control.index(), button);
   });
+  if (button == MouseButton::Left && takesKeyboard(control)) userClicked(control);
 }
 
 void userClickedEntry(ListBox& list, int index) {

@@ -10,8 +10,10 @@
 namespace kvrnstep::forms {
 
 /// The left button, or the keyboard in its place: presses a button, toggles a check box, selects
-/// an option button, picks a menu entry, clicks an image.
+/// an option button, picks a menu entry.
 void userClicked(Control& control);
+/// A button of the mouse was pressed and released over the control. The left one also clicks a
+/// label or an image; of other controls the front end reports what the click does.
 void userReleasedMouse(Control& control, MouseButton button);
 /// An entry of a list box was clicked; −1 is the empty space under the entries.
 void userClickedEntry(ListBox& list, int index);

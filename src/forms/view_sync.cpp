@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "forms/guard.h"
-#include "forms/keyboard.h"
 #include "forms/user_actions.h"
 
 namespace kvrnstep::forms {
@@ -24,8 +23,6 @@ bool rearranges(const Control& control, Property property) {
 }
 
 }  // namespace
-
-ViewSync::ViewSync(Window& window) : window_(window), focus_(firstFocus(window)) {}
 
 void ViewSync::makeViews() {
   for (const auto& control : window_.controls()) views_.emplace(control.get(), makeView(*control));
@@ -50,14 +47,6 @@ void ViewSync::rescaledTo(double scale) {
 
 int ViewSync::pixels(double twips) const {
   return rounded(twips / kTwipsPerPixel * scale_);
-}
-
-PixelRect ViewSync::pixelPlace(const Control& control) const {
-  const Rect place = control.shownPlace();
-  const double twips = window_.design().twipsPerUnit;
-  const int left = pixels(place.left * twips);
-  const int top = pixels(place.top * twips);
-  return {left, top, pixels(place.right() * twips) - left, pixels(place.bottom() * twips) - top};
 }
 
 PixelSize ViewSync::innerSize() const {
@@ -134,6 +123,7 @@ void ViewSync::applyPosition() {
 
 void ViewSync::arrange() {
   const std::vector<Control*> order = tabOrder(window_);
+  if (std::exchange(opening_, false)) focus_ = firstFocus(order);
   for (const Control* control : order) {
     syncOf(*control).setTabStop(takesFocus(*control) && control->reachable());
   }
@@ -143,6 +133,14 @@ void ViewSync::arrange() {
 void ViewSync::unloaded() {
   close();
   vanish();
+}
+
+bool ViewSync::pressed(const ControlSync& focus, std::optional<CommandKey> key) {
+  if (!key || focus.usesKeys()) return false;
+  menuPlace_ = focus.menuPlace();
+  const bool handled = userPressedCommandKey(focus.control(), *key);
+  menuPlace_.reset();
+  return handled;
 }
 
 void ViewSync::movedTo(PixelPoint position, bool byUser) {

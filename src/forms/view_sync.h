@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "forms/control_sync.h"
+#include "forms/keyboard.h"
 
 namespace kvrnstep::forms {
 
@@ -25,16 +26,18 @@ Rect placeOnScreen(const Rect& wanted, std::span<const Rect> screens);
 /// pixels and back. A front end implements the setters and reports what the user does.
 class ViewSync {
  public:
-  explicit ViewSync(Window& window);
+  explicit ViewSync(Window& window) : window_(window) {}
   virtual ~ViewSync() = default;
   ViewSync(const ViewSync&) = delete;
   ViewSync& operator=(const ViewSync&) = delete;
 
   [[nodiscard]] Window& window() const { return window_; }
   [[nodiscard]] bool open() const { return open_; }
-  [[nodiscard]] PixelRect pixelPlace(const Control& control) const;
+  [[nodiscard]] int pixels(double twips) const;
   [[nodiscard]] ControlSync& syncOf(const Control& control) const { return *views_.at(&control); }
   void markKind(Kind kind, Property property);
+  /// Where a pop-up menu opens if a key has asked for it; nothing: at the mouse.
+  [[nodiscard]] std::optional<PixelPoint> menuPlace() const { return menuPlace_; }
 
   // What the window calls.
   /// A property of a control or of the window has changed. It is shown by the next update().
@@ -87,6 +90,9 @@ class ViewSync {
   /// The least inner size that a user can choose.
   [[nodiscard]] PixelSize smallestInnerSize() const;
 
+  /// A key was pressed in a control, as for userPressedCommandKey(). Nothing is a key of another
+  /// kind.
+  bool pressed(const ControlSync& focus, std::optional<CommandKey> key);
   /// The window has this place now. `byUser` is false if the desktop has moved it on its own.
   void movedTo(PixelPoint position, bool byUser);
   void resizedTo(PixelSize inner);
@@ -95,7 +101,6 @@ class ViewSync {
   void recolored();
 
  private:
-  [[nodiscard]] int pixels(double twips) const;
   void applyAll();
   void applyWindow();
   void applyPosition();
@@ -105,9 +110,11 @@ class ViewSync {
   std::unordered_map<const Control*, std::unique_ptr<ControlSync>> views_;
   Changes changes_;
   PixelPoint position_;  ///< of the frame, as it was last shown or told
-  Control* focus_;
+  Control* focus_ = nullptr;
+  std::optional<PixelPoint> menuPlace_;
   double scale_ = 1;
   bool rescaled_ = false;  ///< since the changes that are being shown began to be
+  bool opening_ = true;    ///< the order of Tab is not known yet
   bool arrangementChanged_ = true;
   bool updating_ = false;
   bool open_ = true;

@@ -1,6 +1,5 @@
 #include "forms/window.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "forms/guard.h"
@@ -38,20 +37,15 @@ Window::Window(const WindowDesign& design)
 }
 
 Control* Window::find(std::string_view name, int index) const {
-  const auto found = std::ranges::find_if(controls_, [&](const auto& control) {
-    return control->index() == index && control->row().name == name;
+  return findIf([&](const Control& control) {
+    return control.index() == index && control.row().name == name;
   });
-  return found == controls_.end() ? nullptr : found->get();
 }
 
 void Window::onClick(std::string_view name, const std::function<void(int index)>& handler) {
   for (const auto& control : controls_) {
     if (control->row().name == name) control->onClick = handler;
   }
-}
-
-void Window::changed(Control& control, Property property) {
-  if (view_ != nullptr) view_->changed(control, property);
 }
 
 void Window::changed(Property property) {
@@ -71,7 +65,7 @@ void Window::setHeight(double twips) {
 void Window::resized() {
   for (const auto& control : controls_) {
     // How much of a list is shown depends on the height of the window.
-    if (control->kind() == Kind::ListBox) changed(*control, Property::Place);
+    if (control->kind() == Kind::ListBox) control->changed(Property::Place);
     if (control->kind() != Kind::StatusBar) continue;
     const double height = control->place().height;
     control->setPlace({0, innerHeight() - height, innerWidth(), height});
@@ -80,9 +74,9 @@ void Window::resized() {
 }
 
 bool Window::hasMenuBar() const {
-  return std::ranges::any_of(controls_, [](const auto& control) {
-    return control->kind() == Kind::Menu && control->visible();
-  });
+  return findIf([](const Control& control) {
+           return control.kind() == Kind::Menu && control.visible();
+         }) != nullptr;
 }
 
 Size Window::chrome() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <map>
@@ -56,6 +57,13 @@ class Window {
 
   [[nodiscard]] const WindowDesign& design() const { return design_; }
   [[nodiscard]] const std::vector<std::unique_ptr<Control>>& controls() const { return controls_; }
+  /// The first control for which the condition holds, or null.
+  template <class Condition>
+  [[nodiscard]] Control* findIf(Condition condition) const {
+    const auto found =
+        std::ranges::find_if(controls_, [&](const auto& each) { return condition(*each); });
+    return found == controls_.end() ? nullptr : found->get();
+  }
   /// The control of that name and index (−1 for a single control), or null.
   [[nodiscard]] Control* find(std::string_view name, int index) const;
 
@@ -86,6 +94,7 @@ class Window {
 
   /// What draws the window; null for nothing.
   void attach(ViewSync* view) { view_ = view; }
+  [[nodiscard]] ViewSync* view() const { return view_; }
   void update();
 
   std::function<void()> onLoad;
@@ -103,7 +112,6 @@ class Window {
   friend class Control;
   friend class UserAction;
 
-  void changed(Control& control, Property property);
   void resized();
   template <class Held, class Value>
   void assign(Held& held, const Value& value, Property property) {

@@ -116,14 +116,14 @@ void QtDriver::settle() {
 
 bool QtDriver::waits(const forms::Window& window) {
   settle();
-  WindowView* view = viewOf(window);
+  WindowView* view = WindowView::of(window);
   if (view == nullptr || !view->open()) return false;
   view->topLevel().repaint();
   return true;
 }
 
 void QtDriver::bringToFront(const forms::Window& window) {
-  waitForUser(viewOf(window)->topLevel());
+  waitForUser(WindowView::of(window)->topLevel());
 }
 
 std::optional<QtDriver::Spot> QtDriver::spotOf(const forms::Control& control, Part part,
@@ -159,7 +159,7 @@ std::optional<QtDriver::Spot> QtDriver::spotOf(const forms::Control& control, Pa
 std::optional<QtDriver::Spot> QtDriver::spotOfEntry(const forms::Control& entry) const {
   const auto& item = static_cast<MenuView&>(viewOf(entry));
   QPoint middle;
-  QWidget* in = viewOf(entry.window())->menuBar();
+  QWidget* in = WindowView::of(entry.window())->menuBar();
   if (const MenuView* above = item.parent()) {
     in = above->menu();
     middle = above->menu()->actionGeometry(&item.action()).center();
@@ -211,7 +211,7 @@ void QtDriver::strike(std::u16string_view character) {
 }
 
 bool QtDriver::setPlace(const Gesture& gesture) {
-  QWidget& window = viewOf(gesture.window)->topLevel();
+  QWidget& window = WindowView::of(gesture.window)->topLevel();
   const auto pixels = [&](std::size_t which, double chrome) {
     return qRound((gesture.numbers[which] - chrome) / kTwipsPerPixel);
   };
@@ -219,16 +219,16 @@ bool QtDriver::setPlace(const Gesture& gesture) {
     const QPoint wanted(pixels(0, 0), pixels(1, 0));
     window.move(wanted);
     settle();
-    return viewOf(gesture.window)->open() && window.pos() == wanted;
+    return WindowView::of(gesture.window)->open() && window.pos() == wanted;
   }
   const QSize wanted(pixels(0, Chrome::kSides), pixels(1, Chrome::kTitleAndBorders));
   window.resize(wanted);
   settle();
-  return viewOf(gesture.window)->open() && window.size() == wanted;
+  return WindowView::of(gesture.window)->open() && window.size() == wanted;
 }
 
 void QtDriver::useFrame(const forms::Window& window, What what) {
-  QWidget& shown = viewOf(window)->topLevel();
+  QWidget& shown = WindowView::of(window)->topLevel();
   if (what == What::Close) {
     shown.close();
     return;

@@ -13,9 +13,6 @@ class QtDriver final : public driving::WidgetDriver {
 
  protected:
   void callAct(bool on) override;
-  [[nodiscard]] WindowView* viewOf(const forms::Window& window) const override {
-    return native_.viewOf(window);
-  }
   void settle() override;
   bool waits(const forms::Window& window) override;
   void bringToFront(const forms::Window& window) override;
@@ -36,8 +33,8 @@ class QtDriver final : public driving::WidgetDriver {
                                                    std::string_view property) const override;
 
  private:
-  [[nodiscard]] ControlView& viewOf(const forms::Control& control) const {
-    return native_.viewOf(control.window())->viewOf(control);
+  static ControlView& viewOf(const forms::Control& control) {
+    return WindowView::of(control.window())->viewOf(control);
   }
   static Spot spotIn(QWidget* widget, QPoint point) { return {widget, point.x(), point.y()}; }
   [[nodiscard]] std::optional<Spot> spotOfEntry(const forms::Control& entry) const;

@@ -107,7 +107,7 @@ std::optional<Value> ofKind(const ControlView& view, std::string_view property) 
 
 std::optional<Value> WindowsDriver::seen(const forms::Control& control,
                                          std::string_view property) const {
-  const WindowView& view = *viewOf(control.window());
+  const WindowView& view = *WindowView::of(control.window());
   if (control.kind() == Kind::Menu) return ofEntry(view, control, property);
   const ControlView& drawn = view.viewOf(control);
   // IsWindowEnabled() and IsWindowVisible() would count the parents, too.

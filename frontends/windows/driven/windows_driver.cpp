@@ -85,7 +85,7 @@ void WindowsDriver::settle() {
 }
 
 bool WindowsDriver::waits(const forms::Window& window) {
-  const WindowView* view = viewOf(window);
+  const WindowView* view = WindowView::of(window);
   if (view == nullptr || !view->open()) return false;
   // What has been drawn is on the screen before anybody looks at it.
   ::UpdateWindow(view->handle());
@@ -93,7 +93,7 @@ bool WindowsDriver::waits(const forms::Window& window) {
 }
 
 void WindowsDriver::bringToFront(const forms::Window& window) {
-  giveKeyboard(viewOf(window)->handle());
+  giveKeyboard(WindowView::of(window)->handle());
 }
 
 std::optional<WindowsDriver::Spot> WindowsDriver::spotOf(const forms::Control& control, Part part,
@@ -129,7 +129,7 @@ std::optional<WindowsDriver::Spot> WindowsDriver::spotOf(const forms::Control& c
 }
 
 std::optional<WindowsDriver::Spot> WindowsDriver::spotOfEntry(const forms::Control& entry) const {
-  const WindowView& view = *viewOf(entry.window());
+  const WindowView& view = *WindowView::of(entry.window());
   const auto place = view.menus().placeOf(entry);
   const bool inBar = entry.container() == nullptr;
   if (!place || (!inBar && !menuIsOpen())) return std::nullopt;
@@ -184,7 +184,7 @@ void WindowsDriver::strike(std::u16string_view character) {
 }
 
 bool WindowsDriver::setPlace(const Gesture& gesture) {
-  WindowView& view = *viewOf(gesture.window);
+  WindowView& view = *WindowView::of(gesture.window);
   if (gesture.what == What::Resize) return setSize(view, gesture);
   const POINT wanted{toPixels(gesture.numbers[0] / kTwipsPerPixel, desktopDpi()),
                      toPixels(gesture.numbers[1] / kTwipsPerPixel, desktopDpi())};
@@ -216,7 +216,7 @@ void WindowsDriver::useFrame(const forms::Window& window, What what) {
   const WPARAM command = what == What::Minimize  ? SC_MINIMIZE
                          : what == What::Restore ? SC_RESTORE
                                                  : SC_CLOSE;
-  ::PostMessageW(viewOf(window)->handle(), WM_SYSCOMMAND, command, 0);
+  ::PostMessageW(WindowView::of(window)->handle(), WM_SYSCOMMAND, command, 0);
   settle();
 }
 

@@ -14,9 +14,6 @@ class WindowsDriver final : public driving::WidgetDriver, private Attendant {
 
  protected:
   void callAct(bool on) override;
-  [[nodiscard]] WindowView* viewOf(const forms::Window& window) const override {
-    return native_.viewOf(window);
-  }
   void settle() override;
   bool waits(const forms::Window& window) override;
   void bringToFront(const forms::Window& window) override;
@@ -38,8 +35,8 @@ class WindowsDriver final : public driving::WidgetDriver, private Attendant {
 
  private:
   void windowIdle(WindowView& /*view*/) override { act(); }
-  [[nodiscard]] ControlView& viewOf(const forms::Control& control) const {
-    return viewOf(control.window())->viewOf(control);
+  static ControlView& viewOf(const forms::Control& control) {
+    return WindowView::of(control.window())->viewOf(control);
   }
   [[nodiscard]] std::optional<Spot> spotOfEntry(const forms::Control& entry) const;
   /// Deals with input until the widget holds the mouse, or no longer.
