@@ -41,7 +41,6 @@ void QtToolkit::runModal(forms::Window& window) {
   WindowView view(window, owner());
   const forms::Attached attached(view, open_);
   view.show();
-  if (attendant_ != nullptr) attendant_->windowOpened(view);
   view.waitUntilUnloaded();
 }
 
@@ -57,14 +56,12 @@ void QtToolkit::bringToFront() {
 void QtToolkit::showMessage(const forms::Message& message) {
   const LocaleGuard locale;
   const Box<MessageBox> box(new MessageBox(message, owner()));
-  if (attendant_ != nullptr) attendant_->messageOpened(*box);
   box->exec();
 }
 
 std::optional<std::u16string> QtToolkit::ask(const forms::Question& question) {
   const LocaleGuard locale;
   const Box<QuestionBox> box(new QuestionBox(question, owner()));
-  if (attendant_ != nullptr) attendant_->questionOpened(*box);
   if (box->exec() != QDialog::Accepted) return std::nullopt;
   return fromQt(box->textValue());
 }
@@ -81,7 +78,6 @@ std::optional<std::u16string> QtToolkit::askFile(const forms::FileDialog& dialog
                                                  QFileDialog::AcceptMode mode) {
   const LocaleGuard locale;
   const Box<FileBox> box(new FileBox(dialog, mode, owner()));
-  if (attendant_ != nullptr) attendant_->fileBoxOpened(*box);
   if (box->exec() != QDialog::Accepted || box->selectedFiles().isEmpty()) return std::nullopt;
   return fromQt(box->selectedFiles().first());
 }
@@ -91,7 +87,6 @@ void QtToolkit::popUp(forms::MenuEntry& menu) {
   if (view == nullptr || !view->open()) return;
   view->update();
   QMenu* shown = static_cast<MenuView&>(view->viewOf(menu)).menu();
-  if (attendant_ != nullptr) attendant_->popUpOpened(*shown);
   const auto place = view->menuPlace();
   shown->exec(place ? QPoint(place->left, place->top) : QCursor::pos());
 }

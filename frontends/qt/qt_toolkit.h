@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QMenu>
 #include <vector>
 
 #include "boxes.h"
@@ -9,22 +8,9 @@
 
 namespace kvrnstep::qt {
 
-/// Called for everything that opens, before it waits for its user.
-class Attendant {
- public:
-  virtual ~Attendant() = default;
-  virtual void windowOpened(WindowView& view) = 0;
-  virtual void messageOpened(QMessageBox& box) = 0;
-  virtual void questionOpened(QuestionBox& box) = 0;
-  virtual void fileBoxOpened(FileBox& box) = 0;
-  virtual void popUpOpened(QMenu& menu) = 0;
-};
-
 /// Shows windows with Qt's widgets. The process must have a QApplication.
-class QtToolkit final : public forms::Toolkit {
+class QtToolkit : public forms::Toolkit {
  public:
-  explicit QtToolkit(Attendant* attendant = nullptr) : attendant_(attendant) {}
-
   void runModal(forms::Window& window) override;
   void bringToFront() override;
   void showMessage(const forms::Message& message) override;
@@ -44,7 +30,6 @@ class QtToolkit final : public forms::Toolkit {
   std::optional<std::u16string> askFile(const forms::FileDialog& dialog,
                                         QFileDialog::AcceptMode mode);
 
-  Attendant* attendant_;
   std::vector<WindowView*> open_;
 };
 

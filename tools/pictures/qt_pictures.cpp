@@ -15,7 +15,6 @@
 
 #include "color_scheme.h"
 #include "contrast.h"
-#include "menu_view.h"
 #include "qt_application.h"
 #include "qt_toolkit.h"
 #include "scenes.h"
@@ -26,7 +25,7 @@ using namespace kvrnstep;
 namespace {
 
 /// Takes a picture of what opens last and closes everything again.
-class Photographer : public qt::Attendant {
+class Photographer : public qt::QtToolkit {
  public:
   explicit Photographer(QString file) : file_(std::move(file)) {}
 
@@ -36,26 +35,40 @@ class Photographer : public qt::Attendant {
   /// Where this is set no picture is taken, but the contrasts in it are measured.
   pictures::Contrasts* contrasts = nullptr;
 
-  void windowOpened(qt::WindowView& view) override {
-    QTimer::singleShot(0, &view.topLevel(), [this, &view] {
-      if (prepare) std::exchange(prepare, nullptr)(view.window());
-      take(view.topLevel());
-      view.window().unload();
+  void runModal(forms::Window& window) override {
+    whenOpen([this, &window] {
+      if (prepare) std::exchange(prepare, nullptr)(window);
+      take(qt::WindowView::of(window)->topLevel());
+      window.unload();
     });
+    QtToolkit::runModal(window);
   }
-  void messageOpened(QMessageBox& box) override { takeAndReject(box); }
-  void questionOpened(qt::QuestionBox& box) override { takeAndReject(box); }
-  void fileBoxOpened(qt::FileBox& box) override { takeAndReject(box); }
-  void popUpOpened(QMenu& menu) override {
-    QTimer::singleShot(0, &menu, [this, &menu] {
-      take(menu);
-      menu.close();
+  void showMessage(const forms::Message& message) override {
+    takeBox();
+    QtToolkit::showMessage(message);
+  }
+  std::optional<std::u16string> ask(const forms::Question& question) override {
+    takeBox();
+    return QtToolkit::ask(question);
+  }
+  void popUp(forms::MenuEntry& menu) override {
+    whenOpen([this] {
+      QWidget& shown = *QApplication::activePopupWidget();
+      take(shown);
+      shown.close();
     });
+    QtToolkit::popUp(menu);
   }
 
  private:
-  void takeAndReject(QDialog& box) {
-    QTimer::singleShot(0, &box, [this, &box] {
+  /// The loop that waits for the user runs when all is shown.
+  template <class Action>
+  static void whenOpen(Action action) {
+    QTimer::singleShot(0, QCoreApplication::instance(), action);
+  }
+  void takeBox() {
+    whenOpen([this] {
+      auto& box = static_cast<QDialog&>(*QApplication::activeModalWidget());
       take(box);
       box.reject();
     });
@@ -79,9 +92,8 @@ class Photographer : public qt::Attendant {
 void show(const pictures::Scene& scene, Photographer& photographer) {
   const pictures::Folder files;
   photographer.prepare = scene.prepare;
-  qt::QtToolkit toolkit(&photographer);
   const plugin::HostContext host = pictures::hostOf(files);
-  frmListwright(toolkit, host).showModal(toolkit);
+  frmListwright(photographer, host).showModal(photographer);
 }
 
 void drawAll(const QString& folder, const QString& suffix, bool darken) {
