@@ -146,21 +146,13 @@ bool WidgetDriver::begin(const Gesture& gesture, const forms::ViewSync& view) {
 }
 
 bool WidgetDriver::beginWithWindow(const Gesture& gesture, const forms::ViewSync& view) {
-  switch (gesture.what) {
-    case What::Move:
-    case What::Resize:
-      place(gesture, view);
-      return true;
-    case What::Minimize:
-    case What::Restore:
-      useFrame(gesture.window, gesture.what);
-      return gesture.window.minimized() == (gesture.what == What::Minimize);
-    case What::Close:
-      useFrame(gesture.window, gesture.what);
-      return true;
-    default:
-      return false;
+  if (gesture.what == What::Move || gesture.what == What::Resize) {
+    place(gesture, view);
+    return true;
   }
+  useFrame(gesture.window, gesture.what);
+  return gesture.what == What::Close ||
+         gesture.window.minimized() == (gesture.what == What::Minimize);
 }
 
 bool WidgetDriver::click(const Control& control, Part part, int entry, MouseButton button,

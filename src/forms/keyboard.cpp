@@ -89,11 +89,6 @@ bool inMenuBar(const Control& control) {
   return control.kind() == Kind::Menu && control.container() == nullptr && control.visible();
 }
 
-/// "Text #" is "Text 3" for the third element of an array.
-std::u16string numbered(std::u16string_view name, int index) {
-  return text::ReplaceText(name, u"#", text::decimal(index + 1));
-}
-
 }  // namespace
 
 bool userPressedCommandKey(Control& focus, CommandKey key) {
@@ -181,7 +176,8 @@ std::u16string drawnCaption(const Control& control) {
 
 std::u16string accessibleName(const Control& control) {
   if (!control.row().accessibleName.empty()) {
-    return numbered(control.row().accessibleName, control.index());
+    return text::ReplaceText(control.row().accessibleName, u"#",
+                             text::decimal(control.index() + 1));
   }
   if (control.kind() == Kind::Spinner) {
     return control.buddy() == nullptr ? std::u16string() : accessibleName(*control.buddy());

@@ -1,5 +1,6 @@
 #include "forms/window.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "forms/guard.h"
@@ -15,11 +16,17 @@ std::unique_ptr<Control> make(Window& window, const ControlRow& row, Control* co
   return std::make_unique<T>(window, row, container);
 }
 
-/// In the order of the kinds.
-constexpr std::array<decltype(&make<Control>), kKinds> kMakers{
-    make<Control>,  make<Control>, make<Control>,  make<CheckBox>, make<OptionButton>,
-    make<ComboBox>, make<TextBox>, make<Spinner>,  make<ListBox>,  make<Control>,
-    make<Control>,  make<Control>, make<MenuEntry>};
+/// The kinds that have a class of their own.
+using Maker = std::pair<Kind, decltype(&make<Control>)>;
+constexpr auto kMakers = std::to_array<Maker>({
+    {Kind::CheckBox, make<CheckBox>},
+    {Kind::OptionButton, make<OptionButton>},
+    {Kind::ComboBox, make<ComboBox>},
+    {Kind::TextBox, make<TextBox>},
+    {Kind::Spinner, make<Spinner>},
+    {Kind::ListBox, make<ListBox>},
+    {Kind::Menu, make<MenuEntry>},
+});
 
 }  // namespace
 
@@ -28,7 +35,9 @@ Window::Window(const WindowDesign& design)
   controls_.reserve(design.controls.size());
   for (const ControlRow& row : design.controls) {
     Control* container = row.in.empty() ? nullptr : find(row.in, -1);
-    controls_.push_back(kMakers.at(static_cast<std::size_t>(row.kind))(*this, row, container));
+    const auto* maker = std::ranges::find(kMakers, row.kind, &Maker::first);
+    controls_.push_back(
+        (maker == kMakers.end() ? make<Control> : maker->second)(*this, row, container));
   }
   for (const auto& control : controls_) {
     const ControlRow& row = control->row();
