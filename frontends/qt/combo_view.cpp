@@ -6,7 +6,6 @@
 #include <QPointer>
 #include <QStringListModel>
 
-#include "forms/user_actions.h"
 #include "line_edit.h"
 #include "looks.h"
 #include "text.h"
@@ -77,11 +76,8 @@ class EntryCombo : public QComboBox {
 ComboView::ComboView(WindowView& window, forms::ComboBox& combo)
     : ControlView(window, combo, new EntryCombo(combo, window.parentFor(combo))) {
   box().lineEdit()->setAccessibleName(box().accessibleName());
-  QObject::connect(&box(), &QComboBox::activated, &box(), [this, &combo](int index) {
-    if (applying()) return;
-    mark(forms::Property::Index);
-    forms::userChose(combo, index);
-  });
+  QObject::connect(&box(), &QComboBox::activated, &box(),
+                   [this](int index) { userSelectedEntry(index); });
 }
 
 bool ComboView::usesKeys() const {

@@ -5,7 +5,6 @@
 #include <cassert>
 
 #include "forms/keyboard.h"
-#include "forms/user_actions.h"
 #include "looks.h"
 #include "text.h"
 #include "window_view.h"
@@ -27,11 +26,7 @@ MenuView::MenuView(WindowView& window, forms::MenuEntry& entry)
     action_ = new QAction(parent_->menu());
     action_->setShortcut(
         QKeySequence::fromString(toQt(entry.row().shortcut), QKeySequence::PortableText));
-    QObject::connect(action_, &QAction::triggered, action_, [this] {
-      // The widget has already changed its check mark; the control decides.
-      mark(forms::Property::Checked);
-      forms::userClicked(control());
-    });
+    QObject::connect(action_, &QAction::triggered, action_, [this] { userPressedButton(); });
   }
   if (parent_ != nullptr) {
     parent_->menu()->addAction(action_);

@@ -21,9 +21,7 @@ TextEdit::TextEdit(forms::TextBox& box, QWidget* parent) : Typing(box, parent) {
   setTabChangesFocus(true);
   setLineWrapMode(row.horizontalScroll ? NoWrap : WidgetWidth);
   document()->setDocumentMargin(row.readOnly ? kGutter : kMargin);
-  connect(this, &QPlainTextEdit::textChanged, this, [this] {
-    if (!showsText()) userChangedText();
-  });
+  connect(this, &QPlainTextEdit::textChanged, this, [this] { userChangedText(); });
 }
 
 QString TextEdit::lines() const {

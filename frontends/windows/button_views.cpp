@@ -1,9 +1,7 @@
 #include "button_views.h"
 
-#include "box_font.h"
 #include "resources.h"
 #include "scale.h"
-#include "text/windows/wide.h"
 #include "window_view.h"
 
 namespace kvrnstep::windows {
@@ -48,20 +46,6 @@ LRESULT ButtonView::received(UINT message, WPARAM wide, LPARAM longer) {
 
 void ButtonView::commanded(int notification) {
   if (notification == BN_CLICKED) userPressedButton();
-}
-
-void ButtonView::setCaption(const std::u16string& caption) {
-  ::SetWindowTextW(handle(), text::wide(caption));
-}
-
-void ButtonView::fitCaption() {
-  constexpr int kBorders = 8;
-  constexpr int kMark = 18;
-  const int beside = control().kind() == forms::Kind::Button ? kBorders : kMark;
-  const int width = pixelPlace().width - toPixels(beside, window().dpi());
-  Font fitted = fittedFont(control().caption(), width, false, window().dpi());
-  useFont(fitted.get());
-  font_ = std::move(fitted);
 }
 
 void ButtonView::setMark(forms::Mark mark) {

@@ -12,13 +12,10 @@ class ButtonView : public ControlView {
  protected:
   LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
   void commanded(int notification) override;
-  void setCaption(const std::u16string& caption) override;
-  void fitCaption() override;
   void setMark(forms::Mark mark) override;
   void setPicture(forms::Picture picture) override;
 
  private:
-  Font font_;
   Icon picture_;
 };
 

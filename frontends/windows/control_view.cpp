@@ -3,13 +3,27 @@
 #include <windowsx.h>
 
 #include <array>
+#include <utility>
 
+#include "box_font.h"
+#include "forms/keyboard.h"
 #include "forms/user_actions.h"
 #include "resources.h"
+#include "scale.h"
 #include "text/windows/wide.h"
 #include "window_view.h"
 
 namespace kvrnstep::windows {
+
+namespace {
+
+/// The room in 1/96 inch that a border or a mark takes of a caption's.
+int besideCaption(const forms::Control& control) {
+  if (control.kind() == forms::Kind::Label) return control.row().draggable ? 4 : 0;
+  return control.kind() == forms::Kind::Button ? 8 : 18;
+}
+
+}  // namespace
 
 ControlView::ControlView(WindowView& window, forms::Control& control)
     : ControlSync(window, control), window_(window) {}
@@ -70,8 +84,22 @@ void ControlView::setTabStop(bool on) {
   if (wanted != style) ::SetWindowLongPtrW(handle(), GWL_STYLE, wanted);
 }
 
+void ControlView::setCaption(const std::u16string& caption) {
+  ::SetWindowTextW(handle(), text::wide(caption));
+}
+
+void ControlView::fitCaption() {
+  const int width = pixelPlace().width - toPixels(besideCaption(control()), window_.dpi());
+  useFont(fittedFont(control().caption(), width, forms::isLink(control()), window_.dpi()));
+}
+
 void ControlView::useFont(HFONT font) {
   ::SendMessageW(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+}
+
+void ControlView::useFont(Font font) {
+  useFont(font.get());
+  font_ = std::move(font);
 }
 
 std::u16string textOf(HWND window) {

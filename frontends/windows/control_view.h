@@ -32,18 +32,25 @@ class ControlView : public forms::ControlSync, public Receiver {
   void setPlace(const forms::PixelRect& place) override;
   void setEnabled(bool enabled) override;
   void setVisible(bool visible) override;
+  void setCaption(const std::u16string& caption) override;
+  void fitCaption() override;
   LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
 
   virtual void commanded(int /*notification*/) {}
   /// Sets the colours and returns the brush for the background; null for the usual one.
   virtual HBRUSH colored(HDC /*context*/) { return nullptr; }
 
-  void useFont(HFONT font);
+  /// The control has this font until it gets another one.
+  void useFont(Font font);
+  [[nodiscard]] HFONT font() const { return font_.get(); }
 
   [[nodiscard]] WindowView& window() const { return window_; }
 
  private:
+  void useFont(HFONT font);
+
   WindowView& window_;
+  Font font_;
 };
 
 std::u16string textOf(HWND window);

@@ -160,8 +160,4 @@ void Edit::setSelection(TextSelection selection) {
   ::SendMessageW(handle(), EM_SCROLLCARET, 0, 0);
 }
 
-void Edit::changed() {
-  if (!showsText()) userChangedText();
-}
-
 }  // namespace kvrnstep::windows

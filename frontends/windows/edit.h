@@ -27,8 +27,6 @@ class Edit final : public forms::TextSync, public Receiver {
 
   /// To be called once, when the control exists.
   void begin(HWND edit);
-  /// The control has told that its text has changed.
-  void changed();
 
   [[nodiscard]] std::u16string shownText() const override;
   void setSelection(forms::TextSelection selection) override;

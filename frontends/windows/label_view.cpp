@@ -4,12 +4,10 @@
 
 #include <utility>
 
-#include "box_font.h"
 #include "forms/contrast.h"
 #include "forms/keyboard.h"
 #include "forms/user_actions.h"
 #include "resources.h"
-#include "scale.h"
 #include "text/windows/wide.h"
 #include "window_view.h"
 
@@ -72,19 +70,6 @@ void LabelView::hover(bool on) {
   if (on) ::TrackMouseEvent(&leaving);
 }
 
-void LabelView::setCaption(const std::u16string& caption) {
-  ::SetWindowTextW(handle(), text::wide(caption));
-}
-
-void LabelView::fitCaption() {
-  constexpr int kBorders = 4;
-  const int borders = control().row().draggable ? toPixels(kBorders, window().dpi()) : 0;
-  Font fitted = fittedFont(control().caption(), pixelPlace().width - borders,
-                           forms::isLink(control()), window().dpi());
-  useFont(fitted.get());
-  font_ = std::move(fitted);
-}
-
 LRESULT LabelView::received(UINT message, WPARAM wide, LPARAM longer) {
   if (message == WM_LBUTTONDBLCLK && control().row().draggable) {
     forms::userDoubleClicked(control());
@@ -101,7 +86,7 @@ LRESULT LabelView::received(UINT message, WPARAM wide, LPARAM longer) {
 }
 
 void LabelView::drawFocus() const {
-  const Drawing context(handle(), font_.get());
+  const Drawing context(handle(), font());
   RECT inside{};
   ::GetClientRect(handle(), &inside);
   RECT words = inside;

@@ -27,8 +27,6 @@ class LabelView : public MouseView {
 
  protected:
   HBRUSH colored(HDC context) override;
-  void setCaption(const std::u16string& caption) override;
-  void fitCaption() override;
   void recolor() override;
   LRESULT received(UINT message, WPARAM wide, LPARAM longer) override;
   void pressed() override;
@@ -39,7 +37,6 @@ class LabelView : public MouseView {
   void hover(bool on);
   void setDragged(bool dragged);
 
-  Font font_;
   COLORREF color_ = 0;       ///< of a link …
   COLORREF hoverColor_ = 0;  ///< … under the mouse
   bool hovered_ = false;

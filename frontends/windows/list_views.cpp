@@ -186,7 +186,7 @@ ComboView::ComboView(WindowView& window, forms::ComboBox& combo)
 
 void ComboView::commanded(int notification) {
   if (applying()) return;
-  if (notification == CBN_EDITCHANGE) edit_.changed();
+  if (notification == CBN_EDITCHANGE) edit_.userChangedText();
   const bool chosen = notification == CBN_SELENDOK || notification == CBN_SELCHANGE;
   chosen_ = chosen_ || chosen;
   // Dropping the list down may have completed the text.
@@ -206,7 +206,7 @@ void ComboView::takeOver() {
   mark(forms::Property::Text);
   mark(forms::Property::Index);
   if (std::exchange(chosen_, false) && selected() >= 0) {
-    forms::userChose(static_cast<forms::ComboBox&>(control()), selected());
+    userSelectedEntry(selected());
   } else {
     window().update();
   }

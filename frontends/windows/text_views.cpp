@@ -35,7 +35,7 @@ TextBoxView::TextBoxView(WindowView& window, forms::TextBox& box)
 }
 
 void TextBoxView::commanded(int notification) {
-  if (notification == EN_CHANGE && !applying()) edit_.changed();
+  if (notification == EN_CHANGE && !applying()) edit_.userChangedText();
 }
 
 HBRUSH TextBoxView::colored(HDC context) {
@@ -46,9 +46,7 @@ HBRUSH TextBoxView::colored(HDC context) {
 }
 
 void TextBoxView::setFont(const std::u16string& font, float points) {
-  Font made = boxFont(font, points, window().dpi());
-  useFont(made.get());
-  font_ = std::move(made);
+  useFont(boxFont(font, points, window().dpi()));
   if (!box().row().readOnly) return;
   constexpr int kGutter = 6;
   ::SendMessageW(handle(), EM_SETMARGINS, EC_LEFTMARGIN, toPixels(kGutter, window().dpi()));

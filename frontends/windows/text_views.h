@@ -21,7 +21,6 @@ class TextBoxView : public ControlView {
   [[nodiscard]] forms::TextBox& box() const { return static_cast<forms::TextBox&>(control()); }
 
   Edit edit_;
-  Font font_;
   Brush ground_;
 };
 

@@ -16,7 +16,6 @@ enum class Property : std::uint8_t {
   Text,
   Value,
   Caption,
-  Checked,
   Enabled,
   Visible,
   Place,  ///< of a window: the position alone
@@ -394,7 +393,7 @@ class MenuEntry : public Control {
   /// Whether it has entries, or is a pop-up menu.
   [[nodiscard]] bool opensMenu() const;
   [[nodiscard]] bool checked() const { return checked_; }
-  void setChecked(bool checked) { assign(checked_, checked, Property::Checked); }
+  void setChecked(bool checked) { assign(checked_, checked, Property::Value); }
 
  private:
   bool checked_ = row().checked;

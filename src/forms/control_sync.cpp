@@ -144,7 +144,8 @@ void ControlSync::userSelectedEntry(int index) {
   if (applying_) return;
   // The control may refuse, and the widget then selects the old entry again.
   mark(Property::Index);
-  userClickedEntry(list(), index);
+  if (control_.kind() == Kind::ListBox) return userClickedEntry(list(), index);
+  userChose(static_cast<ComboBox&>(control_), index);
 }
 
 void ControlSync::userMayHaveScrolled() {
@@ -164,7 +165,7 @@ void TextSync::showSelection() {
 }
 
 void TextSync::userChangedText() {
-  if (showing_) return;
+  if (showing_ || showsText()) return;
   guarded([this] {
     std::u16string text = editedText();
     const TextSelection caret = selectionIn(text);

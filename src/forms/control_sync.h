@@ -62,6 +62,8 @@ class TextSync {
   [[nodiscard]] virtual std::u16string shownText() const = 0;
   [[nodiscard]] TextSelection shownSelection() const { return selectionIn(shownText()); }
   virtual void setSelection(TextSelection selection) = 0;
+  /// The user may have changed the text in the widget.
+  void userChangedText();
 
  protected:
   [[nodiscard]] TextControl& box() const { return box_; }
@@ -75,9 +77,7 @@ class TextSync {
   [[nodiscard]] virtual TextSelection selectionIn(const std::u16string& text) const = 0;
   virtual void setText(const std::u16string& text) = 0;
 
-  /// The user has changed the text in the widget …
-  void userChangedText();
-  /// … or may have moved its caret or its mark.
+  /// The user may have moved the widget's caret or its mark.
   void userMovedCaret();
 
  private:
@@ -144,8 +144,9 @@ class ControlSync {
   /// Shows all of a menu entry; of the other setters only recolor() is called for it.
   virtual void setEntry(const MenuEntry& /*entry*/, const std::u16string& /*caption*/) {}
 
+  /// … or has picked a menu entry.
   void userPressedButton();
-  /// −1 for none.
+  /// Of a list box or a combo box; −1 for none.
   void userSelectedEntry(int index);
   void userMayHaveScrolled();
 
