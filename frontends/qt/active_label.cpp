@@ -143,7 +143,7 @@ void ActiveLabel::mousePressEvent(QMouseEvent* event) {
   if (!control().row().draggable || dragged_ || event->button() != Qt::LeftButton) return;
   dragged_ = true;
   update();
-  QGuiApplication::setOverrideCursor(cursorOf(control().dragCursor(), devicePixelRatioF()));
+  QGuiApplication::setOverrideCursor(cursorOf(forms::kDragCursor, devicePixelRatioF()));
 }
 
 void ActiveLabel::mouseReleaseEvent(QMouseEvent* event) {

@@ -77,7 +77,7 @@ LRESULT LabelView::received(UINT message, WPARAM wide, LPARAM longer) {
   }
   if (message == WM_MOUSEMOVE || message == WM_MOUSELEAVE) hover(message == WM_MOUSEMOVE);
   // While the mouse is captured the system sends no WM_SETCURSOR.
-  if (message == WM_MOUSEMOVE && dragged_) ::SetCursor(cursorOf(control().dragCursor()));
+  if (message == WM_MOUSEMOVE && dragged_) ::SetCursor(cursorOf(forms::kDragCursor));
   // Another window takes the mouse: the drag is over without a drop.
   if (message == WM_CAPTURECHANGED && reinterpret_cast<HWND>(longer) != nullptr) setDragged(false);
   const LRESULT result = MouseView::received(message, wide, longer);
@@ -100,7 +100,7 @@ void LabelView::drawFocus() const {
 void LabelView::pressed() {
   if (!control().row().draggable) return;
   setDragged(true);
-  ::SetCursor(cursorOf(control().dragCursor()));
+  ::SetCursor(cursorOf(forms::kDragCursor));
 }
 
 void LabelView::setDragged(bool dragged) {

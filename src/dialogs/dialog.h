@@ -9,8 +9,6 @@
 
 namespace kvrnstep::dialogs {
 
-inline constexpr int kLinkCursor = 104;  ///< resource id
-
 /// A window of the plug-in. It keeps keys in the settings file of the host, among them its place.
 class Dialog : public forms::Window {
  public:

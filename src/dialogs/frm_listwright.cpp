@@ -74,10 +74,6 @@ void frmListwright::lblD_MouseUp(int index) {
   }
 }
 
-void frmListwright::setLinkCursor(int resourceId) {
-  for (const auto& [label, entry] : kLinks) control<Control>("lblD", label).setCursor(resourceId);
-}
-
 void frmListwright::SetActionsEnabled(bool bolEnable) {
   for (Control* action : actions_) action->setEnabled(bolEnable);
   panels_.enableButtons(bolEnable);

@@ -36,7 +36,6 @@ class frmListwright : public Dialog {
   void Form_Load();
   void Form_QueryUnload();
   void adoptEditorLook();
-  void setLinkCursor(int resourceId);
   [[nodiscard]] stepfiles::OpenDefaultsPlace openDefaultsPlace() const;
 
   void cmdCIC_Click(int index);

@@ -8,7 +8,6 @@ namespace kvrnstep::dialogs {
 
 void frmListwright::Form_Load() {
   adoptEditorLook();
-  setLinkCursor(kLinkCursor);
   for (auto& file : affixFiles_) file.load();
   cboPreSuf(1).setText(readKey(u"Suffix", u"."));
   fields_.selectType(LwStepStart());
@@ -31,9 +30,6 @@ void frmListwright::adoptEditorLook() {
 
 void frmListwright::Form_QueryUnload() {
   for (auto& file : affixFiles_) file.save();
-  setLinkCursor(0);
-  stepFiles_.clear();
-  for (forms::ComboBox* box : cboPreSuf.all()) box->Clear();
   saveKeys({{u"Display", panels_.display()},
             {u"EditorFont", txtPreview.font()},
             {u"EditorSize", text::decimal(txtPreview.fontSize())},

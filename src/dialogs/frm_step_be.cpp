@@ -39,11 +39,6 @@ frmStepBE::frmStepBE(forms::Toolkit& toolkit, const plugin::HostContext& host)
 
 void frmStepBE::Form_Load() {
   IsBEBapplied(u"");
-  for (Control* image : imgBE.all()) {
-    image->setPicture("apply-inactive");
-    image->setCursor(kLinkCursor);
-    image->setEnabled(false);
-  }
   setCaption(DoBegEnd() == 0 ? u"Beginning (Storage)" : u"Ending (Storage)");
   LoadOrSaveSlots(false, storageFile());
   Form_Resize();
@@ -51,10 +46,6 @@ void frmStepBE::Form_Load() {
 }
 
 void frmStepBE::Form_QueryUnload() {
-  for (Control* image : imgBE.all()) {
-    image->setPicture({});
-    image->setCursor(0);
-  }
   LoadOrSaveSlots(true, storageFile());
   saveKeys();
 }
@@ -74,7 +65,6 @@ void frmStepBE::LoadOrSaveSlots(bool bolSave, const std::u16string& sFile) {
   }
   stepfiles::StoredTexts texts;
   std::ranges::transform(txtHold.all(), texts.begin(), &TextBox::text);
-  for (TextBox* box : txtHold.all()) box->setText(u"");
   // A file that could not be read must not be replaced by empty slots.
   if (storageRead_) stepfiles::writeStoredTexts(sFile, texts);
 }

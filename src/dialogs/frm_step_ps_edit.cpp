@@ -10,17 +10,10 @@ namespace kvrnstep::dialogs {
 
 using forms::Control;
 
-namespace {
-
-constexpr int kDragCursor = 106;
-constexpr int kHoverCursor = 107;
-
-}  // namespace
-
 frmStepPSEdit::frmStepPSEdit(forms::Toolkit& toolkit, const plugin::HostContext& host)
     : Dialog(frmStepPSEditDesign, toolkit, host, u"StepPSEdit") {
   onLoad = [this] { Form_Load(); };
-  onQueryUnload = [this] { Form_QueryUnload(); };
+  onQueryUnload = [this] { saveKeys(); };
   txtAdd.onChange = [this](int /*index*/) {
     control<Control>("cmdAdd").setEnabled(!txtAdd.text().empty());
   };
@@ -40,10 +33,6 @@ frmStepPSEdit::frmStepPSEdit(forms::Toolkit& toolkit, const plugin::HostContext&
 }
 
 void frmStepPSEdit::Form_Load() {
-  for (Control* label : lblDrag.all()) {
-    label->setDragCursor(kDragCursor);
-    label->setCursor(kHoverCursor);
-  }
   if (PivitWhat < kAffixKinds.size()) {
     const AffixKind& kind = kAffixKinds.at(PivitWhat);
     setCaption(kind.caption);
@@ -52,15 +41,6 @@ void frmStepPSEdit::Form_Load() {
   }
   enableSort();
   restorePlace();
-}
-
-void frmStepPSEdit::Form_QueryUnload() {
-  for (Control* label : lblDrag.all()) {
-    label->setDragCursor(0);
-    label->setCursor(0);
-  }
-  lstEdit.Clear();
-  saveKeys();
 }
 
 void frmStepPSEdit::cmdOK_Click() {

@@ -19,7 +19,6 @@ class frmStepPSEdit : public Dialog {
 
  private:
   void Form_Load();
-  void Form_QueryUnload();
   void cmdAdd_Click();
   void cmdEdO_Click();
   void cmdDelete_Click();
@@ -38,7 +37,6 @@ class frmStepPSEdit : public Dialog {
 
   forms::ListBox& lstEdit = control<forms::ListBox>("lstEdit");
   forms::TextBox& txtAdd = control<forms::TextBox>("txtAdd");
-  forms::ControlArray<forms::Control, 3> lblDrag{*this, "lblDrag"};
   std::optional<AffixFile<forms::ListBox>> file_;
 };
 

@@ -14,7 +14,6 @@ class StepFileList {
 
   void FillStepFileList();
   void selectNone() { lstStepf.setIndex(-1); }
-  void clear() { lstStepf.Clear(); }
 
  private:
   void lstStepf_DblClick();

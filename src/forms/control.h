@@ -79,6 +79,11 @@ enum class MouseButton : std::uint8_t { Left, Middle, Right };
 /// artwork.
 using Picture = std::string_view;
 
+// Mouse cursors, by their resource ids.
+inline constexpr int kLinkCursor = 104;   ///< over what can be clicked
+inline constexpr int kDragCursor = 106;   ///< while something is dragged
+inline constexpr int kHoverCursor = 107;  ///< over what can be dragged
+
 /// One row of a window's declaration table. It names only what differs from the defaults.
 struct ControlRow {
   Kind kind;
@@ -162,9 +167,6 @@ class Control {
   /// Resource id of the mouse cursor over the control; 0 for the usual one.
   [[nodiscard]] int cursor() const { return cursor_; }
   void setCursor(int resourceId) { assign(cursor_, resourceId, Property::Cursor); }
-  /// The resource id of the cursor while the control is dragged.
-  [[nodiscard]] int dragCursor() const { return dragCursor_; }
-  void setDragCursor(int resourceId) { assign(dragCursor_, resourceId, Property::Cursor); }
 
   /// Whether a user can reach the control: it and its containers are visible and enabled, a part of
   /// it is inside the window, and no frame is in front of it. Menus need only be enabled and
@@ -199,8 +201,7 @@ class Control {
   Control* buddy_ = nullptr;
   std::u16string caption_{row_.caption};
   Rect place_{row_.place};
-  int cursor_ = 0;
-  int dragCursor_ = 0;
+  int cursor_ = row_.clickable ? kLinkCursor : row_.draggable ? kHoverCursor : 0;
   Picture picture_{row_.picture};
   bool enabled_ = row_.enabled;
   bool visible_ = row_.visible;
