@@ -23,7 +23,6 @@ forms::TextSelection LineEdit::selectionIn(const std::u16string& /*text*/) const
 }
 
 void LineEdit::edited() {
-  if (showing()) return;
   kept_.reset();
   limitLength(text().size());
   userChangedText();

@@ -88,9 +88,17 @@ void WindowView::makeMenuBar() {
 }
 
 std::unique_ptr<forms::ControlSync> WindowView::makeView(Control& control) {
-  return forms::makeViewOf<GroundView, ButtonView, ButtonView, ButtonView, ComboView, TextBoxView,
-                           SpinnerView, ListView, LabelView, LabelView, GroundView, MenuView>(
-      *this, control);
+  using forms::Draws;
+  using forms::Kind;
+  return forms::makeViewOf<
+      Draws<GroundView, Control, Kind::Frame, Kind::Panel, Kind::StatusBar>,
+      Draws<ButtonView, Control, Kind::Button, Kind::CheckBox, Kind::OptionButton>,
+      Draws<ComboView, forms::ComboBox, Kind::ComboBox>,
+      Draws<TextBoxView, forms::TextBox, Kind::TextBox>,
+      Draws<SpinnerView, forms::Spinner, Kind::Spinner>,
+      Draws<ListView, forms::ListBox, Kind::ListBox>,
+      Draws<LabelView, Control, Kind::Label, Kind::Image>,
+      Draws<MenuView, forms::MenuEntry, Kind::Menu>>(*this, control);
 }
 
 ControlView& WindowView::viewOf(const Control& control) const {

@@ -100,10 +100,16 @@ int WindowView::create(HWND owner) {
 }
 
 std::unique_ptr<forms::ControlSync> WindowView::makeView(Control& control) {
-  auto made =
-      forms::makeViewOf<ContainerView, ButtonView, ButtonView, ButtonView, ComboView, TextBoxView,
-                        SpinnerView, ListView, LabelView, ImageView, StatusBarView, MenuEntryView>(
-          *this, control);
+  using forms::Draws;
+  auto made = forms::makeViewOf<
+      Draws<ContainerView, Control, Kind::Frame, Kind::Panel>,
+      Draws<ButtonView, Control, Kind::Button, Kind::CheckBox, Kind::OptionButton>,
+      Draws<ComboView, forms::ComboBox, Kind::ComboBox>,
+      Draws<TextBoxView, forms::TextBox, Kind::TextBox>,
+      Draws<SpinnerView, forms::Spinner, Kind::Spinner>,
+      Draws<ListView, forms::ListBox, Kind::ListBox>, Draws<LabelView, Control, Kind::Label>,
+      Draws<ImageView, Control, Kind::Image>, Draws<StatusBarView, Control, Kind::StatusBar>,
+      Draws<MenuEntryView, forms::MenuEntry, Kind::Menu>>(*this, control);
   auto& view = static_cast<ControlView&>(*made);
   for (const HWND window : {view.handle(), view.keyTarget()}) {
     if (window != nullptr) byHandle_.emplace(window, &view);

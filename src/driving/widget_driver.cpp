@@ -200,15 +200,25 @@ void WidgetDriver::pickWanted() {
   }
 }
 
+/// The screen knows whole pixels only. So the exact place is told as a front end tells it, unless
+/// the window has taken another one.
 void WidgetDriver::place(const Gesture& gesture, const forms::ViewSync& view) {
-  if (!setPlace(gesture) || !view.open()) return;
-  // The screen knows whole pixels only, so the exact place is told as a front end tells it.
+  Window& window = gesture.window;
   const double first = gesture.numbers[0];
   const double second = gesture.numbers[1];
+  const forms::Rect& now = window.place();
   if (gesture.what == What::Move) {
-    forms::userMoved(gesture.window, first, second);
+    const forms::PixelPoint wanted = view.onDesktop(first, second);
+    move(window, wanted);
+    settle();
+    const bool moved = view.open() && view.onDesktop(now.left, now.top) == wanted;
+    if (moved) forms::userMoved(window, first, second);
   } else {
-    forms::userResized(gesture.window, first, second);
+    const forms::PixelSize wanted = view.innerSize(first, second);
+    resize(window, wanted);
+    settle();
+    const bool resized = view.open() && view.innerSize(now.width, now.height) == wanted;
+    if (resized) forms::userResized(window, first, second);
   }
 }
 

@@ -50,8 +50,8 @@ class WidgetDriver : public Driver {
   /// that its press causes is shown.
   virtual void strike(std::u16string_view character) = 0;
 
-  /// Moves or sizes a window in whole pixels. False: it has another place or size now.
-  virtual bool setPlace(const Gesture& gesture) = 0;
+  virtual void move(const forms::Window& window, forms::PixelPoint place) = 0;
+  virtual void resize(const forms::Window& window, forms::PixelSize inner) = 0;
   /// Minimizes, restores or closes a window.
   virtual void useFrame(const forms::Window& window, Gesture::What what) = 0;
 

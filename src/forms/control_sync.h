@@ -67,7 +67,6 @@ class TextSync {
 
  protected:
   [[nodiscard]] TextControl& box() const { return box_; }
-  [[nodiscard]] bool showing() const { return showing_; }
 
   /// Whether the widget shows the control's text, as far as it can.
   [[nodiscard]] virtual bool showsText() const { return shownText() == box_.text(); }

@@ -49,14 +49,13 @@ int ViewSync::pixels(double twips) const {
   return rounded(twips / kTwipsPerPixel * scale_);
 }
 
-PixelSize ViewSync::innerSize() const {
-  return {pixels(window_.place().width - window_.chrome().width),
-          pixels(window_.place().height - window_.chrome().height)};
+PixelSize ViewSync::innerSize(double width, double height) const {
+  return {pixels(width - window_.chrome().width), pixels(height - window_.chrome().height)};
 }
 
-PixelSize ViewSync::smallestInnerSize() const {
-  return {pixels(window_.design().minimumWidth - window_.chrome().width),
-          pixels(window_.design().minimumHeight - window_.chrome().height)};
+PixelPoint ViewSync::onDesktop(double left, double top) const {
+  const double scale = desktopScale() / kTwipsPerPixel;
+  return {rounded(left * scale), rounded(top * scale)};
 }
 
 PixelSize ViewSync::frameSize() const {
@@ -109,12 +108,10 @@ void ViewSync::applyWindow() {
 }
 
 void ViewSync::applyPosition() {
-  const auto onDesktop = [&](double twips) {
-    return std::round(twips / kTwipsPerPixel * desktopScale());
-  };
   const PixelSize frame = frameSize();
+  const PixelPoint wanted = onDesktop(window_.place().left, window_.place().top);
   const Rect shown =
-      placeOnScreen({onDesktop(window_.place().left), onDesktop(window_.place().top),
+      placeOnScreen({static_cast<double>(wanted.left), static_cast<double>(wanted.top),
                      static_cast<double>(frame.width), static_cast<double>(frame.height)},
                     screens());
   position_ = {rounded(shown.left), rounded(shown.top)};

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <memory>
 #include <optional>
 #include <span>
@@ -34,6 +33,10 @@ class ViewSync {
   [[nodiscard]] Window& window() const { return window_; }
   [[nodiscard]] bool open() const { return open_; }
   [[nodiscard]] int pixels(double twips) const;
+  /// The inner size of a window that is so large outside, in twips.
+  [[nodiscard]] PixelSize innerSize(double width, double height) const;
+  /// A place on the desktop that is given in twips.
+  [[nodiscard]] PixelPoint onDesktop(double left, double top) const;
   [[nodiscard]] ControlSync& syncOf(const Control& control) const { return *views_.at(&control); }
   void markKind(Kind kind, Property property);
   /// Where a pop-up menu opens if a key has asked for it; nothing: at the mouse.
@@ -86,9 +89,13 @@ class ViewSync {
   /// Stops showing anything, because the window has been unloaded, or something else has destroyed
   /// it.
   void close() { open_ = false; }
-  [[nodiscard]] PixelSize innerSize() const;
+  [[nodiscard]] PixelSize innerSize() const {
+    return innerSize(window_.place().width, window_.place().height);
+  }
   /// The least inner size that a user can choose.
-  [[nodiscard]] PixelSize smallestInnerSize() const;
+  [[nodiscard]] PixelSize smallestInnerSize() const {
+    return innerSize(window_.design().minimumWidth, window_.design().minimumHeight);
+  }
 
   /// A key was pressed in a control, as for userPressedCommandKey(). Nothing is a key of another
   /// kind.
@@ -141,26 +148,25 @@ class Attached {
   std::vector<View*>& open_;
 };
 
-template <class View, class Of, class WindowView>
-std::unique_ptr<ControlSync> makeView(WindowView& window, Control& control) {
-  return std::make_unique<View>(window, static_cast<Of&>(control));
-}
+/// A class of views, the kinds that it draws, and the class of their controls.
+template <class View, class Of, Kind... kinds>
+struct Draws {
+  static constexpr std::size_t kCount = sizeof...(kinds);
 
-/// Makes the view of a control, of the class that a front end has for its kind.
-template <class ContainerView, class ButtonView, class CheckBoxView, class OptionButtonView,
-          class ComboView, class TextBoxView, class SpinnerView, class ListView, class LabelView,
-          class ImageView, class StatusBarView, class MenuView, class WindowView>
+  template <class WindowView>
+  static void make(std::unique_ptr<ControlSync>& made, WindowView& window, Control& control) {
+    const bool itsKind = ((control.kind() == kinds) || ...);
+    if (itsKind) made = std::make_unique<View>(window, static_cast<Of&>(control));
+  }
+};
+
+/// Makes the view of a control, of the class that draws its kind.
+template <class... Views, class WindowView>
 std::unique_ptr<ControlSync> makeViewOf(WindowView& window, Control& control) {
-  // In the order of the kinds.
-  constexpr std::array<std::unique_ptr<ControlSync> (*)(WindowView&, Control&), kKinds> kMakers{
-      makeView<ContainerView, Control>,    makeView<ContainerView, Control>,
-      makeView<ButtonView, Control>,       makeView<CheckBoxView, Control>,
-      makeView<OptionButtonView, Control>, makeView<ComboView, ComboBox>,
-      makeView<TextBoxView, TextBox>,      makeView<SpinnerView, Spinner>,
-      makeView<ListView, ListBox>,         makeView<LabelView, Control>,
-      makeView<ImageView, Control>,        makeView<StatusBarView, Control>,
-      makeView<MenuView, MenuEntry>};
-  return kMakers.at(static_cast<std::size_t>(control.kind()))(window, control);
+  static_assert((Views::kCount + ...) == kKinds);
+  std::unique_ptr<ControlSync> made;
+  (Views::make(made, window, control), ...);
+  return made;
 }
 
 }  // namespace kvrnstep::forms

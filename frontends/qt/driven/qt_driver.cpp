@@ -19,9 +19,7 @@
 namespace kvrnstep::qt {
 
 using driving::Gesture;
-using forms::Chrome;
 using forms::Kind;
-using forms::kTwipsPerPixel;
 using forms::MouseButton;
 using What = Gesture::What;
 
@@ -210,21 +208,12 @@ void QtDriver::strike(std::u16string_view character) {
         control ? Qt::ControlModifier : Qt::NoModifier, toQt(character));
 }
 
-bool QtDriver::setPlace(const Gesture& gesture) {
-  QWidget& window = WindowView::of(gesture.window)->topLevel();
-  const auto pixels = [&](std::size_t which, double chrome) {
-    return qRound((gesture.numbers[which] - chrome) / kTwipsPerPixel);
-  };
-  if (gesture.what == What::Move) {
-    const QPoint wanted(pixels(0, 0), pixels(1, 0));
-    window.move(wanted);
-    settle();
-    return WindowView::of(gesture.window)->open() && window.pos() == wanted;
-  }
-  const QSize wanted(pixels(0, Chrome::kSides), pixels(1, Chrome::kTitleAndBorders));
-  window.resize(wanted);
-  settle();
-  return WindowView::of(gesture.window)->open() && window.size() == wanted;
+void QtDriver::move(const forms::Window& window, forms::PixelPoint place) {
+  WindowView::of(window)->topLevel().move(place.left, place.top);
+}
+
+void QtDriver::resize(const forms::Window& window, forms::PixelSize inner) {
+  WindowView::of(window)->topLevel().resize(inner.width, inner.height);
 }
 
 void QtDriver::useFrame(const forms::Window& window, What what) {

@@ -22,7 +22,8 @@ class QtDriver final : public driving::WidgetDriver {
   bool drag(const Spot& from, const Spot& to) override;
   void strike(std::u16string_view character) override;
 
-  bool setPlace(const driving::Gesture& gesture) override;
+  void move(const forms::Window& window, forms::PixelPoint place) override;
+  void resize(const forms::Window& window, forms::PixelSize inner) override;
   void useFrame(const forms::Window& window, driving::Gesture::What what) override;
 
   void* openBox() override;

@@ -1,14 +1,11 @@
 #include "windows_driver.h"
 
-#include "scale.h"
 #include "user_input.h"
 
 namespace kvrnstep::windows {
 
 using driving::Gesture;
-using forms::Chrome;
 using forms::Kind;
-using forms::kTwipsPerPixel;
 using forms::MouseButton;
 using What = Gesture::What;
 
@@ -183,33 +180,20 @@ void WindowsDriver::strike(std::u16string_view character) {
   for (const char16_t unit : character) pressCharacter(unit);
 }
 
-bool WindowsDriver::setPlace(const Gesture& gesture) {
-  WindowView& view = *WindowView::of(gesture.window);
-  if (gesture.what == What::Resize) return setSize(view, gesture);
-  const POINT wanted{toPixels(gesture.numbers[0] / kTwipsPerPixel, desktopDpi()),
-                     toPixels(gesture.numbers[1] / kTwipsPerPixel, desktopDpi())};
-  ::SetWindowPos(view.handle(), nullptr, wanted.x, wanted.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-  settle();
-  RECT now{};
-  return ::GetWindowRect(view.handle(), &now) != FALSE && now.left == wanted.x &&
-         now.top == wanted.y;
+void WindowsDriver::move(const forms::Window& window, forms::PixelPoint place) {
+  ::SetWindowPos(WindowView::of(window)->handle(), nullptr, place.left, place.top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER);
 }
 
-bool WindowsDriver::setSize(WindowView& view, const Gesture& gesture) {
+void WindowsDriver::resize(const forms::Window& window, forms::PixelSize inner) {
+  const HWND handle = WindowView::of(window)->handle();
   RECT outside{};
   RECT inside{};
-  ::GetWindowRect(view.handle(), &outside);
-  ::GetClientRect(view.handle(), &inside);
-  const auto pixels = [&](std::size_t which, double chrome) {
-    return toPixels((gesture.numbers[which] - chrome) / kTwipsPerPixel, view.dpi());
-  };
-  const SIZE wanted{pixels(0, Chrome::kSides), pixels(1, Chrome::kTitleAndBorders)};
-  ::SetWindowPos(
-      view.handle(), nullptr, 0, 0, wanted.cx + outside.right - outside.left - inside.right,
-      wanted.cy + outside.bottom - outside.top - inside.bottom, SWP_NOMOVE | SWP_NOZORDER);
-  settle();
-  return ::GetClientRect(view.handle(), &inside) != FALSE && inside.right == wanted.cx &&
-         inside.bottom == wanted.cy;
+  ::GetWindowRect(handle, &outside);
+  ::GetClientRect(handle, &inside);
+  ::SetWindowPos(handle, nullptr, 0, 0, inner.width + outside.right - outside.left - inside.right,
+                 inner.height + outside.bottom - outside.top - inside.bottom,
+                 SWP_NOMOVE | SWP_NOZORDER);
 }
 
 void WindowsDriver::useFrame(const forms::Window& window, What what) {

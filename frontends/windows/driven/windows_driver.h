@@ -23,7 +23,8 @@ class WindowsDriver final : public driving::WidgetDriver, private Attendant {
   bool drag(const Spot& from, const Spot& to) override;
   void strike(std::u16string_view character) override;
 
-  bool setPlace(const driving::Gesture& gesture) override;
+  void move(const forms::Window& window, forms::PixelPoint place) override;
+  void resize(const forms::Window& window, forms::PixelSize inner) override;
   void useFrame(const forms::Window& window, driving::Gesture::What what) override;
 
   void* openBox() override;
@@ -41,7 +42,6 @@ class WindowsDriver final : public driving::WidgetDriver, private Attendant {
   [[nodiscard]] std::optional<Spot> spotOfEntry(const forms::Control& entry) const;
   /// Deals with input until the widget holds the mouse, or no longer.
   bool waitForCapture(HWND widget, bool held);
-  bool setSize(WindowView& view, const driving::Gesture& gesture);
 
   WindowsToolkit native_{this};
   std::optional<Ticker> ticker_;
