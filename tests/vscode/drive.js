@@ -42,19 +42,21 @@ async function press(keys) {
   }
 }
 
-/** Clicks the entry or the button that has the text; menus are in a shadow tree. */
+/**
+ * Clicks the entry or the button that has the text; menus are in a shadow tree. VS Code draws a list
+ * anew while it still searches, so an entry can be gone before it is clicked.
+ */
 async function click(text) {
-  let found;
   await until(async () => {
     for (const one of await page.$$(`>>> :is(${kButtons})`)) {
       const label = await one.evaluate((element) => element.innerText.split('\n')[0].trim());
-      if (label === text) found = one;
+      if (label !== text) continue;
+      before = await state();
+      // A menu takes no click that is shorter.
+      return one.click({ delay: 150 }).then(() => true, () => false);
     }
-    return found;
+    return false;
   });
-  before = await state();
-  // A menu takes no click that is shorter.
-  await found.click({ delay: 150 });
 }
 
 /** Types into the box that the keys open; they are lost where VS Code does not listen yet. */
