@@ -13,7 +13,6 @@
 namespace kvrnstep::qt {
 
 using forms::Kind;
-using forms::Mark;
 
 namespace {
 
@@ -80,16 +79,16 @@ void ButtonView::setPicture(forms::Picture picture) {
   button().setIcon(pictureIcon(picture));
 }
 
-void ButtonView::setMark(Mark mark) {
+void ButtonView::setMark(forms::Mark mark) {
   if (auto* box = qobject_cast<QCheckBox*>(&button())) {
-    box->setTristate(mark == Mark::Mixed);
-    box->setChecked(mark == Mark::On);
-    if (mark == Mark::Mixed) box->setCheckState(Qt::PartiallyChecked);
+    box->setTristate(mark == forms::Mark::Mixed);
+    box->setChecked(mark == forms::Mark::On);
+    if (mark == forms::Mark::Mixed) box->setCheckState(Qt::PartiallyChecked);
     return;
   }
   // A button of a group refuses to be cleared.
   button().setAutoExclusive(false);
-  button().setChecked(mark == Mark::On);
+  button().setChecked(mark == forms::Mark::On);
   button().setAutoExclusive(true);
 }
 

@@ -21,12 +21,12 @@ namespace {
 
 /// A box that ends with its scope, or before, when somebody destroys its owner.
 template <class Widget>
-class Box : public QPointer<Widget> {
+class OwnedBox : public QPointer<Widget> {
  public:
   using QPointer<Widget>::QPointer;
-  ~Box() { delete this->data(); }
-  Box(const Box&) = delete;
-  Box& operator=(const Box&) = delete;
+  ~OwnedBox() { delete this->data(); }
+  OwnedBox(const OwnedBox&) = delete;
+  OwnedBox& operator=(const OwnedBox&) = delete;
 };
 
 }  // namespace
@@ -55,13 +55,13 @@ void QtToolkit::bringToFront() {
 
 void QtToolkit::showMessage(const forms::Message& message) {
   const LocaleGuard locale;
-  const Box<MessageBox> box(new MessageBox(message, owner()));
+  const OwnedBox<MessageBox> box(new MessageBox(message, owner()));
   box->exec();
 }
 
 std::optional<std::u16string> QtToolkit::ask(const forms::Question& question) {
   const LocaleGuard locale;
-  const Box<QuestionBox> box(new QuestionBox(question, owner()));
+  const OwnedBox<QuestionBox> box(new QuestionBox(question, owner()));
   if (box->exec() != QDialog::Accepted) return std::nullopt;
   return fromQt(box->textValue());
 }
@@ -77,7 +77,7 @@ std::optional<std::u16string> QtToolkit::ShowSaveDialog(const forms::FileDialog&
 std::optional<std::u16string> QtToolkit::askFile(const forms::FileDialog& dialog,
                                                  QFileDialog::AcceptMode mode) {
   const LocaleGuard locale;
-  const Box<FileBox> box(new FileBox(dialog, mode, owner()));
+  const OwnedBox<FileBox> box(new FileBox(dialog, mode, owner()));
   if (box->exec() != QDialog::Accepted || box->selectedFiles().isEmpty()) return std::nullopt;
   return fromQt(box->selectedFiles().first());
 }

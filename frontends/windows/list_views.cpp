@@ -14,7 +14,7 @@ namespace kvrnstep::windows {
 namespace {
 
 /// Between the edge of a list and its entries.
-constexpr int kBeside = 2;
+constexpr int kEntryInset = 2;
 
 /// Messages that list boxes and combo boxes both have, under different numbers.
 struct FillMessages {
@@ -68,7 +68,7 @@ void ListView::draw(const DRAWITEMSTRUCT& entry) const {
                                                       : COLOR_GRAYTEXT));
     ::SetBkMode(entry.hDC, TRANSPARENT);
     const std::u16string shown = shownOf(entry.hDC, shownItems()[entry.itemID]);
-    ::TextOutW(entry.hDC, entry.rcItem.left + kBeside, entry.rcItem.top, text::wide(shown),
+    ::TextOutW(entry.hDC, entry.rcItem.left + kEntryInset, entry.rcItem.top, text::wide(shown),
                static_cast<int>(shown.size()));
   }
   const bool marked = (entry.itemState & ODS_FOCUS) != 0;
@@ -80,7 +80,7 @@ void ListView::draw(const DRAWITEMSTRUCT& entry) const {
 std::u16string ListView::shownOf(HDC context, const std::u16string& entry) const {
   RECT inside{};
   ::GetClientRect(handle(), &inside);
-  return forms::shownEntry(control().row(), entry, static_cast<int>(inside.right) - 2 * kBeside,
+  return forms::shownEntry(control().row(), entry, static_cast<int>(inside.right) - 2 * kEntryInset,
                            [context](const std::u16string& part) {
                              SIZE size{};
                              ::GetTextExtentPoint32W(context, text::wide(part),

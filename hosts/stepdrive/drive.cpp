@@ -73,7 +73,7 @@ void Drive::carryOut(const ScriptLine& line) {
   } else if (is("call", 0, 0)) {
     call();
   } else if (is("version", 0, 0)) {
-    print("version " + quoted(hosts::fromUtf8(plugin_.PlugNameVersion())));
+    print("version " + inQuotes(hosts::fromUtf8(plugin_.PlugNameVersion())));
   } else if (is("icon", 1, 1)) {
     printIcon(words[1]);
   } else if (is("context", 1, 1)) {
@@ -97,13 +97,14 @@ void Drive::carryOut(const ScriptLine& line) {
 void Drive::call() {
   std::string list;
   const bool inserted = plugin_.ShowListwrightDialog(list, arguments_.dialog());
-  print(std::string("returned ") + (inserted ? "True " : "False ") + quoted(hosts::fromUtf8(list)));
+  print(std::string("returned ") + (inserted ? "True " : "False ") +
+        inQuotes(hosts::fromUtf8(list)));
 }
 
 void Drive::printIcon(const std::u16string& number) {
   const auto which = hosts::numberOf<std::int16_t>(hosts::toUtf8(number));
   if (!which) throw ScriptError("icon wants a number");
-  print("icon " + quoted(hosts::fromUtf8(plugin_.RequestProgramIcon(*which))));
+  print("icon " + inQuotes(hosts::fromUtf8(plugin_.RequestProgramIcon(*which))));
 }
 
 void Drive::printField(const std::string& name) {
@@ -133,7 +134,7 @@ void Drive::expect(int lineNumber, const std::string& target, const std::u16stri
   const auto wantedAs = wantedValue(value, wanted);
   if (wantedAs == value) return;
   print("line " + std::to_string(lineNumber) + ": " + target + " is " + formatted(value) +
-        ", not " + (wantedAs ? formatted(*wantedAs) : quoted(wanted)));
+        ", not " + (wantedAs ? formatted(*wantedAs) : inQuotes(wanted)));
   fail();
 }
 

@@ -35,7 +35,7 @@ std::string escapeOf(char16_t unit) {
 
 }  // namespace
 
-std::string quoted(std::u16string_view text) {
+std::string inQuotes(std::u16string_view text) {
   std::string result = "\"";
   std::size_t plainFrom = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -51,7 +51,7 @@ std::string formatted(const kvrnstep::driving::Value& value) {
   if (const auto* word = std::get_if<std::string>(&value)) return *word;
   if (const auto* truth = std::get_if<bool>(&value)) return *truth ? "True" : "False";
   if (const auto* number = std::get_if<double>(&value)) return decimal(*number);
-  return quoted(std::get<std::u16string>(value));
+  return inQuotes(std::get<std::u16string>(value));
 }
 
 }  // namespace stepdrive
