@@ -3,6 +3,9 @@
 // After windows.h, which that brings along.
 #include <imm.h>
 
+#include <algorithm>
+#include <array>
+
 #include "control_view.h"
 #include "forms/contrast.h"
 #include "forms/user_actions.h"
@@ -17,47 +20,14 @@ using forms::TextSelection;
 
 namespace {
 
-/// Whether the caret or the selection may have moved when the message has been dealt with.
-bool movesCaret(UINT message) {
-  switch (message) {
-    case WM_KEYDOWN:
-    case WM_CHAR:
-    case WM_LBUTTONDOWN:
-    case WM_LBUTTONUP:
-    case WM_LBUTTONDBLCLK:
-    case WM_MOUSEMOVE:
-    case WM_CUT:
-    case WM_PASTE:
-    case WM_CLEAR:
-    case WM_UNDO:
-    case EM_UNDO:
-    case EM_SETSEL:
-    case EM_REPLACESEL:
-      return true;
-    default:
-      return false;
-  }
-}
-
-/// Whether the text or the room for it may be another one when the message has been dealt with.
-bool changesRoom(UINT message) {
-  switch (message) {
-    case WM_SETTEXT:
-    case WM_SIZE:
-    case WM_SETFONT:
-    case WM_CHAR:
-    case WM_KEYDOWN:
-    case WM_CUT:
-    case WM_PASTE:
-    case WM_CLEAR:
-    case WM_UNDO:
-    case EM_UNDO:
-    case EM_REPLACESEL:
-      return true;
-    default:
-      return false;
-  }
-}
+/// Messages that may change the text …
+constexpr std::array<UINT, 8> kEdits{WM_KEYDOWN, WM_CHAR, WM_CUT,  WM_PASTE,
+                                     WM_CLEAR,   WM_UNDO, EM_UNDO, EM_REPLACESEL};
+/// … or only move the caret or the selection …
+constexpr std::array<UINT, 5> kMoves{WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_MOUSEMOVE,
+                                     EM_SETSEL};
+/// … or give the text more or less room, or another one.
+constexpr std::array<UINT, 3> kResizes{WM_SETTEXT, WM_SIZE, WM_SETFONT};
 
 }  // namespace
 
@@ -79,10 +49,11 @@ LRESULT Edit::received(UINT message, WPARAM wide, LPARAM longer) {
   if (message == WM_CHAR && wide == VK_BACK) markPair(true);
   if (message == WM_KEYDOWN && wide == VK_DELETE) markPair(false);
   const LRESULT result = Receiver::received(message, wide, longer);
-  if (box().row().multiLine && changesRoom(message)) {
+  const auto isIn = [message](const auto& all) { return std::ranges::count(all, message) > 0; };
+  if (box().row().multiLine && (isIn(kEdits) || isIn(kResizes))) {
     fitScrollBars(handle(), !box().row().horizontalScroll);
   }
-  if (movesCaret(message)) userMovedCaret();
+  if (isIn(kEdits) || isIn(kMoves)) userMovedCaret();
   if (box().row().readOnly) showFocus(message);
   return result;
 }
