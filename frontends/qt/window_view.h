@@ -5,7 +5,6 @@
 #include <QMenuBar>
 #include <QPointer>
 #include <memory>
-#include <optional>
 #include <vector>
 
 #include "control_view.h"

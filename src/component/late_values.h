@@ -1,7 +1,6 @@
 #pragma once
 
 #include <concepts>
-#include <cstdint>
 #include <string>
 
 #include "kvrnstep/component.hpp"

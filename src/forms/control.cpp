@@ -1,8 +1,6 @@
 #include "forms/control.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 #include <utility>
 
 #include "forms/view_sync.h"

@@ -1,6 +1,5 @@
 #include "forms/view_sync.h"
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 

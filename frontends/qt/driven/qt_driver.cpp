@@ -154,7 +154,7 @@ std::optional<QtDriver::Spot> QtDriver::spotOf(const forms::Control& control, Pa
   return spotIn(widget, middle);
 }
 
-std::optional<QtDriver::Spot> QtDriver::spotOfEntry(const forms::Control& entry) const {
+std::optional<QtDriver::Spot> QtDriver::spotOfEntry(const forms::Control& entry) {
   const auto& item = static_cast<MenuView&>(viewOf(entry));
   QPoint middle;
   QWidget* in = WindowView::of(entry.window())->menuBar();

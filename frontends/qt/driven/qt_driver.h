@@ -38,7 +38,7 @@ class QtDriver final : public driving::WidgetDriver {
     return WindowView::of(control.window())->viewOf(control);
   }
   static Spot spotIn(QWidget* widget, QPoint point) { return {widget, point.x(), point.y()}; }
-  [[nodiscard]] std::optional<Spot> spotOfEntry(const forms::Control& entry) const;
+  static std::optional<Spot> spotOfEntry(const forms::Control& entry);
   void look();
 
   QtToolkit native_;

@@ -125,7 +125,7 @@ std::optional<WindowsDriver::Spot> WindowsDriver::spotOf(const forms::Control& c
   return Spot{widget, point->x, point->y};
 }
 
-std::optional<WindowsDriver::Spot> WindowsDriver::spotOfEntry(const forms::Control& entry) const {
+std::optional<WindowsDriver::Spot> WindowsDriver::spotOfEntry(const forms::Control& entry) {
   const WindowView& view = *WindowView::of(entry.window());
   const auto place = view.menus().placeOf(entry);
   const bool inBar = entry.container() == nullptr;

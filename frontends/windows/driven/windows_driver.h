@@ -39,7 +39,7 @@ class WindowsDriver final : public driving::WidgetDriver, private Attendant {
   static ControlView& viewOf(const forms::Control& control) {
     return WindowView::of(control.window())->viewOf(control);
   }
-  [[nodiscard]] std::optional<Spot> spotOfEntry(const forms::Control& entry) const;
+  static std::optional<Spot> spotOfEntry(const forms::Control& entry);
   /// Deals with input until the widget holds the mouse, or no longer.
   bool waitForCapture(HWND widget, bool held);
 
